@@ -1,0 +1,37 @@
+include_guard()
+
+add_library(tvk_flags INTERFACE)
+target_compile_options(
+    tvk_flags
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wshadow
+              -Wconversion
+              -Wno-sign-conversion
+              -Wnon-virtual-dtor
+              -Woverloaded-virtual
+              -Wold-style-cast
+              -Wcast-qual
+              -Werror)
+target_compile_definitions(tvk_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                                               QT_NO_KEYWORDS)
+target_include_directories(tvk_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+# A room is one static library named tvk_<room>; its headers are included as "<room>/Name.h".
+function(tvk_room name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(tvk_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(tvk_${name} PUBLIC tvk_flags ${ARG_LINK})
+endfunction()
+
+# A test program runs without a screen; one program is one ctest entry,
+# so that its set-up is paid once.
+function(tvk_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE tvk_flags ${ARG_LINK})
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 600)
+endfunction()

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "store/Recordset.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace store {
+
+class Connection;
+
+/// A query object that lies in the file under a name.
+class QueryDef {
+  public:
+    /// @throws EngineError 3265 when no query has that name.
+    QString SQL() const;
+    void setSQL(const QString& sql);
+
+  private:
+    friend class Database;
+    QueryDef(std::shared_ptr<Connection> connection, QString name);
+    std::shared_ptr<Connection> connection_;
+    QString name_;
+};
+
+/// A handle on an open database file. All handles on one file of a process share one connection.
+class Database {
+  public:
+    /// Runs one action statement. @return the number of rows it touched.
+    /// A statement that fails has changed nothing. @throws EngineError
+    qint64 Execute(const QString& sql);
+    /// @throws EngineError
+    std::unique_ptr<Recordset> OpenRecordset(const QString& source);
+    QueryDef QueryDefs(const QString& name);
+    /// Adds a query object. @throws EngineError 3012 when the name is taken.
+    void appendQueryDef(const QString& name, const QString& sql);
+    /// Gives up the handle; further calls but Close throw.
+    void Close();
+
+  private:
+    friend class DBEngine;
+    explicit Database(std::shared_ptr<Connection> connection);
+    std::shared_ptr<Connection> connection_;
+};
+
+/// The engine of a process: hands out databases, one connection for a file. Lives as long as all
+/// that it handed out is used; not copied.
+class DBEngine {
+  public:
+    DBEngine();
+    ~DBEngine();
+    DBEngine(const DBEngine&) = delete;
+    DBEngine& operator=(const DBEngine&) = delete;
+
+    /// @throws EngineError 3024 when there is no such file, 3343 when it is no register, is cut off
+    /// or damaged or of a newer schema (the file is not changed then), 3051 when it can't be read.
+    Database OpenDatabase(const QString& path);
+    /// Copies a closed database to a new file without its free space.
+    /// @throws EngineError 3204 when the target exists, 3024, 3343, 3026 when the disk is full. A
+    /// target that was begun is removed.
+    void CompactDatabase(const QString& source, const QString& target, const QString& locale);
+    /// Makes a new, empty database with all tables, indexes and stored queries, readable by its
+    /// owner only. @throws EngineError 3204 when the file exists.
+    void CreateDatabase(const QString& path);
+    /// Opens the file on its own and checks every page. @throws EngineError 3343
+    static void verifyDatabase(const QString& path);
+
+    /// Makes durable what the current user action has written. Called before the program waits for
+    /// its user. @throws EngineError when it can't be written; then nothing of the action stays.
+    void commitPending();
+
+  private:
+    class Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace store

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "store/Sql.h"
+#include "store/Value.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace store {
+
+class Connection;
+
+enum class EditState { None = 0, Edit = 1, Add = 2 };
+
+/// An opaque position, valid for the recordset that gave it and for its clones.
+class RowMark {
+  public:
+    bool isValid() const { return !keys_.empty(); }
+    bool operator==(const RowMark& other) const = default;
+
+  private:
+    friend class Recordset;
+    std::vector<qint64> keys_;
+};
+
+/// Told of what happens to a recordset. Bound fields listen to it. Does nothing by default.
+class RecordsetObserver {
+  public:
+    virtual ~RecordsetObserver() = default;
+    /// Update was called; what the observers put into fields now is written with the row.
+    virtual void aboutToWrite() {}
+    /// A move, a refresh or the end is about to leave the row. An observer may complete or drop an
+    /// open edit here; one still open afterwards is dropped.
+    virtual void aboutToLeave() {}
+    /// Another row is current now, or the edit buffer was opened, written or dropped.
+    virtual void repositioned() {}
+};
+
+class Recordset;
+
+/// A column of the current row, or of the edit buffer while that is open.
+class Field {
+  public:
+    /// @throws EngineError 3021 without a current row, 3167 when the row has been deleted.
+    Value Value() const;
+    /// @throws EngineError 3020 when no edit is open, 3163 when a text is longer than its column,
+    /// 3421 for the empty text in a date or number column.
+    void setValue(const store::Value& value);
+    const OutputColumn& column() const;
+
+  private:
+    friend class Recordset;
+    Field(Recordset& owner, int column) : owner_(&owner), column_(column) {}
+    Recordset* owner_;
+    int column_;
+};
+
+/// A cursor over a query's rows: it holds keys and reads a row when it is looked at, so that
+/// opening a whole table costs its keys at most. Rows that others delete stay as holes (3167), rows
+/// that others add are seen after a refresh; rows added here stand at the end.
+///
+/// The names are those of the engine's interface.
+class Recordset {
+  public:
+    /// @param source a table's name, a stored query's name or a select statement
+    /// @throws EngineError 3061, 3075, 3078, 3464
+    Recordset(std::shared_ptr<Connection> connection, const QString& source);
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    /// No rows, or past the last one. (Not EOF: that is a macro of <cstdio>.)
+    bool Eof() const;
+    /// @throws EngineError 3021 when there are no rows.
+    void MoveFirst();
+    /// @throws EngineError 3021 when already past the end.
+    void MoveNext();
+
+    /// @throws EngineError 3265 when no column has that name (case aside).
+    Field Fields(QStringView name);
+    const std::vector<OutputColumn>& columns() const;
+
+    void AddNew();
+    void Edit();
+    /// Writes the open edit. @throws EngineError 3020 when none is open, 3022 when the key is taken
+    /// (the edit stays open), and others that the engine raises.
+    void Update();
+    /// Drops the open edit; without one it does nothing.
+    void CancelUpdate();
+    EditState EditMode() const;
+    /// Deletes the current row. There is no current row afterwards until a move.
+    void Delete();
+
+    /// Moves to the first row that meets the criterion; NoMatch tells. After a failed find the
+    /// position is unchanged.
+    void FindFirst(const QString& criterion);
+    bool NoMatch() const;
+
+    RowMark Bookmark() const;
+    /// @throws EngineError 3021 when the row is not in this recordset.
+    void setBookmark(const RowMark& mark);
+    /// Row number from 0; -1 when there is no current row.
+    qint64 AbsolutePosition() const;
+    void setAbsolutePosition(qint64 position);
+    /// Number of rows, those that others deleted included. Reads all keys.
+    qint64 RecordCount() const;
+
+    /// A second cursor over the same rows, on no row until it is moved.
+    std::unique_ptr<Recordset> Clone() const;
+
+    /// Observers are not owned and must be removed before they end.
+    void addObserver(RecordsetObserver* observer);
+    void removeObserver(RecordsetObserver* observer);
+
+  private:
+    friend class Field;
+    class Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace store
