@@ -11,7 +11,9 @@ class ProgramFolder {
     /// @param directory the program's directory, without a trailing separator
     explicit ProgramFolder(QString directory) : directory_(std::move(directory)) {}
     /// Folder, separator and file name; a folder that is a root gives a double separator.
-    QString path(QStringView fileName) const { return directory_ + u'/' + fileName; }
+    QString path(QStringView fileName) const {
+        return directory_ + QLatin1Char('/') + fileName.toString();
+    }
     QString database() const { return path(u"tvk.mdb"); }
 
   private:

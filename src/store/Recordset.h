@@ -44,7 +44,7 @@ class Recordset;
 class Field {
   public:
     /// @throws EngineError 3021 without a current row, 3167 when the row has been deleted.
-    Value Value() const;
+    store::Value Value() const;
     /// @throws EngineError 3020 when no edit is open, 3163 when a text is longer than its column,
     /// 3421 for the empty text in a date or number column.
     void setValue(const store::Value& value);
