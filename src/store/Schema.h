@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <span>
@@ -27,9 +28,34 @@ struct TableDef {
     const ColumnDef* column(QStringView wanted) const;
 };
 
+/// An index as the engine creates it.
+struct IndexDef {
+    const char16_t* name;
+    const char16_t* table;
+    /// What stands between the parentheses: columns or expressions in SQLite's SQL. Expressions
+    /// must read as the translator emits them, or no query will use the index.
+    const char16_t* terms;
+    bool unique = false;
+};
+
 /// All tables of a register.
 std::span<const TableDef> schema();
+/// All indexes of a register.
+std::span<const IndexDef> indexes();
 /// The table of that name, whatever its case; null when there is none.
 const TableDef* findTable(QStringView name);
+
+/// SQLite's statements that make all tables, then all indexes, of an empty register. The functions
+/// and the collation of registerSqlFunctions() must be known to the connection.
+///
+/// Texts lie as they were given, without a collation on the column, so that other tools can read
+/// the file; Booleans are -1 or 0; dates as dateToColumn() and nonDateToColumn() give them.
+QStringList createStatements();
+/// The part of createStatements() that depends on the order of texts: drops all indexes and makes
+/// them anew.
+QStringList recreateIndexStatements();
+
+/// A name in SQLite's quotes.
+QString sqlName(QStringView name);
 
 } // namespace store
