@@ -50,6 +50,8 @@ struct SelectPlan {
     QString filter;
     /// From clause without the word.
     QString from;
+    /// Order by clause without the words, empty if none.
+    QString order;
 };
 
 /// How stored queries are found while a statement that names one is translated.
