@@ -15,8 +15,8 @@ namespace forms {
 
 /// What a message box says and offers. An empty title becomes the program's name.
 struct Message {
-    QString text;
-    QString title;
+    QString text = {};
+    QString title = {};
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
     QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;

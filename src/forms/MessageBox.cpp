@@ -1,0 +1,80 @@
+#include "forms/MessageBox.h"
+
+#include "store/EngineError.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QPointer>
+#include <QWidget>
+
+#include <array>
+
+namespace forms {
+
+namespace {
+
+QString titleOrName(const QString& title) {
+    return title.isEmpty() ? QCoreApplication::applicationName() : title;
+}
+
+QMessageBox::StandardButton refusingButton(QMessageBox::StandardButtons buttons) {
+    constexpr auto inOrder =
+        std::to_array({QMessageBox::Cancel, QMessageBox::No, QMessageBox::Abort, QMessageBox::Ok});
+    for (const QMessageBox::StandardButton button : inOrder) {
+        if (buttons.testFlag(button))
+            return button;
+    }
+    return QMessageBox::NoButton;
+}
+
+/// Gives the window that was active before a box its activation back; some platforms leave none.
+class ActivationKeeper {
+  public:
+    explicit ActivationKeeper(const QWidget* parent)
+        : window_(parent != nullptr ? parent->window() : QApplication::activeWindow()) {}
+    ~ActivationKeeper() {
+        if (window_ != nullptr && window_->isVisible())
+            window_->activateWindow();
+    }
+    Q_DISABLE_COPY_MOVE(ActivationKeeper)
+
+  private:
+    QPointer<QWidget> window_;
+};
+
+} // namespace
+
+QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message) {
+    const ActivationKeeper keeper(parent);
+    QMessageBox box(message.icon, titleOrName(message.title), message.text, message.buttons,
+                    parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(message.defaultButton);
+    if (const auto refusing = refusingButton(message.buttons); refusing != QMessageBox::NoButton)
+        box.setEscapeButton(refusing);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+std::optional<QString> askText(QWidget* parent, const QString& prompt, const QString& title,
+                               const QString& initial) {
+    const ActivationKeeper keeper(parent);
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(titleOrName(title));
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(initial);
+    dialog.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.textValue();
+}
+
+void showEngineError(QWidget* parent, const store::EngineError& error) {
+    const QString text = QStringLiteral("Chyba č. %1\n\n%2")
+                             .arg(static_cast<int>(error.number()))
+                             .arg(error.description());
+    showMessage(parent, {.text = text, .icon = QMessageBox::Critical});
+}
+
+} // namespace forms

@@ -1,0 +1,156 @@
+#include "support/ScriptedBoxes.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QEvent>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace support {
+
+namespace {
+
+QString describe(const QWidget& window) {
+    if (const auto* box = qobject_cast<const QMessageBox*>(&window))
+        return QStringLiteral("box \"%1\": \"%2\"").arg(box->windowTitle(), box->text());
+    if (const auto* dialog = qobject_cast<const QInputDialog*>(&window))
+        return QStringLiteral("prompt \"%1\"").arg(dialog->labelText());
+    return QStringLiteral("window %1 \"%2\"")
+        .arg(QLatin1String(window.metaObject()->className()), window.windowTitle());
+}
+
+struct Describe {
+    QString operator()(const ExpectedBox& box) const { return QStringLiteral("box: ") + box.text; }
+    QString operator()(const ExpectedInput& input) const { return QStringLiteral("prompt: ") + input.prompt; }
+    QString operator()(const ExpectedWindow& window) const { return QStringLiteral("window: ") + window.name; }
+};
+
+/// Ends a window that nobody expected, so that the test goes on to its end.
+void dismiss(QWidget& window) {
+    if (auto* dialog = qobject_cast<QDialog*>(&window))
+        dialog->done(QDialog::Rejected);
+    else
+        window.close();
+}
+
+/// A press that goes through the window system, and so nowhere that a user could not reach.
+void press(QWidget& window, const QWidget& target) {
+    const QPoint centre = target.mapTo(&window, target.rect().center());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, centre);
+}
+
+bool isExpectable(const QWidget& window) {
+    return window.isWindow() && (window.isModal() || qobject_cast<const QMessageBox*>(&window));
+}
+
+} // namespace
+
+ScriptedBoxes::ScriptedBoxes() {
+    qApp->installEventFilter(this);
+}
+
+ScriptedBoxes::~ScriptedBoxes() {
+    allCame();
+}
+
+void ScriptedBoxes::allCame() {
+    for (const Expected& expected : expected_)
+        ADD_FAILURE() << "did not come: " << std::visit(Describe{}, expected).toStdString();
+    expected_.clear();
+}
+
+bool ScriptedBoxes::eventFilter(QObject* watched, QEvent* event) {
+    auto* window = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Show && window != nullptr && isExpectable(*window)) {
+        const QPointer<QWidget> shown(window);
+        QMetaObject::invokeMethod(
+            this,
+            [this, shown] {
+                if (shown != nullptr && shown->isVisible())
+                    answer(*shown);
+            },
+            Qt::QueuedConnection);
+    }
+    return false;
+}
+
+void ScriptedBoxes::answer(QWidget& window) {
+    if (expected_.empty()) {
+        ADD_FAILURE() << "not expected: " << describe(window).toStdString();
+        dismiss(window);
+        return;
+    }
+    const Expected expected = std::move(expected_.front());
+    expected_.pop_front();
+    const QPointer<QWidget> open(&window);
+    std::visit([&](const auto& one) { meet(one, window); }, expected);
+    if (open != nullptr && open->isVisible() && !std::holds_alternative<ExpectedWindow>(expected)) {
+        ADD_FAILURE() << "still open: " << describe(window).toStdString();
+        dismiss(window);
+    }
+}
+
+void ScriptedBoxes::meet(const ExpectedBox& expected, QWidget& window) {
+    auto* box = qobject_cast<QMessageBox*>(&window);
+    if (box == nullptr) {
+        ADD_FAILURE() << "expected " << Describe{}(expected).toStdString() << ", came "
+                      << describe(window).toStdString();
+        return;
+    }
+    EXPECT_EQ(box->text(), expected.text);
+    EXPECT_EQ(box->windowTitle(),
+              expected.title.isEmpty() ? QCoreApplication::applicationName() : expected.title);
+    EXPECT_EQ(box->icon(), expected.icon) << expected.text.toStdString();
+    EXPECT_EQ(box->standardButtons(), expected.buttons) << expected.text.toStdString();
+    if (expected.meanwhile)
+        expected.meanwhile();
+    QAbstractButton* button = box->button(expected.answer);
+    if (expected.byEscape)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    else if (button != nullptr)
+        press(*box, *button);
+}
+
+void ScriptedBoxes::meet(const ExpectedInput& expected, QWidget& window) {
+    auto* dialog = qobject_cast<QInputDialog*>(&window);
+    if (dialog == nullptr) {
+        ADD_FAILURE() << "expected " << Describe{}(expected).toStdString() << ", came "
+                      << describe(window).toStdString();
+        return;
+    }
+    EXPECT_EQ(dialog->labelText(), expected.prompt);
+    EXPECT_EQ(dialog->windowTitle(), expected.title);
+    EXPECT_EQ(dialog->textValue(), expected.initial);
+    if (!expected.answer) {
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+        return;
+    }
+    auto* line = dialog->findChild<QLineEdit*>();
+    line->selectAll();
+    QTest::keyClick(line, Qt::Key_Delete);
+    // insert() because key events of a test carry Latin letters only.
+    line->insert(*expected.answer);
+    QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+}
+
+void ScriptedBoxes::meet(const ExpectedWindow& expected, QWidget& window) {
+    const bool named =
+        window.objectName() == expected.name ||
+        QString::fromLatin1(window.metaObject()->className()).section(QStringLiteral("::"), -1) ==
+            expected.name;
+    if (!named) {
+        ADD_FAILURE() << "expected window " << expected.name.toStdString() << ", came "
+                      << describe(window).toStdString();
+        dismiss(window);
+        return;
+    }
+    expected.drive(window);
+}
+
+} // namespace support

@@ -1,0 +1,14 @@
+#include "forms/SlovakTexts.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("TVK"));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    forms::installSlovakTexts(application);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
