@@ -1,0 +1,44 @@
+# shellcheck shell=bash disable=SC2034
+# Sourced by ./run, ./test and .ci/run: installs the Debian packages that are missing, and says so.
+
+build_packages=(g++ cmake ninja-build ccache mold pkg-config
+    qt6-base-dev libqt6svg6-dev qt6-translations-l10n
+    libsqlitecpp-dev libsqlite3-dev libicu-dev fonts-liberation)
+run_packages=(libqt6svg6 qt6-qpa-plugins)
+test_packages=(libgtest-dev poppler-utils)
+ci_packages=(git clang clang-format libclang-rt-14-dev)
+bench_packages=(libbenchmark-dev)
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "Installing missing packages: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "This needs root: install ${missing[*]} and start again." >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq || return 1
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# configure_and_build PRESET [TARGET ...]
+configure_and_build() {
+    local preset=$1
+    shift
+    cmake --preset "$preset" --log-level=WARNING || return 1
+    local targets=()
+    [ $# -eq 0 ] || targets=(--target "$@")
+    cmake --build --preset "$preset" "${targets[@]}"
+}
