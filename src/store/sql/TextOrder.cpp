@@ -1,0 +1,171 @@
+#include "store/sql/TextOrder.h"
+
+#include "store/EngineError.h"
+
+#include <unicode/ucol.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace store::sql {
+
+namespace {
+
+/// To be raised when this file changes the order by itself.
+constexpr int ownVersion = 1;
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+bool isLight(char c) {
+    return c == '-' || c == '\'';
+}
+
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+/// A ligature that counts as its letters, in UTF-8.
+struct Ligature {
+    std::string_view sign;
+    std::string_view letters;
+};
+constexpr Ligature ligatures[] = {{"ß", "ss"}, {"ẞ", "SS"}, {"æ", "ae"},
+                                  {"Æ", "AE"}, {"œ", "oe"}, {"Œ", "OE"}};
+
+const Ligature* ligatureAt(std::string_view text, std::size_t at) {
+    for (const Ligature& ligature : ligatures)
+        if (text.substr(at, ligature.sign.size()) == ligature.sign)
+            return &ligature;
+    return nullptr;
+}
+
+/// Whether a text holds neither signs of little weight nor ligatures.
+bool isPlain(std::string_view text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool mayBeLigature = text[at] == '\xC3' || text[at] == '\xC5' || text[at] == '\xE1';
+        if (isLight(text[at]) || (mayBeLigature && ligatureAt(text, at)))
+            return false;
+    }
+    return true;
+}
+
+std::string spelledOut(std::string_view text, bool keepLight) {
+    std::string result;
+    result.reserve(text.size() + 4);
+    for (std::size_t at = 0; at < text.size();) {
+        const Ligature* ligature = ligatureAt(text, at);
+        if (ligature)
+            result += ligature->letters;
+        else if (keepLight || !isLight(text[at]))
+            result += text[at];
+        at += ligature ? ligature->sign.size() : 1;
+    }
+    return result;
+}
+
+} // namespace
+
+void TextOrder::Close::operator()(UCollator* collator) const {
+    ucol_close(collator);
+}
+
+TextOrder::TextOrder() {
+    UErrorCode status = U_ZERO_ERROR;
+    collator_.reset(ucol_open("cs", &status));
+    if (U_SUCCESS(status))
+        ucol_setAttribute(collator_.get(), UCOL_STRENGTH, UCOL_SECONDARY, &status);
+    if (U_FAILURE(status))
+        throw EngineError(ErrorNumber::Internal, QStringLiteral("Chýba poradie písmen."),
+                          QString::fromLatin1(u_errorName(status)));
+    fillRanks();
+}
+
+void TextOrder::fillRanks() {
+    std::vector<char> signs;
+    for (char c = ' '; c < '\x7F'; ++c)
+        if (!isLight(c))
+            signs.push_back(c);
+    const auto order = [this](char left, char right) {
+        return collate({&left, 1}, {&right, 1});
+    };
+    std::ranges::stable_sort(signs, [&](char left, char right) { return order(left, right) < 0; });
+    // Two apart, so that there is room for the letter ch behind h.
+    std::uint8_t rank = 0;
+    for (std::size_t i = 0; i < signs.size(); ++i) {
+        if (i == 0 || order(signs[i - 1], signs[i]) != 0)
+            rank = static_cast<std::uint8_t>(rank + 2);
+        ranks_[static_cast<unsigned char>(signs[i])] = rank;
+    }
+}
+
+int TextOrder::collate(std::string_view left, std::string_view right) const {
+    UErrorCode status = U_ZERO_ERROR;
+    return ucol_strcollUTF8(collator_.get(), left.data(), static_cast<int32_t>(left.size()),
+                            right.data(), static_cast<int32_t>(right.size()), &status);
+}
+
+bool TextOrder::isRanked(std::string_view text, std::size_t at) const {
+    if (at >= text.size())
+        return true;
+    const auto c = static_cast<unsigned char>(text[at]);
+    return c < ranks_.size() && ranks_[c] != 0;
+}
+
+/// Rank of the letter at a place, which is moved behind it; 0 if it has none by itself.
+int TextOrder::rankAt(std::string_view text, std::size_t& at) const {
+    const char c = text[at];
+    if (!isRanked(text, at) || !isRanked(text, at + 1))
+        return 0;
+    ++at;
+    const bool isCh =
+        isLetter(c) && (c | ' ') == 'c' && at < text.size() && (text[at] | ' ') == 'h';
+    if (!isCh)
+        return ranks_[static_cast<unsigned char>(c)];
+    ++at;
+    return isRanked(text, at) ? ranks_['h'] + 1 : 0;
+}
+
+/// Compares texts of plain signs. @return false when the texts need the collator.
+bool TextOrder::compareRanks(std::string_view left, std::string_view right, int& result) const {
+    std::size_t l = 0;
+    std::size_t r = 0;
+    while (l < left.size() && r < right.size()) {
+        const int leftRank = rankAt(left, l);
+        const int rightRank = rankAt(right, r);
+        if (leftRank == 0 || rightRank == 0)
+            return false;
+        result = leftRank - rightRank;
+        if (result != 0)
+            return true;
+    }
+    result = static_cast<int>(l < left.size()) - static_cast<int>(r < right.size());
+    // A rest of signs without weight would not make a difference.
+    return isRanked(left, l) && isRanked(right, r);
+}
+
+int TextOrder::collateSlowly(std::string_view left, std::string_view right) const {
+    const int heavy = collate(spelledOut(left, false), spelledOut(right, false));
+    return heavy != 0 ? heavy : collate(spelledOut(left, true), spelledOut(right, true));
+}
+
+int TextOrder::compare(std::string_view left, std::string_view right) const {
+    left = withoutTrailingBlanks(left);
+    right = withoutTrailingBlanks(right);
+    int result = 0;
+    if (left == right || compareRanks(left, right, result))
+        return result;
+    return isPlain(left) && isPlain(right) ? collate(left, right) : collateSlowly(left, right);
+}
+
+QString TextOrder::version() const {
+    UVersionInfo parts;
+    ucol_getVersion(collator_.get(), parts);
+    char text[U_MAX_VERSION_STRING_LENGTH] = {};
+    u_versionToString(parts, text);
+    return QStringLiteral("%1/%2").arg(ownVersion).arg(QString::fromLatin1(text));
+}
+
+} // namespace store::sql
