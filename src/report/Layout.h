@@ -16,41 +16,50 @@ struct TextStyle {
     double points = 8;
     bool bold = false;
     bool italic = false;
+    bool underline = false;
+
+    bool operator==(const TextStyle&) const = default;
 };
 
 /// One control of a section. Lengths are twips (1/1440 inch), from the section's left top corner.
 /// A line runs from (left, top) to (left + width, top + height).
 struct Control {
     ControlKind kind = ControlKind::Label;
-    QString name;
+    QString name{};
     int left = 0;
     int top = 0;
     int width = 0;
     int height = 0;
     /// Label: its text, in which "%d" stands for the date of printing. Else unused.
-    QString caption;
+    QString caption{};
     /// Field: the column whose value it prints. Else unused.
-    QString dataField;
+    QString dataField{};
     Align align = Align::Left;
-    TextStyle style;
-    /// Field: wraps and pushes down what stands below it when its text needs more height.
+    TextStyle style{};
+    /// Wraps its text and pushes down what begins at its bottom edge or below when the text needs
+    /// more height. Lines and boxes that reach past its bottom edge stretch.
     bool canGrow = false;
+    /// The text may be HTML: its bold, italic and underlined stretches and its lists are kept, its
+    /// sizes and families are not.
+    bool rich = false;
 };
 
 /// A band of the page. Its height in twips grows with its growing fields.
 struct Section {
-    QString name;
+    QString name{};
     int height = 0;
     std::vector<Control> controls;
 
     /// The control of that name, whatever its case. @throws std::out_of_range
     Control& control(QStringView wanted);
+    const Control& control(QStringView wanted) const;
 };
 
 /// A report as data. The sections bear the names "Section4" (report header), "Section2" (page
-/// header), "Section1" (detail), "Section3" (page footer), "Section5" (report footer).
+/// header), "Section1" (detail), "Section3" (page footer), "Section5" (report footer). Fields stand
+/// in the detail only.
 struct Layout {
-    QString name;
+    QString name{};
     /// Heading of the preview's window.
     QString title;
     Orientation orientation = Orientation::Portrait;
@@ -67,6 +76,7 @@ struct Layout {
 
     /// The section of that name, whatever its case. @throws std::out_of_range
     Section& section(QStringView wanted);
+    const Section& section(QStringView wanted) const;
 };
 
 } // namespace report

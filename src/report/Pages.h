@@ -6,15 +6,14 @@
 #include <QSizeF>
 #include <QString>
 
-#include <functional>
 #include <vector>
 
 class QDate;
 
 namespace report {
 
-/// A line of text on a page. `box` is what the text was set into, in twips from the page's corner;
-/// the text stands on `baseline`, from `left` on.
+/// A stretch of text in one style on a page. `box` is what the text was set into, in twips from the
+/// page's corner, and what it is clipped to; the text stands on `baseline`, from `left` on.
 struct PlacedText {
     QString control;
     QString text;
@@ -22,7 +21,13 @@ struct PlacedText {
     double left = 0;
     double baseline = 0;
     double width = 0;
+    /// Of the style: from the baseline to the top of the line, and the whole line's height.
+    double ascent = 0;
+    double height = 0;
     TextStyle style;
+
+    /// The room that the text takes up, which may reach out of its box.
+    QRectF extent() const { return {left, baseline - ascent, width, height}; }
 };
 
 /// A straight line, or the outline of a box when `isBox`, in twips from the page's corner.
@@ -64,7 +69,11 @@ class TextMeter {
     virtual double lineHeight(const TextStyle& style) const = 0;
 };
 
-/// Sets a layout's bands onto pages. @param today the date that "%d" stands for
+/// Sets a layout's bands onto pages: the report header, the page header below it and on top of each
+/// further page, the detail once a row, the report footer, and the page footer at the foot of each
+/// page. A band that fits a page stays in one piece; a taller one breaks between its text lines.
+/// @param today the date that "%d" stands for
+/// @throws std::invalid_argument when a field stands outside the detail
 Pages makePages(const Layout& layout, RowSource& rows, const TextMeter& meter, const QDate& today);
 
 } // namespace report

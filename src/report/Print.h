@@ -1,8 +1,11 @@
 #pragma once
 
+#include "report/Fonts.h"
 #include "report/Pages.h"
 
 #include <QString>
+
+#include <functional>
 
 class QIODevice;
 class QPainter;
@@ -10,17 +13,17 @@ class QWidget;
 
 namespace report {
 
-/// The meter of the fonts that the painter uses. The program's font is loaded at its first use.
-const TextMeter& fontMeter();
-
 /// Draws a page so that one unit of the painter is one twip.
 void drawPage(QPainter& painter, const Page& page);
 
 /// Writes a PDF with embedded fonts and searchable texts. @return false when the device failed
 bool writePdf(const Pages& pages, QIODevice& device);
 
+/// Tells the user, over that window, why printing or saving did not succeed.
+using ProblemTeller = std::function<void(QWidget* window, const QString& text)>;
+
 /// Shows the pages in a preview with zoom, page turning, printing and "Uložiť ako PDF", and returns
-/// when the user has closed it.
-void showPreview(const Pages& pages, QWidget* parent);
+/// when the user has closed it. Without `tellProblem` the preview's status line tells of failures.
+void showPreview(const Pages& pages, QWidget* parent, const ProblemTeller& tellProblem = {});
 
 } // namespace report

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "report/Pages.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+namespace report {
+
+/// The family that reports are set in: Liberation Sans or, where it is missing, DejaVu Sans, both
+/// with all Slovak letters. Needs a QGuiApplication, as does all in this file.
+QString fontFamily();
+
+/// The font of a style for a painter whose unit is the twip.
+QFont fontFor(const TextStyle& style, const QString& family);
+
+/// Measures texts in the fonts that drawPage() uses. Cheap to make; remembers the styles it met, so
+/// not to be shared between threads.
+class FontMeter : public TextMeter {
+  public:
+    FontMeter() : family_(fontFamily()) {}
+
+    double width(const QString& text, const TextStyle& style) const override;
+    double ascent(const TextStyle& style) const override;
+    double lineHeight(const TextStyle& style) const override;
+
+  private:
+    const QFontMetricsF& metrics(const TextStyle& style) const;
+
+    QString family_;
+    mutable std::vector<std::pair<TextStyle, QFontMetricsF>> known_;
+};
+
+} // namespace report

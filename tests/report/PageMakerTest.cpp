@@ -1,0 +1,241 @@
+#include "report/PageCheck.h"
+#include "report/TestReport.h"
+
+#include <gtest/gtest.h>
+
+using namespace report;
+using namespace report::test;
+
+namespace {
+
+const QString a = QStringLiteral("a");
+const QString b = QStringLiteral("b");
+
+Section section(int height, std::vector<Control> controls) {
+    return {QStringLiteral("any"), height, std::move(controls)};
+}
+
+Section titled(int height, const QString& caption) {
+    return section(height, {label(caption, 0, 0, 4000, caption)});
+}
+
+/// A page of 2000 usable twips: report header 500, page header 300, rows of 250, page footer 200,
+/// report footer 400.
+Layout fullLayout() {
+    Layout layout;
+    layout.title = QStringLiteral("Zostava");
+    layout.marginTop = 1000;
+    layout.marginBottom = 16838 - 3000;
+    layout.reportHeader = titled(500, QStringLiteral("hlava zostavy"));
+    layout.pageHeader = titled(300, QStringLiteral("hlava strany"));
+    layout.detail = section(250, {field(a, 0, 0, 4000)});
+    layout.pageFooter = titled(200, QStringLiteral("päta strany"));
+    layout.reportFooter = titled(400, QStringLiteral("päta zostavy"));
+    return layout;
+}
+
+QList<QStringList> numbered(int count) {
+    QList<QStringList> rows;
+    for (int i = 1; i <= count; ++i)
+        rows << QStringList{QString::number(i)};
+    return rows;
+}
+
+Pages made(const Layout& layout, const QList<QStringList>& rows) {
+    ListSource source(rows);
+    return makePages(layout, source, GridMeter(), today);
+}
+
+Pages madeOf(const Section& detail, const QStringList& row) {
+    Layout layout;
+    layout.marginLeft = layout.marginTop = 0;
+    layout.detail = detail;
+    return made(layout, {row});
+}
+
+/// "text@top of its line" of a page, in twips from the page's upper edge.
+QStringList tops(const Page& page) {
+    QStringList result;
+    for (const auto& text : page.texts)
+        result << QStringLiteral("%1@%2").arg(text.text).arg(text.baseline - 200);
+    return result;
+}
+
+QStringList words(const char16_t* text) {
+    return QString::fromUtf16(text).split(u'/');
+}
+
+TEST(PageMaker, OnePageWithoutRowsHasTheWholeFrame) {
+    const Pages pages = made(fullLayout(), {});
+    ASSERT_EQ(pages.pages.size(), 1);
+    EXPECT_EQ(pages.title, QStringLiteral("Zostava"));
+    EXPECT_EQ(tops(pages.pages[0]), words(u"päta strany@2800/hlava zostavy@1000/hlava strany@1500/"
+                                          u"päta zostavy@1800"));
+}
+
+TEST(PageMaker, PageHeaderIsRepeatedAndTheReportFooterFollowsTheLastRow) {
+    // 1000 twips are left for rows on the first page, 1500 on the others.
+    const Pages pages = made(fullLayout(), numbered(6));
+    ASSERT_EQ(pages.pages.size(), 2);
+    EXPECT_EQ(tops(pages.pages[0]),
+              words(u"päta strany@2800/hlava zostavy@1000/hlava strany@1500/1@1800/2@2050/3@2300/"
+                    u"4@2550"));
+    EXPECT_EQ(tops(pages.pages[1]), words(u"hlava strany@1000/päta strany@2800/5@1300/6@1550/"
+                                          u"päta zostavy@1800"));
+}
+
+struct FooterCase {
+    int rows;
+    std::size_t pages;
+    std::size_t textsOnLast;
+};
+
+TEST(PageMaker, ReportFooterGoesToItsOwnPageWhenItDoesNotFit) {
+    for (const auto& c : {FooterCase{2, 1, 6}, {3, 2, 3}, {4, 2, 3}, {8, 2, 7}, {9, 3, 3}}) {
+        const Pages pages = made(fullLayout(), numbered(c.rows));
+        ASSERT_EQ(pages.pages.size(), c.pages) << c.rows;
+        EXPECT_EQ(pages.pages.back().texts.size(), c.textsOnLast) << c.rows;
+        EXPECT_EQ(layoutFaults(pages), QStringList()) << c.rows;
+    }
+}
+
+TEST(PageMaker, PageHeaderThatDoesNotFitBelowTheReportHeaderBeginsAPage) {
+    Layout layout = fullLayout();
+    layout.reportHeader.height = 1700;
+    const Pages pages = made(layout, numbered(1));
+    ASSERT_EQ(pages.pages.size(), 2);
+    EXPECT_EQ(tops(pages.pages[1]),
+              words(u"päta strany@2800/hlava strany@1000/1@1300/päta zostavy@1550"));
+}
+
+TEST(PageMaker, PlacesTextsByTheirAlignment) {
+    const std::vector<std::pair<Align, double>> cases{
+        {Align::Left, 700}, {Align::Center, 1050}, {Align::Right, 1400}};
+    for (const auto& [align, left] : cases) {
+        Layout layout;
+        layout.marginLeft = 600;
+        layout.marginTop = 500;
+        layout.detail = section(400, {field(a, 100, 50, 1000)});
+        layout.detail.controls[0].align = align;
+        const Pages pages = made(layout, {{QStringLiteral("abc")}});
+        const auto& text = find(pages.pages[0], QStringLiteral("abc"));
+        EXPECT_EQ(text.left, left);
+        EXPECT_EQ(text.baseline, 500 + 50 + 200);
+        EXPECT_EQ(text.box, QRectF(700, 550, 1000, 240));
+        EXPECT_EQ(text.control, QStringLiteral("txt_a"));
+    }
+}
+
+TEST(PageMaker, PutsTheDateForItsSign) {
+    Layout layout;
+    layout.reportHeader = titled(300, QStringLiteral("dňa %d"));
+    layout.detail = section(300, {field(a, 0, 0, 100)});
+    const Pages pages = made(layout, {{QStringLiteral("50%d")}});
+    EXPECT_EQ(textsOf(pages.pages[0]), words(u"dňa 05.09.2006/50%d"));
+}
+
+TEST(PageMaker, RefusesFieldsOutsideTheDetailAndUnknownColumns) {
+    Layout layout;
+    layout.pageHeader = section(300, {field(a, 0, 0, 100)});
+    EXPECT_THROW(made(layout, {}), std::invalid_argument);
+    EXPECT_THROW(madeOf(section(300, {field(QStringLiteral("x"), 0, 0, 100)}), {}),
+                 std::out_of_range);
+}
+
+TEST(PageMaker, EmptyTextsLeaveNothingOnThePage) {
+    const Pages pages = madeOf(section(300, {field(a, 0, 0, 100), field(b, 0, 0, 100)}), {{}, b});
+    EXPECT_EQ(textsOf(pages.pages[0]), QStringList{b});
+}
+
+TEST(PageMaker, GrowingFieldsPushDownWhatBeginsBelow) {
+    // "a" needs three lines of 240, "b" beside it two, so that all below moves by 480.
+    auto detail =
+        section(900, {label(QStringLiteral("L1"), 0, 0, 500, QStringLiteral("nad")),
+                      growing(a, 0, 240, 200), growing(b, 1000, 240, 200),
+                      label(QStringLiteral("L2"), 2000, 240, 500, QStringLiteral("vedľa")),
+                      label(QStringLiteral("L3"), 0, 480, 500, QStringLiteral("pod"))});
+    const Pages pages = madeOf(detail, {QStringLiteral("aa bb cc"), QStringLiteral("dd ee")});
+    EXPECT_EQ(tops(pages.pages[0]),
+              words(u"nad@0/aa@240/bb@480/cc@720/dd@240/ee@480/vedľa@240/pod@960"));
+    EXPECT_EQ(layoutFaults(pages), QStringList());
+    EXPECT_EQ(find(pages.pages[0], QStringLiteral("bb")).box, QRectF(0, 240, 200, 720));
+}
+
+TEST(PageMaker, GrowthsAddUpAndStretchLinesAndTheBand) {
+    auto detail = section(600, {growing(b, 0, 240, 200), growing(a, 0, 0, 200),
+                                drawn(ControlKind::Box, 0, 0, 500, 600),
+                                drawn(ControlKind::Line, 0, 590, 500, 0),
+                                drawn(ControlKind::Line, 400, 0, 0, 240)});
+    Layout layout;
+    layout.marginLeft = layout.marginTop = 0;
+    layout.detail = detail;
+    const QStringList row{QStringLiteral("aa bb"), QStringLiteral("cc dd ee")};
+    const Pages pages = made(layout, {row, row});
+    // "a" grows by 240, "b" by 480.
+    EXPECT_EQ(find(pages.pages[0], QStringLiteral("cc")).baseline, 240 + 240 + 200);
+    ASSERT_EQ(pages.pages[0].lines.size(), 6);
+    EXPECT_EQ(pages.pages[0].lines[0].rect, QRectF(0, 0, 500, 1320));
+    EXPECT_TRUE(pages.pages[0].lines[0].isBox);
+    EXPECT_EQ(pages.pages[0].lines[1].rect, QRectF(0, 1310, 500, 0));
+    EXPECT_EQ(pages.pages[0].lines[2].rect, QRectF(400, 0, 0, 480));
+    EXPECT_EQ(pages.pages[0].lines[3].rect.top(), 1320) << "the second row stands below the first";
+}
+
+TEST(PageMaker, TextThatFitsDoesNotGrow) {
+    const Pages pages = madeOf(section(500, {growing(a, 0, 0, 600), growing(b, 0, 240, 600)}),
+                               {QStringLiteral("aa bb"), QString()});
+    EXPECT_EQ(tops(pages.pages[0]), words(u"aa bb@0"));
+}
+
+TEST(PageMaker, NarrowFieldsAreNeitherWrappedNorShortened) {
+    const Pages pages = madeOf(section(300, {field(a, 0, 0, 400)}), {QStringLiteral("aa bb cc")});
+    EXPECT_EQ(textsOf(pages.pages[0]), words(u"aa bb cc"));
+    EXPECT_EQ(cutTexts(pages.pages[0]).size(), 1);
+}
+
+TEST(PageMaker, RowTallerThanAPageBreaksBetweenLines) {
+    Layout layout = fullLayout();
+    layout.reportFooter = {};
+    layout.detail =
+        section(720, {label(QStringLiteral("L"), 1000, 0, 900, QStringLiteral("popis")),
+                      growing(a, 0, 240, 200), drawn(ControlKind::Box, 0, 0, 2000, 720),
+                      label(QStringLiteral("K"), 0, 480, 900, QStringLiteral("záver"))});
+    QStringList lines;
+    for (int i = 10; i < 24; ++i)
+        lines << QString::number(i);
+    const Pages pages = made(layout, {{lines.join(u' ')}});
+    ASSERT_EQ(pages.pages.size(), 3);
+    // The label and three lines on the rest of the first page, six lines a page afterwards.
+    EXPECT_EQ(tops(pages.pages[0]).mid(3), words(u"popis@1800/10@2040/11@2280/12@2520"));
+    EXPECT_EQ(tops(pages.pages[1]).mid(2),
+              words(u"13@1300/14@1540/15@1780/16@2020/17@2260/18@2500"));
+    EXPECT_EQ(tops(pages.pages[2]).mid(2), words(u"19@1300/20@1540/21@1780/22@2020/23@2260/"
+                                                 u"záver@2500"));
+    EXPECT_EQ(layoutFaults(pages), QStringList());
+    const std::vector<QRectF> boxes{{567, 1800, 2000, 960}, {567, 1300, 2000, 1440}};
+    for (std::size_t i = 0; i < boxes.size(); ++i)
+        EXPECT_EQ(pages.pages[i].lines.at(0).rect, boxes[i]);
+}
+
+TEST(PageMaker, SideBySideColumnsAreBrokenWhereNeitherIsHurt) {
+    Layout layout = fullLayout();
+    layout.detail = section(400, {growing(a, 0, 0, 200), growing(b, 500, 100, 200)});
+    const QString text = QStringList(20, QStringLiteral("xx")).join(u' ');
+    const Pages pages = made(layout, {{text, text}});
+    std::size_t texts = 0;
+    for (const auto& page : pages.pages)
+        texts += page.texts.size();
+    EXPECT_EQ(cutTexts(pages.pages[0]), QStringList());
+    EXPECT_EQ(texts, 40 + 2 * pages.pages.size() + 2) << "no line is lost or printed twice";
+}
+
+TEST(PageMaker, RichFieldsPlaceARunForEachStyle) {
+    auto detail = section(300, {growing(a, 0, 0, 2000)});
+    detail.controls[0].rich = true;
+    const Pages pages = madeOf(detail, {QStringLiteral("<p>ab <b>cd</b> ef</p>")});
+    EXPECT_EQ(textsOf(pages.pages[0]), words(u"ab /cd/ ef"));
+    EXPECT_EQ(find(pages.pages[0], QStringLiteral(" ef")).left, 300 + 400);
+    EXPECT_TRUE(find(pages.pages[0], QStringLiteral("cd")).style.bold);
+}
+
+} // namespace
