@@ -26,7 +26,7 @@ class DataSource : public QObject, private RecordsetObserver {
     void setRecordSource(const QString& source) { recordSource_ = source; }
 
     /// Leaves the old rows and runs the query; the first row is current. An old recordset ends even
-    /// when the new query fails. @throws EngineError
+    /// when its leaving or the new query fails. @throws EngineError
     void Refresh();
     /// True once Refresh has succeeded.
     bool isOpen() const { return recordset_ != nullptr; }
@@ -36,6 +36,8 @@ class DataSource : public QObject, private RecordsetObserver {
     store::Database& Database();
 
   Q_SIGNALS:
+    // The first three are the observer's calls themselves: a signal of the same form overrides
+    // them.
     /// See RecordsetObserver. The signals are sent synchronously.
     void aboutToWrite();
     void aboutToLeave();
@@ -44,6 +46,8 @@ class DataSource : public QObject, private RecordsetObserver {
     void refreshed();
 
   private:
+    void leave();
+
     QString databaseName_;
     QString recordSource_;
     DBEngine& engine_;

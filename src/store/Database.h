@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/EngineError.h"
 #include "store/Recordset.h"
 
 #include <QString>
@@ -35,7 +36,8 @@ class Database {
     QueryDef QueryDefs(const QString& name);
     /// Adds a query object. @throws EngineError 3012 when the name is taken.
     void appendQueryDef(const QString& name, const QString& sql);
-    /// Gives up the handle; further calls but Close throw.
+    /// Gives up the handle; further calls but Close throw. The last handle or recordset of a file
+    /// closes the file and writes what is pending. @throws EngineError when it can't
     void Close();
 
   private:
@@ -56,7 +58,8 @@ class DBEngine {
     /// @throws EngineError 3024 when there is no such file, 3343 when it is no register, is cut off
     /// or damaged or of a newer schema (the file is not changed then), 3051 when it can't be read.
     Database OpenDatabase(const QString& path);
-    /// Copies a closed database to a new file without its free space.
+    /// Copies a closed database to a new file without its free space, readable by its owner only
+    /// and durable on return. The locale is taken for the only one that there is.
     /// @throws EngineError 3204 when the target exists, 3024, 3343, 3026 when the disk is full. A
     /// target that was begun is removed.
     void CompactDatabase(const QString& source, const QString& target, const QString& locale);
@@ -69,6 +72,10 @@ class DBEngine {
     /// Makes durable what the current user action has written. Called before the program waits for
     /// its user. @throws EngineError when it can't be written; then nothing of the action stays.
     void commitPending();
+    /// Keeps an error that came up where nothing may throw; the next commitPending throws it.
+    void throwLater(const EngineError& error);
+    /// True when another file lies at the path than the one that a database of it works on.
+    bool holdsReplacedFile(const QString& path) const;
 
   private:
     class Impl;

@@ -46,7 +46,9 @@ class Field {
     /// @throws EngineError 3021 without a current row, 3167 when the row has been deleted.
     store::Value Value() const;
     /// @throws EngineError 3020 when no edit is open, 3163 when a text is longer than its column,
-    /// 3421 for the empty text in a date or number column.
+    /// 3164 for a computed column, 3421 for what can't become a value of its column, as the empty
+    /// text in a date or number column. A text in a date column that is no calendar date is kept as
+    /// it was typed.
     void setValue(const store::Value& value);
     const OutputColumn& column() const;
 
@@ -82,7 +84,9 @@ class Recordset {
     Field Fields(QStringView name);
     const std::vector<OutputColumn>& columns() const;
 
+    /// Opens the edit buffer for a new row; Update leaves the row that was current before it.
     void AddNew();
+    /// Opens the edit buffer for the current row. @throws EngineError 3021, 3167
     void Edit();
     /// Writes the open edit. @throws EngineError 3020 when none is open, 3022 when the key is taken
     /// (the edit stays open), and others that the engine raises.
@@ -90,25 +94,36 @@ class Recordset {
     /// Drops the open edit; without one it does nothing.
     void CancelUpdate();
     EditState EditMode() const;
-    /// Deletes the current row. There is no current row afterwards until a move.
+    /// True when the open edit would change the row; a new row always does.
+    bool dataChanged() const;
+    /// Deletes the current row; an open edit is dropped. There is no current row afterwards until a
+    /// move. @throws EngineError 3021, 3164 for a row of a join, 3167
     void Delete();
 
     /// Moves to the first row that meets the criterion; NoMatch tells. After a failed find the
-    /// position is unchanged.
+    /// position is unchanged. @throws EngineError 3061, 3075, 3464 for a criterion that is no
+    /// condition, 3164 for a query whose rows have no keys
     void FindFirst(const QString& criterion);
     bool NoMatch() const;
 
     RowMark Bookmark() const;
     /// @throws EngineError 3021 when the row is not in this recordset.
     void setBookmark(const RowMark& mark);
-    /// Row number from 0; -1 when there is no current row.
+    /// Row number from 0; -1 when there is no current row. Counts the rows before it after a find:
+    /// to know whether two cursors are on the same row, compare their bookmarks.
     qint64 AbsolutePosition() const;
+    /// @throws EngineError 3021 when there is no such row
     void setAbsolutePosition(qint64 position);
     /// Number of rows, those that others deleted included. Reads all keys.
     qint64 RecordCount() const;
 
     /// A second cursor over the same rows, on no row until it is moved.
     std::unique_ptr<Recordset> Clone() const;
+
+    /// Leaves the row and gives up the rows; all that follows throws 3021. The end of a recordset
+    /// does the same, but what its observers throw on leaving is lost then.
+    /// @throws what an observer threw on leaving, when all is given up
+    void Close();
 
     /// Observers are not owned and must be removed before they end.
     void addObserver(RecordsetObserver* observer);
@@ -117,6 +132,7 @@ class Recordset {
   private:
     friend class Field;
     class Impl;
+    explicit Recordset(std::unique_ptr<Impl> impl);
     std::unique_ptr<Impl> impl_;
 };
 

@@ -1,0 +1,147 @@
+#include "store/Connection.h"
+
+#include "store/SqlFunctions.h"
+#include "store/SqliteErrors.h"
+
+#include <QFile>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+
+namespace store {
+
+namespace {
+
+constexpr int busyTimeoutMs = 2000;
+
+/// Rolled back rows may be many; keep their stamps apart from those of counted changes.
+constexpr quint64 rollbackStep = quint64{1} << 40;
+
+FileIdentity identityOf(const QString& path) {
+    const auto identity = fileIdentity(path);
+    if (!identity)
+        throw EngineError(ErrorNumber::FileNotFound, QStringLiteral("Súbor sa nenašiel."), path);
+    return *identity;
+}
+
+std::unique_ptr<SQLite::Database> openFile(const QString& path, Connection::Access access) {
+    const int flags =
+        access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    try {
+        return std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), flags,
+                                                  busyTimeoutMs);
+    } catch (const SQLite::Exception& failure) {
+        throw sqliteError(failure.getExtendedErrorCode(), nullptr, path);
+    }
+}
+
+} // namespace
+
+Connection::Connection(const QString& path, Access access, std::shared_ptr<DeferredErrors> deferred)
+    : path_(path), identity_(identityOf(path)), deferred_(std::move(deferred)),
+      database_(openFile(path, access)) {
+    sqlite3_extended_result_codes(handle(), 1);
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    registerSqlFunctions(handle());
+    execute("PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536");
+}
+
+Connection::~Connection() {
+    try {
+        commit();
+    } catch (const EngineError& error) {
+        if (deferred_)
+            deferred_->add(error);
+    }
+    lookup_.reset();
+}
+
+sqlite3* Connection::handle() const {
+    return database_->getHandle();
+}
+
+void Connection::execute(const char* sql) {
+    const int code = sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        throw sqliteError(code, handle(), QString::fromUtf8(sql));
+}
+
+void Connection::beginWrite() {
+    if (lost_)
+        throw *lost_;
+    if (sqlite3_get_autocommit(handle()) != 0) {
+        writes_ = 0;
+        execute("BEGIN IMMEDIATE");
+    }
+}
+
+void Connection::noteFailure(const EngineError& error) {
+    if (sqlite3_get_autocommit(handle()) == 0)
+        return;
+    ++rollbacks_;
+    if (writes_ > 0)
+        lost_ = error;
+    writes_ = 0;
+}
+
+void Connection::rollBack() noexcept {
+    sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    ++rollbacks_;
+}
+
+void Connection::commit() {
+    writes_ = 0;
+    if (lost_) {
+        const EngineError error = *lost_;
+        lost_.reset();
+        throw error;
+    }
+    if (sqlite3_get_autocommit(handle()) != 0)
+        return;
+    try {
+        execute("COMMIT");
+    } catch (const EngineError&) {
+        rollBack();
+        throw;
+    }
+}
+
+quint64 Connection::changeStamp() const {
+    return static_cast<quint64>(sqlite3_total_changes64(handle())) + rollbacks_ * rollbackStep;
+}
+
+std::optional<QString> Connection::storedQuery(QStringView name) {
+    if (!lookup_)
+        lookup_.emplace(handle(), QStringLiteral("SELECT sql FROM tvk_queries WHERE name = ?1"));
+    lookup_->bind(1, Cell(name.toString().toStdString()));
+    std::optional<QString> sql;
+    if (lookup_->step())
+        sql = lookup_->text(0);
+    lookup_->reset();
+    return sql;
+}
+
+QueryLookup Connection::queryLookup() {
+    return [this](QStringView name) {
+        return storedQuery(name);
+    };
+}
+
+Connection::Savepoint::Savepoint(Connection& connection) : connection_(connection) {
+    connection_.execute("SAVEPOINT statement");
+}
+
+Connection::Savepoint::~Savepoint() {
+    if (!open_ || sqlite3_get_autocommit(connection_.handle()) != 0)
+        return;
+    sqlite3_exec(connection_.handle(), "ROLLBACK TO statement; RELEASE statement", nullptr, nullptr,
+                 nullptr);
+    ++connection_.rollbacks_;
+}
+
+void Connection::Savepoint::release() const {
+    connection_.execute("RELEASE statement");
+    open_ = false;
+}
+
+} // namespace store

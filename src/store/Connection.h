@@ -1,0 +1,119 @@
+#pragma once
+
+#include "store/EngineError.h"
+#include "store/Files.h"
+#include "store/Query.h"
+#include "store/Sql.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace SQLite {
+class Database;
+}
+
+namespace store {
+
+/// Errors that came up where nothing could throw; the next commit of the engine throws the first.
+struct DeferredErrors {
+    std::optional<EngineError> first;
+    void add(const EngineError& error) {
+        if (!first)
+            first = error;
+    }
+};
+
+/// The connection with one file. All writes since the last commit are one unit of work; each
+/// statement in it undoes itself alone when it fails.
+class Connection {
+  public:
+    enum class Access { ReadWrite, ReadOnly };
+
+    /// Opens a file without looking at what it holds.
+    /// @param deferred takes the error when the last unit of work can't be written at the end
+    Connection(const QString& path, Access access, std::shared_ptr<DeferredErrors> deferred = {});
+    /// Writes what is pending.
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    sqlite3* handle() const;
+    const QString& path() const { return path_; }
+    const FileIdentity& identity() const { return identity_; }
+
+    /// Runs a write of a single statement that touches a single row.
+    template <class Action>
+    auto writeRow(Action&& action) {
+        beginWrite();
+        return guarded(std::forward<Action>(action));
+    }
+    /// Runs a write of many rows or of several statements: it happens wholly or not at all.
+    template <class Action>
+    auto writeAll(Action&& action) {
+        beginWrite();
+        const Savepoint savepoint(*this);
+        return guarded([&] {
+            auto result = action();
+            savepoint.release();
+            return result;
+        });
+    }
+    /// Runs statements of SQLite that give no rows.
+    void execute(const char* sql);
+
+    /// Makes the unit of work durable. @throws EngineError, and nothing of the unit stays.
+    void commit();
+
+    /// Another number after each change that a row read before may have missed.
+    quint64 changeStamp() const;
+
+    /// The statement of a stored query; nothing when there is none of that name.
+    std::optional<QString> storedQuery(QStringView name);
+    QueryLookup queryLookup();
+
+  private:
+    /// Undoes what its block wrote, unless released.
+    class Savepoint {
+      public:
+        explicit Savepoint(Connection& connection);
+        ~Savepoint();
+        Savepoint(const Savepoint&) = delete;
+        Savepoint& operator=(const Savepoint&) = delete;
+        void release() const;
+
+      private:
+        Connection& connection_;
+        mutable bool open_ = true;
+    };
+
+    template <class Action>
+    auto guarded(Action&& action) {
+        try {
+            auto result = action();
+            ++writes_;
+            return result;
+        } catch (const EngineError& error) {
+            noteFailure(error);
+            throw;
+        }
+    }
+    void beginWrite();
+    void noteFailure(const EngineError& error);
+    void rollBack() noexcept;
+
+    QString path_;
+    FileIdentity identity_;
+    std::shared_ptr<DeferredErrors> deferred_;
+    std::unique_ptr<SQLite::Database> database_;
+    std::optional<Query> lookup_;
+    /// Writes of the unit of work that went well.
+    qint64 writes_ = 0;
+    quint64 rollbacks_ = 0;
+    /// Why SQLite gave up the whole unit, while its caller may not know that earlier writes of it
+    /// are gone.
+    std::optional<EngineError> lost_;
+};
+
+} // namespace store

@@ -1,0 +1,192 @@
+#include "store/Database.h"
+
+#include "store/Connection.h"
+#include "store/EngineError.h"
+#include "store/Files.h"
+#include "store/Maintenance.h"
+#include "store/OpenCheck.h"
+#include "store/Query.h"
+#include "store/Sql.h"
+
+#include <QFileInfo>
+
+#include <vector>
+
+namespace store {
+
+namespace {
+
+Connection& opened(const std::shared_ptr<Connection>& connection) {
+    if (!connection)
+        throw EngineError(ErrorNumber::NoCurrentRecord, QStringLiteral("Databáza je zatvorená."));
+    return *connection;
+}
+
+qint64 runWrite(Connection& connection, Query& query) {
+    return connection.writeAll([&] {
+        query.run();
+        return qint64{sqlite3_changes64(connection.handle())};
+    });
+}
+
+} // namespace
+
+QueryDef::QueryDef(std::shared_ptr<Connection> connection, QString name)
+    : connection_(std::move(connection)), name_(std::move(name)) {}
+
+QString QueryDef::SQL() const {
+    const auto sql = opened(connection_).storedQuery(name_);
+    if (!sql)
+        throw EngineError(ErrorNumber::UnknownColumn,
+                          QStringLiteral("Dotaz %1 v databáze nie je.").arg(name_), name_);
+    return *sql;
+}
+
+void QueryDef::setSQL(const QString& sql) {
+    SQL();
+    Query query(connection_->handle(),
+                QStringLiteral("UPDATE tvk_queries SET sql = ?2 WHERE name = ?1"));
+    query.bind(1, Cell(name_.toStdString()));
+    query.bind(2, Cell(sql.toStdString()));
+    runWrite(*connection_, query);
+}
+
+Database::Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+
+qint64 Database::Execute(const QString& sql) {
+    Connection& connection = opened(connection_);
+    Query query(connection.handle(), translateAction(sql, connection.queryLookup()));
+    return runWrite(connection, query);
+}
+
+std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source) {
+    opened(connection_);
+    return std::make_unique<Recordset>(connection_, source);
+}
+
+QueryDef Database::QueryDefs(const QString& name) {
+    opened(connection_);
+    return {connection_, name};
+}
+
+void Database::appendQueryDef(const QString& name, const QString& sql) {
+    Connection& connection = opened(connection_);
+    if (connection.storedQuery(name))
+        throw EngineError(ErrorNumber::ObjectExists,
+                          QStringLiteral("Objekt %1 už existuje.").arg(name), name);
+    Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
+    query.bind(1, Cell(name.toStdString()));
+    query.bind(2, Cell(sql.toStdString()));
+    runWrite(connection, query);
+}
+
+void Database::Close() {
+    const auto last = std::move(connection_);
+    connection_.reset();
+    if (last && last.use_count() == 1)
+        last->commit();
+}
+
+class DBEngine::Impl {
+  public:
+    /// The open connection with a file.
+    std::shared_ptr<Connection> find(const FileIdentity& file) const;
+    std::shared_ptr<Connection> open(const QString& path);
+    void commit();
+    DeferredErrors& deferred() { return *deferred_; }
+    /// True when a connection still holds a file that was replaced at this path.
+    bool holdsReplaced(const QString& path) const;
+
+  private:
+    std::vector<std::shared_ptr<Connection>> live() const;
+
+    std::vector<std::weak_ptr<Connection>> connections_;
+    std::shared_ptr<DeferredErrors> deferred_ = std::make_shared<DeferredErrors>();
+};
+
+std::vector<std::shared_ptr<Connection>> DBEngine::Impl::live() const {
+    std::vector<std::shared_ptr<Connection>> live;
+    for (const auto& weak : connections_)
+        if (auto connection = weak.lock())
+            live.push_back(std::move(connection));
+    return live;
+}
+
+std::shared_ptr<Connection> DBEngine::Impl::find(const FileIdentity& file) const {
+    for (const auto& connection : live())
+        if (connection->identity() == file)
+            return connection;
+    return nullptr;
+}
+
+bool DBEngine::Impl::holdsReplaced(const QString& path) const {
+    const auto file = fileIdentity(path);
+    for (const auto& connection : live())
+        if (connection->path() == path && connection->identity() != file)
+            return true;
+    return false;
+}
+
+std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
+    checkHeader(path);
+    auto connection = std::make_shared<Connection>(path, Connection::Access::ReadWrite, deferred_);
+    checkIdentity(*connection);
+    checkPages(*connection, Depth::Quick);
+    connection->execute("PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL");
+    updateTextOrder(*connection);
+    std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
+    connections_.push_back(connection);
+    return connection;
+}
+
+void DBEngine::Impl::commit() {
+    for (const auto& connection : live()) {
+        try {
+            connection->commit();
+        } catch (const EngineError& error) {
+            deferred_->add(error);
+        }
+    }
+    const auto failure = std::exchange(deferred_->first, std::nullopt);
+    if (failure)
+        throw *failure;
+}
+
+DBEngine::DBEngine() : impl_(std::make_unique<Impl>()) {}
+
+DBEngine::~DBEngine() = default;
+
+Database DBEngine::OpenDatabase(const QString& path) {
+    if (const auto file = fileIdentity(path))
+        if (auto connection = impl_->find(*file))
+            return Database(std::move(connection));
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return Database(impl_->open(canonical.isEmpty() ? path : canonical));
+}
+
+void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&) {
+    commitPending();
+    compactDatabase(source, target);
+}
+
+void DBEngine::CreateDatabase(const QString& path) {
+    createDatabase(path);
+}
+
+void DBEngine::verifyDatabase(const QString& path) {
+    store::verifyDatabase(path);
+}
+
+void DBEngine::commitPending() {
+    impl_->commit();
+}
+
+void DBEngine::throwLater(const EngineError& error) {
+    impl_->deferred().add(error);
+}
+
+bool DBEngine::holdsReplacedFile(const QString& path) const {
+    return impl_->holdsReplaced(QFileInfo(path).canonicalFilePath());
+}
+
+} // namespace store

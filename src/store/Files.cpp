@@ -1,0 +1,104 @@
+#include "store/Files.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace store {
+
+namespace {
+
+struct Cause {
+    int code;
+    ErrorNumber number;
+    const char16_t* text;
+};
+
+constexpr Cause causes[] = {
+    {ENOENT, ErrorNumber::FileNotFound, u"Súbor sa nenašiel."},
+    {ENOTDIR, ErrorNumber::FileNotFound, u"Súbor sa nenašiel."},
+    {EEXIST, ErrorNumber::TargetExists, u"Cieľový súbor už existuje."},
+    {ENOSPC, ErrorNumber::DiskFull, u"Disk je plný."},
+    {EDQUOT, ErrorNumber::DiskFull, u"Disk je plný."},
+    {EROFS, ErrorNumber::ReadOnly, u"Priečinok alebo súbor je určený len na čítanie."},
+    {EACCES, ErrorNumber::ReadOnly, u"Na zápis do priečinka alebo súboru chýba oprávnenie."},
+    {EPERM, ErrorNumber::ReadOnly, u"Na zápis do priečinka alebo súboru chýba oprávnenie."},
+};
+
+/// A file descriptor that ends with its block.
+class Descriptor {
+  public:
+    Descriptor(const QString& path, int flags, mode_t mode = 0)
+        : number_(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode)) {
+        if (number_ < 0)
+            throw systemError(errno, path);
+    }
+    ~Descriptor() { ::close(number_); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int number() const { return number_; }
+
+  private:
+    int number_;
+};
+
+void sync(const QString& path, int flags) {
+    const Descriptor file(path, flags);
+    if (::fsync(file.number()) != 0)
+        throw systemError(errno, path);
+}
+
+void syncFolderOf(const QString& path) {
+    sync(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY);
+}
+
+void rename(const QString& from, const QString& to, unsigned flags) {
+    if (::renameat2(AT_FDCWD, QFile::encodeName(from).constData(), AT_FDCWD,
+                    QFile::encodeName(to).constData(), flags) != 0)
+        throw systemError(errno, errno == EEXIST ? to : from);
+    syncFolderOf(to);
+}
+
+} // namespace
+
+std::optional<FileIdentity> fileIdentity(const QString& path) {
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return FileIdentity{status.st_dev, status.st_ino};
+}
+
+EngineError systemError(int code, const QString& path) {
+    for (const Cause& cause : causes)
+        if (cause.code == code)
+            return EngineError(cause.number, QString::fromUtf16(cause.text), path);
+    return EngineError(ErrorNumber::DiskError,
+                       QStringLiteral("Chyba pri práci so súborom (chyba systému %1).").arg(code),
+                       path);
+}
+
+void createPrivateFile(const QString& path) {
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
+}
+
+void syncFile(const QString& path) {
+    sync(path, O_RDONLY);
+}
+
+void replaceFile(const QString& from, const QString& to) {
+    syncFile(from);
+    rename(from, to, 0);
+}
+
+void moveToFreeName(const QString& from, const QString& to) {
+    syncFile(from);
+    rename(from, to, RENAME_NOREPLACE);
+}
+
+} // namespace store

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "store/EngineError.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace store {
+
+/// What tells a file from another one that took its place under the same name.
+struct FileIdentity {
+    quint64 device = 0;
+    quint64 inode = 0;
+    bool operator==(const FileIdentity& other) const = default;
+};
+
+/// The identity of the regular file at a path; nothing when there is none.
+std::optional<FileIdentity> fileIdentity(const QString& path);
+
+/// The engine's error for a system call's errno.
+EngineError systemError(int code, const QString& path);
+
+/// Makes an empty file that its owner alone can read and write.
+/// @throws EngineError 3204 when the file exists, 3026, 3027
+void createPrivateFile(const QString& path);
+
+/// Makes a file's contents durable. @throws EngineError 3043, 3026
+void syncFile(const QString& path);
+
+/// Puts a file into the place of another one, or of none, in one step that is durable on return:
+/// at any moment the target is wholly the old or wholly the new file. Both lie in one file system.
+/// @throws EngineError 3024 when `from` is missing, 3027 when the folder can't be written
+void replaceFile(const QString& from, const QString& to);
+
+/// As replaceFile, but fails when the target exists. @throws EngineError 3204
+void moveToFreeName(const QString& from, const QString& to);
+
+} // namespace store

@@ -1,0 +1,156 @@
+#include "store/Maintenance.h"
+
+#include "store/Connection.h"
+#include "store/EngineError.h"
+#include "store/Files.h"
+#include "store/OpenCheck.h"
+#include "store/Query.h"
+#include "store/Schema.h"
+#include "store/SqlFunctions.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace store {
+
+namespace {
+
+struct StoredQuery {
+    const char* name;
+    const char16_t* sql;
+};
+
+/// The program puts its own statement into all of them before use, but for vyp_zazZmeny.
+constexpr StoredQuery storedQueries[] = {
+    {"vyp_zaklad", u"select * from k_zaklad"},
+    {"vyp_rodicia", u"select * from k_zaklad"},
+    {"vyp_memo", u"select * from k_memo"},
+    {"vyp_vysetrenie", u"select * from k_vysetrenie"},
+    {"vyp_zariad", u"select * from k_zariad"},
+    {"vyp_zazspc", u"select * from k_zaznam_spc"},
+    {"vyp_surodenci", u"select * from k_surodenci"},
+    {"vyp_navstevy", u"select * from k_navstevy"},
+    {"vyp_zoz_klient", u"select k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,"
+                       u"k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc from k_zaklad "
+                       u"order by k_zaklad.priezv+k_zaklad.meno"},
+    {"vyp_zazZmeny", u"select k_zaznam_zmeny.datum, trim(zamestnanci.meno) & '  ' & "
+                     u"trim(zamestnanci.priezv) as Expr1, k_zaznam_zmeny.zmeny from "
+                     u"k_zaznam_zmeny left join zamestnanci on "
+                     u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum"},
+};
+
+/// Removes a file that was begun, unless its maker is through with it.
+class BegunFile {
+  public:
+    explicit BegunFile(const QString& path) : path_(path) { createPrivateFile(path); }
+    ~BegunFile() {
+        if (!kept_)
+            QFile::remove(path_);
+    }
+    BegunFile(const BegunFile&) = delete;
+    BegunFile& operator=(const BegunFile&) = delete;
+    void keep() { kept_ = true; }
+
+  private:
+    QString path_;
+    bool kept_ = false;
+};
+
+void refuseExisting(const QString& path) {
+    const QFileInfo info(path);
+    if (info.exists() || info.isSymLink())
+        throw EngineError(ErrorNumber::TargetExists, QStringLiteral("Cieľový súbor už existuje."),
+                          path);
+}
+
+void fillMeta(Connection& connection) {
+    Query meta(connection.handle(),
+               QStringLiteral("INSERT INTO tvk_meta VALUES ('text_order', ?1)"));
+    meta.bind(1, Cell(textOrderVersion().toStdString()));
+    meta.run();
+    Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
+    for (const StoredQuery& stored : storedQueries) {
+        query.bind(1, Cell(std::string(stored.name)));
+        query.bind(2, Cell(QString::fromUtf16(stored.sql).toStdString()));
+        query.run();
+    }
+}
+
+void fillDatabase(Connection& connection) {
+    connection.execute("PRAGMA journal_mode=MEMORY; BEGIN;"
+                       "CREATE TABLE tvk_queries (name TEXT COLLATE NOCASE PRIMARY KEY, sql TEXT);"
+                       "CREATE TABLE tvk_meta (name TEXT PRIMARY KEY, value TEXT)");
+    for (const QString& statement : createStatements())
+        connection.execute(statement.toUtf8().constData());
+    fillMeta(connection);
+    connection.execute(QStringLiteral("PRAGMA application_id=%1; PRAGMA user_version=%2; COMMIT")
+                           .arg(applicationId)
+                           .arg(schemaVersion)
+                           .toUtf8()
+                           .constData());
+}
+
+void vacuumInto(const QString& source, const QString& target) {
+    Connection connection(source, Connection::Access::ReadWrite);
+    checkIdentity(connection);
+    Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
+    query.bind(1, Cell(QFile::encodeName(target).toStdString()));
+    query.run();
+}
+
+} // namespace
+
+void createDatabase(const QString& path) {
+    refuseExisting(path);
+    const QString beside = path + QStringLiteral(".nova");
+    QFile::remove(beside);
+    BegunFile begun(beside);
+    {
+        Connection connection(beside, Connection::Access::ReadWrite);
+        fillDatabase(connection);
+    }
+    moveToFreeName(beside, path);
+    begun.keep();
+}
+
+void compactDatabase(const QString& source, const QString& target) {
+    refuseExisting(target);
+    checkHeader(source);
+    BegunFile begun(target);
+    vacuumInto(source, target);
+    syncFile(target);
+    begun.keep();
+}
+
+void verifyDatabase(const QString& path) {
+    checkHeader(path);
+    try {
+        Connection connection(path, Connection::Access::ReadOnly);
+        checkIdentity(connection);
+        checkPages(connection, Depth::Full);
+    } catch (const EngineError& error) {
+        throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
+    }
+}
+
+void updateTextOrder(Connection& connection) {
+    const Cell current(textOrderVersion().toStdString());
+    Query known(connection.handle(),
+                QStringLiteral("SELECT 1 FROM tvk_meta WHERE name='text_order' AND value=?1"));
+    known.bind(1, current);
+    const bool upToDate = known.step();
+    known.reset();
+    if (upToDate)
+        return;
+    connection.writeAll([&] {
+        connection.execute("REINDEX");
+        Query note(connection.handle(),
+                   QStringLiteral("INSERT OR REPLACE INTO tvk_meta VALUES ('text_order', ?1)"));
+        note.bind(1, current);
+        note.run();
+        return true;
+    });
+    connection.commit();
+}
+
+} // namespace store

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace store {
+
+class Connection;
+
+/// See DBEngine::CreateDatabase.
+void createDatabase(const QString& path);
+/// See DBEngine::CompactDatabase.
+void compactDatabase(const QString& source, const QString& target);
+/// See DBEngine::verifyDatabase.
+void verifyDatabase(const QString& path);
+/// Makes the indexes anew when they were made under another order of texts. @throws EngineError
+void updateTextOrder(Connection& connection);
+
+} // namespace store

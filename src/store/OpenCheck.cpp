@@ -1,0 +1,156 @@
+#include "store/OpenCheck.h"
+
+#include "store/Connection.h"
+#include "store/EngineError.h"
+#include "store/Query.h"
+#include "store/Schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QtEndian>
+
+#include <cerrno>
+
+namespace store {
+
+namespace {
+
+/// The first bytes of a database file, as its format lays them out.
+class Header {
+  public:
+    explicit Header(QByteArray bytes) : bytes_(std::move(bytes)) {}
+
+    bool isDatabase() const {
+        return bytes_.size() == size && bytes_.startsWith(QByteArray("SQLite format 3\0", 16));
+    }
+    qint64 pageSize() const {
+        const qint64 stored = at<quint16>(16);
+        return stored == 1 ? 65536 : stored;
+    }
+    /// Zero when the count is out of date and so unknown.
+    qint64 pageCount() const { return at<quint32>(24) == at<quint32>(92) ? at<quint32>(28) : 0; }
+    /// Neither a write-ahead log nor a format from the future.
+    bool hasRollbackJournal() const { return at<quint16>(18) == 0x0101; }
+    quint32 version() const { return at<quint32>(60); }
+    quint32 application() const { return at<quint32>(68); }
+
+    static constexpr qsizetype size = 100;
+
+  private:
+    template <class Number>
+    Number at(qsizetype offset) const {
+        return qFromBigEndian<Number>(bytes_.constData() + offset);
+    }
+    QByteArray bytes_;
+};
+
+[[noreturn]] void refuse(const QString& path, const QString& why) {
+    throw EngineError(ErrorNumber::UnrecognizedFile, why, path);
+}
+
+void checkOwner(const QString& path, quint32 application, quint32 version) {
+    if (application != applicationId)
+        refuse(path, QStringLiteral("Súbor je databáza iného programu."));
+    if (version > schemaVersion)
+        refuse(path, QStringLiteral("Súbor je z novšej verzie programu."));
+    if (version < schemaVersion)
+        refuse(path, QStringLiteral("Súbor je z nepodporovanej verzie programu."));
+}
+
+void checkHeaderOf(QFile& file) {
+    const QString path = file.fileName();
+    if (file.size() == 0)
+        refuse(path, QStringLiteral("Súbor je prázdny."));
+    const Header header(file.read(Header::size));
+    if (!header.isDatabase())
+        refuse(path, QStringLiteral("Súbor nie je databáza."));
+    if (hasJournal(path))
+        return;
+    checkOwner(path, header.application(), header.version());
+    if (!header.hasRollbackJournal())
+        refuse(path, QStringLiteral("Súbor má neznámy formát."));
+    if (header.pageSize() < 512 || file.size() < header.pageSize() * header.pageCount())
+        refuse(path, QStringLiteral("Súbor je neúplný."));
+}
+
+quint32 pragma(Connection& connection, const QString& name) {
+    Query query(connection.handle(), QStringLiteral("PRAGMA %1").arg(name));
+    return query.step() ? static_cast<quint32>(query.integer(0)) : 0;
+}
+
+bool hasTable(Connection& connection, const QString& name, const QStringList& columns) {
+    Query query(connection.handle(), QStringLiteral("SELECT name FROM pragma_table_info(?1)"));
+    query.bind(1, Cell(name.toStdString()));
+    QStringList found;
+    while (query.step())
+        found << query.text(0);
+    return found == columns;
+}
+
+QStringList namesOf(const TableDef& table) {
+    QStringList names;
+    for (const ColumnDef& column : table.columns)
+        names << QString::fromUtf16(column.name);
+    return names;
+}
+
+void checkTables(Connection& connection) {
+    const auto demand = [&](const QString& name, const QStringList& columns) {
+        if (!hasTable(connection, name, columns))
+            refuse(connection.path(), QStringLiteral("V súbore chýba tabuľka %1.").arg(name));
+    };
+    for (const TableDef& table : schema())
+        demand(QString::fromUtf16(table.name), namesOf(table));
+    demand(QStringLiteral("tvk_queries"), {QStringLiteral("name"), QStringLiteral("sql")});
+    demand(QStringLiteral("tvk_meta"), {QStringLiteral("name"), QStringLiteral("value")});
+}
+
+/// Whatever SQLite says of a file that it can't make sense of, the file is no register.
+template <class Check>
+void asUnrecognized(Connection& connection, Check&& check) {
+    try {
+        check();
+    } catch (const EngineError& error) {
+        if (error.number() == ErrorNumber::Internal || error.number() == ErrorNumber::DiskError)
+            refuse(connection.path(), error.description());
+        throw EngineError(error.number(), error.description(), connection.path());
+    }
+}
+
+void checkPagesOf(Connection& connection, Depth depth) {
+    Query query(connection.handle(), depth == Depth::Full ? QStringLiteral("PRAGMA integrity_check")
+                                                          : QStringLiteral("PRAGMA quick_check"));
+    if (!query.step() || query.text(0) != QStringLiteral("ok"))
+        refuse(connection.path(), QStringLiteral("Súbor databázy je poškodený."));
+}
+
+} // namespace
+
+bool hasJournal(const QString& path) {
+    return QFileInfo(path + QStringLiteral("-journal")).size() > 0;
+}
+
+void checkHeader(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists() || info.isDir())
+        throw EngineError(ErrorNumber::FileNotFound, QStringLiteral("Súbor sa nenašiel."), path);
+    QFile file(path);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Súbor sa nedá čítať."), path);
+    checkHeaderOf(file);
+}
+
+void checkIdentity(Connection& connection) {
+    asUnrecognized(connection, [&] {
+        checkOwner(connection.path(), pragma(connection, QStringLiteral("application_id")),
+                   pragma(connection, QStringLiteral("user_version")));
+        checkTables(connection);
+    });
+}
+
+void checkPages(Connection& connection, Depth depth) {
+    asUnrecognized(connection, [&] { checkPagesOf(connection, depth); });
+}
+
+} // namespace store

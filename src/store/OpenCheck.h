@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace store {
+
+class Connection;
+
+/// What tells our files from those of other programs: "TVK1".
+inline constexpr quint32 applicationId = 0x54564B31;
+/// Grows with every change of the tables.
+inline constexpr quint32 schemaVersion = 1;
+
+/// Looks at a file before SQLite opens it and refuses what can't be a whole register of this
+/// version. A file whose last write was cut off is let pass, as it heals when it is read.
+///
+/// Must not be called while a connection of this process holds the file: closing the file here
+/// would take that connection's locks away.
+/// @throws EngineError 3024 when there is no file, 3051 when it can't be read, 3343
+void checkHeader(const QString& path);
+
+/// Refuses a file with foreign tables or another version, as far as SQLite's own reading tells.
+/// @throws EngineError 3343
+void checkIdentity(Connection& connection);
+
+enum class Depth { Quick, Full };
+/// Reads every page, with Depth::Full also every index entry. @throws EngineError 3343
+void checkPages(Connection& connection, Depth depth);
+
+/// True when the file's last write was cut off by the end of its program, so that reading will
+/// first take it back.
+bool hasJournal(const QString& path);
+
+} // namespace store

@@ -1,0 +1,132 @@
+#include "store/Query.h"
+
+#include "store/SqliteErrors.h"
+
+#include <string_view>
+
+namespace store {
+
+namespace {
+
+sqlite3_stmt* prepare(sqlite3* connection, const QString& sql) {
+    sqlite3_stmt* statement = nullptr;
+    const QByteArray text = sql.toUtf8();
+    const int code = sqlite3_prepare_v3(connection, text.constData(), static_cast<int>(text.size()),
+                                        0, &statement, nullptr);
+    if (code != SQLITE_OK)
+        throw sqliteError(code, connection, sql);
+    return statement;
+}
+
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+Query::Query(sqlite3* connection, const QString& sql) : statement_(prepare(connection, sql)) {}
+
+void Query::bind(int parameter, qint64 number) {
+    sqlite3_bind_int64(statement_.get(), parameter, number);
+}
+
+void Query::bindNull(int parameter) {
+    sqlite3_bind_null(statement_.get(), parameter);
+}
+
+void Query::bind(int parameter, const Cell& cell) {
+    sqlite3_stmt* statement = statement_.get();
+    if (const auto* integer = std::get_if<qint64>(&cell))
+        sqlite3_bind_int64(statement, parameter, *integer);
+    else if (const auto* number = std::get_if<double>(&cell))
+        sqlite3_bind_double(statement, parameter, *number);
+    else if (const auto* text = std::get_if<std::string>(&cell))
+        sqlite3_bind_text64(statement, parameter, text->data(), text->size(), SQLITE_TRANSIENT,
+                            SQLITE_UTF8);
+    else
+        sqlite3_bind_null(statement, parameter);
+}
+
+bool Query::step() {
+    const int code = sqlite3_step(statement_.get());
+    if (code == SQLITE_ROW)
+        return true;
+    if (code == SQLITE_DONE) {
+        reset();
+        return false;
+    }
+    sqlite3* const connection = sqlite3_db_handle(statement_.get());
+    const EngineError error = sqliteError(sqlite3_extended_errcode(connection), connection,
+                                          QString::fromUtf8(sqlite3_sql(statement_.get())));
+    reset();
+    throw error;
+}
+
+void Query::run() {
+    while (step()) {
+    }
+}
+
+void Query::reset() {
+    sqlite3_reset(statement_.get());
+}
+
+QString Query::columnName(int column) const {
+    return QString::fromUtf8(sqlite3_column_name(statement_.get(), column));
+}
+
+bool Query::isNull(int column) const {
+    return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
+}
+
+QString Query::text(int column) const {
+    const auto* text = sqlite3_column_text(statement_.get(), column);
+    const int length = sqlite3_column_bytes(statement_.get(), column);
+    return QString::fromUtf8(reinterpret_cast<const char*>(text), length);
+}
+
+void RowCells::read(const Query& query) {
+    sqlite3_stmt* const statement = query.statement_.get();
+    slots_.resize(static_cast<size_t>(query.columnCount()));
+    bytes_.clear();
+    for (int column = 0; Slot & slot : slots_) {
+        slot.type = sqlite3_column_type(statement, column);
+        if (slot.type == SQLITE_INTEGER) {
+            slot.integer = sqlite3_column_int64(statement, column);
+        } else if (slot.type == SQLITE_FLOAT) {
+            slot.number = sqlite3_column_double(statement, column);
+        } else if (slot.type != SQLITE_NULL) {
+            const auto* text =
+                reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+            slot.length = sqlite3_column_bytes(statement, column);
+            slot.offset = bytes_.size();
+            bytes_.append(text, static_cast<size_t>(slot.length));
+        }
+        ++column;
+    }
+}
+
+Cell RowCells::cell(int column) const {
+    const Slot& slot = slots_[static_cast<size_t>(column)];
+    switch (slot.type) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return slot.integer;
+    case SQLITE_FLOAT:
+        return slot.number;
+    default:
+        return std::string(bytes(slot));
+    }
+}
+
+QString RowCells::text(int column) const {
+    const Slot& slot = slots_[static_cast<size_t>(column)];
+    return slot.type == SQLITE_TEXT ? fromUtf8(bytes(slot)) : QString();
+}
+
+bool RowCells::equals(int column, const Cell& other) const {
+    return cell(column) == other;
+}
+
+} // namespace store

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "store/Sql.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+#include <vector>
+
+namespace store {
+
+class Connection;
+class DBEngine;
+class RowCells;
+
+/// The rows of a report's query, all read when it was opened.
+class ReportRows {
+  public:
+    ReportRows(std::vector<OutputColumn> columns, std::vector<RowCells> rows);
+    ~ReportRows();
+    ReportRows(ReportRows&& other) noexcept;
+    ReportRows(const ReportRows&) = delete;
+    ReportRows& operator=(const ReportRows&) = delete;
+
+    qint64 count() const;
+    /// Goes to the next row, at first to the first one; false when there is none.
+    bool next();
+    /// A column of the current row as text: Null is empty, a date is "dd.MM.yyyy". Names are found
+    /// whatever their case. @throws EngineError 3265, 3021 without a current row
+    QString text(QStringView column) const;
+
+  private:
+    std::vector<OutputColumn> columns_;
+    std::vector<RowCells> rows_;
+    qint64 current_ = -1;
+};
+
+/// A reading of the file apart from the engine's connection, as a report needs it: what others
+/// will see of the file is what is printed.
+class ReportConnection {
+  public:
+    /// Makes pending work durable and opens the file anew, for reading.
+    /// @throws EngineError 3025 when the file is missing, was replaced while the engine still works
+    /// on the old one, or can't be read; what commitPending throws
+    ReportConnection(DBEngine& engine, const QString& path);
+    ~ReportConnection();
+    ReportConnection(const ReportConnection&) = delete;
+    ReportConnection& operator=(const ReportConnection&) = delete;
+
+    /// @param source a table's name, a stored query's name or a select statement
+    /// @throws EngineError 3025 when the file can't be read, and those of a bad statement
+    ReportRows open(const QString& source);
+
+  private:
+    std::unique_ptr<Connection> connection_;
+};
+
+} // namespace store

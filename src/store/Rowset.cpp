@@ -1,0 +1,231 @@
+#include "store/Rowset.h"
+
+#include "store/Connection.h"
+#include "store/EngineError.h"
+#include "store/Schema.h"
+
+#include <algorithm>
+
+namespace store {
+
+namespace {
+
+[[noreturn]] void refuseWrite(const QString& place) {
+    throw EngineError(ErrorNumber::NotUpdatable,
+                      QStringLiteral("Riadky tohto výberu sa nedajú meniť."), place);
+}
+
+[[noreturn]] void refuseDeleted() {
+    throw EngineError(ErrorNumber::RecordDeleted, QStringLiteral("Záznam bol vymazaný."));
+}
+
+void addMissingFlags(const SourceTable& source, QStringList& names, std::vector<Cell>& values) {
+    for (const ColumnDef& column : findTable(source.table)->columns) {
+        const QString name = sqlName(column.name);
+        if (column.type != ColumnType::Boolean || names.contains(name, Qt::CaseInsensitive))
+            continue;
+        names << name;
+        values.emplace_back(qint64{0});
+    }
+}
+
+} // namespace
+
+Rowset::Rowset(std::shared_ptr<Connection> connection, const QString& source)
+    : connection_(std::move(connection)),
+      plan_(translateSelect(source, connection_->queryLookup())) {
+    for (int index = 0; const OutputColumn& column : plan_.columns)
+        columns_.emplace(column.name.toCaseFolded(), index++);
+    if (plan_.updatable)
+        keys_.emplace(*connection_, plan_);
+    else
+        loadStoredRows();
+}
+
+void Rowset::loadStoredRows() {
+    Query query(connection_->handle(), plan_.rows);
+    while (query.step())
+        storedRows_.emplace_back().read(query);
+    keys_.emplace(static_cast<qint64>(storedRows_.size()));
+}
+
+int Rowset::columnIndex(QStringView name) const {
+    const auto found = columns_.find(name.toString().toCaseFolded());
+    if (found == columns_.end())
+        throw EngineError(ErrorNumber::UnknownColumn,
+                          QStringLiteral("Stĺpec %1 vo výbere nie je.").arg(name), name.toString());
+    return found->second;
+}
+
+bool Rowset::read(RowKeyView key, RowCells& row) {
+    if (!plan_.updatable) {
+        row = storedRows_[static_cast<size_t>(key[0])];
+        return true;
+    }
+    if (!row_)
+        row_.emplace(connection_->handle(), plan_.rowByKeys);
+    bindKey(*row_, key);
+    const bool found = row_->step();
+    if (found)
+        row.read(*row_);
+    row_->reset();
+    return found;
+}
+
+bool Rowset::holds(RowKeyView key) {
+    const size_t width = plan_.updatable ? plan_.sources.size() : 1;
+    if (key.size() != width)
+        return false;
+    // Of a whole table every row belongs to it, which spares the count.
+    const bool isWholeTable = plan_.updatable && width == 1 && plan_.filter.isEmpty();
+    if (isWholeTable && keys_->isOld(key) && read(key, scratch_))
+        return true;
+    return keys_->indexOf(key).has_value();
+}
+
+std::optional<RowKey> Rowset::find(const QString& criterion) {
+    if (!plan_.updatable)
+        throw EngineError(ErrorNumber::NotUpdatable,
+                          QStringLiteral("V tomto výbere sa nedá hľadať."), criterion);
+    const QString condition = translateCriterion(criterion, plan_, connection_->queryLookup());
+    if (plan_.sources.size() > 1)
+        return findInJoin(condition);
+    const QString old = QStringLiteral("%1.rowid <= ?1").arg(sqlName(plan_.sources[0].alias));
+    const auto found = firstOf({condition, old});
+    return found || keys_->added().empty() ? found : findAdded(condition);
+}
+
+std::optional<RowKey> Rowset::firstOf(const QStringList& conditions) {
+    Query query(connection_->handle(), selectKeys(plan_, conditions) + QStringLiteral(" LIMIT 1"));
+    query.bind(1, keys_->bound());
+    if (!query.step())
+        return std::nullopt;
+    RowKey key(plan_.sources.size());
+    readKey(query, key);
+    return key;
+}
+
+/// The order of a join is that of its keyset, which another statement need not share.
+std::optional<RowKey> Rowset::findInJoin(const QString& condition) {
+    Query query(connection_->handle(), selectKeys(plan_, {condition}));
+    std::optional<qint64> first;
+    RowKey key(plan_.sources.size());
+    while (query.step()) {
+        readKey(query, key);
+        if (const auto index = keys_->indexOf(key))
+            first = std::min(*index, first.value_or(*index));
+    }
+    if (!first)
+        return std::nullopt;
+    const RowKeyView found = keys_->at(*first);
+    return RowKey(found.begin(), found.end());
+}
+
+/// Rows added here stand behind the others, whether the query would select them or not.
+std::optional<RowKey> Rowset::findAdded(const QString& condition) {
+    Query query(connection_->handle(),
+                QStringLiteral("SELECT 1 FROM %1 WHERE (%2) AND %3.rowid = ?1")
+                    .arg(plan_.from, condition, sqlName(plan_.sources[0].alias)));
+    for (const qint64 rowid : keys_->added()) {
+        query.bind(1, rowid);
+        const bool found = query.step();
+        query.reset();
+        if (found)
+            return RowKey{rowid};
+    }
+    return std::nullopt;
+}
+
+void Rowset::update(RowKeyView key, const Changes& changes) {
+    std::map<int, Changes> bySource;
+    for (const auto& change : changes)
+        bySource[plan_.columns[static_cast<size_t>(change.first)].source].push_back(change);
+    const auto writeSources = [&] {
+        for (const auto& [source, own] : bySource)
+            updateSource(source, key[static_cast<size_t>(source)], own);
+        return true;
+    };
+    if (bySource.size() > 1)
+        connection_->writeAll(writeSources);
+    else if (!bySource.empty())
+        connection_->writeRow(writeSources);
+}
+
+void Rowset::updateSource(int source, qint64 rowid, const Changes& changes) {
+    if (rowid == noRow)
+        refuseWrite(plan_.sources[static_cast<size_t>(source)].table);
+    Columns columns;
+    for (const auto& change : changes)
+        columns.push_back(change.first);
+    Query& query = updateQuery(source, columns);
+    for (int parameter = 1; const auto& change : changes)
+        query.bind(parameter++, change.second);
+    query.bind(static_cast<int>(changes.size()) + 1, rowid);
+    query.run();
+    if (sqlite3_changes(connection_->handle()) == 0)
+        refuseDeleted();
+}
+
+Query& Rowset::updateQuery(int source, const Columns& columns) {
+    const auto known = updates_.find(columns);
+    if (known != updates_.end())
+        return known->second;
+    QStringList settings;
+    for (const int column : columns)
+        settings << sqlName(plan_.columns[static_cast<size_t>(column)].baseColumn) +
+                        QStringLiteral(" = ?");
+    const QString sql = QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?")
+                            .arg(sqlName(plan_.sources[static_cast<size_t>(source)].table),
+                                 settings.join(QStringLiteral(", ")));
+    return updates_.emplace(columns, Query(connection_->handle(), sql)).first->second;
+}
+
+const SourceTable& Rowset::onlySource() const {
+    if (!plan_.updatable || plan_.sources.size() != 1)
+        refuseWrite(plan_.from);
+    return plan_.sources.front();
+}
+
+RowKey Rowset::insert(const Changes& changes) {
+    const SourceTable& source = onlySource();
+    QStringList names;
+    std::vector<Cell> values;
+    for (const auto& [column, cell] : changes) {
+        names << sqlName(plan_.columns[static_cast<size_t>(column)].baseColumn);
+        values.push_back(cell);
+    }
+    addMissingFlags(source, names, values);
+    const QString sql =
+        names.isEmpty()
+            ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(sqlName(source.table))
+            : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                  .arg(sqlName(source.table), names.join(QStringLiteral(", ")),
+                       QStringList(names.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+    Query query(connection_->handle(), sql);
+    for (int parameter = 1; const Cell& value : values)
+        query.bind(parameter++, value);
+    const RowKey key = connection_->writeRow([&] {
+        query.run();
+        return RowKey{sqlite3_last_insert_rowid(connection_->handle())};
+    });
+    keys_->append(key);
+    return key;
+}
+
+void Rowset::erase(RowKeyView key) {
+    const SourceTable& source = onlySource();
+    Query query(connection_->handle(),
+                QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(sqlName(source.table)));
+    bindKey(query, key);
+    const auto index = keys_->indexOf(key);
+    connection_->writeRow([&] {
+        query.run();
+        if (sqlite3_changes(connection_->handle()) == 0)
+            refuseDeleted();
+        return true;
+    });
+    if (index)
+        keys_->remove(*index);
+}
+
+} // namespace store
