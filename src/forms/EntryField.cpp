@@ -1,0 +1,48 @@
+#include "forms/EntryField.h"
+
+#include <algorithm>
+
+namespace forms {
+
+namespace {
+
+constexpr int unlimited = 32767;
+
+} // namespace
+
+EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {}
+
+void EntryField::setMaxTyped(int characters) {
+    ownLimit_ = characters;
+    applyLimit();
+}
+
+void EntryField::limitTo(int characters) {
+    columnLimit_ = characters;
+    applyLimit();
+}
+
+void EntryField::showBound(const QString& text) {
+    shown_ = text;
+    applyLimit();
+    setText(text);
+}
+
+void EntryField::trimAndSelect() {
+    const QString trimmed = text().trimmed();
+    if (trimmed != text())
+        setText(trimmed);
+    selectAll();
+}
+
+void EntryField::applyLimit() {
+    int limit = unlimited;
+    if (ownLimit_ > 0)
+        limit = ownLimit_;
+    if (columnLimit_ > 0)
+        limit = std::min(limit, columnLimit_);
+    // A stored text that is longer than the field must not lose its end by being shown.
+    setMaxLength(std::max(limit, int(shown_.size())));
+}
+
+} // namespace forms
