@@ -2,9 +2,10 @@
 
 #include "forms/EntryField.h"
 #include "forms/MessageBox.h"
+#include "forms/RichText.h"
 #include "store/EngineError.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
@@ -30,9 +31,10 @@ bool isAbsence(Qt::FocusReason reason) {
 }
 
 bool isComposite(const QWidget* widget) {
-    return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr ||
+    return qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
            qobject_cast<const QComboBox*>(widget) != nullptr ||
-           qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+           qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
+           qobject_cast<const RichText*>(widget) != nullptr;
 }
 
 bool canHaveFocus(const QWidget* widget) {
@@ -91,6 +93,8 @@ void FocusGuard::forwardSignals(QWidget* control, FieldEvents& events) {
     };
     if (auto* entry = qobject_cast<EntryField*>(control))
         connect(entry, &EntryField::textEdited, this, change);
+    else if (auto* rich = qobject_cast<RichText*>(control))
+        connect(rich, &RichText::textEdited, this, change);
 }
 
 void FocusGuard::tell(const std::function<void()>& rule) {

@@ -1,0 +1,216 @@
+#include "forms/RichText.h"
+
+#include "forms/RichHtml.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QSignalBlocker>
+#include <QTextDocumentFragment>
+#include <QTextList>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace forms {
+
+namespace {
+
+struct ToolDef {
+    const char16_t* caption;
+    const char16_t* tip;
+    QKeyCombination key;
+};
+
+constexpr std::array<ToolDef, 5> toolDefs = {{
+    {u"B", u"Tučné (Ctrl+B)", Qt::CTRL | Qt::Key_B},
+    {u"I", u"Kurzíva (Ctrl+I)", Qt::CTRL | Qt::Key_I},
+    {u"U", u"Podčiarknuté (Ctrl+U)", Qt::CTRL | Qt::Key_U},
+    {u"•", u"Odrážky (Ctrl+Shift+L)", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
+    {u"1.", u"Číslovanie (Ctrl+Shift+N)", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+}};
+
+} // namespace
+
+class RichText::Editor : public QTextEdit {
+  public:
+    explicit Editor(QWidget* parent) : QTextEdit(parent) {
+        setTabChangesFocus(true);
+        setAcceptRichText(true);
+    }
+
+    bool isOn(int tool) const {
+        const QTextList* list = textCursor().currentList();
+        switch (tool) {
+        case Bold:
+            return fontWeight() > QFont::Medium;
+        case Italic:
+            return fontItalic();
+        case Underlined:
+            return fontUnderline();
+        default:
+            return list != nullptr && list->format().style() == styleOf(tool);
+        }
+    }
+
+    void toggle(int tool) {
+        if (isReadOnly())
+            return;
+        const bool on = !isOn(tool);
+        if (tool == Bold)
+            setFontWeight(on ? QFont::Bold : QFont::Normal);
+        else if (tool == Italic)
+            setFontItalic(on);
+        else if (tool == Underlined)
+            setFontUnderline(on);
+        else if (on)
+            textCursor().createList(styleOf(tool));
+        else
+            leaveList();
+    }
+
+  protected:
+    bool canInsertFromMimeData(const QMimeData* source) const override {
+        return source->hasText() || source->hasHtml();
+    }
+
+    void insertFromMimeData(const QMimeData* source) override {
+        if (!source->hasHtml()) {
+            textCursor().insertText(source->text(), QTextCharFormat());
+            return;
+        }
+        QTextDocument reduced;
+        readStored(reducedHtml(source->html()), reduced);
+        textCursor().insertFragment(QTextDocumentFragment(&reduced));
+    }
+
+    bool event(QEvent* event) override {
+        // The keys of the tools are the field's own, whatever the window would do with them.
+        if (event->type() == QEvent::ShortcutOverride &&
+            toolOf(*static_cast<QKeyEvent*>(event)) >= 0) {
+            event->accept();
+            return true;
+        }
+        return QTextEdit::event(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        const int tool = toolOf(*event);
+        const bool endsList = event->matches(QKeySequence::InsertParagraphSeparator) &&
+                              textCursor().currentList() != nullptr &&
+                              textCursor().block().text().isEmpty() && !isReadOnly();
+        if (tool >= 0)
+            toggle(tool);
+        else if (endsList)
+            leaveList();
+        else
+            QTextEdit::keyPressEvent(event);
+    }
+
+  private:
+    static QTextListFormat::Style styleOf(int tool) {
+        return tool == Numbers ? QTextListFormat::ListDecimal : QTextListFormat::ListDisc;
+    }
+
+    static int toolOf(const QKeyEvent& event) {
+        for (int tool = 0; tool < ToolCount; ++tool) {
+            if (toolDefs[tool].key == event.keyCombination())
+                return tool;
+        }
+        return -1;
+    }
+
+    /// Takes the selected paragraphs out of their list.
+    void leaveList() {
+        QTextCursor cursor = textCursor();
+        const int end = cursor.selectionEnd();
+        cursor.beginEditBlock();
+        cursor.setPosition(cursor.selectionStart());
+        for (QTextBlock block = cursor.block(); block.isValid() && block.position() <= end;
+             block = block.next()) {
+            if (QTextList* list = block.textList())
+                list->remove(block);
+            QTextCursor(block).setBlockFormat(QTextBlockFormat());
+        }
+        cursor.endEditBlock();
+    }
+};
+
+RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this)) {
+    auto* bar = new QWidget(this);
+    addTools(*bar);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(bar);
+    column->addWidget(editor_);
+    setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(editor_);
+    connect(editor_, &QTextEdit::textChanged, this, &RichText::textEdited);
+    connect(editor_, &QTextEdit::currentCharFormatChanged, this, &RichText::showState);
+    connect(editor_, &QTextEdit::cursorPositionChanged, this, &RichText::showState);
+}
+
+void RichText::addTools(QWidget& bar) {
+    auto* row = new QHBoxLayout(&bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(1);
+    for (int tool = 0; tool < ToolCount; ++tool) {
+        auto* button = new QToolButton(&bar);
+        button->setText(QString::fromUtf16(toolDefs[tool].caption));
+        button->setToolTip(QString::fromUtf16(toolDefs[tool].tip));
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        // A click must not take the focus out of the text.
+        button->setFocusPolicy(Qt::NoFocus);
+        QFont font = button->font();
+        font.setBold(tool == Bold);
+        font.setItalic(tool == Italic);
+        font.setUnderline(tool == Underlined);
+        button->setFont(font);
+        connect(button, &QToolButton::clicked, this, [this, tool] {
+            editor_->toggle(tool);
+            showState();
+        });
+        row->addWidget(button);
+        tools_[tool] = button;
+    }
+    row->addStretch();
+}
+
+void RichText::showState() {
+    for (int tool = 0; tool < ToolCount; ++tool)
+        tools_[tool]->setChecked(editor_->isOn(tool));
+}
+
+QTextEdit& RichText::editor() {
+    return *editor_;
+}
+
+QString RichText::text() const {
+    return storedHtml(*editor_->document());
+}
+
+void RichText::setText(const QString& stored) {
+    {
+        const QSignalBlocker silent(editor_);
+        editor_->setUndoRedoEnabled(false);
+        readStored(stored, *editor_->document());
+        editor_->setUndoRedoEnabled(true);
+        editor_->moveCursor(QTextCursor::Start);
+    }
+    showState();
+}
+
+void RichText::showBound(const QString& text) {
+    setText(text);
+    // As the field would store it: a text of another making is no change of the user's.
+    shown_ = this->text();
+}
+
+void RichText::setReadOnly(bool readOnly) {
+    editor_->setReadOnly(readOnly);
+    for (QToolButton* tool : tools_)
+        tool->setDisabled(readOnly);
+}
+
+} // namespace forms

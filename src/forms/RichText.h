@@ -1,0 +1,52 @@
+#pragma once
+
+#include "forms/Bound.h"
+
+#include <QTextEdit>
+#include <QWidget>
+
+#include <array>
+
+class QToolButton;
+
+namespace forms {
+
+/// A field of rich text: bold, italic, underlined, lists, with a small tool bar and the usual keys
+/// (Ctrl+B, Ctrl+I, Ctrl+U, Ctrl+Shift+L, Ctrl+Shift+N). Tab leaves the field. What is pasted is
+/// reduced to what the field keeps. Its text in store is told in RichHtml.h.
+class RichText : public QWidget, public Bound {
+    Q_OBJECT
+  public:
+    explicit RichText(QWidget* parent = nullptr);
+
+    /// The stored form.
+    QString text() const;
+    /// Shows a stored text; the steps to undo are forgotten.
+    void setText(const QString& stored);
+    /// A field that can't be written can still be read and scrolled.
+    void setReadOnly(bool readOnly);
+
+    bool dataChanged() const override { return text() != shown_; }
+    QString boundText() const override { return text(); }
+    void showBound(const QString& text) override;
+    void limitTo(int /*characters*/) override {}
+
+    QTextEdit& editor();
+
+  Q_SIGNALS:
+    /// The user changed the text.
+    void textEdited();
+
+  private:
+    enum Tool { Bold, Italic, Underlined, Bullets, Numbers, ToolCount };
+
+    void addTools(QWidget& bar);
+    void showState();
+
+    class Editor;
+    Editor* editor_;
+    std::array<QToolButton*, ToolCount> tools_{};
+    QString shown_;
+};
+
+} // namespace forms
