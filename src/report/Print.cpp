@@ -8,11 +8,13 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <utility>
+
 namespace report {
 
 namespace {
 
-constexpr int twipsPerInch = 1440;
+constexpr double twipsPerInch = 1440;
 constexpr double hairline = 10;
 
 void drawLine(QPainter& painter, const PlacedLine& line) {
@@ -43,28 +45,8 @@ void drawTexts(QPainter& painter, const std::vector<PlacedText>& texts) {
     }
 }
 
-QPageLayout pageLayout(const Pages& pages) {
-    return {QPageSize(QPageSize::A4),
-            pages.orientation == Orientation::Landscape ? QPageLayout::Landscape
-                                                        : QPageLayout::Portrait,
-            QMarginsF(0, 0, 0, 0), QPageLayout::Point};
-}
-
-bool drawPdf(const Pages& pages, QIODevice& device) {
-    QPdfWriter writer(&device);
-    writer.setResolution(twipsPerInch);
-    writer.setTitle(pages.title);
-    writer.setCreator(QStringLiteral("TVK"));
-    writer.setPageLayout(pageLayout(pages));
-    QPainter painter;
-    if (!painter.begin(&writer))
-        return false;
-    for (std::size_t i = 0; i < pages.pages.size(); ++i) {
-        if (i > 0 && !writer.newPage())
-            return false;
-        drawPage(painter, pages.pages[i]);
-    }
-    return painter.end();
+bool isWanted(const QPageRanges& ranges, int number) {
+    return ranges.isEmpty() || ranges.contains(number);
 }
 
 } // namespace
@@ -77,11 +59,41 @@ void drawPage(QPainter& painter, const Page& page) {
     drawTexts(painter, page.texts);
 }
 
+QPageLayout paperOf(const Pages& pages) {
+    const bool wide = pages.orientation == Orientation::Landscape;
+    QPageLayout paper(QPageSize(QPageSize::A4),
+                      wide ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
+    paper.setMode(QPageLayout::FullPageMode);
+    return paper;
+}
+
+bool printPages(const Pages& pages, QPagedPaintDevice& device) {
+    device.setPageLayout(paperOf(pages));
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
+    const QPageRanges ranges = device.pageRanges();
+    bool first = true;
+    for (std::size_t i = 0; i < pages.pages.size(); ++i) {
+        if (!isWanted(ranges, int(i) + 1))
+            continue;
+        if (!std::exchange(first, false) && !device.newPage())
+            return false;
+        drawPage(painter, pages.pages[i]);
+    }
+    return painter.end();
+}
+
 bool writePdf(const Pages& pages, QIODevice& device) {
     // The writer does not notice a device that takes no more, so it writes into memory first.
     QBuffer memory;
     memory.open(QIODevice::WriteOnly);
-    if (!drawPdf(pages, memory))
+    QPdfWriter writer(&memory);
+    writer.setResolution(int(twipsPerInch));
+    writer.setTitle(pages.title);
+    writer.setCreator(QStringLiteral("TVK"));
+    if (!printPages(pages, writer))
         return false;
     return device.write(memory.data()) == memory.size();
 }

@@ -8,6 +8,8 @@
 #include <functional>
 
 class QIODevice;
+class QPagedPaintDevice;
+class QPageLayout;
 class QPainter;
 class QWidget;
 
@@ -15,6 +17,13 @@ namespace report {
 
 /// Draws a page so that one unit of the painter is one twip.
 void drawPage(QPainter& painter, const Page& page);
+
+/// The paper of the pages, all of it usable.
+QPageLayout paperOf(const Pages& pages);
+
+/// Draws the pages onto a printer or a PDF writer, only those in the device's page ranges if it has
+/// any. @return false when the device failed
+bool printPages(const Pages& pages, QPagedPaintDevice& device);
 
 /// Writes a PDF with embedded fonts and searchable texts. @return false when the device failed
 bool writePdf(const Pages& pages, QIODevice& device);

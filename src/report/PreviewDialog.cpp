@@ -1,0 +1,234 @@
+#include "report/PreviewDialog.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace report {
+
+/// A command of the tool bar; a row without a name is a separator.
+struct PreviewDialog::ActionRow {
+    const char* name;
+    QString text;
+    QKeySequence key;
+    void (PreviewDialog::*run)();
+};
+
+namespace {
+
+const QString pdfSuffix = QStringLiteral(".pdf");
+
+/// A name for the file that a report of that title is saved in.
+QString suggestedPath(const QString& title) {
+    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
+                                          QRegularExpression::UseUnicodePropertiesOption);
+    const QString name = QString(title).remove(unfit).simplified();
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + pdfSuffix);
+}
+
+} // namespace
+
+PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
+    : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
+      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)), pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
+    setObjectName(QStringLiteral("preview"));
+    setWindowTitle(pages.title);
+    setModal(true);
+    resize(1200, 740);
+    setWindowState(Qt::WindowMaximized);
+    toolBar_->setObjectName(QStringLiteral("previewTools"));
+    view_->setObjectName(QStringLiteral("previewPages"));
+    state_->setObjectName(QStringLiteral("previewState"));
+    state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    buildToolBar();
+    auto* box = new QVBoxLayout(this);
+    box->setContentsMargins(4, 4, 4, 4);
+    box->addWidget(toolBar_);
+    box->addWidget(view_, 1);
+    box->addWidget(state_);
+    connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
+        if (!printPages(pages_, *printer))
+            tell(QStringLiteral("Zostavu sa nepodarilo zobraziť."));
+    });
+    connect(view_, &QPrintPreviewWidget::previewChanged, this, &PreviewDialog::showPage);
+    fitWidth();
+    view_->setFocus();
+    showPage();
+}
+
+void PreviewDialog::buildToolBar() {
+    using P = PreviewDialog;
+    addActions(
+        {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
+         {},
+         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+         {},
+         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+    addPageBox();
+    addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
+                {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
+                {},
+                {"close", QStringLiteral("Zavrieť"), {}, &P::reject}});
+}
+
+void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
+    for (const auto& row : rows) {
+        if (!row.name) {
+            toolBar_->addSeparator();
+            continue;
+        }
+        QAction* action = toolBar_->addAction(row.text);
+        action->setObjectName(QLatin1StringView(row.name));
+        action->setShortcut(row.key);
+        if (!row.key.isEmpty())
+            action->setToolTip(QStringLiteral("%1 (%2)").arg(
+                row.text, row.key.toString(QKeySequence::NativeText)));
+        connect(action, &QAction::triggered, this, row.run);
+    }
+}
+
+void PreviewDialog::addPageBox() {
+    pageBox_->setObjectName(QStringLiteral("pageNumber"));
+    pageBox_->setAccessibleName(QStringLiteral("Strana"));
+    pageBox_->setRange(1, std::max(1, int(pages_.pages.size())));
+    pageBox_->setPrefix(QStringLiteral("Strana "));
+    pageBox_->setSuffix(QStringLiteral(" z %1").arg(pages_.pages.size()));
+    pageBox_->setKeyboardTracking(false);
+    connect(pageBox_, &QSpinBox::valueChanged, this, &PreviewDialog::goTo);
+    toolBar_->addWidget(pageBox_);
+}
+
+void PreviewDialog::showPage() {
+    const int page = std::clamp(view_->currentPage(), pageBox_->minimum(), pageBox_->maximum());
+    const QSignalBlocker quiet(pageBox_);
+    pageBox_->setValue(page);
+    const auto enable = [this](const char* name, bool on) {
+        if (auto* action = toolBar_->findChild<QAction*>(QLatin1StringView(name)))
+            action->setEnabled(on);
+    };
+    for (const auto* name : {"firstPage", "previousPage"})
+        enable(name, page > pageBox_->minimum());
+    for (const auto* name : {"nextPage", "lastPage"})
+        enable(name, page < pageBox_->maximum());
+}
+
+void PreviewDialog::goTo(int page) {
+    view_->setCurrentPage(std::clamp(page, pageBox_->minimum(), pageBox_->maximum()));
+    showPage();
+}
+
+void PreviewDialog::goToPrevious() {
+    goTo(view_->currentPage() - 1);
+}
+
+void PreviewDialog::goToNext() {
+    goTo(view_->currentPage() + 1);
+}
+
+void PreviewDialog::goToLast() {
+    goTo(pageBox_->maximum());
+}
+
+void PreviewDialog::zoomIn() {
+    view_->zoomIn();
+}
+
+void PreviewDialog::zoomOut() {
+    view_->zoomOut();
+}
+
+void PreviewDialog::fitWidth() {
+    view_->fitToWidth();
+}
+
+void PreviewDialog::fitPage() {
+    view_->fitInView();
+}
+
+void PreviewDialog::print() {
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        return tell(QStringLiteral("Nie je k dispozícii žiadna tlačiareň. Zostavu môžete uložiť "
+                                   "ako PDF."));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(pages_.title);
+    printer.setPageLayout(paperOf(pages_));
+    QPrintDialog dialog(&printer, this);
+    dialog.setObjectName(QStringLiteral("printDialog"));
+    dialog.setMinMax(1, pageBox_->maximum());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    if (printer.printRange() != QPrinter::PageRange)
+        printer.setPageRanges({});
+    if (!printPages(pages_, printer))
+        tell(QStringLiteral("Tlač sa nepodarila."));
+}
+
+void PreviewDialog::askAndSavePdf() {
+    if (const QString path = askPdfPath(); !path.isEmpty())
+        savePdf(path);
+}
+
+/// Empty when the user has cancelled, or when the name they meant is another file's.
+QString PreviewDialog::askPdfPath() {
+    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.title));
+    dialog.setObjectName(QStringLiteral("pdfDialog"));
+    // The system's own dialog speaks the system's language.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
+    dialog.setDefaultSuffix(pdfSuffix);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    const QString chosen = dialog.selectedFiles().value(0);
+    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
+        return chosen;
+    // The dialog leaves names with another suffix alone and has asked about that name only.
+    const QString path = chosen + pdfSuffix;
+    if (!QFileInfo::exists(path))
+        return path;
+    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
+    return {};
+}
+
+void PreviewDialog::savePdf(const QString& path) {
+    QSaveFile file(path);
+    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
+    if (saved)
+        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    else
+        tell(QStringLiteral("Súbor %1 sa nepodarilo uložiť.\n%2").arg(path, file.errorString()));
+}
+
+void PreviewDialog::tell(const QString& problem) {
+    if (tellProblem_)
+        tellProblem_(this, problem);
+    else
+        state_->setText(problem);
+}
+
+void showPreview(const Pages& pages, QWidget* parent, const ProblemTeller& tellProblem) {
+    PreviewDialog(pages, tellProblem, parent).exec();
+}
+
+} // namespace report

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "report/Print.h"
+
+#include <QDialog>
+
+#include <initializer_list>
+
+class QAction;
+class QLabel;
+class QPrintPreviewWidget;
+class QSpinBox;
+class QToolBar;
+
+namespace report {
+
+/// The window that shows a finished report: one page at a time, with zoom and page turning; from it
+/// the pages go to a printer or into a PDF file. Esc closes it.
+class PreviewDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// @param pages have to outlive the window
+    PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent = nullptr);
+
+    /// Writes the pages into that file, which is replaced as a whole or not at all.
+    void savePdf(const QString& path);
+
+  private:
+    struct ActionRow;
+
+    void buildToolBar();
+    void addActions(std::initializer_list<ActionRow> rows);
+    void addPageBox();
+    void showPage();
+    void goTo(int page);
+    void goToFirst() { goTo(1); }
+    void goToPrevious();
+    void goToNext();
+    void goToLast();
+    void zoomIn();
+    void zoomOut();
+    void fitWidth();
+    void fitPage();
+    void print();
+    void askAndSavePdf();
+    QString askPdfPath();
+    void tell(const QString& problem);
+
+    const Pages& pages_;
+    ProblemTeller tellProblem_;
+    QToolBar* toolBar_;
+    QPrintPreviewWidget* view_;
+    QSpinBox* pageBox_;
+    QLabel* state_;
+};
+
+} // namespace report

@@ -1,0 +1,177 @@
+#include "report/PreviewDialog.h"
+#include "report/TestReport.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrintPreviewWidget>
+#include <QPrinterInfo>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace report;
+using namespace report::test;
+
+namespace {
+
+Pages threePages() {
+    Layout layout;
+    layout.title = QStringLiteral("Zoznam: klienti/škola");
+    layout.detail.height = 12000;
+    layout.detail.controls = {field(QStringLiteral("a"), 0, 0, 3000)};
+    auto rows = equalRows(3, {QStringLiteral("Žofia")});
+    return makePages(layout, rows, FontMeter(), today);
+}
+
+class PreviewTest : public testing::Test {
+  protected:
+    PreviewTest()
+        : pages_(threePages()),
+          dialog_(pages_, [this](QWidget*, const QString& text) { problems_ << text; }) {
+        dialog_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+    }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(dialog_.windowHandle(), Qt::Key(key), modifiers);
+    }
+
+    int shownPage() const {
+        const int page = view().currentPage();
+        EXPECT_EQ(dialog_.findChild<QSpinBox*>(QStringLiteral("pageNumber"))->value(), page);
+        return page;
+    }
+
+    QPrintPreviewWidget& view() const {
+        return *dialog_.findChild<QPrintPreviewWidget*>(QStringLiteral("previewPages"));
+    }
+
+    bool isEnabled(const char* action) const {
+        return dialog_.findChild<QAction*>(QLatin1StringView(action))->isEnabled();
+    }
+
+    /// Saves under that name, given to the file dialog by keys; empty for Esc.
+    void saveAs(const QString& name) {
+        QTimer::singleShot(0, &dialog_, [name] {
+            auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(files, nullptr);
+            auto* line = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            EXPECT_TRUE(line->text().endsWith(QStringLiteral("Zoznam klientiškola.pdf")))
+                << line->text().toStdString();
+            line->setText(name);
+            QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        press(Qt::Key_S, Qt::ControlModifier);
+    }
+
+    Pages pages_;
+    QStringList problems_;
+    PreviewDialog dialog_;
+};
+
+TEST_F(PreviewTest, ShowsAllPagesOneAtATimeAndTurnsThemByKeys) {
+    EXPECT_EQ(view().pageCount(), 3);
+    EXPECT_EQ(shownPage(), 1);
+    EXPECT_FALSE(isEnabled("previousPage"));
+    const std::vector<std::pair<int, int>> turns{
+        {Qt::Key_PageDown, 2}, {Qt::Key_PageDown, 3}, {Qt::Key_PageDown, 3}, {Qt::Key_PageUp, 2},
+        {Qt::Key_Home, 1},     {Qt::Key_PageUp, 1},   {Qt::Key_End, 3}};
+    for (const auto& [key, page] : turns) {
+        press(key);
+        EXPECT_EQ(shownPage(), page);
+    }
+    EXPECT_FALSE(isEnabled("nextPage"));
+    EXPECT_TRUE(isEnabled("previousPage"));
+}
+
+TEST_F(PreviewTest, ZoomsByKeys) {
+    const double start = view().zoomFactor();
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(view().zoomFactor(), start);
+    press(Qt::Key_Minus, Qt::ControlModifier);
+    press(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(view().zoomFactor(), start);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(view().zoomMode(), QPrintPreviewWidget::FitInView);
+    press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(view().zoomMode(), QPrintPreviewWidget::FitToWidth);
+}
+
+TEST_F(PreviewTest, EscClosesIt) {
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(dialog_.isVisible());
+}
+
+TEST_F(PreviewTest, TellsWhenThereIsNoPrinter) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "this machine has a printer";
+    press(Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(problems_.size(), 1);
+    EXPECT_TRUE(problems_[0].startsWith(QStringLiteral("Nie je k dispozícii žiadna tlačiareň.")));
+}
+
+struct SaveCase {
+    QString typed;
+    QString written;
+};
+
+TEST_F(PreviewTest, SavesAPdfUnderANameWithItsSuffix) {
+    QTemporaryDir folder;
+    for (const auto& c : {SaveCase{QStringLiteral("žiaci"), QStringLiteral("žiaci.pdf")},
+                          {QStringLiteral("k 1.9"), QStringLiteral("k 1.9.pdf")},
+                          {QStringLiteral("a.PDF"), QStringLiteral("a.PDF")}}) {
+        saveAs(folder.filePath(c.typed));
+        QFile file(folder.filePath(c.written));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << c.written.toStdString();
+        EXPECT_TRUE(file.readAll().startsWith("%PDF"));
+        EXPECT_TRUE(
+            dialog_.findChild<QLabel*>(QStringLiteral("previewState"))->text().contains(c.written));
+    }
+    EXPECT_EQ(problems_, QStringList());
+}
+
+TEST_F(PreviewTest, CancelledSavingDoesNothing) {
+    saveAs({});
+    EXPECT_EQ(problems_, QStringList());
+    EXPECT_EQ(dialog_.findChild<QLabel*>(QStringLiteral("previewState"))->text(), QString());
+}
+
+TEST_F(PreviewTest, DoesNotReplaceAFileThatTheUserWasNotAskedAbout) {
+    QTemporaryDir folder;
+    QFile other(folder.filePath(QStringLiteral("k 1.9.pdf")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write("mine") == 4);
+    other.close();
+    saveAs(folder.filePath(QStringLiteral("k 1.9")));
+    EXPECT_EQ(problems_.size(), 1);
+    EXPECT_EQ(other.size(), 4);
+}
+
+TEST_F(PreviewTest, ReportsAFileThatCannotBeWritten) {
+    dialog_.savePdf(QStringLiteral("/dev/full"));
+    dialog_.savePdf(QStringLiteral("/nie/je/taky.pdf"));
+    ASSERT_EQ(problems_.size(), 2);
+    EXPECT_TRUE(problems_[1].startsWith(QStringLiteral("Súbor /nie/je/taky.pdf sa nepodarilo")));
+}
+
+TEST(Preview, IsModalAndReturnsWhenClosed) {
+    const Pages pages = threePages();
+    bool seen = false;
+    QTimer::singleShot(0, [&seen] {
+        auto* dialog = qobject_cast<PreviewDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        seen = dialog->windowTitle() == QStringLiteral("Zoznam: klienti/škola");
+        dialog->reject();
+    });
+    showPreview(pages, nullptr);
+    EXPECT_TRUE(seen);
+}
+
+} // namespace
