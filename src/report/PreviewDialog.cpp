@@ -46,7 +46,8 @@ QString suggestedPath(const QString& title) {
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
-      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)), pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
+      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
+      pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
     setWindowTitle(pages.title);
     setModal(true);
