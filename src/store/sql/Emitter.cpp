@@ -1,0 +1,553 @@
+#include "store/sql/Emitter.h"
+
+#include "store/EngineError.h"
+#include "store/sql/Format.h"
+#include "store/sql/FunctionTable.h"
+#include "store/sql/Messages.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+
+namespace store::sql {
+
+namespace {
+
+using Node = Expression::Node;
+using Form = FunctionRow::Form;
+
+constexpr QLatin1String collation(" COLLATE TVK");
+
+QString enclosed(const QString& sql) {
+    return u'(' + sql + u')';
+}
+
+QString callOf(const char* function, const QStringList& arguments) {
+    return QLatin1String(function) + enclosed(arguments.join(QStringLiteral(", ")));
+}
+
+/// Every date of a date column is less, every text that is no date is not.
+QString isProperDate(const QString& column) {
+    return u'+' + column + QStringLiteral(" < ':'");
+}
+
+QString signOf(Operator op) {
+    static constexpr std::pair<Operator, const char16_t*> signs[] = {
+        {Operator::And, u" AND "},    {Operator::Or, u" OR "},
+        {Operator::Equal, u" = "},    {Operator::NotEqual, u" <> "},
+        {Operator::Less, u" < "},     {Operator::LessEqual, u" <= "},
+        {Operator::Greater, u" > "},  {Operator::GreaterEqual, u" >= "},
+        {Operator::Join, u" || "},    {Operator::Add, u" + "},
+        {Operator::Subtract, u" - "}, {Operator::Multiply, u" * "},
+    };
+    const auto found = std::ranges::find(signs, op, &std::pair<Operator, const char16_t*>::first);
+    return QString::fromUtf16(found->second);
+}
+
+const char* functionOf(Operator op) {
+    switch (op) {
+    case Operator::Divide:
+        return "tvk_divide";
+    case Operator::DivideWhole:
+        return "tvk_divide_whole";
+    case Operator::Modulo:
+        return "tvk_mod";
+    case Operator::Power:
+        return "tvk_power";
+    default:
+        return nullptr;
+    }
+}
+
+bool isLogical(Operator op) {
+    return op == Operator::And || op == Operator::Or;
+}
+bool isComparison(Operator op) {
+    return op >= Operator::Equal && op <= Operator::GreaterEqual;
+}
+
+bool hasForm(const Expression& expression, Form form) {
+    return expression.node == Node::Call && expression.function->form == form;
+}
+
+/// Whether SQLite gives 1 and 0 for a node, which are the engine's -1 and 0.
+bool isTest(const Expression& expression) {
+    switch (expression.node) {
+    case Node::Not:
+    case Node::Like:
+    case Node::Between:
+    case Node::In:
+    case Node::IsNull:
+        return true;
+    case Node::Binary:
+        return isLogical(expression.op) || isComparison(expression.op);
+    case Node::Call:
+        return hasForm(expression, Form::IsNull) || hasForm(expression, Form::IsDate);
+    default:
+        return false;
+    }
+}
+
+bool isAtom(const Expression& expression) {
+    if (expression.node == Node::Name)
+        return expression.source >= 0;
+    const bool isCall =
+        expression.node == Node::Call && !isTest(expression) && !hasForm(expression, Form::Format);
+    return expression.node == Node::Literal || isCall;
+}
+
+bool isBooleanLiteral(const Expression& expression) {
+    return expression.node == Node::Literal && expression.kind == ValueKind::Boolean;
+}
+
+/// A date expression that never holds a text that is no date.
+bool isProper(const Expression& expression) {
+    return expression.node == Node::Literal ||
+           (expression.node == Node::Call && !hasForm(expression, Form::Iif));
+}
+
+/// The kind in which values are compared.
+ValueKind comparedKind(const Expression& expression) {
+    for (const ExpressionPtr& part : expression.parts)
+        if (part->kind != ValueKind::Null)
+            return part->kind;
+    return ValueKind::Null;
+}
+
+/// Whether a name on the left may lie behind the mark of a text that is no date.
+bool needsGuard(Operator op, const Expression& other) {
+    const bool isBounded =
+        op == Operator::Equal || op == Operator::Less || op == Operator::LessEqual;
+    return !isBounded || !isProper(other);
+}
+
+Operator mirrored(Operator op) {
+    switch (op) {
+    case Operator::Less:
+        return Operator::Greater;
+    case Operator::LessEqual:
+        return Operator::GreaterEqual;
+    case Operator::Greater:
+        return Operator::Less;
+    case Operator::GreaterEqual:
+        return Operator::LessEqual;
+    default:
+        return op;
+    }
+}
+
+} // namespace
+
+// The three readings of an expression: value, condition, filter
+
+QString Emitter::value(const Expression& expression) const {
+    if (isTest(expression))
+        return u'-' + enclosed(test(expression, false));
+    switch (expression.node) {
+    case Node::Literal:
+        return literal(expression);
+    case Node::Name:
+        return name(expression);
+    case Node::Negate:
+        return u'-' + enclosed(number(*expression.parts[0]));
+    case Node::Binary:
+        return binary(expression);
+    default:
+        return call(expression);
+    }
+}
+
+QString Emitter::condition(const Expression& expression) const {
+    return isTest(expression) ? test(expression, false) : value(expression);
+}
+
+QString Emitter::filter(const Expression& expression) const {
+    return isTest(expression) ? test(expression, true) : value(expression);
+}
+
+QString Emitter::test(const Expression& expression, bool filters) const {
+    const QString negation = expression.negated ? QStringLiteral("NOT ") : QString();
+    switch (expression.node) {
+    case Node::Not:
+        return QStringLiteral("NOT ") + enclosed(condition(*expression.parts[0]));
+    case Node::Like:
+        return negation + like(expression);
+    case Node::Between:
+        return between(expression, filters);
+    case Node::In:
+        return in(expression);
+    case Node::IsNull:
+        return operand(*expression.parts[0]) + QStringLiteral(" IS ") + negation +
+               QStringLiteral("NULL");
+    case Node::Call:
+        return hasForm(expression, Form::IsDate)
+                   ? isDate(expression)
+                   : operand(*expression.parts[0]) + QStringLiteral(" IS NULL");
+    default:
+        return isLogical(expression.op) ? logical(expression, filters)
+                                        : comparison(expression, filters);
+    }
+}
+
+// Values of a kind asked for
+
+QString Emitter::text(const Expression& expression) const {
+    switch (expression.kind) {
+    case ValueKind::Number:
+    case ValueKind::Boolean:
+        return callOf("tvk_text", {value(expression)});
+    case ValueKind::Date:
+        return callOf("tvk_date_text", {value(expression)});
+    default:
+        return value(expression);
+    }
+}
+
+QString Emitter::number(const Expression& expression) const {
+    return expression.kind == ValueKind::Text ? callOf("tvk_number", {value(expression)})
+                                              : value(expression);
+}
+
+QString Emitter::date(const Expression& expression) const {
+    return expression.kind == ValueKind::Text ? callOf("tvk_as_date", {value(expression)})
+                                              : value(expression);
+}
+
+QString Emitter::ofKind(const Expression& expression, ValueKind kind) const {
+    switch (kind) {
+    case ValueKind::Text:
+        return text(expression);
+    case ValueKind::Number:
+        return number(expression);
+    case ValueKind::Date:
+        return date(expression);
+    default:
+        return value(expression);
+    }
+}
+
+QString Emitter::operand(const Expression& expression) const {
+    return isAtom(expression) ? value(expression) : enclosed(value(expression));
+}
+
+QString Emitter::term(const Expression& expression) const {
+    return term(value(expression), expression.kind);
+}
+
+QString Emitter::term(const QString& sql, ValueKind kind) {
+    return kind == ValueKind::Text ? enclosed(sql) + collation : sql;
+}
+
+// Leaves
+
+QString Emitter::literal(const Expression& expression) const {
+    switch (expression.kind) {
+    case ValueKind::Text:
+    case ValueKind::Date:
+        return sqlText(expression.text);
+    case ValueKind::Null:
+        return QStringLiteral("NULL");
+    default:
+        return expression.text;
+    }
+}
+
+QString Emitter::name(const Expression& expression) const {
+    if (expression.source < 0)
+        return scope_.outputs[static_cast<std::size_t>(expression.column)].expression;
+    return scope_.sources[static_cast<std::size_t>(expression.source)].columnSql(expression.column);
+}
+
+// Operators
+
+QString Emitter::binary(const Expression& expression) const {
+    if (expression.op == Operator::Join)
+        return join(expression);
+    if (expression.op == Operator::Add)
+        return sum(expression);
+    return arithmetic(expression);
+}
+
+/// Left to right without parentheses, so that long chains stay flat.
+QString Emitter::chain(const Expression& expression, const QString& sign, const QString& left,
+                       const QString& right) const {
+    const Expression& first = *expression.parts[0];
+    const bool goesOn = first.node == Node::Binary && first.op == expression.op &&
+                        (expression.op != Operator::Add || first.kind == expression.kind);
+    return (goesOn ? value(first) : left) + sign + right;
+}
+
+QString Emitter::join(const Expression& expression) const {
+    const auto part = [this](const Expression& operand) {
+        const bool isNeverNull = operand.node == Node::Literal && operand.kind == ValueKind::Text;
+        return isNeverNull ? value(operand)
+                           : callOf("coalesce", {text(operand), QStringLiteral("''")});
+    };
+    return chain(expression, signOf(Operator::Join), part(*expression.parts[0]),
+                 part(*expression.parts[1]));
+}
+
+QString Emitter::sum(const Expression& expression) const {
+    const Expression& left = *expression.parts[0];
+    const Expression& right = *expression.parts[1];
+    const bool isMixed = left.kind != right.kind &&
+                         (left.kind == ValueKind::Text || right.kind == ValueKind::Text) &&
+                         expression.kind == ValueKind::Number;
+    if (isMixed)
+        return callOf("tvk_plus", {value(left), value(right)});
+    const bool joins = expression.kind == ValueKind::Text;
+    return chain(expression, signOf(joins ? Operator::Join : Operator::Add), operand(left),
+                 operand(right));
+}
+
+QString Emitter::arithmetic(const Expression& expression) const {
+    const Expression& left = *expression.parts[0];
+    const Expression& right = *expression.parts[1];
+    if (const char* function = functionOf(expression.op))
+        return callOf(function, {number(left), number(right)});
+    const auto part = [this](const Expression& side) {
+        return side.kind == ValueKind::Text ? number(side) : operand(side);
+    };
+    return chain(expression, signOf(expression.op), part(left), part(right));
+}
+
+QString Emitter::logical(const Expression& expression, bool filters) const {
+    const auto part = [&](const Expression& side) {
+        const QString sql = filters ? filter(side) : condition(side);
+        const bool goesOn = side.node == Node::Binary && side.op == expression.op;
+        return isAtom(side) || (goesOn && &side == expression.parts[0].get()) ? sql : enclosed(sql);
+    };
+    return part(*expression.parts[0]) + signOf(expression.op) + part(*expression.parts[1]);
+}
+
+// Comparisons
+
+QString Emitter::comparison(const Expression& expression, bool filters) const {
+    const ValueKind kind = comparedKind(expression);
+    if (kind == ValueKind::Date)
+        return dateComparison(expression, filters);
+    if (kind == ValueKind::Boolean) {
+        const QString sql = comparedWithBoolean(expression);
+        if (!sql.isEmpty())
+            return sql;
+    }
+    return compared(expression) + signOf(expression.op) + operand(*expression.parts[1]);
+}
+
+/// A test compared with True or False is the test or its opposite; empty for all else.
+QString Emitter::comparedWithBoolean(const Expression& expression) const {
+    const Expression* tested = expression.parts[0].get();
+    const Expression* wanted = expression.parts[1].get();
+    if (isBooleanLiteral(*tested))
+        std::swap(tested, wanted);
+    const bool isEquality = expression.op == Operator::Equal || expression.op == Operator::NotEqual;
+    if (!isEquality || !isTest(*tested) || !isBooleanLiteral(*wanted))
+        return {};
+    const bool isTrue = wanted->text != QStringLiteral("0");
+    const QString sql = test(*tested, false);
+    return isTrue == (expression.op == Operator::Equal) ? sql
+                                                        : QStringLiteral("NOT ") + enclosed(sql);
+}
+
+/// In a filter a column stands bare, for its index, and what is no date is kept out by a condition
+/// beside it; elsewhere what is no date becomes Null.
+QString Emitter::dateComparison(const Expression& expression, bool filters) const {
+    const Expression& left = *expression.parts[0];
+    const Expression& right = *expression.parts[1];
+    const auto side = [&](const Expression& date) {
+        const bool isBare = isProper(date) || (filters && date.node == Node::Name);
+        return isBare ? operand(date) : callOf("tvk_date", {value(date)});
+    };
+    QString sql = side(left) + signOf(expression.op) + side(right);
+    if (!filters)
+        return sql;
+    if (left.node == Node::Name && needsGuard(expression.op, right))
+        sql += signOf(Operator::And) + isProperDate(operand(left));
+    if (right.node == Node::Name && needsGuard(mirrored(expression.op), left))
+        sql += signOf(Operator::And) + isProperDate(operand(right));
+    return sql;
+}
+
+/// The first operand as the others are compared with it.
+QString Emitter::compared(const Expression& expression) const {
+    const Expression& first = *expression.parts[0];
+    switch (comparedKind(expression)) {
+    case ValueKind::Text:
+        return operand(first) + collation;
+    case ValueKind::Date:
+        return isProper(first) ? operand(first) : callOf("tvk_date", {value(first)});
+    default:
+        return operand(first);
+    }
+}
+
+QString Emitter::between(const Expression& expression, bool filters) const {
+    const Expression& low = *expression.parts[1];
+    const Expression& high = *expression.parts[2];
+    const bool isBare = filters && !expression.negated && isProper(low) && isProper(high) &&
+                        expression.parts[0]->node == Node::Name;
+    return (isBare && comparedKind(expression) == ValueKind::Date ? operand(*expression.parts[0])
+                                                                  : compared(expression)) +
+           (expression.negated ? QStringLiteral(" NOT BETWEEN ") : QStringLiteral(" BETWEEN ")) +
+           operand(low) + signOf(Operator::And) + operand(high);
+}
+
+QString Emitter::in(const Expression& expression) const {
+    QStringList values;
+    for (std::size_t i = 1; i < expression.parts.size(); ++i)
+        values << value(*expression.parts[i]);
+    return compared(expression) +
+           (expression.negated ? QStringLiteral(" NOT IN ") : QStringLiteral(" IN ")) +
+           enclosed(values.join(QStringLiteral(", ")));
+}
+
+QString Emitter::like(const Expression& expression) const {
+    return callOf("tvk_like", {text(*expression.parts[1]), text(*expression.parts[0])});
+}
+
+// Functions
+
+QString Emitter::call(const Expression& expression) const {
+    switch (expression.function->form) {
+    case Form::Constant:
+        return QLatin1String(expression.function->target);
+    case Form::Aggregate:
+        return aggregate(expression);
+    case Form::Iif:
+        return iif(expression);
+    case Form::Format:
+        return format(expression);
+    default:
+        return plainCall(expression);
+    }
+}
+
+QString Emitter::plainCall(const Expression& expression) const {
+    QStringList arguments;
+    for (std::size_t i = 0; i < expression.parts.size(); ++i)
+        arguments << ofKind(*expression.parts[i], expression.function->kinds[i]);
+    return callOf(expression.function->target, arguments);
+}
+
+QString Emitter::aggregate(const Expression& expression) const {
+    const FunctionRow& function = *expression.function;
+    if (expression.star)
+        return QStringLiteral("count(*)");
+    const Expression& argument = *expression.parts[0];
+    const bool ranks = function.result == ValueKind::Null;
+    if (ranks && argument.kind == ValueKind::Date)
+        return callOf(function.target, {callOf("tvk_date", {value(argument)})});
+    if (ranks && argument.kind == ValueKind::Text)
+        return callOf(function.target, {operand(argument) + collation});
+    return plainCall(expression);
+}
+
+/// A condition that is Null takes the second way. Ways within the second way lie flat.
+QString Emitter::iif(const Expression& expression) const {
+    QString sql = QStringLiteral("CASE");
+    const Expression* rest = &expression;
+    do {
+        sql += QStringLiteral(" WHEN ") + condition(*rest->parts[0]) + QStringLiteral(" THEN ") +
+               ofKind(*rest->parts[1], expression.kind);
+        rest = rest->parts[2].get();
+    } while (hasForm(*rest, Form::Iif) && rest->kind == expression.kind);
+    return sql + QStringLiteral(" ELSE ") + ofKind(*rest, expression.kind) + QStringLiteral(" END");
+}
+
+QString Emitter::isDate(const Expression& expression) const {
+    const Expression& argument = *expression.parts[0];
+    if (argument.kind == ValueKind::Date)
+        return callOf("coalesce",
+                      {operand(argument) + QStringLiteral(" < ':'"), QStringLiteral("0")});
+    if (argument.kind == ValueKind::Text)
+        return callOf("tvk_date_value", {value(argument)}) + QStringLiteral(" IS NOT NULL");
+    return QStringLiteral("0");
+}
+
+QString Emitter::format(const Expression& expression) const {
+    const Expression& argument = *expression.parts[0];
+    const QString format = sqlText(expression.parts[1]->text);
+    switch (formatKind(expression.parts[1]->text)) {
+    case FormatKind::Text:
+        return callOf("tvk_format_text", {text(argument), format});
+    case FormatKind::Number:
+        return callOf("tvk_format_number", {value(argument), format});
+    case FormatKind::Date:
+        return callOf("tvk_format_date", {date(argument), format});
+    default:
+        return text(argument);
+    }
+}
+
+// Writing to columns
+
+QString Emitter::forColumn(const Expression& expression, const SourceColumn& column) const {
+    const QString columnName = sqlText(column.name);
+    const bool isText = expression.kind == ValueKind::Text;
+    const bool isDateValue = expression.kind == ValueKind::Date;
+    if (expression.kind == ValueKind::Null)
+        return value(expression);
+    const bool takesDate = column.kind == ValueKind::Date;
+    const bool isNumeric = !isText && !isDateValue;
+    if ((takesDate && isNumeric) || (isDateValue && !takesDate && column.kind != ValueKind::Text))
+        throw EngineError(ErrorNumber::TypeConversion, QString::fromUtf16(messages::typeMismatch),
+                          column.name);
+    switch (*column.type) {
+    case ColumnType::Text:
+        return callOf("tvk_fit", {text(expression), QString::number(column.width), columnName});
+    case ColumnType::Memo:
+        return text(expression);
+    case ColumnType::Date:
+        return isText ? callOf("tvk_to_date", {value(expression), columnName}) : value(expression);
+    case ColumnType::Boolean:
+        return callOf("coalesce", {callOf("tvk_to_boolean", {value(expression), columnName}),
+                                   QStringLiteral("0")});
+    case ColumnType::Whole:
+        return callOf("tvk_to_whole", {value(expression), columnName});
+    case ColumnType::Number:
+        return callOf("tvk_to_number", {value(expression), columnName});
+    }
+    return value(expression);
+}
+
+// SQLite's side
+
+QString sqlText(const QString& text) {
+    QString escaped = text;
+    escaped.replace(u'\'', QStringLiteral("''"));
+    return u'\'' + escaped + u'\'';
+}
+
+bool isConstantNumber(const QString& term) {
+    static constexpr QStringView signs = u"0123456789.eE+-*() ";
+    return std::ranges::all_of(term, [](QChar c) { return signs.contains(c); });
+}
+
+int parserLoad(const QString& sql) {
+    constexpr int ofStatement = 10;
+    constexpr int ofParenthesis = 5;
+    constexpr int ofSelect = 15;
+    std::vector<int> open;
+    int load = ofStatement;
+    int greatest = load;
+    const QStringView view(sql);
+    for (qsizetype i = 0; i < view.size(); ++i) {
+        const QChar c = view[i];
+        if (c == u'\'' || c == u'"')
+            i = view.indexOf(c, i + 1);
+        const bool isCase = view.sliced(i).startsWith(u"CASE ");
+        const bool isEnd = view.sliced(i).startsWith(u" END");
+        if (c == u'(' || isCase) {
+            open.push_back(view.sliced(i).startsWith(u"(SELECT") ? ofSelect : ofParenthesis);
+            load += open.back();
+        } else if ((c == u')' || isEnd) && !open.empty()) {
+            load -= open.back();
+            open.pop_back();
+        }
+        greatest = std::max(greatest, load);
+    }
+    return greatest;
+}
+
+} // namespace store::sql
