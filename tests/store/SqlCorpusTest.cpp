@@ -1,0 +1,63 @@
+#include "SqlDatabase.h"
+
+#include <QFile>
+
+using namespace store;
+
+namespace {
+
+/// Every statement of the program, its pieces put together, with plain keys and with keys that hold
+/// an apostrophe. A line is kind, then its parts, parted by tabs.
+QList<QStringList> corpus() {
+    QFile file(QStringLiteral(TVK_TEST_DATA "/corpus.sql"));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("no corpus");
+    QList<QStringList> lines;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts))
+        lines << line.split(u'\t');
+    return lines;
+}
+
+void runSelect(test::SqlDatabase& database, const QString& sql) {
+    const SelectPlan plan = database.plan(sql);
+    database.raw(plan.rows);
+    if (!plan.updatable)
+        return;
+    database.raw(plan.keys);
+    database.raw(plan.rowByKeys);
+}
+
+void runFind(test::SqlDatabase& database, const QString& source, const QString& criterion) {
+    const SelectPlan plan = database.plan(source);
+    const QString found = translateCriterion(criterion, plan);
+    ASSERT_TRUE(plan.updatable);
+    const QString filter =
+        plan.filter.isEmpty() ? found : QStringLiteral("(%1) AND (%2)").arg(plan.filter, found);
+    database.raw(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT 1")
+                     .arg(plan.keyColumns, plan.from, filter, plan.order));
+}
+
+void run(test::SqlDatabase& database, const QStringList& line) {
+    if (line[0] == QStringLiteral("select"))
+        return runSelect(database, line[1]);
+    if (line[0] == QStringLiteral("action"))
+        return database.execute(line[1]);
+    if (line[0] == QStringLiteral("find"))
+        return runFind(database, line[1], line[2]);
+    ASSERT_EQ(line[0], QStringLiteral("query"));
+    database.stored[line[1].toCaseFolded()] = line[2];
+    runSelect(database, line[1]);
+    runSelect(database, QStringLiteral("select * from ") + line[1]);
+}
+
+TEST(SqlCorpus, EveryStatementRuns) {
+    test::SqlDatabase database;
+    const QList<QStringList> lines = corpus();
+    ASSERT_GT(lines.size(), 150);
+    for (const QStringList& line : lines) {
+        SCOPED_TRACE(line.join(u'\t').toStdString());
+        EXPECT_NO_THROW(run(database, line));
+    }
+}
+
+} // namespace
