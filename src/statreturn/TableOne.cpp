@@ -1,0 +1,112 @@
+#include "statreturn/TableOne.h"
+
+#include "store/DataSource.h"
+#include "store/Database.h"
+#include "store/Recordset.h"
+
+#include <algorithm>
+
+namespace statreturn {
+
+namespace {
+
+constexpr int oldestAge = 18;
+
+store::Recordset& select(store::DataSource& source, const QString& statement) {
+    source.setRecordSource(statement);
+    source.Refresh();
+    return source.Recordset();
+}
+
+void stampAge(store::Recordset& row, const QDate& today) {
+    const QDate birth = row.Fields(u"dat").Value().toDate();
+    if (!birth.isValid()) {
+        return; // a text that is no calendar date gives no age
+    }
+    const store::Value age(ageOn(today, birth));
+    store::Field vek = row.Fields(u"Vek");
+    if (vek.Value() == age) {
+        return;
+    }
+    row.Edit();
+    vek.setValue(age);
+    row.Update();
+}
+
+void stampAges(store::DataSource& datTlac, const Period& period, const QDate& today) {
+    store::Recordset& records = select(datTlac, stampSelection(period));
+    for (; !records.Eof(); records.MoveNext()) {
+        stampAge(records, today);
+    }
+}
+
+/// The rows of one client stand together, so that a client is counted at the first of them.
+Counts countAge(store::DataSource& datTlac, int age, const Period& period) {
+    Counts counts{};
+    QString previousKey = QStringLiteral(" ");
+    store::Recordset& records = select(datTlac, ageSelection(age, period));
+    for (; !records.Eof(); records.MoveNext()) {
+        QString key = records.Fields(u"idk").Value().toText();
+        if (key != previousKey) {
+            previousKey = std::move(key);
+            const CountedClient client{records.Fields(u"pohl").Value().toText(),
+                                       records.Fields(u"post").Value().toText()};
+            countClient(counts, client, hasSecondImpairment(client.post));
+        }
+    }
+    return counts;
+}
+
+} // namespace
+
+int ageOn(const QDate& today, const QDate& birth) {
+    const bool birthdayToCome = today.month() < birth.month() ||
+                                (today.month() == birth.month() && today.day() < birth.day());
+    return std::min(today.year() - birth.year() - (birthdayToCome ? 1 : 0), oldestAge);
+}
+
+QString stampSelection(const Period& period) {
+    return QStringLiteral(
+               "Select k_zaklad.datnar as dat,k_zaklad.pohlav as pohl,k_zaklad.vek as vek,"
+               "k_zaklad.postih as post, k_zaznam_spc.datum  from k_zaklad "
+               "inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod "
+               "where ((isnull(k_zaklad.datnar) = false) and k_zaznam_spc.datum >= datevalue('") +
+           dateText(period.start) + QStringLiteral("') and k_zaznam_spc.datum <= datevalue('") +
+           dateText(period.end) + QStringLiteral("'))");
+}
+
+QString ageSelection(int age, const Period& period) {
+    return QStringLiteral(
+               "Select k_zaklad.idkod as idk, k_zaklad.datnar as dat,k_zaklad.pohlav as pohl,"
+               "k_zaklad.vek as vek,k_zaklad.postih as post from k_zaklad "
+               "inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod "
+               "where isnull(datnar) = false and k_zaklad.vek = ") +
+           QString::number(age) +
+           QStringLiteral(" and Val(Left(k_zaklad.postih, 1)) <> 0"
+                          " and k_zaznam_spc.datum >= datevalue('") +
+           dateText(period.start) + QStringLiteral("') and k_zaznam_spc.datum <= datevalue('") +
+           dateText(period.end) + QStringLiteral("') order by k_zaklad.idkod");
+}
+
+QString ageRowStatement(int age, const Counts& counts) {
+    static const QStringList columns{QStringLiteral("stlpec"), QStringLiteral("vek"),
+                                     QStringLiteral("c_riad")};
+    const AgeRow& row = ageRows.at(static_cast<std::size_t>(age));
+    return insertStatement(u"z_vek", columns,
+                           {row.stlpec.toString(), row.vek.toString(), row.c_riad.toString()},
+                           counts);
+}
+
+Counts makeTableOne(store::DataSource& datTlac, store::Database& database, const Period& period,
+                    const QDate& today) {
+    stampAges(datTlac, period, today);
+    Counts totals{};
+    for (int age = 0; age <= oldestAge; ++age) {
+        const Counts counts = countAge(datTlac, age, period);
+        database.Execute(ageRowStatement(age, counts));
+        addCounts(totals, counts);
+    }
+    return totals;
+}
+
+} // namespace statreturn
