@@ -23,12 +23,15 @@ constexpr std::array<TabRow, 14> tabs = {{
     {u"Návštevy", TabKind::Dated},
 }};
 
+// In the order that the look-up by name gives the list as well.
+constexpr const char16_t* municipalities = u"select * from c_iczuj order by nazov";
+
 constexpr std::array<CodeListRow, 10> codeLists = {{
-    {u"DatCisObceN", u"c_iczuj", u""},
-    {u"datCisObceK", u"c_iczuj", u""},
-    {u"DatCisObceM", u"c_iczuj", u""},
-    {u"DatCisObceO", u"c_iczuj", u""},
-    {u"DatCisObceKo", u"c_iczuj", u""},
+    {u"DatCisObceN", u"c_iczuj", municipalities},
+    {u"datCisObceK", u"c_iczuj", municipalities},
+    {u"DatCisObceM", u"c_iczuj", municipalities},
+    {u"DatCisObceO", u"c_iczuj", municipalities},
+    {u"DatCisObceKo", u"c_iczuj", municipalities},
     {u"datCisStPrisl", u"c_iczeme",
      u"select (format(c_iczeme.kod, '@@')+format(chr(124),'@@@!')+c_iczeme.nazov) as roleta,"
      u"c_iczeme.kod,c_iczeme.nazov from c_iczeme order by kod"},

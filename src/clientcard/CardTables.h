@@ -18,9 +18,7 @@ struct TabRow {
 
 std::span<const TabRow> tabTable();
 
-/// A code-list of the card as a data source: its name and the statement that fills it. The
-/// statement of a municipality list is empty: it is opened on the whole table when a lookup needs
-/// it.
+/// A code-list of the card as a data source: its name and the statement that fills it.
 struct CodeListRow {
     const char16_t* dataSource;
     const char16_t* table;

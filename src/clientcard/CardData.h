@@ -1,0 +1,43 @@
+#pragma once
+
+#include "store/DataSource.h"
+#include "store/ProgramFolder.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+
+namespace clientcard {
+
+/// The data sources of one card, by their names. They end with the card.
+class CardData {
+  public:
+    /// Points all data sources to the database; nothing is opened yet.
+    /// @param engine must outlive the card
+    CardData(store::DBEngine& engine, const store::ProgramFolder& folder);
+
+    /// Opens the client's rows in all tables. `datZaklad` is opened whole and stands on the client,
+    /// or on its first row when nobody has that key. @throws store::EngineError
+    void otvorZaznamy(const QString& key);
+    /// Opens the code-lists and the list of employees. @throws store::EngineError
+    void otvorCiselniky();
+
+    /// @param name one of the names of the sources; another one is a fault of the program
+    store::DataSource& source(QStringView name) const;
+    store::DataSource& datZaklad() const { return *datZaklad_; }
+    store::DataSource& datMemo() const { return *datMemo_; }
+
+  private:
+    void open(QStringView name, const QString& recordSource) const;
+
+    QHash<QString, std::shared_ptr<store::DataSource>> sources_;
+    store::DataSource* datZaklad_ = nullptr;
+    store::DataSource* datMemo_ = nullptr;
+};
+
+/// The criterion by which a client's row is found.
+QString keyCriterion(const QString& key);
+
+} // namespace clientcard

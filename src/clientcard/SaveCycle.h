@@ -1,0 +1,62 @@
+#pragma once
+
+#include "clientcard/CardData.h"
+#include "store/EngineError.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace clientcard {
+
+/// What the save cycle reads from the card's fields and writes into them.
+class KeyFields {
+  public:
+    virtual ~KeyFields() = default;
+    virtual QString firstName() const = 0;
+    virtual QString surname() const = 0;
+    virtual QString catalogueNumber() const = 0;
+    /// The key reaches the row through the field `txtIdKod` that is bound to it.
+    virtual void setKey(const QString& key) = 0;
+    /// Puts what no field is bound to into the open row: flags, empty dates, impairments.
+    virtual void zapisPostih() = 0;
+    /// Says that a mandatory field is empty.
+    virtual void tellMissing(const QString& message) = 0;
+    /// Keeps an error that the cycle passes over, for the user to be told after it.
+    virtual void passOver(const store::EngineError& error) = 0;
+};
+
+/// Why the cycle did not begin; the numbers are those that its callers act on.
+enum class SaveResult { Saved = 0, NoFirstName = 1, NoSurname = 2, NoCatalogueNumber = 3 };
+
+/// Writes the open rows of `k_zaklad` and `k_memo`, makes the client's key and moves the rows that
+/// hang on it. What one call writes becomes durable as a whole.
+///
+/// An Update of the client's row that fails for another reason than a taken key does not stop the
+/// cycle.
+class SaveCycle {
+  public:
+    SaveCycle(CardData& data, KeyFields& fields) : data_(data), fields_(fields) {}
+
+    /// @throws store::EngineError from the steps that are not passed over
+    SaveResult zapisZaklad();
+    /// Moves all rows that hang on a key. @throws store::EngineError
+    void zmenIdKod(const QString& oldKey, const QString& newKey);
+    /// Writes the open row of `k_memo`. @throws store::EngineError
+    void zapisMemo();
+    /// True when another client has the catalogue number. With `gAkcia` 0 nobody has it.
+    /// @throws store::EngineError
+    bool kon_katCislo(const QString& number) const;
+
+  private:
+    std::optional<SaveResult> missing() const;
+    void saveExisting();
+    QString saveNew();
+    QString updateUnderFreeKey(const QString& base);
+    bool updateRefusedKey(const QString& key);
+
+    CardData& data_;
+    KeyFields& fields_;
+};
+
+} // namespace clientcard
