@@ -119,7 +119,7 @@ class Lexer {
             value += upTo(quote, messages::openText);
             if (rest_.startsWith(quote))
                 value += quote;
-        } while (rest_.startsWith(quote) && !take(1).isEmpty());
+        } while (rest_.startsWith(quote));
         return token(TokenKind::Text, value, at);
     }
 
