@@ -10,8 +10,12 @@ int digitValue(const QString& slot) {
     return slot.toInt();
 }
 
+const QString blank = QStringLiteral(" ");
+
+} // namespace
+
 // Reading stops at the first character that is no digit, so that "3 5" has a value and " x3" none.
-bool hasValue(const QString& stored) {
+bool hasImpairment(const QString& stored) {
     for (const QChar c : trimBlanks(stored)) {
         if (c < u'0' || c > u'9')
             return false;
@@ -20,10 +24,6 @@ bool hasValue(const QString& stored) {
     }
     return false;
 }
-
-const QString blank = QStringLiteral(" ");
-
-} // namespace
 
 std::span<const QString> impairmentTexts() {
     static const std::array<QString, 9> texts = {
@@ -53,7 +53,7 @@ Impairments::Impairments() {
 void Impairments::read(const QString& stored) {
     slots_.fill(QString());
     fillRows();
-    if (!hasValue(stored))
+    if (!hasImpairment(stored))
         return;
     for (qsizetype i = 0; i < qMin<qsizetype>(stored.size(), 9); ++i) {
         slots_[i] = stored.mid(i, 1);

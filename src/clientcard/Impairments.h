@@ -13,6 +13,9 @@ std::span<const QString> impairmentTexts();
 /// Rows of a dominant picker: none, then the nine texts. The row's number is the code.
 QStringList dominantRows();
 
+/// The stored string has a numeric value other than 0.
+bool hasImpairment(const QString& stored);
+
 /// Whose impairments they are. The letter is the one that screens pass around.
 enum class Person : char16_t { Client = u'K', Mother = u'M', Father = u'O', Sibling = u'S' };
 
