@@ -42,6 +42,7 @@ class Database {
 
   private:
     friend class DBEngine;
+    friend class BulkInsert;
     explicit Database(std::shared_ptr<Connection> connection);
     std::shared_ptr<Connection> connection_;
 };

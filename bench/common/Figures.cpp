@@ -1,0 +1,72 @@
+#include "common/Figures.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+namespace bench {
+
+namespace {
+
+double timed(const Work& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double, std::milli> elapsed =
+        std::chrono::steady_clock::now() - begin;
+    return elapsed.count();
+}
+
+double middle(std::vector<double> times) {
+    const auto half = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), half, times.end());
+    return *half;
+}
+
+} // namespace
+
+double median(const Work& work, int runs) {
+    work();
+    std::vector<double> times;
+    for (int run = 0; run < runs; ++run)
+        times.push_back(timed(work));
+    return middle(times);
+}
+
+double Figures::compare(const std::string& name, const Work& ours, const Work& baseline,
+                        std::optional<double> wanted, int runs) {
+    ours();
+    baseline();
+    std::vector<double> oursTimes;
+    std::vector<double> baselineTimes;
+    for (int run = 0; run < runs; ++run) {
+        oursTimes.push_back(timed(ours));
+        baselineTimes.push_back(timed(baseline));
+    }
+    lines_.push_back({name, middle(oursTimes), middle(baselineTimes), wanted});
+    return lines_.back().ours;
+}
+
+void Figures::ratio(const std::string& name, double ours, double baseline,
+                    std::optional<double> wanted) {
+    lines_.push_back({name, ours, baseline, wanted});
+}
+
+void Figures::printLine(const Line& line) {
+    std::printf("%-58s %11.3f %11.3f %7.2f", line.name.c_str(), line.ours, line.baseline,
+                line.ratio());
+    if (line.wanted)
+        std::printf("   <= %5.2f  %s", *line.wanted, line.isMissed() ? "MISSED" : "ok");
+    std::printf("\n");
+}
+
+int Figures::print() const {
+    std::printf("\n%s\n%-58s %11s %11s %7s   wanted\n", title_.c_str(), "", "ours [ms]", "baseline",
+                "ratio");
+    std::for_each(lines_.begin(), lines_.end(), printLine);
+    return std::any_of(lines_.begin(), lines_.end(),
+                       [](const Line& line) { return line.isMissed(); })
+               ? 1
+               : 0;
+}
+
+} // namespace bench

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// What is timed. Called several times; each call does the whole work anew.
+using Work = std::function<void()>;
+
+/// Median of several timed calls, in milliseconds, after one that is not counted.
+double median(const Work& work, int runs);
+
+/// A table of times of ours against a baseline, printed when it is complete.
+class Figures {
+  public:
+    explicit Figures(std::string title) : title_(std::move(title)) {}
+
+    /// Times both in turn, so that what slows the machine down for a while slows both.
+    /// @param wanted greatest ratio of ours to the baseline; nothing where none is asked for
+    /// @return the median of ours, in milliseconds
+    double compare(const std::string& name, const Work& ours, const Work& baseline,
+                   std::optional<double> wanted = {}, int runs = 9);
+    /// A ratio of two times measured before, such as the same work at two sizes.
+    void ratio(const std::string& name, double ours, double baseline,
+               std::optional<double> wanted = {});
+
+    /// Prints the table. @return exit code of the program: 1 when a wanted ratio is missed
+    int print() const;
+
+  private:
+    struct Line {
+        std::string name;
+        double ours;
+        double baseline;
+        std::optional<double> wanted;
+
+        double ratio() const { return ours / baseline; }
+        bool isMissed() const { return wanted && ratio() > *wanted; }
+    };
+    static void printLine(const Line& line);
+
+    std::string title_;
+    std::vector<Line> lines_;
+};
+
+} // namespace bench
