@@ -8,12 +8,11 @@ namespace {
 
 constexpr int twipsPerPoint = 20;
 
-/// Asking for a missing family silently gives another one: only the font file itself knows.
+} // namespace
+
 bool isInstalled(const QString& family) {
     return QRawFont::fromFont(fontFor({}, family)).familyName() == family;
 }
-
-} // namespace
 
 QString fontFamily() {
     const auto wanted = QStringLiteral("Liberation Sans");

@@ -11,6 +11,9 @@
 
 namespace report {
 
+/// Whether texts set in that family really come out in it; a missing one is silently replaced.
+bool isInstalled(const QString& family);
+
 /// The family that reports are set in: Liberation Sans or, where it is missing, DejaVu Sans, both
 /// with all Slovak letters. Needs a QGuiApplication, as does all in this file.
 QString fontFamily();

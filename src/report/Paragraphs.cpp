@@ -1,5 +1,6 @@
 #include "report/Paragraphs.h"
 
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
@@ -54,6 +55,13 @@ void appendBlock(std::vector<Paragraph>& paragraphs, const QTextBlock& block,
         paragraphs.back().runs.push_back({{}, style});
 }
 
+/// Marks paragraphs and items without a text, which the reader of HTML would drop.
+QString withBlankParagraphs(QString html) {
+    static const QRegularExpression blank(QStringLiteral("<(p|li)></\\1>"));
+    return html.replace(blank,
+                        QStringLiteral("<\\1 style=\"-qt-paragraph-type:empty\"><br></\\1>"));
+}
+
 } // namespace
 
 std::vector<Paragraph> plainParagraphs(const QString& text, const TextStyle& style) {
@@ -67,7 +75,8 @@ std::vector<Paragraph> richParagraphs(const QString& text, const TextStyle& styl
     if (!Qt::mightBeRichText(text))
         return plainParagraphs(text, style);
     QTextDocument document;
-    document.setHtml(text);
+    document.setDefaultStyleSheet(QStringLiteral("p, li { white-space: pre-wrap }"));
+    document.setHtml(withBlankParagraphs(text));
     std::vector<Paragraph> paragraphs;
     for (auto block = document.begin(); block.isValid(); block = block.next())
         appendBlock(paragraphs, block, style);

@@ -36,45 +36,52 @@ class LineBreaker {
         QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text_);
         qsizetype from = 0;
         do {
-            qsizetype to = endOfWords(from);
-            if (to == from && from < text_.size())
-                to = endOfLetters(from, letters);
+            const qsizetype to = endOfLine(from, letters);
             lines.push_back(line(from, to));
             from = to;
         } while (from < text_.size());
     }
 
+    qsizetype endOfLine(qsizetype from, QTextBoundaryFinder& letters) const {
+        const qsizetype reach = lastFitting(from);
+        if (reach == text_.size())
+            return reach;
+        const qsizetype words = endOfWords(from, reach);
+        return words > from ? words : endOfLetters(from, reach, letters);
+    }
+
     bool fits(qsizetype from, qsizetype to) const { return line(from, to).width() <= width_; }
 
-    /// Behind the last word that fits, and the blanks that follow it.
-    qsizetype endOfWords(qsizetype from) const {
-        qsizetype end = from;
-        while (end < text_.size()) {
-            const qsizetype next = endOfWord(end);
-            if (!fits(from, next))
-                break;
-            end = next;
+    /// How far a line from there could reach, be it into a word. Gropes its way with growing steps,
+    /// so that endless words are not measured as a whole.
+    qsizetype lastFitting(qsizetype from) const {
+        qsizetype good = from;
+        qsizetype step = 32;
+        for (; good + step < text_.size() && fits(from, good + step); step *= 2)
+            good += step;
+        qsizetype bad = good + step < text_.size() ? good + step : text_.size() + 1;
+        while (bad - good > 1) {
+            const qsizetype middle = good + (bad - good) / 2;
+            (fits(from, middle) ? good : bad) = middle;
         }
-        return end;
+        return good;
     }
 
-    /// A paragraph's first word may have blanks before it.
-    qsizetype endOfWord(qsizetype at) const { return skip(skip(skip(at, true), false), true); }
-
-    qsizetype skip(qsizetype at, bool blanks) const {
-        while (at < text_.size() && (text_[at] == u' ') == blanks)
-            ++at;
-        return at;
+    /// Behind the blanks after the last whole word; `from` when there is no whole word.
+    qsizetype endOfWords(qsizetype from, qsizetype reach) const {
+        const auto part = QStringView(text_).mid(from, reach - from);
+        const qsizetype end = part.lastIndexOf(u' ') + 1;
+        return part.left(end).trimmed().isEmpty() ? from : from + end;
     }
 
-    /// Behind the last letter that fits, but at least behind one.
-    qsizetype endOfLetters(qsizetype from, QTextBoundaryFinder& letters) const {
+    /// Behind the last whole letter, but at least behind one.
+    static qsizetype endOfLetters(qsizetype from, qsizetype reach, QTextBoundaryFinder& letters) {
+        letters.setPosition(reach);
+        const qsizetype end = letters.isAtBoundary() ? reach : letters.toPreviousBoundary();
+        if (end > from)
+            return end;
         letters.setPosition(from);
-        qsizetype end = letters.toNextBoundary();
-        for (auto next = letters.toNextBoundary(); next > 0 && fits(from, next);
-             next = letters.toNextBoundary())
-            end = next;
-        return end;
+        return letters.toNextBoundary();
     }
 
     /// The line that the text from..to makes when the blanks at its end are left out.

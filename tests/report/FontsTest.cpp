@@ -21,6 +21,11 @@ TEST(Fonts, TheFamilyIsReallyTheOneUsedInEveryStyle) {
     }
 }
 
+TEST(Fonts, AMissingFamilyIsFoundOut) {
+    EXPECT_FALSE(isInstalled(QStringLiteral("No Such Family")));
+    EXPECT_TRUE(isInstalled(QStringLiteral("DejaVu Sans"))) << "the family to fall back on";
+}
+
 TEST(Fonts, WidthsAreTwips) {
     const FontMeter meter;
     // Digits of this family are 1139/2048 of its size, so ten of them at 12 points are 1334.8.

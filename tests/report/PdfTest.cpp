@@ -3,6 +3,8 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QPageRanges>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -29,18 +31,22 @@ Pages samplePages() {
     return makePages(layout, rows, FontMeter(), today);
 }
 
-/// What a tool of poppler says about the written PDF.
-QString toolOutput(const QString& tool, const QStringList& arguments) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("report.pdf"));
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && writePdf(samplePages(), file));
-    file.close();
+/// What a tool of poppler says about the PDF at that path, which stands for FILE.
+QString toolOutput(const QString& tool, QStringList arguments, const QString& path) {
     QProcess process;
-    process.start(tool, QStringList(arguments).replaceInStrings(QStringLiteral("FILE"), path));
+    process.start(tool, arguments.replaceInStrings(QStringLiteral("FILE"), path));
     EXPECT_TRUE(process.waitForFinished()) << tool.toStdString() << " is missing";
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+/// The same about the written sample.
+QString toolOutput(const QString& tool, const QStringList& arguments) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("report.pdf")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && writePdf(samplePages(), file));
+    file.close();
+    return toolOutput(tool, arguments, file.fileName());
 }
 
 TEST(Pdf, TextsCanBeCopiedWithAllLetters) {
@@ -78,6 +84,17 @@ TEST(Pdf, IsA4WithItsTitleAndEmbeddedFonts) {
     EXPECT_TRUE(fonts.contains(QRegularExpression(
         QStringLiteral("LiberationSans +CID TrueType +Identity-H +yes +\\w+ +yes"))))
         << fonts.toStdString();
+}
+
+TEST(Pdf, PageRangesOfTheDeviceAreHeeded) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("range.pdf"));
+    QPdfWriter writer(path);
+    writer.setPageRanges(QPageRanges::fromString(QStringLiteral("2-5")));
+    ASSERT_TRUE(printPages(samplePages(), writer));
+    const QString text = toolOutput(QStringLiteral("pdftotext"),
+                                    {QStringLiteral("FILE"), QStringLiteral("-")}, path);
+    EXPECT_EQ(text.simplified(), QStringLiteral("dva"));
 }
 
 /// Takes a few bytes and no more, as a full disk does.

@@ -59,6 +59,11 @@ TEST(Lines, WithoutLimitAreBrokenAtLineFeedsOnly) {
               (QStringList{QStringLiteral("aa bb"), QStringLiteral("cc dd")}));
 }
 
+TEST(Lines, AreFoundQuicklyInEndlessWords) {
+    const QString endless(200000, u'x');
+    EXPECT_EQ(broken(plainParagraphs(endless, {}), 10000).size(), 2000);
+}
+
 TEST(Lines, LettersOfSeveralUnitsStayWhole) {
     const QString face = QStringLiteral("\U0001F600");
     EXPECT_EQ(broken(plainParagraphs(face + face, {}), 100), (QStringList{face, face}));
@@ -95,6 +100,14 @@ TEST(RichText, ListItemsAreIndentedWithTheirBulletBeforeThem) {
     EXPECT_LT(lines[0].runs[0].left + lines[0].runs[0].width, lines[0].runs[1].left);
     EXPECT_EQ(lines[0].runs[1].left, lines[1].runs[0].left);
     EXPECT_GT(lines[1].runs[0].left, 0);
+}
+
+TEST(RichText, KeepsBlankParagraphsAndRowsOfBlanks) {
+    const auto paragraphs = richParagraphs(
+        QStringLiteral("<p>a   b</p><p></p><p>c</p><ul><li></li><li>d</li></ul>"), {});
+    EXPECT_EQ(broken(paragraphs, unlimitedWidth),
+              (QStringList{QStringLiteral("a   b"), QString(), QStringLiteral("c"),
+                           QStringLiteral("•"), QStringLiteral("•|d")}));
 }
 
 TEST(RichText, PlainTextStaysAsTyped) {
