@@ -15,6 +15,8 @@ class Bound {
     virtual void showBound(const QString& text) = 0;
     /// The column's width in characters, 0 when it is free.
     virtual void limitTo(int characters) = 0;
+    /// A field of long text, whose column is read only when the field is in sight.
+    virtual bool showsLate() const { return false; }
 };
 
 } // namespace forms

@@ -1,8 +1,10 @@
 #include "forms/FocusGuard.h"
 
+#include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/MessageBox.h"
 #include "forms/RichText.h"
+#include "forms/RowList.h"
 #include "store/EngineError.h"
 
 #include <QAbstractItemView>
@@ -91,10 +93,19 @@ void FocusGuard::forwardSignals(QWidget* control, FieldEvents& events) {
     const auto change = [this, control, &events] {
         tell([&] { events.change(Control(control)); });
     };
+    const auto click = [this, control, &events](Area area) {
+        tell([&] { events.click(Control(control), area); });
+    };
     if (auto* entry = qobject_cast<EntryField*>(control))
         connect(entry, &EntryField::textEdited, this, change);
-    else if (auto* rich = qobject_cast<RichText*>(control))
+    if (auto* rich = qobject_cast<RichText*>(control))
         connect(rich, &RichText::textEdited, this, change);
+    if (auto* list = qobject_cast<RowList*>(control))
+        connect(list, &RowList::rowChosen, this, [click] { click(Area::Item); });
+    if (auto* drop = qobject_cast<DropDown*>(control)) {
+        connect(drop, &DropDown::textEdited, this, change);
+        connect(drop, &DropDown::clicked, this, click);
+    }
 }
 
 void FocusGuard::tell(const std::function<void()>& rule) {

@@ -30,6 +30,7 @@ class RichText : public QWidget, public Bound {
     QString boundText() const override { return text(); }
     void showBound(const QString& text) override;
     void limitTo(int /*characters*/) override {}
+    bool showsLate() const override { return true; }
 
     QTextEdit& editor();
 

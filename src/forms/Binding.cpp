@@ -1,0 +1,161 @@
+#include "forms/Binding.h"
+
+#include "forms/MessageBox.h"
+#include "store/DataSource.h"
+
+#include <QEvent>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace forms {
+
+Binding::Binding(store::DataSource& source) : source_(&source) {
+    connect(&source, &store::DataSource::repositioned, this, &Binding::showAll);
+    connect(&source, &store::DataSource::refreshed, this, &Binding::limitAll);
+    connect(&source, &store::DataSource::aboutToWrite, this, &Binding::putAll);
+    connect(&source, &store::DataSource::aboutToLeave, this, &Binding::writeBack);
+}
+
+Binding::~Binding() {
+    writeBack();
+}
+
+void Binding::tie(QWidget& widget, Bound& bound, const QString& column) {
+    untie(widget);
+    Tie& added = ties_.emplace_back(Tie{&widget, &bound, column});
+    if (bound.showsLate())
+        widget.installEventFilter(this);
+    limit(added);
+    show(added);
+}
+
+void Binding::untie(QWidget& widget) {
+    widget.removeEventFilter(this);
+    std::erase_if(ties_, [&](const Tie& tie) { return tie.widget == &widget; });
+}
+
+void Binding::showAll() {
+    for (Tie& tie : ties_)
+        show(tie);
+}
+
+void Binding::show(Tie& tie) {
+    if (tie.widget == nullptr)
+        return;
+    tie.put = false;
+    tie.owed = tie.bound->showsLate() && !tie.widget->isVisible();
+    tie.bound->showBound(tie.owed ? QString() : valueOf(tie.column).toText());
+}
+
+/// Null without a row.
+store::Value Binding::valueOf(const QString& column) {
+    if (source_ == nullptr || !source_->isOpen())
+        return {};
+    try {
+        return source_->Recordset().Fields(column).Value();
+    } catch (const store::EngineError& error) {
+        if (error.number() == store::ErrorNumber::NoCurrentRecord ||
+            error.number() == store::ErrorNumber::RecordDeleted)
+            return {};
+        throw;
+    }
+}
+
+void Binding::limitAll() {
+    for (const Tie& tie : ties_)
+        limit(tie);
+}
+
+void Binding::limit(const Tie& tie) {
+    if (tie.widget != nullptr && source_ != nullptr && source_->isOpen())
+        tie.bound->limitTo(source_->Recordset().Fields(tie.column).column().width);
+}
+
+bool Binding::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show) {
+        const auto tie = std::ranges::find(ties_, watched, &Tie::widget);
+        if (tie != ties_.end() && tie->owed)
+            show(*tie);
+    }
+    return false;
+}
+
+bool Binding::differs(const Tie& tie) const {
+    return tie.widget != nullptr && (tie.put || tie.bound->dataChanged());
+}
+
+bool Binding::dataChanged() const {
+    return source_ != nullptr && source_->isOpen() &&
+           source_->Recordset().EditMode() != store::EditState::None &&
+           std::ranges::any_of(ties_, [this](const Tie& tie) { return differs(tie); });
+}
+
+void Binding::putAll() {
+    for (Tie& tie : ties_) {
+        if (differs(tie))
+            put(tie);
+    }
+}
+
+void Binding::put(Tie& tie) {
+    auto field = source_->Recordset().Fields(tie.column);
+    const QString typed = tie.bound->boundText();
+    const auto type = field.column().type;
+    const bool holdsTexts =
+        !type || *type == store::ColumnType::Text || *type == store::ColumnType::Memo;
+    try {
+        field.setValue(typed.isEmpty() && !holdsTexts ? store::Value() : store::Value(typed));
+        tie.put = true;
+    } catch (const store::EngineError& error) {
+        note({tie.column, typed, error});
+    }
+}
+
+bool Binding::writeBack() {
+    if (!dataChanged())
+        return true;
+    const size_t before = errors_.size();
+    try {
+        source_->Recordset().Update();
+    } catch (const store::EngineError& error) {
+        addError(error);
+    }
+    return errors_.size() == before;
+}
+
+void Binding::addError(const store::EngineError& error) {
+    note({QString(), QString(), error});
+}
+
+void Binding::note(NotWritten error) {
+    // An Update that is tried again meets the same refusal again.
+    std::erase_if(errors_, [&](const NotWritten& known) {
+        return known.column == error.column && known.error.number() == error.error.number();
+    });
+    errors_.push_back(std::move(error));
+}
+
+std::vector<NotWritten> Binding::takeErrors() {
+    return std::exchange(errors_, {});
+}
+
+void showNotWritten(QWidget* parent, const std::vector<NotWritten>& errors) {
+    if (errors.empty())
+        return;
+    QStringList lines{QStringLiteral("Tieto údaje sa nezapísali:")};
+    for (const NotWritten& one : errors) {
+        const QString what = one.column.isEmpty()
+                                 ? QStringLiteral("záznam")
+                                 : QStringLiteral("%1 „%2“").arg(one.column, one.typed);
+        lines += QStringLiteral("%1\nChyba č. %2: %3")
+                     .arg(what)
+                     .arg(static_cast<int>(one.error.number()))
+                     .arg(one.error.description());
+    }
+    showMessage(parent, {.text = lines.join(QStringLiteral("\n\n")),
+                         .title = QStringLiteral("Chybová správa"),
+                         .icon = QMessageBox::Warning});
+}
+
+} // namespace forms

@@ -1,0 +1,295 @@
+#include "forms/DropDown.h"
+
+#include "store/DataSource.h"
+
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace forms {
+
+namespace {
+
+constexpr int linesShown = 16;
+
+bool isPrintable(const QString& text) {
+    return text.size() == 1 && text.front().isPrint();
+}
+
+bool opensOrCloses(const QKeyEvent& event) {
+    const bool arrow = event.key() == Qt::Key_Down || event.key() == Qt::Key_Up;
+    return event.key() == Qt::Key_F4 || (arrow && event.modifiers().testFlag(Qt::AltModifier));
+}
+
+} // namespace
+
+DropDown::DropDown(QWidget* parent, Kind kind) : QComboBox(parent), kind_(kind) {
+    // The list asks for the lines that it shows; nothing may look at all of them.
+    auto* list = new QListView(this);
+    list->setUniformItemSizes(true);
+    setView(list);
+    list->installEventFilter(this);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMaxVisibleItems(linesShown);
+    setInsertPolicy(NoInsert);
+    setFocusPolicy(Qt::StrongFocus);
+    setModel(&rows_);
+    if (kind == Kind::Editable) {
+        setEditable(true);
+        setCompleter(nullptr);
+        // The box would look for the text among all lines, and choose it, when it is left.
+        disconnect(lineEdit(), nullptr, this, nullptr);
+        connect(lineEdit(), &QLineEdit::textEdited, this, &DropDown::textTyped);
+    }
+    connect(this, &QComboBox::activated, this, &DropDown::chosen);
+}
+
+void DropDown::setItems(const QStringList& items) {
+    rows_.setItems(items);
+    show(-1, QString());
+}
+
+void DropDown::removeItem(int row) {
+    const int pick = pick_;
+    rows_.removeItem(row);
+    if (pick == row)
+        show(-1, QString());
+    else
+        show(pick > row ? pick - 1 : pick, text());
+}
+
+void DropDown::setSource(store::DataSource& source, const QString& column) {
+    rows_.setSource(source, column);
+    show(-1, QString());
+    connect(&source, &store::DataSource::refreshed, this, &DropDown::refill);
+}
+
+void DropDown::refill() {
+    const QString kept = text();
+    rows_.unload();
+    show(-1, kept);
+}
+
+QString DropDown::text() const {
+    return kind_ == Kind::Editable ? lineEdit()->text() : rows_.text(pick_);
+}
+
+void DropDown::setText(const QString& text) {
+    show(-1, text);
+}
+
+void DropDown::setPick(int row) {
+    rows_.load();
+    show(row, rows_.text(row));
+}
+
+void DropDown::show(int row, const QString& text) {
+    const QSignalBlocker silent(this);
+    pick_ = row;
+    setCurrentIndex(row);
+    if (kind_ == Kind::Editable && lineEdit()->text() != text)
+        lineEdit()->setText(text);
+}
+
+void DropDown::setDroppedWidth(int pixels) {
+    view()->setMinimumWidth(pixels);
+}
+
+void DropDown::showBound(const QString& text) {
+    shown_ = text;
+    show(-1, text);
+}
+
+void DropDown::limitTo(int characters) {
+    if (kind_ == Kind::Editable && characters > 0)
+        lineEdit()->setMaxLength(std::max(characters, int(shown_.size())));
+}
+
+bool DropDown::isOpened() const {
+    return view()->isVisible();
+}
+
+void DropDown::showPopup() {
+    const int before = rows_.sourceRow();
+    Q_EMIT clicked(Area::Button);
+    if (!isVisible() || !isEnabled() || window()->focusWidget() != this)
+        return;
+    const QString kept = text();
+    const int pick = pick_;
+    rows_.load();
+    show(pick, kept);
+    pickBefore_ = pick;
+    textBefore_ = kept;
+    sought_.clear();
+    const int now = rows_.sourceRow();
+    QComboBox::showPopup();
+    const QModelIndex line = rows_.index(pick < 0 || now != before ? now : pick, 0);
+    view()->setCurrentIndex(line);
+    view()->scrollTo(line, QAbstractItemView::PositionAtCenter);
+}
+
+bool DropDown::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != view() || !isOpened())
+        return QComboBox::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress)
+        return listKey(*static_cast<QKeyEvent*>(event));
+    // The box would already act on the announcement of Enter and Esc.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+bool DropDown::listKey(QKeyEvent& event) {
+    if (opensOrCloses(event))
+        hidePopup();
+    else if (moves(event))
+        return true;
+    else if (event.key() == Qt::Key_Backspace)
+        sought_.chop(1);
+    else if (isPrintable(event.text()))
+        findTyped(event.text());
+    else
+        endList(event);
+    return true;
+}
+
+/// Enter takes the line, Esc gives the former pick back; then the key acts on the closed field.
+void DropDown::endList(QKeyEvent& event) {
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool tabs = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    if (!enters && !tabs && event.key() != Qt::Key_Escape)
+        return;
+    const int row = view()->currentIndex().row();
+    hidePopup();
+    if (enters && row >= 0 && row != pick_)
+        moveTo(row);
+    if (event.key() == Qt::Key_Escape)
+        show(pickBefore_, textBefore_);
+    const QScopedValueRollback ending(endingByEsc_, event.key() == Qt::Key_Escape);
+    QKeyEvent closed(QEvent::KeyPress, event.key(), event.modifiers(), event.text());
+    QCoreApplication::sendEvent(this, &closed);
+}
+
+bool DropDown::moves(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Up:
+        moveBy(-1);
+        return true;
+    case Qt::Key_Down:
+        moveBy(1);
+        return true;
+    case Qt::Key_PageUp:
+        moveBy(1 - linesShown);
+        return true;
+    case Qt::Key_PageDown:
+        moveBy(linesShown - 1);
+        return true;
+    case Qt::Key_Home:
+        moveBy(-rows_.rowCount());
+        return true;
+    case Qt::Key_End:
+        moveBy(rows_.rowCount());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void DropDown::moveBy(int lines) {
+    rows_.load();
+    const int count = rows_.rowCount();
+    if (count == 0)
+        return;
+    const int here = isOpened() ? view()->currentIndex().row() : pick_;
+    sought_.clear();
+    moveTo(std::clamp(here + lines, 0, count - 1));
+}
+
+void DropDown::moveTo(int row) {
+    const bool isNew = row != pick_;
+    show(row, rows_.text(row));
+    if (isOpened())
+        view()->setCurrentIndex(rows_.index(row, 0));
+    if (isNew)
+        userChanged();
+}
+
+/// A letter that leads nowhere behind those before begins a new search.
+void DropDown::findTyped(const QString& character) {
+    rows_.load();
+    int row = rows_.find(sought_ + character);
+    sought_ = row >= 0 ? sought_ + character : character;
+    if (row < 0)
+        row = rows_.find(character);
+    if (row >= 0)
+        moveTo(row);
+    else
+        sought_.clear();
+}
+
+/// Completes what was typed in the field by the first line that begins so.
+void DropDown::textTyped(const QString& typed) {
+    const QString kept = typed;
+    rows_.load();
+    const int row = deleting_ ? -1 : rows_.find(kept);
+    const QString line = rows_.text(row);
+    const bool completes = row >= 0 && line.startsWith(kept, Qt::CaseInsensitive);
+    show(completes ? row : -1, completes ? line : kept);
+    if (completes)
+        lineEdit()->setSelection(int(line.size()), int(kept.size() - line.size()));
+    userChanged();
+}
+
+void DropDown::userChanged() {
+    Q_EMIT textEdited();
+    if (isOpened() && window()->focusWidget() != this)
+        hidePopup();
+}
+
+void DropDown::chosen(int row) {
+    const bool isNew = row != pick_;
+    show(row, rows_.text(row));
+    if (isNew)
+        userChanged();
+    Q_EMIT clicked(Area::Item);
+}
+
+void DropDown::keyPressEvent(QKeyEvent* event) {
+    const bool isLeftRight = event->key() == Qt::Key_Home || event->key() == Qt::Key_End;
+    event->accept();
+    if (opensOrCloses(*event))
+        showPopup();
+    else if (event->key() == Qt::Key_Escape)
+        event->setAccepted(endingByEsc_);
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (pick_ >= 0)
+            Q_EMIT clicked(Area::Item);
+    } else if ((kind_ == Kind::ListOnly || !isLeftRight) && moves(*event))
+        return;
+    else if (kind_ == Kind::Editable) {
+        const QScopedValueRollback deleting(deleting_, event->key() == Qt::Key_Backspace ||
+                                                           event->key() == Qt::Key_Delete);
+        QComboBox::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Space)
+        showPopup();
+    else if (isPrintable(event->text()))
+        findTyped(event->text());
+    else
+        event->ignore();
+}
+
+void DropDown::wheelEvent(QWheelEvent* event) {
+    // The wheel scrolls what lies around; it must not change a value in passing.
+    event->ignore();
+}
+
+} // namespace forms

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "forms/Bound.h"
+#include "forms/FieldEvents.h"
+#include "forms/RowsModel.h"
+
+#include <QComboBox>
+
+namespace forms {
+
+/// A drop-down: fixed lines, or a column of a data source. It opens at once however long the list
+/// is, and finds as one types, opened or not.
+///
+/// The pick is the line that the user chose, by typing its beginning, by moving to it or by
+/// clicking; the text may be something else where it can be typed. Opened, Enter picks the line and
+/// then acts as Enter in the closed field, Esc gives the former pick back.
+class DropDown : public QComboBox, public Bound {
+    Q_OBJECT
+  public:
+    enum class Kind { ListOnly, Editable };
+
+    explicit DropDown(QWidget* parent = nullptr, Kind kind = Kind::ListOnly);
+
+    /// Shows these lines, without a pick.
+    void setItems(const QStringList& items);
+    void removeItem(int row);
+    /// Shows a column of the source's rows; after a refresh of the source the pick is dropped.
+    void setSource(store::DataSource& source, const QString& column);
+    /// Reads the source's rows anew when the list is next opened; drops the pick, keeps the text.
+    void refill();
+
+    QString text() const;
+    /// Drops the pick. No event of the user.
+    void setText(const QString& text);
+    /// Line of the pick, -1 without one.
+    int pick() const { return pick_; }
+    /// Picks a line, or none by -1, and shows its text. No event of the user.
+    void setPick(int row);
+    QString itemText(int row) const { return rows_.text(row); }
+    /// The picked row, for the recordset of the source; not valid without a pick.
+    store::RowMark selectedItem() const { return rows_.mark(pick_); }
+
+    /// Width of the opened list in device-independent pixels; it is never narrower than the field.
+    void setDroppedWidth(int pixels);
+
+    bool dataChanged() const override { return text() != shown_; }
+    QString boundText() const override { return text(); }
+    void showBound(const QString& text) override;
+    void limitTo(int characters) override;
+
+    void showPopup() override;
+
+  Q_SIGNALS:
+    /// The user changed the text, by typing or by moving in the list.
+    void textEdited();
+    /// Area::Button before the list opens, Area::Item when a line was chosen.
+    void clicked(forms::Area area);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    bool isOpened() const;
+    void show(int row, const QString& text);
+    void moveTo(int row);
+    void moveBy(int lines);
+    bool moves(const QKeyEvent& event);
+    bool listKey(QKeyEvent& event);
+    void endList(QKeyEvent& event);
+    void findTyped(const QString& character);
+    void textTyped(const QString& typed);
+    void userChanged();
+    void chosen(int row);
+
+    RowsModel rows_;
+    Kind kind_;
+    int pick_ = -1;
+    QString shown_;
+    /// What was typed so far to find a line.
+    QString sought_;
+    bool deleting_ = false;
+    bool endingByEsc_ = false;
+    int pickBefore_ = -1;
+    QString textBefore_;
+};
+
+} // namespace forms

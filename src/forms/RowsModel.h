@@ -1,0 +1,57 @@
+#pragma once
+
+#include "store/Recordset.h"
+
+#include <QAbstractListModel>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace store {
+class DataSource;
+}
+
+namespace forms {
+
+/// The lines of a drop-down or a list: fixed texts, or one column of a data source's rows. Rows are
+/// looked at when they are shown; before load() a data source has no lines here.
+class RowsModel : public QAbstractListModel {
+    Q_OBJECT
+  public:
+    explicit RowsModel(QObject* parent = nullptr) : QAbstractListModel(parent) {}
+
+    void setItems(const QStringList& items);
+    void removeItem(int row);
+    /// @param source must outlive the model; the model uses a cursor of its own on its rows
+    void setSource(store::DataSource& source, const QString& column);
+
+    /// Takes up the source's rows as they are now, unless it has done so. @throws EngineError
+    void load();
+    /// Drops the rows; the next load() takes up those of then.
+    void unload();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    /// Empty for a row that is not there any more.
+    QString text(int row) const;
+    /// Not valid for fixed texts.
+    store::RowMark mark(int row) const;
+    /// The line of the source's current row, -1 when there is none.
+    int sourceRow() const;
+    /// The first line that begins with the text, letters' case aside; if there is none, accents
+    /// aside as well; -1 when there is none either.
+    int find(const QString& beginning) const;
+
+  private:
+    QString read(int row) const;
+
+    store::DataSource* source_ = nullptr;
+    QString column_;
+    std::unique_ptr<store::Recordset> rows_;
+    mutable std::vector<std::optional<QString>> texts_;
+};
+
+} // namespace forms

@@ -1,0 +1,315 @@
+#include "forms/DropDown.h"
+
+#include "forms/EntryField.h"
+#include "forms/EscButton.h"
+#include "forms/FocusGuard.h"
+#include "forms/RowList.h"
+#include "store/DataSource.h"
+#include "support/ScriptedBoxes.h"
+#include "support/TemporaryRegister.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using forms::Area;
+using forms::Control;
+using forms::DropDown;
+
+/// A field with a pick beside it, and rules in the manner of the cards: the pick's text goes into
+/// the field, a chosen line and Enter send the focus there, Esc too.
+class PickScreen : public QDialog, public forms::FieldEvents {
+  public:
+    PickScreen() : drop(this, DropDown::Kind::Editable), fixed(this), guard(this), esc(this) {
+        auto* column = new QVBoxLayout(this);
+        for (QWidget* widget : std::initializer_list<QWidget*>{&drop, &fixed, &field, &storno})
+            column->addWidget(widget);
+        guard.watch(&drop, QStringLiteral("pick"), 0, *this);
+        guard.watch(&fixed, QStringLiteral("pick"), 1, *this);
+        guard.watch(&field, QStringLiteral("field"), -1, *this);
+        esc.set(&storno);
+        connect(&storno, &QPushButton::clicked, this, [this] { told += QStringLiteral("storno"); });
+    }
+    void start() {
+        show();
+        activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(this));
+        drop.setFocus();
+        told.clear();
+    }
+
+    void change(const Control& control) override {
+        told += QStringLiteral("change ") + textOf(control);
+        if (onChange)
+            onChange();
+    }
+    void click(const Control& control, Area area) override {
+        told += QStringLiteral("click%1 %2").arg(int(area)).arg(textOf(control));
+        if (area == Area::Button && onButton)
+            onButton();
+        if (area == Area::Item)
+            field.setFocus();
+    }
+    void keyDown(const Control& control, int& key, Qt::KeyboardModifiers /*m*/) override {
+        if (control.name() != u"pick" || !takesKeys ||
+            (key != Qt::Key_Return && key != Qt::Key_Escape))
+            return;
+        told += QStringLiteral("key ") + textOf(control);
+        key = 0;
+        field.setFocus();
+    }
+
+    void press(QWidget& widget, QPoint inside) {
+        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
+                          widget.mapTo(widget.window(), inside));
+    }
+    void openByMouse() { press(drop, QPoint(drop.width() - 8, drop.height() / 2)); }
+    /// To the list when it is open, as the window system would.
+    void key(int code, Qt::KeyboardModifiers modifiers = {}) {
+        QWidget* popup = QApplication::activePopupWidget();
+        QTest::keyClick((popup != nullptr ? popup : this)->windowHandle(), Qt::Key(code),
+                        modifiers);
+    }
+    void type(const char* keys) {
+        for (const char* at = keys; *at != 0; ++at)
+            key(*at == ' ' ? int{Qt::Key_Space} : Qt::Key_A + *at - 'a');
+    }
+    QString lineUnderMark() const { return drop.view()->currentIndex().data().toString(); }
+    bool isOpened() const { return QApplication::activePopupWidget() != nullptr; }
+
+    DropDown drop, fixed;
+    forms::EntryField field;
+    QPushButton storno;
+    QStringList told;
+    std::function<void()> onChange, onButton;
+    bool takesKeys = true;
+    forms::FocusGuard guard;
+    forms::EscButton esc;
+
+  private:
+    static QString textOf(const Control& control) {
+        if (auto* box = qobject_cast<DropDown*>(control.widget()))
+            return box->text();
+        return control.name();
+    }
+};
+
+class DropDownTest : public testing::Test {
+  protected:
+    DropDownTest() {
+        int code = 1;
+        for (const char16_t* name : {u"Bardejov", u"Bratislava", u"Brezno", u"Čadca", u"Žilina"})
+            add(code++, QString::fromUtf16(name));
+        towns.setDatabaseName(reg.folder.database());
+        towns.setRecordSource(QStringLiteral("select * from c_iczuj order by nazov"));
+    }
+    void add(int code, const QString& name) {
+        reg.execute({QStringLiteral("insert into c_iczuj (kod, nazov) values ('%1', '%2')")
+                         .arg(code)
+                         .arg(name)});
+    }
+    void start() {
+        towns.Refresh();
+        screen.drop.setSource(towns, QStringLiteral("nazov"));
+        screen.fixed.setItems({QStringLiteral("M"), QStringLiteral("Z")});
+        screen.start();
+    }
+    QString pickedName() {
+        towns.Recordset().setBookmark(screen.drop.selectedItem());
+        return towns.Recordset().Fields(u"nazov").Value().toText();
+    }
+
+    support::TemporaryRegister reg;
+    store::DataSource towns{reg.engine};
+    support::ScriptedBoxes boxes;
+    PickScreen screen;
+};
+
+} // namespace
+
+TEST_F(DropDownTest, AClickedLineIsThePickAndTellsChangeThenClick) {
+    start();
+    screen.key(Qt::Key_F4);
+    ASSERT_TRUE(screen.isOpened());
+    EXPECT_EQ(screen.told, QStringList(QStringLiteral("click0 ")));
+    const QRect line = screen.drop.view()->visualRect(screen.drop.model()->index(2, 0));
+    QTest::mouseMove(
+        QApplication::activePopupWidget()->windowHandle(),
+        screen.drop.view()->viewport()->mapTo(screen.drop.view()->window(), line.center()));
+    screen.press(*screen.drop.view()->viewport(), line.center());
+    EXPECT_FALSE(screen.isOpened());
+    EXPECT_EQ(screen.told.mid(1),
+              QStringList({QStringLiteral("change Brezno"), QStringLiteral("click2 Brezno")}));
+    EXPECT_EQ(screen.focusWidget(), &screen.field);
+    EXPECT_EQ(pickedName(), QStringLiteral("Brezno"));
+    EXPECT_EQ(screen.drop.pick(), 2);
+}
+
+TEST_F(DropDownTest, TypedInTheOpenListItFindsAndEnterTakes) {
+    start();
+    screen.openByMouse();
+    screen.told.clear();
+    screen.type("bre");
+    EXPECT_EQ(screen.lineUnderMark(), QStringLiteral("Brezno"));
+    EXPECT_EQ(screen.told,
+              QStringList({QStringLiteral("change Bardejov"), QStringLiteral("change Bratislava"),
+                           QStringLiteral("change Brezno")}));
+    screen.type("c");
+    EXPECT_EQ(screen.lineUnderMark(), QStringLiteral("Čadca")) << "accents and a new beginning";
+    screen.key(Qt::Key_Down);
+    screen.told.clear();
+    screen.key(Qt::Key_Return);
+    EXPECT_FALSE(screen.isOpened());
+    EXPECT_EQ(screen.told, QStringList(QStringLiteral("key Žilina")));
+    EXPECT_EQ(screen.focusWidget(), &screen.field);
+    EXPECT_EQ(pickedName(), QStringLiteral("Žilina"));
+}
+
+TEST_F(DropDownTest, EscInTheOpenListGivesThePickBackAndNeverReachesStorno) {
+    for (const bool takesKeys : {true, false}) {
+        start();
+        screen.takesKeys = takesKeys;
+        screen.drop.setText(QStringLiteral("Nitra"));
+        screen.key(Qt::Key_F4);
+        screen.key(Qt::Key_Down);
+        screen.told.clear();
+        screen.key(Qt::Key_Escape);
+        EXPECT_FALSE(screen.isOpened());
+        EXPECT_EQ(screen.drop.text(), QStringLiteral("Nitra"));
+        EXPECT_FALSE(screen.drop.selectedItem().isValid());
+        EXPECT_EQ(screen.told,
+                  takesKeys ? QStringList(QStringLiteral("key Nitra")) : QStringList());
+    }
+    screen.key(Qt::Key_Escape);
+    EXPECT_EQ(screen.told, QStringList(QStringLiteral("storno")));
+}
+
+TEST_F(DropDownTest, EnterPicksByClickWhereNoRuleTakesTheKey) {
+    start();
+    screen.takesKeys = false;
+    screen.fixed.setFocus();
+    screen.key(Qt::Key_F4);
+    screen.key(Qt::Key_Down);
+    screen.key(Qt::Key_Down);
+    screen.told.clear();
+    screen.key(Qt::Key_Return);
+    EXPECT_EQ(screen.told, QStringList(QStringLiteral("click2 Z")));
+    EXPECT_EQ(screen.fixed.pick(), 1);
+}
+
+TEST_F(DropDownTest, TypedInTheClosedFieldItCompletes) {
+    start();
+    screen.type("br");
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Bratislava"));
+    EXPECT_EQ(screen.drop.lineEdit()->selectedText(), QStringLiteral("atislava"));
+    EXPECT_EQ(pickedName(), QStringLiteral("Bratislava"));
+    screen.type("e");
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Brezno"));
+    screen.key(Qt::Key_Backspace);
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Bre")) << "deleting must not complete";
+    screen.type("x");
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Brex"));
+    EXPECT_FALSE(screen.drop.selectedItem().isValid());
+    EXPECT_EQ(screen.told.size(), 5) << screen.told.join(u"; ").toStdString();
+    screen.told.clear();
+    screen.field.setFocus();
+    EXPECT_EQ(screen.told, QStringList()) << "leaving must not choose";
+}
+
+TEST_F(DropDownTest, TheProgramChangesItSilentlyAndRefreshDropsThePick) {
+    start();
+    screen.drop.setPick(3);
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Čadca"));
+    add(6, QStringLiteral("Aaa"));
+    towns.Refresh();
+    EXPECT_FALSE(screen.drop.selectedItem().isValid());
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Čadca"));
+    screen.drop.setPick(0);
+    EXPECT_EQ(screen.drop.text(), QStringLiteral("Aaa"));
+    screen.fixed.setPick(1);
+    screen.fixed.removeItem(0);
+    EXPECT_EQ(screen.fixed.text(), QStringLiteral("Z"));
+    EXPECT_EQ(screen.fixed.pick(), 0);
+    EXPECT_EQ(screen.told, QStringList());
+}
+
+TEST_F(DropDownTest, TheListOpensOnTheRowThatTheButtonsRuleHasFound) {
+    start();
+    screen.drop.setPick(4);
+    screen.onButton = [&] {
+        towns.Recordset().FindFirst(QStringLiteral("kod ='4'"));
+    };
+    screen.openByMouse();
+    EXPECT_EQ(screen.lineUnderMark(), QStringLiteral("Čadca"));
+    EXPECT_EQ(screen.drop.pick(), 4) << "to open is not to pick";
+    screen.key(Qt::Key_Escape);
+    screen.drop.setFocus();
+    // A rule that sends the focus away keeps the list closed.
+    screen.onButton = [&] {
+        screen.field.setFocus();
+    };
+    screen.openByMouse();
+    EXPECT_FALSE(screen.isOpened());
+}
+
+TEST_F(DropDownTest, ARuleOfChangeMayTakeTheFocusOutOfTheOpenList) {
+    start();
+    screen.openByMouse();
+    screen.onChange = [&] {
+        screen.field.setFocus();
+    };
+    screen.key(Qt::Key_Down);
+    EXPECT_FALSE(screen.isOpened());
+    EXPECT_EQ(QApplication::focusWidget(), &screen.field);
+}
+
+TEST_F(DropDownTest, OpeningReadsOnlyTheLinesInSight) {
+    auto database = reg.engine.OpenDatabase(reg.folder.database());
+    for (int i = 0; i < 2900; ++i)
+        database.Execute(QStringLiteral("insert into c_iczuj (kod, nazov) values ('%1', 'Obec %1')")
+                             .arg(1000 + i));
+    start();
+    // Rows that are gone read as empty, so a line read before shows by its text.
+    screen.openByMouse();
+    QCoreApplication::processEvents();
+    database.Execute(QStringLiteral("delete * from c_iczuj"));
+    int read = 0;
+    for (int row = 0; row < screen.drop.count(); ++row)
+        read += screen.drop.itemText(row).isEmpty() ? 0 : 1;
+    EXPECT_EQ(screen.drop.count(), 2905);
+    EXPECT_GT(read, 5);
+    EXPECT_LT(read, 60);
+    screen.key(Qt::Key_Escape);
+}
+
+TEST_F(DropDownTest, AListShowsRowsAndTellsOfTheUsersChoiceOnly) {
+    start();
+    forms::RowList list(&screen);
+    screen.layout()->addWidget(&list);
+    screen.guard.watch(&list, QStringLiteral("list"), -1, screen);
+    list.setSource(towns, QStringLiteral("nazov"));
+    list.show();
+    list.setFocus();
+    screen.told.clear();
+    towns.Recordset().setAbsolutePosition(2);
+    list.showCurrentRow();
+    EXPECT_EQ(list.text(), QStringLiteral("Brezno"));
+    EXPECT_EQ(screen.told, QStringList());
+    screen.key(Qt::Key_Down);
+    EXPECT_EQ(screen.told, QStringList(QStringLiteral("click2 list")));
+    towns.Recordset().setBookmark(list.selectedItem());
+    EXPECT_EQ(towns.Recordset().Fields(u"kod").Value().toText(), QStringLiteral("4"));
+    reg.execute({QStringLiteral("delete from c_iczuj where kod = '1'")});
+    towns.Refresh();
+    EXPECT_EQ(list.count(), 4);
+    EXPECT_FALSE(list.selectedItem().isValid());
+}
