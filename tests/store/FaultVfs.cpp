@@ -1,0 +1,125 @@
+#include "store/FaultVfs.h"
+
+#include <csignal>
+#include <cstring>
+#include <sqlite3.h>
+
+namespace faults {
+
+namespace {
+
+using Fault = Plan::Fault;
+
+struct State {
+    Plan plan;
+    int calls = 0;
+    sqlite3_vfs vfs = {};
+    sqlite3_io_methods methods = {};
+    sqlite3_vfs* base = nullptr;
+} state;
+
+/// An open file of ours: the methods, then the file of the layer below.
+struct File {
+    sqlite3_file own;
+    sqlite3_file* below() { return reinterpret_cast<sqlite3_file*>(this + 1); }
+};
+
+sqlite3_file* below(sqlite3_file* file) { return reinterpret_cast<File*>(file)->below(); }
+
+bool strikes(Fault fault) { return state.plan.fault == fault && state.calls >= state.plan.at; }
+
+void countCall() {
+    ++state.calls;
+    if (strikes(Fault::Kill))
+        std::raise(SIGKILL);
+}
+
+int writeBytes(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 offset) {
+    if (state.plan.fault == Fault::Kill && state.calls + 1 >= state.plan.at)
+        below(file)->pMethods->xWrite(below(file), bytes, count / 2, offset);
+    countCall();
+    if (strikes(Fault::DiskFull))
+        return SQLITE_FULL;
+    return below(file)->pMethods->xWrite(below(file), bytes, count, offset);
+}
+
+int truncate(sqlite3_file* file, sqlite3_int64 size) {
+    countCall();
+    return below(file)->pMethods->xTruncate(below(file), size);
+}
+
+int sync(sqlite3_file* file, int flags) {
+    countCall();
+    if (strikes(Fault::SyncFails))
+        return SQLITE_IOERR_FSYNC;
+    return below(file)->pMethods->xSync(below(file), flags);
+}
+
+int remove(sqlite3_vfs*, const char* name, int syncFolder) {
+    countCall();
+    return state.base->xDelete(state.base, name, syncFolder);
+}
+
+int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
+    file->pMethods = nullptr;
+    const int code = state.base->xOpen(state.base, name, below(file), flags, outFlags);
+    if (below(file)->pMethods != nullptr)
+        file->pMethods = &state.methods;
+    return code;
+}
+
+/// The methods that only pass on; version 1 leaves out shared memory and mapping.
+void fillMethods() {
+    sqlite3_io_methods& m = state.methods;
+    m.iVersion = 1;
+    m.xClose = [](sqlite3_file* f) { return below(f)->pMethods->xClose(below(f)); };
+    m.xRead = [](sqlite3_file* f, void* to, int count, sqlite3_int64 offset) {
+        return below(f)->pMethods->xRead(below(f), to, count, offset);
+    };
+    m.xWrite = writeBytes;
+    m.xTruncate = truncate;
+    m.xSync = sync;
+    m.xFileSize = [](sqlite3_file* f, sqlite3_int64* size) {
+        return below(f)->pMethods->xFileSize(below(f), size);
+    };
+    m.xLock = [](sqlite3_file* f, int lock) { return below(f)->pMethods->xLock(below(f), lock); };
+    m.xUnlock = [](sqlite3_file* f, int lock) {
+        return below(f)->pMethods->xUnlock(below(f), lock);
+    };
+    m.xCheckReservedLock = [](sqlite3_file* f, int* result) {
+        return below(f)->pMethods->xCheckReservedLock(below(f), result);
+    };
+    m.xFileControl = [](sqlite3_file* f, int op, void* arg) {
+        return below(f)->pMethods->xFileControl(below(f), op, arg);
+    };
+    m.xSectorSize = [](sqlite3_file* f) { return below(f)->pMethods->xSectorSize(below(f)); };
+    m.xDeviceCharacteristics = [](sqlite3_file* f) {
+        return below(f)->pMethods->xDeviceCharacteristics(below(f));
+    };
+}
+
+void registerLayer() {
+    state.base = sqlite3_vfs_find(nullptr);
+    fillMethods();
+    state.vfs = *state.base;
+    state.vfs.zName = "faults";
+    state.vfs.szOsFile = static_cast<int>(sizeof(File)) + state.base->szOsFile;
+    state.vfs.xOpen = open;
+    state.vfs.xDelete = remove;
+    sqlite3_vfs_register(&state.vfs, 1);
+}
+
+} // namespace
+
+void install(const Plan& plan) {
+    if (state.base == nullptr)
+        registerLayer();
+    state.plan = plan;
+    state.calls = 0;
+}
+
+int callCount() { return state.calls; }
+
+void step() { countCall(); }
+
+} // namespace faults
