@@ -43,7 +43,7 @@ Connection::Connection(const QString& path, Access access, std::shared_ptr<Defer
     sqlite3_extended_result_codes(handle(), 1);
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     registerSqlFunctions(handle());
-    execute("PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536");
+    execute("PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY");
 }
 
 Connection::~Connection() {

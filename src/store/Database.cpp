@@ -132,7 +132,9 @@ std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     auto connection = std::make_shared<Connection>(path, Connection::Access::ReadWrite, deferred_);
     checkIdentity(*connection);
     checkPages(*connection, Depth::Quick);
-    connection->execute("PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL");
+    connection->execute(
+        "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA cache_size=-65536");
+    removeColdJournal(*connection);
     updateTextOrder(*connection);
     std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
     connections_.push_back(connection);

@@ -17,13 +17,6 @@ QString rowidOf(const SourceTable& source) {
     return sqlName(source.alias) + QStringLiteral(".rowid");
 }
 
-QString rowidList(const SelectPlan& plan) {
-    QStringList rowids;
-    for (const SourceTable& source : plan.sources)
-        rowids << rowidOf(source);
-    return rowids.join(QStringLiteral(", "));
-}
-
 QString whereClause(const QStringList& conditions) {
     QStringList terms;
     for (const QString& condition : conditions)
@@ -39,7 +32,7 @@ QString orderClause(const SelectPlan& plan) {
     QStringList terms;
     if (!plan.order.isEmpty())
         terms << plan.order;
-    if (plan.sources.size() == 1)
+    if (plan.sources.size() == 1 && !plan.order.endsWith(rowidOf(plan.sources.front())))
         terms << rowidOf(plan.sources.front());
     return terms.isEmpty() ? QString()
                            : QStringLiteral(" ORDER BY ") + terms.join(QStringLiteral(", "));
@@ -72,7 +65,7 @@ void readKey(const Query& query, RowKey& key) {
 }
 
 QString selectKeys(const SelectPlan& plan, const QStringList& conditions) {
-    return QStringLiteral("SELECT ") + rowidList(plan) + QStringLiteral(" FROM ") + plan.from +
+    return QStringLiteral("SELECT ") + plan.keyColumns + QStringLiteral(" FROM ") + plan.from +
            whereClause(QStringList(plan.filter) + conditions) + orderClause(plan);
 }
 

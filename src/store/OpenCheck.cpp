@@ -49,6 +49,8 @@ class Header {
     throw EngineError(ErrorNumber::UnrecognizedFile, why, path);
 }
 
+QString journalOf(const QString& path) { return path + QStringLiteral("-journal"); }
+
 void checkOwner(const QString& path, quint32 application, quint32 version) {
     if (application != applicationId)
         refuse(path, QStringLiteral("Súbor je databáza iného programu."));
@@ -65,7 +67,7 @@ void checkHeaderOf(QFile& file) {
     const Header header(file.read(Header::size));
     if (!header.isDatabase())
         refuse(path, QStringLiteral("Súbor nie je databáza."));
-    if (hasJournal(path))
+    if (hasHotJournal(path))
         return;
     checkOwner(path, header.application(), header.version());
     if (!header.hasRollbackJournal())
@@ -127,8 +129,20 @@ void checkPagesOf(Connection& connection, Depth depth) {
 
 } // namespace
 
-bool hasJournal(const QString& path) {
-    return QFileInfo(path + QStringLiteral("-journal")).size() > 0;
+bool hasHotJournal(const QString& path) {
+    QFile journal(journalOf(path));
+    char first = 0;
+    return journal.open(QIODevice::ReadOnly) && journal.getChar(&first) && first != 0;
+}
+
+void removeColdJournal(Connection& connection) {
+    const QString journal = journalOf(connection.path());
+    if (!QFileInfo::exists(journal) || sqlite3_db_readonly(connection.handle(), "main") != 0)
+        return;
+    // Nobody writes while this lock is held, and what was to be taken back has been.
+    connection.execute("BEGIN EXCLUSIVE");
+    QFile::remove(journal);
+    connection.execute("ROLLBACK");
 }
 
 void checkHeader(const QString& path) {

@@ -29,8 +29,12 @@ enum class Depth { Quick, Full };
 /// Reads every page, with Depth::Full also every index entry. @throws EngineError 3343
 void checkPages(Connection& connection, Depth depth);
 
-/// True when the file's last write was cut off by the end of its program, so that reading will
-/// first take it back.
-bool hasJournal(const QString& path);
+/// True when the file's last write was cut off by the end of its program after it had begun to
+/// change the file, so that reading will first take it back.
+bool hasHotJournal(const QString& path);
+
+/// Removes what a write left beside the file that was cut off before it changed the file. SQLite
+/// passes over it. @throws EngineError
+void removeColdJournal(Connection& connection);
 
 } // namespace store

@@ -180,7 +180,7 @@ void Recordset::Impl::setValue(int column, const Value& value) {
     if (edit_ == EditState::None)
         refuseNoEdit();
     const OutputColumn& target = rows().plan().columns[static_cast<size_t>(column)];
-    if (target.source < 0)
+    if (target.source < 0 || !rows().plan().updatable)
         throw EngineError(ErrorNumber::NotUpdatable,
                           QStringLiteral("Stĺpec %1 sa nedá meniť.").arg(target.name), target.name);
     Cell cell = toCell(value, target);

@@ -102,7 +102,7 @@ class Recordset {
 
     /// Moves to the first row that meets the criterion; NoMatch tells. After a failed find the
     /// position is unchanged. @throws EngineError 3061, 3075, 3464 for a criterion that is no
-    /// condition, 3164 for a query whose rows have no keys
+    /// condition
     void FindFirst(const QString& criterion);
     bool NoMatch() const;
 

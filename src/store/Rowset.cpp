@@ -121,6 +121,17 @@ std::optional<RowKey> Rowset::findInJoin(const QString& condition) {
     return RowKey(found.begin(), found.end());
 }
 
+/// Rows without keys are known by their number.
+std::optional<RowKey> Rowset::findByNumber(const QString& condition) {
+    Query query(connection_->handle(),
+                QStringLiteral("SELECT tvk_row FROM (SELECT row_number() OVER () - 1 AS tvk_row, * "
+                               "FROM (%1)) WHERE %2 ORDER BY tvk_row LIMIT 1")
+                    .arg(plan_.rows, condition));
+    if (!query.step() || !keys_->has(query.integer(0)))
+        return std::nullopt;
+    return RowKey{query.integer(0)};
+}
+
 /// Rows added here stand behind the others, whether the query would select them or not.
 std::optional<RowKey> Rowset::findAdded(const QString& condition) {
     Query query(connection_->handle(),

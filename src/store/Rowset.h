@@ -50,6 +50,7 @@ class Rowset {
     void loadStoredRows();
     std::optional<RowKey> firstOf(const QStringList& conditions);
     std::optional<RowKey> findInJoin(const QString& condition);
+    std::optional<RowKey> findByNumber(const QString& condition);
     std::optional<RowKey> findAdded(const QString& condition);
     const SourceTable& onlySource() const;
     void updateSource(int source, qint64 rowid, const Changes& changes);

@@ -32,7 +32,9 @@ class DataSourceTest : public testing::Test, public TemporaryRegister {
     /// Writes down the signals of the source as they come.
     void listen() {
         const auto note = [this](const char* name) {
-            return [this, name] { heard << QString::fromLatin1(name); };
+            return [this, name] {
+                heard << QString::fromLatin1(name);
+            };
         };
         QObject::connect(&source, &DataSource::aboutToWrite, note("write"));
         QObject::connect(&source, &DataSource::aboutToLeave, note("leave"));
@@ -47,8 +49,8 @@ class DataSourceTest : public testing::Test, public TemporaryRegister {
     QString name() { return source.Recordset().Fields(u"meno").Value().toText(); }
     void setName(const QString& text) { source.Recordset().Fields(u"meno").setValue(text); }
 
-    DataSource source{engine};
     QStringList heard;
+    DataSource source{engine};
 };
 
 } // namespace
@@ -114,8 +116,7 @@ TEST_F(DataSourceTest, TheEndOfASourceCompletesItsRow) {
         DataSource ending(engine);
         point(ending);
         ending.Refresh();
-        QObject::connect(&ending, &DataSource::aboutToLeave,
-                         [&] { ending.Recordset().Update(); });
+        QObject::connect(&ending, &DataSource::aboutToLeave, [&] { ending.Recordset().Update(); });
         ending.Recordset().Edit();
         ending.Recordset().Fields(u"meno").setValue(QStringLiteral("Adela"));
     }
@@ -127,8 +128,7 @@ TEST_F(DataSourceTest, AnErrorAtTheEndIsToldLater) {
         DataSource ending(engine);
         point(ending);
         ending.Refresh();
-        QObject::connect(&ending, &DataSource::aboutToLeave,
-                         [&] { ending.Recordset().Update(); });
+        QObject::connect(&ending, &DataSource::aboutToLeave, [&] { ending.Recordset().Update(); });
         ending.Recordset().Edit();
         ending.Recordset().Fields(u"idkod").setValue(QStringLiteral("B"));
     }

@@ -1,8 +1,9 @@
 #include "store/FaultVfs.h"
 
+#include <sqlite3.h>
+
 #include <csignal>
 #include <cstring>
-#include <sqlite3.h>
 
 namespace faults {
 
@@ -24,9 +25,13 @@ struct File {
     sqlite3_file* below() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
 
-sqlite3_file* below(sqlite3_file* file) { return reinterpret_cast<File*>(file)->below(); }
+sqlite3_file* below(sqlite3_file* file) {
+    return reinterpret_cast<File*>(file)->below();
+}
 
-bool strikes(Fault fault) { return state.plan.fault == fault && state.calls >= state.plan.at; }
+bool strikes(Fault fault) {
+    return state.plan.fault == fault && state.calls >= state.plan.at;
+}
 
 void countCall() {
     ++state.calls;
@@ -52,6 +57,9 @@ int sync(sqlite3_file* file, int flags) {
     countCall();
     if (strikes(Fault::SyncFails))
         return SQLITE_IOERR_FSYNC;
+    // What a killed process wrote outlives it without a sync.
+    if (state.plan.fault == Fault::Kill)
+        return SQLITE_OK;
     return below(file)->pMethods->xSync(below(file), flags);
 }
 
@@ -72,7 +80,9 @@ int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
 void fillMethods() {
     sqlite3_io_methods& m = state.methods;
     m.iVersion = 1;
-    m.xClose = [](sqlite3_file* f) { return below(f)->pMethods->xClose(below(f)); };
+    m.xClose = [](sqlite3_file* f) {
+        return below(f)->pMethods->xClose(below(f));
+    };
     m.xRead = [](sqlite3_file* f, void* to, int count, sqlite3_int64 offset) {
         return below(f)->pMethods->xRead(below(f), to, count, offset);
     };
@@ -82,7 +92,9 @@ void fillMethods() {
     m.xFileSize = [](sqlite3_file* f, sqlite3_int64* size) {
         return below(f)->pMethods->xFileSize(below(f), size);
     };
-    m.xLock = [](sqlite3_file* f, int lock) { return below(f)->pMethods->xLock(below(f), lock); };
+    m.xLock = [](sqlite3_file* f, int lock) {
+        return below(f)->pMethods->xLock(below(f), lock);
+    };
     m.xUnlock = [](sqlite3_file* f, int lock) {
         return below(f)->pMethods->xUnlock(below(f), lock);
     };
@@ -92,7 +104,9 @@ void fillMethods() {
     m.xFileControl = [](sqlite3_file* f, int op, void* arg) {
         return below(f)->pMethods->xFileControl(below(f), op, arg);
     };
-    m.xSectorSize = [](sqlite3_file* f) { return below(f)->pMethods->xSectorSize(below(f)); };
+    m.xSectorSize = [](sqlite3_file* f) {
+        return below(f)->pMethods->xSectorSize(below(f));
+    };
     m.xDeviceCharacteristics = [](sqlite3_file* f) {
         return below(f)->pMethods->xDeviceCharacteristics(below(f));
     };
@@ -118,8 +132,12 @@ void install(const Plan& plan) {
     state.calls = 0;
 }
 
-int callCount() { return state.calls; }
+int callCount() {
+    return state.calls;
+}
 
-void step() { countCall(); }
+void step() {
+    countCall();
+}
 
 } // namespace faults

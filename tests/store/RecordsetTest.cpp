@@ -19,8 +19,9 @@ namespace {
 class RecordsetTest : public testing::Test, public TemporaryRegister {
   protected:
     RecordsetTest() {
-        const QString client = QStringLiteral(
-            "insert into k_zaklad (idkod,meno,priezv,datnar,katcis) values ('%1','%2','%3',%4,'%5')");
+        const QString client =
+            QStringLiteral("insert into k_zaklad (idkod,meno,priezv,datnar,katcis) values "
+                           "('%1','%2','%3',%4,'%5')");
         const QString care =
             QStringLiteral("insert into k_zaznam_spc (idkod,datum,hod_od) values ('%1',%2,'%3')");
         const QString day = QStringLiteral("datevalue('%1')");
@@ -33,23 +34,26 @@ class RecordsetTest : public testing::Test, public TemporaryRegister {
                  care.arg(u"NOVAKJA00", day.arg(u"4.9.2006"), u"10")});
     }
 
-    std::unique_ptr<Recordset> open(const QString& source) { return database.OpenRecordset(source); }
+    std::unique_ptr<Recordset> open(const QString& source) {
+        return database.OpenRecordset(source);
+    }
 
     static QString at(Recordset& rows, QStringView column) {
         return rows.Fields(column).Value().toText();
     }
-    static QStringList column(Recordset& rows, QStringView name) {
+    /// A column of the rows from here on, parted by commas.
+    static QString column(Recordset& rows, QStringView name) {
         QStringList values;
         for (; !rows.Eof(); rows.MoveNext())
             values << at(rows, name);
-        return values;
+        return values.join(QLatin1Char(','));
     }
 
     store::Database database = engine.OpenDatabase(folder.database());
 };
 
-const QString byName = QStringLiteral(
-    "select *,meno+space(2)+priezv as celemeno from k_zaklad order by priezv,meno");
+const QString byName =
+    QStringLiteral("select *,meno+space(2)+priezv as celemeno from k_zaklad order by priezv,meno");
 const QString joined =
     QStringLiteral("select k_zaklad.idkod as idk,k_zaklad.vek as vek,k_zaznam_spc.hod_od from "
                    "k_zaklad inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod");
@@ -60,8 +64,7 @@ TEST_F(RecordsetTest, WalksInOrder) {
     auto rows = open(byName);
     EXPECT_EQ(rows->RecordCount(), 4);
     EXPECT_EQ(at(*rows, u"CELEMENO"), QStringLiteral("Eva  Adamová"));
-    EXPECT_EQ(column(*rows, u"idkod"), (QStringList{"ADAMEV00", "CAPOLA00", "NOVAKJA00",
-                                                    "NOVAKJA01"}));
+    EXPECT_EQ(column(*rows, u"idkod"), u"ADAMEV00,CAPOLA00,NOVAKJA00,NOVAKJA01");
     EXPECT_TRUE(rows->Eof());
     EXPECT_EQ(rows->AbsolutePosition(), -1);
     EXPECT_ENGINE_ERROR(rows->MoveNext(), 3021);
@@ -146,7 +149,9 @@ TEST_F(RecordsetTest, EditsARow) {
 }
 
 TEST_F(RecordsetTest, ValuesComeIntoTheirColumns) {
-    using Text = QString;
+    const auto text = [](const char16_t* characters) {
+        return QString::fromUtf16(characters);
+    };
     struct Case {
         const char16_t* column;
         Value given;
@@ -154,26 +159,26 @@ TEST_F(RecordsetTest, ValuesComeIntoTheirColumns) {
         int error;
     };
     const Case cases[] = {
-        {u"datnar", Text(u"7.8.2003"), u"07.08.2003", 0},
+        {u"datnar", text(u"7.8.2003"), u"07.08.2003", 0},
         {u"datnar", QDate(2003, 8, 9), u"09.08.2003", 0},
-        {u"datnar", Text(u"31.2.2005"), u"31.2.2005", 0},
+        {u"datnar", text(u"31.2.2005"), u"31.2.2005", 0},
         {u"datnar", Value(), u"", 0},
-        {u"datnar", Text(), u"", 3421},
-        {u"datnar", Text(u"  "), u"", 3421},
+        {u"datnar", QString(), u"", 3421},
+        {u"datnar", text(u"  "), u"", 3421},
         {u"datnar", 5, u"", 3421},
-        {u"vek", Text(u" 17"), u"17", 0},
+        {u"vek", text(u" 17"), u"17", 0},
         {u"vek", 2.5, u"2", 0},
-        {u"vek", Text(u"1,5"), u"2", 0},
-        {u"vek", Text(u"12a"), u"", 3421},
-        {u"vek", Text(), u"", 3421},
+        {u"vek", text(u"1,5"), u"2", 0},
+        {u"vek", text(u"12a"), u"", 3421},
+        {u"vek", QString(), u"", 3421},
         {u"vek", 3e9, u"", 3421},
         {u"matvla", true, u"-1", 0},
-        {u"matvla", Text(u"0"), u"0", 0},
-        {u"matvla", Text(u"-1"), u"-1", 0},
+        {u"matvla", text(u"0"), u"0", 0},
+        {u"matvla", text(u"-1"), u"-1", 0},
         {u"matvla", Value(), u"0", 0},
-        {u"matvla", Text(u"azda"), u"", 3421},
-        {u"meno", Text(20, u'ľ'), u"ľľľľľľľľľľľľľľľľľľľľ", 0},
-        {u"meno", Text(21, u'ľ'), u"", 3163},
+        {u"matvla", text(u"azda"), u"", 3421},
+        {u"meno", QString(20, u'ľ'), u"ľľľľľľľľľľľľľľľľľľľľ", 0},
+        {u"meno", QString(21, u'ľ'), u"", 3163},
         {u"meno", 12, u"12", 0},
         {u"meno", QDate(2003, 8, 9), u"09.08.2003", 0},
     };
@@ -270,9 +275,9 @@ TEST_F(RecordsetTest, EditsThroughAJoin) {
         rows->Update();
     }
     auto clients = open(QStringLiteral("select * from k_zaklad order by idkod"));
-    EXPECT_EQ(column(*clients, u"vek").filter(QString()).size(), 4);
+    EXPECT_EQ(column(*clients, u"vek").count(QLatin1Char(',')), 3);
     auto care = open(QStringLiteral("select * from k_zaznam_spc order by hod_od"));
-    EXPECT_EQ(column(*care, u"hod_od"), (QStringList{"h5", "h6", "h7"}));
+    EXPECT_EQ(column(*care, u"hod_od"), u"h5,h6,h7");
     EXPECT_EQ(text(QStringLiteral("select vek from k_zaklad where idkod='ADAMEV00'"),
                    QStringLiteral("vek")),
               QString());
@@ -285,10 +290,8 @@ TEST_F(RecordsetTest, EditsThroughAJoin) {
 
 TEST_F(RecordsetTest, FindsInAJoinByItsPosition) {
     auto rows = open(joined + QStringLiteral(" order by k_zaznam_spc.hod_od desc"));
-    QStringList keys = column(*rows, u"idk");
-    rows->FindFirst(QStringLiteral("idkod = 'NOVAKJA00'"));
-    if (rows->NoMatch())
-        rows->FindFirst(QStringLiteral("k_zaklad.idkod = 'NOVAKJA00'"));
+    const QStringList keys = column(*rows, u"idk").split(QLatin1Char(','));
+    rows->FindFirst(QStringLiteral("k_zaklad.idkod = 'NOVAKJA00'"));
     ASSERT_FALSE(rows->NoMatch());
     EXPECT_EQ(rows->AbsolutePosition(), keys.indexOf(QStringLiteral("NOVAKJA00")));
 }
@@ -297,7 +300,7 @@ TEST_F(RecordsetTest, AnOuterJoinHasRowsWithoutARightSide) {
     auto rows = open(QStringLiteral(
         "select k_zaklad.idkod, k_zaznam_spc.hod_od from k_zaklad left join k_zaznam_spc on "
         "k_zaklad.idkod = k_zaznam_spc.idkod order by k_zaklad.idkod, k_zaznam_spc.hod_od"));
-    EXPECT_EQ(column(*rows, u"hod_od"), (QStringList{"", "9", "10", "8", ""}));
+    EXPECT_EQ(column(*rows, u"hod_od"), u",9,10,8,");
     rows->MoveFirst();
     rows->Edit();
     rows->Fields(u"hod_od").setValue(QStringLiteral("7"));
@@ -305,9 +308,11 @@ TEST_F(RecordsetTest, AnOuterJoinHasRowsWithoutARightSide) {
 }
 
 TEST_F(RecordsetTest, GroupedRowsAreReadOnly) {
-    auto rows = open(QStringLiteral("select priezv, count(*) as pocet from k_zaklad group by priezv"));
-    EXPECT_EQ(column(*rows, u"pocet"), (QStringList{"1", "1", "2"}));
-    rows->setAbsolutePosition(2);
+    auto rows =
+        open(QStringLiteral("select priezv, count(*) as pocet from k_zaklad group by priezv"));
+    EXPECT_EQ(column(*rows, u"pocet"), u"1,1,2");
+    rows->FindFirst(QStringLiteral("pocet = 2"));
+    EXPECT_EQ(rows->AbsolutePosition(), 2);
     const auto mark = rows->Bookmark();
     rows->MoveFirst();
     rows->setBookmark(mark);
@@ -354,12 +359,13 @@ TEST_F(RecordsetTest, KeepsItsRowsWhileItReadsThemLate) {
         SCOPED_TRACE(qPrintable(source));
         auto expected = column(*open(source), u"kod");
         auto rows = open(source);
-        const qint64 others = expected.size();
-        database.Execute(QStringLiteral("insert into c_iczuj (kod,nazov) values ('9999','Cudzia')"));
+        const qint64 others = expected.count(QLatin1Char(',')) + 1;
+        database.Execute(
+            QStringLiteral("insert into c_iczuj (kod,nazov) values ('9999','Cudzia')"));
         rows->AddNew();
         rows->Fields(u"kod").setValue(QStringLiteral("5000"));
         rows->Update();
-        EXPECT_EQ(column(*rows, u"kod"), expected << QStringLiteral("5000"));
+        EXPECT_EQ(column(*rows, u"kod"), expected + QStringLiteral(",5000"));
         EXPECT_EQ(rows->RecordCount(), others + 1);
         rows->FindFirst(QStringLiteral("kod='5000'"));
         EXPECT_EQ(rows->AbsolutePosition(), others);
@@ -375,9 +381,10 @@ TEST_F(RecordsetTest, StoredQueriesAreSources) {
     EXPECT_ENGINE_ERROR(database.appendQueryDef(QStringLiteral("Vyp_Memo"), byName), 3012);
     database.appendQueryDef(QStringLiteral("vyp_nova"), byName);
     EXPECT_EQ(open(QStringLiteral("vyp_nova"))->RecordCount(), 4);
-    execute({QStringLiteral("insert into zamestnanci (idkod,meno,priezv) values ('Z','Zita','Zlá')"),
-             QStringLiteral("insert into k_zaznam_zmeny (idkod,idkod_p,datum,zmeny) values "
-                            "('NOVAKJA00','Z',datevalue('1.9.2006'),'nič')")});
+    execute(
+        {QStringLiteral("insert into zamestnanci (idkod,meno,priezv) values ('Z','Zita','Zlá')"),
+         QStringLiteral("insert into k_zaznam_zmeny (idkod,idkod_p,datum,zmeny) values "
+                        "('NOVAKJA00','Z',datevalue('1.9.2006'),'nič')")});
     auto notes = open(QStringLiteral("vyp_zazZmeny"));
     EXPECT_EQ(at(*notes, u"datum") + at(*notes, u"Expr1") + at(*notes, u"zmeny"),
               QStringLiteral("01.09.2006Zita  Zlánič"));

@@ -56,7 +56,7 @@ TEST_F(UnitOfWork, AFailedStatementUndoesItselfAlone) {
     add(QStringLiteral("B"));
     add(QStringLiteral("C"));
     EXPECT_ENGINE_ERROR(database.Execute(QStringLiteral(
-                            "update k_zaklad set idkod = iif(idkod='B','A','X' & idkod)")),
+                            "update k_zaklad set idkod = iif(idkod='C','XA','X' & idkod)")),
                         3022);
     EXPECT_ENGINE_ERROR(
         database.Execute(QStringLiteral("update k_zaklad set psc = space(len(idkod)+5)")), 3163);
@@ -75,9 +75,8 @@ TEST_F(UnitOfWork, SaysHowManyRowsAStatementTouched) {
 }
 
 TEST_F(UnitOfWork, AFullDiskAtTheCommitLeavesNothing) {
-    faults::install({Plan::Fault::DiskFull, 1});
-    auto rows = database.OpenRecordset(QStringLiteral("k_zaklad"));
     add(QStringLiteral("A"));
+    faults::install({Plan::Fault::DiskFull, 1});
     EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3026);
     faults::install({});
     EXPECT_EQ(file.count(QStringLiteral("k_zaklad")), 0);
@@ -99,11 +98,16 @@ TEST_F(UnitOfWork, ClosingOnAFullDiskSaysSo) {
     add(QStringLiteral("A"));
     faults::install({Plan::Fault::DiskFull, 1});
     EXPECT_ENGINE_ERROR(database.Close(), 3026);
-    database = file.engine.OpenDatabase(file.folder.database());
-    add(QStringLiteral("B"));
-    database = file.engine.OpenDatabase(file.folder.database());
-    file.engine.OpenDatabase(file.folder.database()).OpenRecordset(QStringLiteral("k_zaklad"));
+    faults::install({});
+    {
+        auto rows = file.engine.OpenDatabase(file.folder.database())
+                        .OpenRecordset(QStringLiteral("k_zaklad"));
+        rows->AddNew();
+        rows->Update();
+        faults::install({Plan::Fault::DiskFull, 1});
+    }
     EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3026);
+    EXPECT_EQ(durableRows(), 0);
 }
 
 TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
@@ -111,9 +115,9 @@ TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
     file.engine.commitPending();
     const QByteArray before = files::read(file.folder.database());
     faults::install({Plan::Fault::DiskFull, 3});
-    EXPECT_ENGINE_ERROR(file.engine.CompactDatabase(file.folder.database(),
-                                                    file.folder.path(u"tmp.mdb"), {}),
-                        3026);
+    EXPECT_ENGINE_ERROR(
+        file.engine.CompactDatabase(file.folder.database(), file.folder.path(u"tmp.mdb"), {}),
+        3026);
     EXPECT_EQ(files::namesIn(file.directory.path()), QStringList{QStringLiteral("tvk.mdb")});
     EXPECT_EQ(files::read(file.folder.database()), before);
 }
@@ -122,13 +126,14 @@ TEST_F(UnitOfWork, NothingFollowsWritesThatWereLost) {
     // More pages than the cache holds force the unit out to the disk before its commit.
     add(QStringLiteral("A"));
     faults::install({Plan::Fault::DiskFull, 1});
-    int written = 0;
-    const QString fill =
-        QStringLiteral("insert into k_memo (idkod,poznamky) values ('%1','%2')");
     const QString page(4'000'000, QLatin1Char('x'));
     const auto addUntilFull = [&] {
-        for (; written < 40; ++written)
-            database.Execute(fill.arg(QString::number(written), page));
+        const auto notes = database.OpenRecordset(QStringLiteral("k_memo"));
+        for (int row = 0; row < 40; ++row) {
+            notes->AddNew();
+            notes->Fields(u"poznamky").setValue(page);
+            notes->Update();
+        }
     };
     EXPECT_ENGINE_ERROR(addUntilFull(), 3026);
     faults::install({});
