@@ -12,8 +12,6 @@ namespace store {
 
 namespace {
 
-constexpr int busyTimeoutMs = 2000;
-
 /// Rolled back rows may be many; keep their stamps apart from those of counted changes.
 constexpr quint64 rollbackStep = quint64{1} << 40;
 
@@ -29,7 +27,7 @@ std::unique_ptr<SQLite::Database> openFile(const QString& path, Connection::Acce
         access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     try {
         return std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), flags,
-                                                  busyTimeoutMs);
+                                                  Connection::usualPatienceMs);
     } catch (const SQLite::Exception& failure) {
         throw sqliteError(failure.getExtendedErrorCode(), nullptr, path);
     }
@@ -58,6 +56,10 @@ Connection::~Connection() {
 
 sqlite3* Connection::handle() const {
     return database_->getHandle();
+}
+
+void Connection::setPatience(int milliseconds) {
+    sqlite3_busy_timeout(handle(), milliseconds);
 }
 
 void Connection::execute(const char* sql) {

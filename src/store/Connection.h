@@ -60,6 +60,9 @@ class Connection {
             return result;
         });
     }
+    static constexpr int usualPatienceMs = 2000;
+    /// How long to wait for another program that uses the file.
+    void setPatience(int milliseconds);
     /// Runs statements of SQLite that give no rows.
     void execute(const char* sql);
 

@@ -49,7 +49,9 @@ class Header {
     throw EngineError(ErrorNumber::UnrecognizedFile, why, path);
 }
 
-QString journalOf(const QString& path) { return path + QStringLiteral("-journal"); }
+QString journalOf(const QString& path) {
+    return path + QStringLiteral("-journal");
+}
 
 void checkOwner(const QString& path, quint32 application, quint32 version) {
     if (application != applicationId)
@@ -139,10 +141,18 @@ void removeColdJournal(Connection& connection) {
     const QString journal = journalOf(connection.path());
     if (!QFileInfo::exists(journal) || sqlite3_db_readonly(connection.handle(), "main") != 0)
         return;
-    // Nobody writes while this lock is held, and what was to be taken back has been.
-    connection.execute("BEGIN EXCLUSIVE");
-    QFile::remove(journal);
-    connection.execute("ROLLBACK");
+    connection.setPatience(0);
+    try {
+        // Nobody writes while this lock is held, and what was to be taken back has been.
+        connection.execute("BEGIN EXCLUSIVE");
+        QFile::remove(journal);
+        connection.execute("ROLLBACK");
+    } catch (const EngineError& error) {
+        // Then the journal belongs to another program that is writing just now.
+        if (error.number() != ErrorNumber::Busy)
+            throw;
+    }
+    connection.setPatience(Connection::usualPatienceMs);
 }
 
 void checkHeader(const QString& path) {

@@ -84,10 +84,9 @@ bool Rowset::holds(RowKeyView key) {
 }
 
 std::optional<RowKey> Rowset::find(const QString& criterion) {
-    if (!plan_.updatable)
-        throw EngineError(ErrorNumber::NotUpdatable,
-                          QStringLiteral("V tomto výbere sa nedá hľadať."), criterion);
     const QString condition = translateCriterion(criterion, plan_);
+    if (!plan_.updatable)
+        return findByNumber(condition);
     if (plan_.sources.size() > 1)
         return findInJoin(condition);
     const QString old = QStringLiteral("%1.rowid <= ?1").arg(sqlName(plan_.sources[0].alias));
