@@ -1,3 +1,4 @@
+#include "forms/Appearance.h"
 #include "forms/SlovakTexts.h"
 
 #include <QApplication>
@@ -7,7 +8,7 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TVK"));
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    forms::dress(application);
     forms::installSlovakTexts(application);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "store/EngineError.h"
+
+#include <QApplication>
+
+#include <functional>
+
+namespace app {
+
+/// The application with the last-resort report: an error that nobody handled gives up what it
+/// stopped, is told to the user, and the program goes on.
+class Application : public QApplication {
+    Q_OBJECT
+  public:
+    Application(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+    /// Runs an action each time before the program waits for its user, message boxes included.
+    void beforeWaiting(std::function<void()> action);
+
+  private:
+    void runReporting(const std::function<void()>& action);
+    void report(const store::EngineError& error);
+
+    bool reporting_ = false;
+};
+
+} // namespace app

@@ -1,0 +1,33 @@
+#include "app/Screens.h"
+
+#include "forms/MessageBox.h"
+#include "mainwindow/FrmUvod.h"
+
+#include <map>
+
+namespace app {
+
+namespace {
+
+using mainwindow::FrmUvod;
+using mainwindow::Screen;
+using Opener = void (*)(FrmUvod&);
+
+/// Every screen that there is. What is missing here is told to the user as not ready yet.
+const std::map<Screen, Opener>& openers() {
+    static const std::map<Screen, Opener> table{};
+    return table;
+}
+
+} // namespace
+
+void openScreen(Screen screen, FrmUvod& window) {
+    const auto opener = openers().find(screen);
+    if (opener != openers().end())
+        return opener->second(window);
+    forms::showMessage(&window, {.text = QStringLiteral("Táto časť programu sa pripravuje."),
+                                 .title = QStringLiteral("Informácia"),
+                                 .icon = QMessageBox::Information});
+}
+
+} // namespace app

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "mainwindow/ListRows.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <optional>
+
+class QLabel;
+
+namespace mainwindow {
+
+class ButtonPanel;
+class ListPane;
+
+/// The program's one main window: picture buttons, menu, the lists and the school year. It owns the
+/// run; everything else opens modally from it.
+class FrmUvod : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// Nothing is read before open(). @param around must outlive the window
+    explicit FrmUvod(const Surroundings& around);
+    ~FrmUvod() override;
+
+    /// The whole load, and then the window, or the end of the run when there are no data to work
+    /// with. Opening again after zavri() sets list, colours and school year back.
+    void open();
+    /// Closes the window and lets go of the file; the run goes on.
+    void zavri();
+    /// Opens the connection that the return's tables are read through; the window holds it.
+    /// @throws store::EngineError
+    void connectDB();
+    /// The year that the return is made for, "RRRR/RRRR".
+    QString schoolYear() const;
+    const Surroundings& surroundings() const { return around_; }
+
+    void ukazKlientov();
+    void ukazZamestnancov();
+    void zadajSkolskyRok();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void buildMenu();
+    void buildKeys();
+    void buildStatus();
+
+    void load();
+    bool fileFound();
+    void openData();
+    void loadFailed(int number);
+    void setControlsEnabled(bool enabled);
+    void nastavSkolskyRok();
+    void unload();
+
+    void pressed(int button);
+    void openTable(int button, Screen screen);
+    void openScreen(Screen screen) { around_.open(screen, *this); }
+    void koniecTlacidlom();
+    void koniec();
+
+    const Surroundings& around_;
+    std::unique_ptr<MainSources> sources_;
+    std::optional<store::Database> connection_;
+    ButtonPanel* panel_;
+    ListPane* lists_;
+    bool ukoncit_ = false;
+    bool runGoesOn_ = false;
+};
+
+} // namespace mainwindow

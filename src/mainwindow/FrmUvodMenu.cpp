@@ -1,0 +1,111 @@
+// The menu, the keys and the status bar of the main window.
+#include "forms/Guard.h"
+#include "mainwindow/ButtonPanel.h"
+#include "mainwindow/FrmUvod.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStatusBar>
+
+#include <array>
+#include <vector>
+
+namespace mainwindow {
+
+namespace {
+
+struct ItemTraits {
+    QStringView name;
+    QStringView caption;
+    Screen screen;
+};
+
+struct MenuTraits {
+    QStringView name;
+    QStringView caption;
+    QStringView key;
+    std::vector<ItemTraits> items;
+};
+
+const std::array<MenuTraits, 3>& menus() {
+    static const std::array<MenuTraits, 3> table{{
+        {u"mnuTlac",
+         u"Tlač",
+         u"Alt+T",
+         {{u"mniVek", u"Zostava klientov zoradena podľa veku", Screen::PrintVek},
+          {u"mniVzd", u"Zostava klientov zoradená podľa spôsobu vzdelávania", Screen::PrintVzd},
+          {u"mniZam", u"Evidenčný počet zamestnancov", Screen::PrintZam},
+          {u"mniOdbStar", u"Odborná starostlivosť", Screen::PrintOdbStar},
+          {u"mniDopUkaz", u"Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
+          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient}}},
+        {u"mnuServis",
+         u"Servis",
+         u"Alt+S",
+         {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
+          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore}}},
+        // A menu without items acts on its own click.
+        {u"mnuKoniec", u"Koniec", u"Alt+K", {}},
+    }};
+    return table;
+}
+
+} // namespace
+
+void FrmUvod::buildMenu() {
+    for (const MenuTraits& traits : menus()) {
+        QAction* action = nullptr;
+        if (traits.items.empty()) {
+            action = menuBar()->addAction(traits.caption.toString());
+            forms::wire(action, &QAction::triggered, this, [this] { koniec(); });
+        } else {
+            QMenu* menu = menuBar()->addMenu(traits.caption.toString());
+            menu->setObjectName(traits.name.toString());
+            action = menu->menuAction();
+            for (const ItemTraits& item : traits.items) {
+                QAction* entry = menu->addAction(item.caption.toString());
+                entry->setObjectName(item.name.toString());
+                forms::wire(entry, &QAction::triggered, this,
+                            [this, screen = item.screen] { openScreen(screen); });
+            }
+        }
+        action->setObjectName(traits.name.toString());
+    }
+}
+
+// Captions carry no mnemonics, so keys are told apart from them.
+void FrmUvod::buildKeys() {
+    const auto onKey = [this](const QString& key, const auto& action) {
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this, action);
+    };
+    const QList<QAction*> actions = menuBar()->actions();
+    for (qsizetype i = 0; i < actions.size(); ++i) {
+        QAction* action = actions.at(i);
+        onKey(menus().at(static_cast<size_t>(i)).key.toString(), [this, action] {
+            if (action->menu() != nullptr)
+                menuBar()->setActiveAction(action);
+            else
+                action->trigger();
+        });
+    }
+    onKey(QStringLiteral("F10"),
+          [this, first = actions.first()] { menuBar()->setActiveAction(first); });
+    for (int number = 1; number <= ButtonColours::buttons; ++number)
+        onKey(QStringLiteral("Ctrl+%1").arg(number), [this, number] {
+            panel_->button(number)->setFocus();
+            panel_->button(number)->click();
+        });
+}
+
+void FrmUvod::buildStatus() {
+    auto* keys = new QLabel(QStringLiteral(
+        "F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá  ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
+        "Ctrl+D výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+    keys->setObjectName(QStringLiteral("lblKlavesy"));
+    statusBar()->addPermanentWidget(keys);
+    statusBar()->setSizeGripEnabled(false);
+}
+
+} // namespace mainwindow

@@ -1,0 +1,289 @@
+#include "mainwindow/ListPane.h"
+
+#include "forms/Guard.h"
+#include "forms/RecordsetGrid.h"
+#include "forms/Twips.h"
+#include "validation/modKontrola.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace mainwindow {
+
+namespace {
+
+constexpr QStringView sortByNumber = u"Trieď (katalógové číslo)";
+constexpr QStringView sortByName = u"Trieď (priezvisko,meno)";
+constexpr int sortStateLength = 8;
+
+constexpr int headingHeight = forms::pixels(720);
+constexpr int gridWidth = forms::pixels(7695);
+constexpr int buttonColumnWidth = 190;
+constexpr int buttonHeight = 34;
+constexpr int margin = 14;
+
+QFont scaled(QFont font, qreal factor, bool bold) {
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(bold);
+    return font;
+}
+
+QLabel* makeWelcome() {
+    auto* label = new QLabel(QStringLiteral("Vyberte vľavo zoznam klientov alebo zamestnancov."));
+    label->setObjectName(QStringLiteral("lblVyber"));
+    label->setAlignment(Qt::AlignCenter);
+    label->setFont(scaled(label->font(), 1.25, false));
+    return label;
+}
+
+} // namespace
+
+struct ListPane::ListButton {
+    QPushButton* ListPane::*button;
+    QStringView name;
+    QStringView caption;
+    void (ListPane::*action)();
+    QStringView key;
+    QStringView toolTip;
+};
+
+const std::array<ListPane::ListButton, 5>& ListPane::buttons() {
+    static const std::array<ListButton, 5> table{{
+        {&ListPane::cmdNovy_, u"CmdNovy", u"Nový", &ListPane::novy, u"Ctrl+N",
+         u"Zadávanie nových dát zamestnancov"},
+        {&ListPane::cmdOprava_, u"cmdOprava", u"Oprava údajov", &ListPane::oprava, u"Ctrl+O", {}},
+        {&ListPane::cmdVymaz_, u"cmdVymaz", u"Výmaz ", &ListPane::vymaz, u"Ctrl+D", {}},
+        {&ListPane::cmdHladaj_, u"cmdHladaj", u"Hľadaj", &ListPane::hladajOsobu, u"Ctrl+F", {}},
+        {&ListPane::cmdSort_, u"CmdSort", sortByNumber, &ListPane::tried, u"Ctrl+T", {}},
+    }};
+    return table;
+}
+
+ListPane::ListPane(const Surroundings& around, std::function<void(Screen)> open, QWidget* parent)
+    : QWidget(parent), around_(around), open_(std::move(open)), heading_(new QLabel),
+      count_(new QLabel), welcome_(makeWelcome()), dbgKlient_(addGrid(clientList)),
+      dbgPsych_(addGrid(employeeList)) {
+    auto* lists = new QVBoxLayout;
+    lists->setSpacing(0);
+    lists->addWidget(makeHeading());
+    for (QWidget* widget : {static_cast<QWidget*>(dbgKlient_), static_cast<QWidget*>(dbgPsych_),
+                            static_cast<QWidget*>(welcome_)})
+        lists->addWidget(widget, 1);
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(margin, 0, margin, margin);
+    columns->setSpacing(margin);
+    columns->addLayout(lists, 1);
+    columns->addLayout(makeButtonColumn());
+    clear();
+}
+
+QWidget* ListPane::makeHeading() {
+    auto* row = new QWidget;
+    row->setFixedHeight(headingHeight);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(2, 0, 2, 0);
+    heading_->setObjectName(QStringLiteral("lblZoznam"));
+    heading_->setFont(scaled(heading_->font(), 1.5, true));
+    count_->setObjectName(QStringLiteral("lblPocet"));
+    layout->addWidget(heading_);
+    layout->addStretch();
+    layout->addWidget(count_);
+    return row;
+}
+
+forms::RecordsetGrid* ListPane::addGrid(const ListTraits& list) {
+    auto* grid = new forms::RecordsetGrid(list.columns);
+    grid->setObjectName(list.gridName.toString());
+    grid->setAccessibleName(list.heading.toString());
+    grid->setMinimumWidth(gridWidth);
+    connect(grid->model(), &QAbstractItemModel::modelReset, this, &ListPane::countRows);
+    return grid;
+}
+
+QLayout* ListPane::makeButtonColumn() {
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, headingHeight, 0, 0);
+    column->setSpacing(8);
+    for (const ListButton& traits : buttons()) {
+        this->*traits.button = addButton(traits);
+        column->addWidget(this->*traits.button);
+    }
+    column->addStretch();
+    return column;
+}
+
+QPushButton* ListPane::addButton(const ListButton& traits) {
+    auto* button = new QPushButton(traits.caption.toString());
+    button->setObjectName(traits.name.toString());
+    button->setFixedSize(buttonColumnWidth, buttonHeight);
+    button->setAutoDefault(true);
+    const QString key = traits.key.toString();
+    button->setToolTip(traits.toolTip.isEmpty() ? key : traits.toolTip.toString());
+    forms::wire(button, &QPushButton::clicked, this,
+                [this, action = traits.action] { (this->*action)(); });
+    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button] {
+        if (!button->isHidden())
+            button->click();
+    });
+    return button;
+}
+
+forms::RecordsetGrid& ListPane::grid(const ListTraits& list) const {
+    return list.number == clientList.number ? *dbgKlient_ : *dbgPsych_;
+}
+
+const ListTraits* ListPane::onShow() const {
+    if (!dbgKlient_->isHidden())
+        return &clientList;
+    return !dbgPsych_->isHidden() ? &employeeList : nullptr;
+}
+
+void ListPane::setSources(MainSources* sources) {
+    dbgKlient_->bind(nullptr);
+    dbgPsych_->bind(nullptr);
+    sources_ = sources;
+}
+
+void ListPane::clear() {
+    dbgKlient_->hide();
+    dbgPsych_->hide();
+    welcome_->show();
+    heading_->clear();
+    count_->clear();
+    aktZoznam_ = 0;
+    for (const ListButton& traits : buttons())
+        (this->*traits.button)->setText(traits.caption.toString());
+    cmdSort_->hide();
+    tlacidlaPrazdne();
+    cmdNovy_->setEnabled(false);
+}
+
+void ListPane::countRows() {
+    if (const ListTraits* list = onShow())
+        count_->setText(QStringLiteral("Počet: %1").arg(grid(*list).rows().rowCount()));
+}
+
+void ListPane::tlacidlaVsetky() {
+    for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdNovy_, cmdVymaz_})
+        button->setEnabled(true);
+}
+
+void ListPane::tlacidlaPrazdne() {
+    for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdVymaz_})
+        button->setEnabled(false);
+    cmdNovy_->setEnabled(true);
+}
+
+void ListPane::tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus) {
+    if (sources_->datGrid.Recordset().Eof()) {
+        tlacidlaPrazdne();
+        cmdNovy_->setFocus();
+    } else {
+        tlacidlaVsetky();
+        focus.setFocus();
+    }
+}
+
+void ListPane::ukaz(const ListTraits& list) {
+    setCaptions(list);
+    zoznam(list);
+    aktZoznam_ = list.number;
+}
+
+void ListPane::setCaptions(const ListTraits& list) {
+    cmdNovy_->setText(list.newCaption.toString());
+    cmdVymaz_->setText(list.deleteCaption.toString());
+    cmdHladaj_->setText(list.findCaption.toString());
+    cmdSort_->setVisible(list.number == clientList.number);
+}
+
+/// `zoznamKlientov` and `zoznamZamestnancov`.
+void ListPane::zoznam(const ListTraits& list) {
+    showGrid(list);
+    readAnew(list.sqlByName);
+    grid(list).bind(&sources_->datGrid);
+    tlacidlaPodlaRiadkov(grid(list));
+}
+
+void ListPane::showGrid(const ListTraits& list) {
+    const ListTraits& other = list.number == clientList.number ? employeeList : clientList;
+    grid(other).bind(nullptr);
+    grid(other).hide();
+    welcome_->hide();
+    grid(list).show();
+    heading_->setText(list.heading.toString());
+}
+
+void ListPane::readAnew(QStringView sql) {
+    sources_->datGrid.setDatabaseName(around_.folder.database());
+    sources_->datGrid.setRecordSource(sql.toString());
+    sources_->datGrid.Refresh();
+}
+
+void ListPane::novy() {
+    modKontrola::gAkcia = 1;
+    modKontrola::gIdKod.clear();
+    modKontrola::gMenoKlienta.clear();
+    if (const ListTraits* list = onShow())
+        open_(list->card);
+    sources_->datGrid.Refresh();
+    // The caption tells the list: "Nový zamestnanec" as against "Nový klient".
+    const bool employees = cmdNovy_->text().trimmed().endsWith(u'c');
+    tlacidlaPodlaRiadkov(employees ? *dbgPsych_ : *dbgKlient_);
+}
+
+void ListPane::oprava() {
+    zoznamPred_ = aktZoznam_;
+    if (const ListTraits* list = onShow()) {
+        store::DataSource& row = sources_->datGrid;
+        modKontrola::gIdKod = fieldText(row, u"idkod");
+        modKontrola::gMenoKlienta = QStringLiteral(" : ") + fieldText(row, u"meno") +
+                                    QStringLiteral("  ") + fieldText(row, u"priezv");
+        modKontrola::gAkcia = 2;
+        open_(list->card);
+    }
+    Q_EMIT cardClosed(zoznamPred_);
+    const ListTraits& list = zoznamPred_ == clientList.number ? clientList : employeeList;
+    // By name whatever the order was; the caption of CmdSort stays, and may then offer the order
+    // that is on show.
+    readAnew(list.sqlByName);
+    if (!sources_->datGrid.Recordset().Eof())
+        sources_->datGrid.Recordset().FindFirst(QStringLiteral("idkod = ") +
+                                                store::quoted(modKontrola::gIdKod));
+    grid(list).rebind();
+    grid(list).setFocus();
+}
+
+void ListPane::tried() {
+    const bool byNumber =
+        cmdSort_->text().first(sortStateLength) == sortByNumber.first(sortStateLength);
+    sources_->datGrid.setRecordSource(
+        (byNumber ? clientsByNumber : clientList.sqlByName).toString());
+    cmdSort_->setText((byNumber ? sortByName : sortByNumber).toString());
+    sources_->datGrid.Refresh();
+}
+
+void ListPane::vymaz() {
+    const ListTraits* list = onShow();
+    if (list == nullptr)
+        return;
+    const bool deleted =
+        list->number == clientList.number ? vymazKlienta(place()) : vymazZamestnanca(place());
+    if (deleted && sources_->datGrid.Recordset().Eof())
+        tlacidlaPrazdne();
+}
+
+void ListPane::hladajOsobu() {
+    const ListTraits& list = dbgKlient_->isHidden() ? employeeList : clientList;
+    if (!hladaj(place(), list))
+        return;
+    grid(list).setFocus();
+    grid(list).viewport()->update();
+}
+
+} // namespace mainwindow

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "mainwindow/ListRows.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QPushButton;
+
+namespace forms {
+class RecordsetGrid;
+}
+
+namespace mainwindow {
+
+/// The two lists, of which one is on show, and the buttons that act on its current row.
+class ListPane : public QWidget {
+    Q_OBJECT
+  public:
+    /// @param open opens a card and waits for its end
+    ListPane(const Surroundings& around, std::function<void(Screen)> open,
+             QWidget* parent = nullptr);
+
+    /// The data sources from now on; null takes the rows off the screen and lets go of them.
+    void setSources(MainSources* sources);
+    /// No list on show and nothing to press.
+    void clear();
+    /// Puts a list on show in the order of names. @throws store::EngineError
+    void ukaz(const ListTraits& list);
+    /// 1 clients, 2 employees, 0 none.
+    int aktZoznam() const { return aktZoznam_; }
+
+  Q_SIGNALS:
+    /// A card that was opened to edit a row of that list has closed.
+    void cardClosed(int list);
+
+  private:
+    struct ListButton;
+    static const std::array<ListButton, 5>& buttons();
+    QPushButton* addButton(const ListButton& traits);
+    forms::RecordsetGrid* addGrid(const ListTraits& list);
+    QWidget* makeHeading();
+    QLayout* makeButtonColumn();
+
+    void tlacidlaVsetky();
+    void tlacidlaPrazdne();
+    void tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus);
+    void zoznam(const ListTraits& list);
+    void setCaptions(const ListTraits& list);
+    void showGrid(const ListTraits& list);
+    void countRows();
+    void readAnew(QStringView sql);
+
+    void novy();
+    void oprava();
+    void vymaz();
+    void hladajOsobu();
+    void tried();
+
+    forms::RecordsetGrid& grid(const ListTraits& list) const;
+    /// The list whose grid is visible, or null.
+    const ListTraits* onShow() const;
+    ListPlace place() { return {window(), around_, *sources_}; }
+
+    const Surroundings& around_;
+    std::function<void(Screen)> open_;
+    MainSources* sources_ = nullptr;
+    int aktZoznam_ = 0;
+    int zoznamPred_ = 0;
+
+    QLabel* heading_;
+    QLabel* count_;
+    QLabel* welcome_;
+    forms::RecordsetGrid* dbgKlient_;
+    forms::RecordsetGrid* dbgPsych_;
+    QPushButton* cmdNovy_ = nullptr;
+    QPushButton* cmdOprava_ = nullptr;
+    QPushButton* cmdVymaz_ = nullptr;
+    QPushButton* cmdHladaj_ = nullptr;
+    QPushButton* cmdSort_ = nullptr;
+};
+
+} // namespace mainwindow

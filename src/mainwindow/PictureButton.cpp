@@ -1,0 +1,97 @@
+#include "mainwindow/PictureButton.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace mainwindow {
+
+namespace {
+
+constexpr int pictureSize = 46;
+constexpr int margin = 8;
+constexpr qreal roundness = 7;
+constexpr QColor outline(104, 104, 164);
+constexpr QColor focusOutline(60, 60, 136);
+
+} // namespace
+
+void PictureLabel::mousePressEvent(QMouseEvent* event) {
+    down_ = event->button() == Qt::LeftButton;
+}
+
+void PictureLabel::mouseReleaseEvent(QMouseEvent* event) {
+    if (down_ && rect().contains(event->pos()))
+        Q_EMIT clicked();
+    down_ = false;
+}
+
+PictureButton::PictureButton(const QString& picture, std::vector<PictureLabel*> labels,
+                             QWidget* parent)
+    : QAbstractButton(parent), picture_(picture), labels_(std::move(labels)) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setCursor(Qt::PointingHandCursor);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin + pictureSize + 2, margin, margin);
+    layout->setSpacing(0);
+    for (PictureLabel* label : labels_) {
+        label->setAttribute(Qt::WA_NoMousePropagation);
+        layout->addWidget(label, 0, Qt::AlignHCenter);
+        connect(label, &PictureLabel::clicked, this, [this] { click(); });
+    }
+}
+
+void PictureButton::setColour(const QColor& colour) {
+    colour_ = colour;
+    for (PictureLabel* label : labels_) {
+        QPalette palette = label->palette();
+        palette.setColor(QPalette::Window, colour);
+        label->setPalette(palette);
+        label->setAutoFillBackground(true);
+    }
+    update();
+}
+
+QSize PictureButton::sizeHint() const {
+    const QSize texts = layout()->sizeHint();
+    return {std::max(texts.width(), pictureSize + 2 * margin), texts.height()};
+}
+
+QRectF PictureButton::pictureRect() const {
+    const qreal below = layout()->contentsRect().top();
+    const qreal side = std::min<qreal>(below - margin, pictureSize);
+    return {(width() - side) / 2.0, margin, side, side};
+}
+
+void PictureButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal stroke = hasFocus() ? 2.5 : 1;
+    painter.setPen(QPen(hasFocus() ? focusOutline : outline, stroke));
+    painter.setBrush(isDown() ? colour_.darker(106) : colour_);
+    const QRectF frame = QRectF(rect()).adjusted(stroke / 2, stroke / 2, -stroke / 2, -stroke / 2);
+    painter.drawRoundedRect(frame, roundness, roundness);
+    picture_.render(&painter, pictureRect());
+}
+
+void PictureButton::mouseMoveEvent(QMouseEvent* event) {
+    QAbstractButton::mouseMoveEvent(event);
+    Q_EMIT pointerMoved();
+}
+
+void PictureButton::mouseReleaseEvent(QMouseEvent* event) {
+    if (isDown() && event->button() == Qt::LeftButton && hitButton(event->pos()))
+        Q_EMIT pictureClicked();
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+} // namespace mainwindow

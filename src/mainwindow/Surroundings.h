@@ -1,0 +1,42 @@
+#pragma once
+
+#include "store/Database.h"
+#include "store/ProgramFolder.h"
+
+#include <QDate>
+
+#include <functional>
+
+namespace mainwindow {
+
+class FrmUvod;
+
+/// What the main window opens. Most are modal and are back when they are done.
+enum class Screen {
+    ClientCard,
+    EmployeeCard,
+    TableIV,
+    TableV,
+    PrintVek,
+    PrintVzd,
+    PrintZam,
+    PrintOdbStar,
+    PrintDopUkaz,
+    PrintZozKlient,
+    Archive,
+    Restore,
+    RestoreAtStart,
+};
+
+/// What the main window needs of the rest of the program.
+struct Surroundings {
+    store::DBEngine& engine;
+    const store::ProgramFolder& folder;
+    std::function<QDate()> today;
+    /// Opens a screen and waits until it is done.
+    std::function<void(Screen, FrmUvod&)> open;
+    /// The run is over: the window is closed and will not come again.
+    std::function<void()> endRun;
+};
+
+} // namespace mainwindow
