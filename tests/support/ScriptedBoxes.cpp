@@ -27,8 +27,12 @@ QString describe(const QWidget& window) {
 
 struct Describe {
     QString operator()(const ExpectedBox& box) const { return QStringLiteral("box: ") + box.text; }
-    QString operator()(const ExpectedInput& input) const { return QStringLiteral("prompt: ") + input.prompt; }
-    QString operator()(const ExpectedWindow& window) const { return QStringLiteral("window: ") + window.name; }
+    QString operator()(const ExpectedInput& input) const {
+        return QStringLiteral("prompt: ") + input.prompt;
+    }
+    QString operator()(const ExpectedWindow& window) const {
+        return QStringLiteral("window: ") + window.name;
+    }
 };
 
 /// Ends a window that nobody expected, so that the test goes on to its end.

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 
 #include <initializer_list>
+#include <optional>
+#include <utility>
 
 namespace support {
 
@@ -15,26 +17,40 @@ namespace support {
 struct TemporaryRegister {
     TemporaryRegister() { engine.CreateDatabase(folder.database()); }
 
+    /// The database, open until letGo().
+    store::Database& database() {
+        if (!database_)
+            database_ = engine.OpenDatabase(folder.database());
+        return *database_;
+    }
+    /// Leaves the file to the program alone.
+    void letGo() { database_.reset(); }
+
     void execute(std::initializer_list<QString> statements) {
-        auto database = engine.OpenDatabase(folder.database());
         for (const QString& sql : statements)
-            database.Execute(sql);
+            database().Execute(sql);
     }
-    qint64 count(const QString& source) {
-        return engine.OpenDatabase(folder.database()).OpenRecordset(source)->RecordCount();
+    /// Adds a row with these columns.
+    void add(const QString& table,
+             std::initializer_list<std::pair<const char16_t*, store::Value>> columns) {
+        const auto rows = database().OpenRecordset(table);
+        rows->AddNew();
+        for (const auto& [column, value] : columns)
+            rows->Fields(column).setValue(value);
+        rows->Update();
     }
+    qint64 count(const QString& source) { return database().OpenRecordset(source)->RecordCount(); }
     /// The text of a column of the first row.
     QString text(const QString& source, const QString& column) {
-        return engine.OpenDatabase(folder.database())
-            .OpenRecordset(source)
-            ->Fields(column)
-            .Value()
-            .toText();
+        return database().OpenRecordset(source)->Fields(column).Value().toText();
     }
 
     QTemporaryDir directory;
     store::ProgramFolder folder{directory.path()};
     store::DBEngine engine;
+
+  private:
+    std::optional<store::Database> database_;
 };
 
 } // namespace support
