@@ -39,9 +39,9 @@ class DataSource : public QObject, private RecordsetObserver {
     // The first three are the observer's calls themselves: a signal of the same form overrides
     // them.
     /// See RecordsetObserver. The signals are sent synchronously.
-    void aboutToWrite();
-    void aboutToLeave();
-    void repositioned();
+    void aboutToWrite() override;
+    void aboutToLeave() override;
+    void repositioned() override;
     /// A new recordset is in place; sent before its first repositioned().
     void refreshed();
 

@@ -11,6 +11,7 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases> Overloaded(Cases...) -> Overloaded<Cases...>;
 
 } // namespace
 

@@ -232,7 +232,7 @@ QString Emitter::operand(const Expression& expression) const {
 }
 
 QString Emitter::term(const Expression& expression) const {
-    return term(value(expression), expression.kind);
+    return expression.kind == ValueKind::Text ? operand(expression) + collation : value(expression);
 }
 
 QString Emitter::term(const QString& sql, ValueKind kind) {
@@ -487,7 +487,7 @@ QString Emitter::forColumn(const Expression& expression, const SourceColumn& col
     const bool isText = expression.kind == ValueKind::Text;
     const bool isDateValue = expression.kind == ValueKind::Date;
     if (expression.kind == ValueKind::Null)
-        return value(expression);
+        return column.kind == ValueKind::Boolean ? QStringLiteral("0") : value(expression);
     const bool takesDate = column.kind == ValueKind::Date;
     const bool isNumeric = !isText && !isDateValue;
     if ((takesDate && isNumeric) || (isDateValue && !takesDate && column.kind != ValueKind::Text))

@@ -109,7 +109,9 @@ class Lexer {
         const qsizetype digits = hasSign ? 2 : 1;
         if (rest_.size() <= digits || !isDigit(rest_[digits]))
             return {};
-        return take(digits).toString() + skip(isDigit).toString();
+        QString exponent = take(digits).toString();
+        exponent += skip(isDigit);
+        return exponent;
     }
 
     Token text(QChar quote) {

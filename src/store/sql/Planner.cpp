@@ -297,8 +297,7 @@ class Planner {
         }
         plan_.inRowidOrder = plan_.updatable && terms.isEmpty() && scope_.sources.size() == 1;
         const bool isAscending = std::ranges::none_of(statement_.orderBy, &OrderTerm::descending);
-        const bool endsWithRowid =
-            plan_.updatable && isAscending && (terms.isEmpty() || scope_.sources.size() == 1);
+        const bool endsWithRowid = plan_.updatable && isAscending && scope_.sources.size() == 1;
         if (endsWithRowid)
             terms << sqlName(scope_.sources[0].alias) + QStringLiteral(".rowid");
         plan_.order = terms.join(comma);

@@ -148,7 +148,11 @@ bool TextOrder::compareRanks(std::string_view left, std::string_view right, int&
 
 int TextOrder::collateSlowly(std::string_view left, std::string_view right) const {
     const int heavy = collate(spelledOut(left, false), spelledOut(right, false));
-    return heavy != 0 ? heavy : collate(spelledOut(left, true), spelledOut(right, true));
+    if (heavy != 0)
+        return heavy;
+    const auto count = std::ranges::count_if(left, isLight) - std::ranges::count_if(right, isLight);
+    return count != 0 ? static_cast<int>(count)
+                      : collate(spelledOut(left, true), spelledOut(right, true));
 }
 
 int TextOrder::compare(std::string_view left, std::string_view right) const {

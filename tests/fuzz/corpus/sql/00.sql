@@ -1,0 +1,1 @@
+k_zaklad

@@ -1,0 +1,1 @@
+dop_ukaz

@@ -1,0 +1,1 @@
+select *,meno+space(2)+priezv as celemeno from k_zaklad order by val(katcis)

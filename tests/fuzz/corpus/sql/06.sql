@@ -1,0 +1,1 @@
+select zamestnanci.meno,zamestnanci.priezv,zamestnanci.idkod,c_funkcie.nazov as naz_fun from zamestnanci,c_funkcie where zamestnanci.prac_zar=c_funkcie.fc_idkod order by priezv,meno

@@ -1,0 +1,1 @@
+select * from k_zaklad  order by priezv,meno

@@ -1,0 +1,1 @@
+select * from c_funkcie order by fc_idkod

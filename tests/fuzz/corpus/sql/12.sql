@@ -1,0 +1,1 @@
+select * from c_zariad where akronym= 'VYCH' order by kod

@@ -1,0 +1,1 @@
+select * from c_zdrpoi order by nazov

@@ -1,0 +1,1 @@
+select (c_zdrpoi.kod+space(2)+chr(124)+space(2)+c_zdrpoi.nazov) as roleta,c_zdrpoi.kod,c_zdrpoi.nazov from c_zdrpoi order by kod

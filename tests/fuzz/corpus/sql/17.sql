@@ -1,0 +1,1 @@
+select (format(c_iczeme.kod, '@@')+format(chr(124),'@@@!')+c_iczeme.nazov) as roleta,c_iczeme.kod,c_iczeme.nazov from c_iczeme order by kod

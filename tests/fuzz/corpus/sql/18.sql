@@ -1,0 +1,1 @@
+SELECT *,(format(kod, '00')+space(2)+chr(124)+space(2)+ nazov) as roleta from c_zariad where akronym = 'TVK' order by kod

@@ -1,0 +1,1 @@
+select *,(trim(priezv) + space(1) + trim(meno)) as spolu,(format(idkod, '         ')+chr(124)+trim(priezv)+ space(2) + trim(meno)) as roleta from zamestnanci order by priezv, meno

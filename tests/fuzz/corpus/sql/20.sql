@@ -1,0 +1,1 @@
+select * from k_memo where idkod= 'NOVAKOJA00' order by idkod

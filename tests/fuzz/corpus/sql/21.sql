@@ -1,0 +1,1 @@
+select *,(format(vzar_od,'dd') + '.' + format(vzar_od,'mm') + '.' + format(vzar_od,'yyyy') + ' - ' + format(vzar_do,'dd') + '.' + format(vzar_do,'mm') + '.' + format(vzar_do,'yyyy')) as kedy from k_zariad where akronym = 'VYCH' and idkod= 'NOVAKOJA00' order by vzar_od

@@ -1,0 +1,1 @@
+select *,(format(datum,'dd') + '.' + format(datum,'mm') + '.' + format(datum,'yyyy')) as kedy from k_vysetrenie where idkod= 'NOVAKOJA00' order by datum

@@ -1,0 +1,1 @@
+datum = datevalue('31.8.2007')

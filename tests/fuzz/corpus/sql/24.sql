@@ -1,0 +1,1 @@
+select * from k_surodenci where idkod = 'NOVAKOJA00' order by meno

@@ -1,0 +1,1 @@
+select * from zamestnanci where idkod= 'NOVAKOJA00'

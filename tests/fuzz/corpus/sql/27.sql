@@ -1,0 +1,1 @@
+delete from k_memo where idkod='NOVAKOJA00'

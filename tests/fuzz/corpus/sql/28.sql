@@ -1,0 +1,1 @@
+update k_navstevy set idkod = 'NOVAKOJA01' where idkod = 'NOVAKOJA00'

@@ -1,0 +1,1 @@
+update k_vysetrenie set idkod_p = 'NOVAKOJA01' where idkod_p = 'NOVAKOJA00'

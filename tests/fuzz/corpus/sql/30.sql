@@ -1,0 +1,1 @@
+update k_zaznam_zmeny set idkod_P = 'NOVAKOJA01' where idkod_P = 'NOVAKOJA00'

@@ -1,0 +1,1 @@
+idkod= 'NOVAKOJA00'

@@ -1,0 +1,1 @@
+idkod_p='NOVAKOJA00'

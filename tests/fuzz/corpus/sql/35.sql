@@ -1,0 +1,1 @@
+trim(katcis) ='12'

@@ -1,0 +1,1 @@
+priezv like'Nov*'and meno like'J*'

@@ -1,0 +1,1 @@
+priezv like'O''Ne*'

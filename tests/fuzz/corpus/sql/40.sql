@@ -1,0 +1,1 @@
+Select k_zaklad.datnar as dat,k_zaklad.pohlav as pohl,k_zaklad.vek as vek,k_zaklad.postih as post, k_zaznam_spc.datum  from k_zaklad inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod where ((isnull(k_zaklad.datnar) = false) and k_zaznam_spc.datum >= datevalue('1.9.2006') and k_zaznam_spc.datum <= datevalue('31.8.2007'))

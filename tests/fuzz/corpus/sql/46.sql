@@ -1,0 +1,1 @@
+Insert Into z_vzdelavanie(stlpec_1,stlpec_2,kod_txt,kod,c_riad,spolu,spolu_zeny,p_zrak,p_zrak_z,p_sluch,p_sluch_z,p_rec,p_rec_z,p_teles,p_teles_z,p_menta,p_menta_z,p_viacn,p_viacn_z,p_autiz,p_autiz_z,p_vpuc,p_vpuc_z,p_vpsp,p_vpsp_z,p_ine,p_ine_z) values ('','','bežná trieda','05','0205','','','','','','','','','','','','','','','','','','',' ','','','')

@@ -1,0 +1,1 @@
+SELECT Zamestnanci.prac_zar, Count(Zamestnanci.idkod) AS sucet, Zamestnanci.[int-ext] From Zamestnanci GROUP BY Zamestnanci.prac_zar, Zamestnanci.[int-ext] HAVING (([Zamestnanci]![prac_zar]=1) AND ([Zamestnanci]![int-ext]='i'))

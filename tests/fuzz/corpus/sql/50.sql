@@ -1,0 +1,1 @@
+SELECT Zamestnanci.prac_zar, Count(Zamestnanci.idkod) AS sucet, Zamestnanci.[int-ext], Zamestnanci.kvalifikacia From Zamestnanci GROUP BY Zamestnanci.prac_zar, Zamestnanci.[int-ext], Zamestnanci.[kvalifikacia] HAVING (([Zamestnanci]![prac_zar]=1) AND ([Zamestnanci]![int-ext]='i') AND ([Zamestnanci]![kvalifikacia]='a'))

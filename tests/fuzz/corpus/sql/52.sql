@@ -1,0 +1,1 @@
+Insert Into z_zam(fcia,cria,i_spolu,i_zeny,i_kval,e_spolu,e_zeny,e_kval) values ('Riaditeľ','0301','1','','1', '   x','   x','   x' )

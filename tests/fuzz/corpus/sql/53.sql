@@ -1,0 +1,1 @@
+Insert Into z_zam(fcia,cria,i_spolu,i_zeny,i_kval,e_spolu,e_zeny,e_kval) values ('Špeciálny pedagóg','0302','4','3','4','','','1')

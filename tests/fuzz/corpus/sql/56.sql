@@ -1,0 +1,1 @@
+SELECT  k_memo.u_zhrn FROM k_memo WHERE k_memo.Idkod='NOVAKOJA00'

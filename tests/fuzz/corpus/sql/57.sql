@@ -1,0 +1,1 @@
+SELECT  k_memo.u_dolezite FROM k_memo WHERE k_memo.Idkod='NOVAKOJA00'

@@ -1,0 +1,1 @@
+SELECT  k_memo.ip_tvkz FROM k_memo WHERE k_memo.Idkod='NOVAKOJA00'

@@ -1,0 +1,1 @@
+SELECT k_zariad.akronym, k_zariad.vzar_od, k_zariad.vzar_do, k_zariad.adresa, c_zariad.nazov FROM c_zariad INNER JOIN k_zariad ON c_zariad.kod = k_zariad.nazzar WHERE k_zariad.Idkod='NOVAKOJA00'

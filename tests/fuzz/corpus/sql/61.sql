@@ -1,0 +1,1 @@
+SELECT (Format([datum],'dd')+'.'+Format([datum],'mm')+'.'+Format([datum],'yyyy')) AS kedy, Trim([meno]) + '  ' & Trim([priezv]) AS Expr1, * FROM Zamestnanci INNER JOIN k_vysetrenie ON Zamestnanci.idkod = k_vysetrenie.idkod_p  WHERE k_vysetrenie.Idkod='NOVAKOJA00'

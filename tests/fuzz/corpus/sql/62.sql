@@ -1,0 +1,1 @@
+SELECT k_zaznam_spc.cinnost, k_zaznam_spc.datum, k_zaznam_spc.hod_od, k_zaznam_spc.hod_do,Trim([meno]) & '  ' & Trim([priezv]) AS Expr1 FROM Zamestnanci INNER JOIN k_zaznam_spc ON Zamestnanci.idkod = k_zaznam_spc.idkod_P WHERE (((k_zaznam_spc.Idkod)='NOVAKOJA00'))

@@ -1,0 +1,1 @@
+SELECT k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc FROM k_zaklad  ORDER BY k_zaklad.priezv+k_zaklad.meno

@@ -1,0 +1,1 @@
+select k_zaznam_zmeny.datum, trim(meno) & '  ' & trim(priezv) as Expr1, k_zaznam_zmeny.zmeny from zamestnanci inner join k_zaznam_zmeny on zamestnanci.idkod = k_zaznam_zmeny.idkod_p order by k_zaznam_zmeny.datum

@@ -1,0 +1,1 @@
+select distinct c_jazyk.nazov from c_jazyk left join c_narodn on c_jazyk.kod = c_narodn.kod where c_jazyk.nazov between 'a' and 'b' order by 1 desc;

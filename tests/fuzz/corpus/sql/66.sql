@@ -1,0 +1,1 @@
+select max(datum) as a, min(meno), sum(vek), avg(vek), count(*) from k_zaklad, k_navstevy where not (datum in (#1/2/2005#, date())) having count(*) > 1

@@ -1,0 +1,1 @@
+year(datnar) mod 2 = 1 and instr(2, ucase(meno), lcase('a')) > 0 or -vek ^ 2 \ 3 <= len(ltrim(rtrim(psc))) / 2

@@ -1,0 +1,1 @@
+datnar is not null and meno not like '[!a-c]*#?' and vek not in (1, 2.5e3, null)

@@ -1,0 +1,1 @@
+select q1.*, pocet + 1 as x from q1 where isdate(datnar) and pocet = 2

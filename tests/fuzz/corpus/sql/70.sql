@@ -1,0 +1,1 @@
+select iif(vek > 3, 'a', 5) & null from q2
