@@ -61,17 +61,25 @@ class BandSetter {
 
     /// A control grows after those above it have grown, so growths add up from the top.
     void measureGrowth() {
-        std::vector<std::pair<int, Growth>> growing;
-        for (std::size_t i = 0; i < section_.controls.size(); ++i) {
+        for (const std::size_t i : growingFromTheTop()) {
             const auto& control = section_.controls[i];
             const double by = heightOf(broken_[i]) - control.height;
-            if (control.canGrow && by > 0)
-                growing.push_back({control.top, {double(control.top) + control.height, by}});
+            if (by > 0)
+                growths_.push_back(
+                    {control.top + double(control.height), by + shiftAt(control.top)});
         }
-        std::stable_sort(growing.begin(), growing.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
-        for (const auto& [top, growth] : growing)
-            growths_.push_back({growth.bottom, growth.by + shiftAt(top)});
+    }
+
+    std::vector<std::size_t> growingFromTheTop() const {
+        std::vector<std::size_t> growing;
+        for (std::size_t i = 0; i < section_.controls.size(); ++i) {
+            if (section_.controls[i].canGrow)
+                growing.push_back(i);
+        }
+        std::stable_sort(growing.begin(), growing.end(), [this](std::size_t a, std::size_t b) {
+            return section_.controls[a].top < section_.controls[b].top;
+        });
+        return growing;
     }
 
     static double heightOf(const std::vector<TextLine>& lines) {

@@ -201,11 +201,11 @@ QString PreviewDialog::askPdfPath() {
     dialog.setDefaultSuffix(pdfSuffix);
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString chosen = dialog.selectedFiles().value(0);
+    QString chosen = dialog.selectedFiles().value(0);
     if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
         return chosen;
     // The dialog leaves names with another suffix alone and has asked about that name only.
-    const QString path = chosen + pdfSuffix;
+    QString path = chosen + pdfSuffix;
     if (!QFileInfo::exists(path))
         return path;
     tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
@@ -218,7 +218,10 @@ void PreviewDialog::savePdf(const QString& path) {
     if (saved)
         state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
     else
-        tell(QStringLiteral("Súbor %1 sa nepodarilo uložiť.\n%2").arg(path, file.errorString()));
+        tell(
+            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
+                           "sa doň smie zapisovať a či je na disku miesto.")
+                .arg(QDir::toNativeSeparators(path)));
 }
 
 void PreviewDialog::tell(const QString& problem) {
