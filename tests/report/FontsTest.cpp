@@ -23,7 +23,6 @@ TEST(Fonts, TheFamilyIsReallyTheOneUsedInEveryStyle) {
 
 TEST(Fonts, AMissingFamilyIsFoundOut) {
     EXPECT_FALSE(isInstalled(QStringLiteral("No Such Family")));
-    EXPECT_TRUE(isInstalled(QStringLiteral("DejaVu Sans"))) << "the family to fall back on";
 }
 
 TEST(Fonts, WidthsAreTwips) {
