@@ -1,5 +1,6 @@
 #include "forms/Appearance.h"
 
+#include "forms/CalmStyle.h"
 #include "forms/Colours.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@ QPalette colours() {
         palette.setColor(role, ink);
         palette.setColor(QPalette::Disabled, role, fadedInk);
     }
+    palette.setColor(QPalette::PlaceholderText, fadedInk);
     palette.setColor(QPalette::Disabled, QPalette::Button, QColor(190, 190, 220));
     return palette;
 }
@@ -33,7 +35,7 @@ QPalette colours() {
 } // namespace
 
 void dress(QApplication&) {
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(colours());
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
 }

@@ -8,14 +8,28 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
 namespace forms {
 
 namespace {
 
 constexpr int rowPadding = 7;
+constexpr int headerPadding = 10;
 
-}
+/// The row is chosen as a whole: no cell of it stands out.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state.setFlag(QStyle::State_HasFocus, false);
+    }
+};
+
+} // namespace
 
 RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* parent)
     : QTableView(parent), model_(new RecordsetModel(columns, this)) {
@@ -24,6 +38,7 @@ RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* paren
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
+    setItemDelegate(new RowDelegate(this));
     layOut(columns);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
@@ -38,6 +53,7 @@ void RecordsetGrid::layOut(std::span<const GridColumn> columns) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setFixedHeight(fontMetrics().height() + headerPadding);
     horizontalHeader()->setMinimumSectionSize(pixels(300));
     for (int column = 0; column < model_->columnCount(); ++column)
         setColumnWidth(column, pixels(columns[static_cast<size_t>(column)].width));

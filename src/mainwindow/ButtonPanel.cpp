@@ -77,7 +77,7 @@ ButtonPanel::ButtonPanel(QWidget* parent) : QFrame(parent) {
     setAutoFillBackground(true);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(9);
+    layout->setSpacing(8);
     for (int number = 1; number <= ButtonColours::buttons; ++number)
         addButton(number);
     lblSkolskyRok_ = findChild<QLabel*>(schoolYearLabel.toString());

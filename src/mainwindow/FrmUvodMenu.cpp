@@ -103,6 +103,8 @@ void FrmUvod::buildStatus() {
     auto* keys = new QLabel(QStringLiteral(
         "F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá  ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
         "Ctrl+D výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+    keys->setContentsMargins(0, 0, 10, 2);
+    keys->setForegroundRole(QPalette::PlaceholderText);
     keys->setObjectName(QStringLiteral("lblKlavesy"));
     statusBar()->addPermanentWidget(keys);
     statusBar()->setSizeGripEnabled(false);

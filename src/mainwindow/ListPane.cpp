@@ -38,6 +38,7 @@ QLabel* makeWelcome() {
     label->setObjectName(QStringLiteral("lblVyber"));
     label->setAlignment(Qt::AlignCenter);
     label->setFont(scaled(label->font(), 1.25, false));
+    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 

@@ -9,8 +9,9 @@ namespace mainwindow {
 
 namespace {
 
-constexpr int pictureSize = 46;
-constexpr int margin = 8;
+constexpr int pictureSize = 52;
+constexpr int margin = 7;
+constexpr int gap = 3;
 constexpr qreal roundness = 7;
 constexpr QColor outline(104, 104, 164);
 constexpr QColor focusOutline(60, 60, 136);
@@ -34,13 +35,18 @@ PictureButton::PictureButton(const QString& picture, std::vector<PictureLabel*> 
     setMouseTracking(true);
     setCursor(Qt::PointingHandCursor);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin + pictureSize + 2, margin, margin);
-    layout->setSpacing(0);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(1);
+    layout->addStretch();
+    layout->addSpacing(pictureSize + gap);
     for (PictureLabel* label : labels_) {
         label->setAttribute(Qt::WA_NoMousePropagation);
+        label->setBackgroundRole(QPalette::Window);
+        label->setAutoFillBackground(true);
         layout->addWidget(label, 0, Qt::AlignHCenter);
         connect(label, &PictureLabel::clicked, this, [this] { click(); });
     }
+    layout->addStretch();
 }
 
 void PictureButton::setColour(const QColor& colour) {
@@ -49,7 +55,6 @@ void PictureButton::setColour(const QColor& colour) {
         QPalette palette = label->palette();
         palette.setColor(QPalette::Window, colour);
         label->setPalette(palette);
-        label->setAutoFillBackground(true);
     }
     update();
 }
@@ -60,9 +65,8 @@ QSize PictureButton::sizeHint() const {
 }
 
 QRectF PictureButton::pictureRect() const {
-    const qreal below = layout()->contentsRect().top();
-    const qreal side = std::min<qreal>(below - margin, pictureSize);
-    return {(width() - side) / 2.0, margin, side, side};
+    const int top = labels_.front()->y() - gap - pictureSize;
+    return {(width() - pictureSize) / 2.0, qreal(top), pictureSize, pictureSize};
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {

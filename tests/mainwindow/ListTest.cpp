@@ -98,7 +98,7 @@ TEST_F(ListTest, columnsStartWithTheirWidths) {
         widths << QString::number(header->sectionSize(column));
         EXPECT_EQ(header->sectionResizeMode(column), QHeaderView::Interactive);
     }
-    EXPECT_EQ(widths.join(u' '), QStringLiteral("93 126 66 86"));
+    EXPECT_EQ(widths.join(u' '), QStringLiteral("93 127 67 87"));
 }
 
 TEST_F(ListTest, anEmptyListTakesANewRecordOnly) {
