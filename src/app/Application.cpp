@@ -5,13 +5,11 @@
 #include "forms/SlovakTexts.h"
 
 #include <QAbstractEventDispatcher>
-#include <QIcon>
 
 namespace app {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("TVK"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/tvk.svg")));
     // The main window says when the run is over: an archiving closes and opens it.
     setQuitOnLastWindowClosed(false);
     forms::dress(*this);
@@ -25,8 +23,10 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::beforeWaiting(std::function<void()> action) {
-    connect(eventDispatcher(), &QAbstractEventDispatcher::aboutToBlock, this,
-            [this, action = std::move(action)] { runReporting(action); });
+    disconnect(beforeWaiting_);
+    if (action)
+        beforeWaiting_ = connect(eventDispatcher(), &QAbstractEventDispatcher::aboutToBlock, this,
+                                 [this, action = std::move(action)] { runReporting(action); });
 }
 
 void Application::runReporting(const std::function<void()>& action) {

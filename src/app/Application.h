@@ -16,13 +16,15 @@ class Application : public QApplication {
     Application(int& argc, char** argv);
 
     bool notify(QObject* receiver, QEvent* event) override;
-    /// Runs an action each time before the program waits for its user, message boxes included.
+    /// Runs this action, and no earlier one, each time before the program waits for its user,
+    /// message boxes included. It must not let the program wait.
     void beforeWaiting(std::function<void()> action);
 
   private:
     void runReporting(const std::function<void()>& action);
     void report(const store::EngineError& error);
 
+    QMetaObject::Connection beforeWaiting_;
     bool reporting_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "statreturn/TableOneReturn.h"
 
 #include <map>
 
@@ -13,9 +14,18 @@ using mainwindow::FrmUvod;
 using mainwindow::Screen;
 using Opener = void (*)(FrmUvod&);
 
+void printVek(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    window.connectDB();
+    statreturn::TableOneReturn table({around.engine, window.datTlac(), around.folder});
+    table.run(window.schoolYear(), around.today(), &window);
+}
+
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
-    static const std::map<Screen, Opener> table{};
+    static const std::map<Screen, Opener> table{
+        {Screen::PrintVek, printVek},
+    };
     return table;
 }
 

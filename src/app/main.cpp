@@ -6,8 +6,12 @@
 
 #include <QDate>
 
+#include <algorithm>
+
 int main(int argc, char** argv) {
-    app::Application application(argc, argv);
+    // Arguments are none of ours, nor of the toolkit's.
+    int programName = std::min(argc, 1);
+    app::Application application(programName, argv);
     const store::ProgramFolder folder(QCoreApplication::applicationDirPath());
     store::DBEngine engine;
     application.beforeWaiting([&engine] { engine.commitPending(); });

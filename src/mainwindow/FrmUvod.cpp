@@ -12,6 +12,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QScopedValueRollback>
 
 namespace mainwindow {
@@ -33,6 +34,7 @@ FrmUvod::FrmUvod(const Surroundings& around)
     setObjectName(QStringLiteral("FrmUvod"));
     setWindowTitle(
         QStringLiteral("TVK – evidencia klientov centra špeciálno-pedagogického poradenstva"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/tvk.svg")));
     auto* centre = new QWidget;
     auto* columns = new QHBoxLayout(centre);
     columns->setContentsMargins(0, 0, 0, 0);

@@ -33,6 +33,8 @@ class FrmUvod : public QMainWindow {
     void connectDB();
     /// The year that the return is made for, "RRRR/RRRR".
     QString schoolYear() const;
+    /// The data source that print-outs select with. It ends when the window closes.
+    store::DataSource& datTlac() { return sources_->datTlac; }
     const Surroundings& surroundings() const { return around_; }
 
     void ukazKlientov();

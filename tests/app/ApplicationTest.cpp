@@ -1,0 +1,138 @@
+#include "app/Application.h"
+
+#include "app/Screens.h"
+#include "forms/MessageBox.h"
+#include "mainwindow/FrmUvod.h"
+#include "support/ScriptedBoxes.h"
+#include "support/TemporaryRegister.h"
+
+#include <QAction>
+#include <QEventLoop>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using support::ScriptedBoxes;
+
+namespace {
+
+app::Application* application = nullptr;
+
+/// Runs something as an event of the loop, as an action of the user is.
+void inLoop(const std::function<void()>& action) {
+    QEventLoop loop;
+    QMetaObject::invokeMethod(application, action, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    loop.exec();
+}
+
+void expectReport(ScriptedBoxes& boxes, const char* text) {
+    boxes.expect(
+        support::ExpectedBox{.text = QString::fromUtf8(text), .icon = QMessageBox::Critical});
+}
+
+TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
+    ScriptedBoxes boxes;
+    expectReport(boxes, "Chyba č. 3024\n\nSúbor chýba");
+    inLoop([] {
+        throw store::EngineError(store::ErrorNumber::FileNotFound, QStringLiteral("Súbor chýba"));
+    });
+    QTest::qWait(0);
+    boxes.allCame();
+    expectReport(boxes, "Chyba č. 3000\n\nmimo");
+    inLoop([] { throw std::runtime_error("mimo"); });
+    QTest::qWait(0);
+    boxes.allCame();
+    bool alive = false;
+    inLoop([&alive] { alive = true; });
+    EXPECT_TRUE(alive);
+}
+
+class DurableTest : public testing::Test {
+  protected:
+    DurableTest() {
+        application->beforeWaiting([this] { reg_.engine.commitPending(); });
+    }
+    ~DurableTest() override { application->beforeWaiting({}); }
+
+    void write() { reg_.execute({QStringLiteral("insert into k_memo (idkod) values ('A')")}); }
+    /// What another process would read now.
+    qint64 durableRows() const {
+        store::DBEngine other;
+        return other.OpenDatabase(reg_.folder.database())
+            .OpenRecordset(QStringLiteral("k_memo"))
+            ->RecordCount();
+    }
+
+    support::TemporaryRegister reg_;
+};
+
+TEST_F(DurableTest, anActionIsDurableWhenTheProgramWaits) {
+    inLoop([this] {
+        write();
+        EXPECT_EQ(durableRows(), 0);
+    });
+    QEventLoop waiting;
+    QTimer::singleShot(1, &waiting, &QEventLoop::quit);
+    waiting.exec();
+    EXPECT_EQ(durableRows(), 1);
+}
+
+TEST_F(DurableTest, aMessageBoxWaitsToo) {
+    qint64 meanwhile = -1;
+    ScriptedBoxes boxes;
+    boxes.expect(support::ExpectedBox{.text = QStringLiteral("?"), .meanwhile = [&] {
+                                          meanwhile = durableRows();
+                                      }});
+    inLoop([this] {
+        write();
+        forms::showMessage(nullptr, {.text = QStringLiteral("?")});
+    });
+    EXPECT_EQ(meanwhile, 1);
+}
+
+class WholeProgramTest : public testing::Test {
+  protected:
+    support::TemporaryRegister reg;
+    ScriptedBoxes boxes;
+    mainwindow::Surroundings around{reg.engine, reg.folder, [] { return QDate(2006, 10, 1); },
+                                    app::openScreen,
+                                    [] {
+                                    }};
+    mainwindow::FrmUvod window{around};
+};
+
+TEST_F(WholeProgramTest, whatIsNotThereYetSaysSo) {
+    window.open();
+    boxes.expect(support::ExpectedBox{.text = QStringLiteral("Táto časť programu sa pripravuje."),
+                                      .title = QStringLiteral("Informácia"),
+                                      .icon = QMessageBox::Information});
+    window.findChild<QAction*>(QStringLiteral("mniZam"))->trigger();
+}
+
+TEST_F(WholeProgramTest, tableOneComesInAPreview) {
+    window.open();
+    int previews = 0;
+    boxes.expect(support::ExpectedWindow{.name = QStringLiteral("PreviewDialog"),
+                                         .drive = [&](QWidget& preview) {
+                                             ++previews;
+                                             EXPECT_EQ(reg.count(QStringLiteral("z_vek")), 19);
+                                             preview.close();
+                                         }});
+    window.findChild<QAction*>(QStringLiteral("mniVek"))->trigger();
+    EXPECT_EQ(previews, 1);
+    EXPECT_EQ(reg.count(QStringLiteral("z_vek")), 0);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    app::Application own(argc, argv);
+    application = &own;
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
