@@ -1,0 +1,89 @@
+#include "tour/Guide.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QTest>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tour {
+
+void giveUp(const QString& why) {
+    std::fprintf(stderr, "The tour ended early: %s\n", qUtf8Printable(why));
+    std::_Exit(EXIT_FAILURE);
+}
+
+Guide::Guide(const QString& folder, QWidget& window) : folder_(folder), window_(window) {
+    if (!folder_.mkpath(QStringLiteral(".")))
+        giveUp(QStringLiteral("Cannot make the folder ") + folder);
+    connect(&looker_, &QTimer::timeout, this, &Guide::look);
+    looker_.start(10);
+}
+
+QWidget& Guide::inFront() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? *modal : window_;
+}
+
+void Guide::picture(const QString& name) {
+    QCoreApplication::processEvents();
+    QPixmap picture = window_.grab();
+    QPainter painter(&picture);
+    for (QWidget* above : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
+        if (above != nullptr)
+            painter.drawPixmap(above->pos() - window_.pos(), above->grab());
+    }
+    painter.end();
+    const QString file =
+        QStringLiteral("%1-%2.png").arg(++taken_, 2, 10, QLatin1Char('0')).arg(name);
+    if (!picture.save(path(file)))
+        giveUp(QStringLiteral("Cannot write ") + file);
+}
+
+void Guide::click(const QString& objectName) {
+    QWidget* target = inFront().findChild<QWidget*>(objectName);
+    if (target == nullptr || !target->isVisible() || !target->isEnabled())
+        giveUp(QStringLiteral("Cannot click ") + objectName);
+    QWindow* surface = target->window()->windowHandle();
+    QTest::mouseClick(surface, Qt::LeftButton, {},
+                      target->mapTo(target->window(), target->rect().center()));
+    QCoreApplication::processEvents();
+}
+
+void Guide::key(int key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(inFront().windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    QCoreApplication::processEvents();
+}
+
+void Guide::type(const QString& text) {
+    QWidget* field = inFront().focusWidget();
+    if (field == nullptr)
+        giveUp(QStringLiteral("Nothing to type into"));
+    QTest::keyClicks(field, text);
+}
+
+void Guide::inModalWindow(std::function<void(QWidget&)> steps) {
+    awaited_.push_back(std::move(steps));
+}
+
+void Guide::allCame() const {
+    if (!awaited_.empty())
+        giveUp(QStringLiteral("A window that the tour waited for did not come"));
+}
+
+void Guide::look() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == seen_ || !modal->isVisible())
+        return;
+    seen_ = modal;
+    if (awaited_.empty())
+        giveUp(QStringLiteral("An unexpected window: ") + modal->windowTitle());
+    const auto steps = std::move(awaited_.front());
+    awaited_.pop_front();
+    steps(*modal);
+    seen_ = nullptr;
+}
+
+} // namespace tour

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDir>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <deque>
+#include <functional>
+
+namespace tour {
+
+/// Says why and ends the program at once: what is on the screen is not what the tour walks through.
+[[noreturn]] void giveUp(const QString& why);
+
+/// Walks through the windows as a user does, by keys and clicks, and takes pictures on the way.
+/// Whatever is not as expected ends
+/// the program.
+class Guide : public QObject {
+    Q_OBJECT
+  public:
+    /// @param folder where pictures and print-outs go; made when it is missing
+    Guide(const QString& folder, QWidget& window);
+
+    /// Takes a picture of the window, with the modal window and the menu over it if there are any.
+    /// Pictures are numbered in their order.
+    void picture(const QString& name);
+    /// Clicks a control of the window in front.
+    void click(const QString& objectName);
+    /// Presses a key in the window in front.
+    void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
+    /// Runs the steps in the next modal windows, one after the other; the last one closes it.
+    void inModalWindow(std::function<void(QWidget&)> steps);
+    /// Fails when a modal window that was waited for never came.
+    void allCame() const;
+    QString path(const QString& name) const { return folder_.filePath(name); }
+    QWidget& inFront() const;
+
+  private:
+    void look();
+
+    QDir folder_;
+    QWidget& window_;
+    QTimer looker_;
+    std::deque<std::function<void(QWidget&)>> awaited_;
+    QPointer<QWidget> seen_;
+    int taken_ = 0;
+};
+
+} // namespace tour

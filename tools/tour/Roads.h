@@ -1,0 +1,16 @@
+#pragma once
+
+namespace mainwindow {
+class FrmUvod;
+}
+
+namespace tour {
+
+class Guide;
+
+/// The main roads through the program, each from a window without a card open back to it.
+void walkLists(Guide& guide);
+void walkSchoolYear(Guide& guide);
+void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+
+} // namespace tour

@@ -1,0 +1,68 @@
+#include "app/Application.h"
+#include "app/Screens.h"
+#include "mainwindow/FrmUvod.h"
+#include "mkdb/Arguments.h"
+#include "mkdb/Commands.h"
+#include "store/Database.h"
+#include "store/ProgramFolder.h"
+#include "tour/Guide.h"
+#include "tour/Roads.h"
+
+#include <QDate>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+// The pictures are those of a register that never changes: its own data and its own day.
+const QDate today(2026, 11, 20);
+
+void makeRegister(const QString& file) {
+    QString problem;
+    const auto arguments = mkdb::readArguments({QStringLiteral("ukazka"), file},
+                                               QStringLiteral(TVK_DATA_FOLDER), today, problem);
+    if (!arguments)
+        tour::giveUp(problem);
+    mkdb::run(*arguments);
+}
+
+void walk(const QString& output) {
+    const QTemporaryDir directory;
+    const store::ProgramFolder folder(directory.path());
+    makeRegister(folder.database());
+
+    store::DBEngine engine;
+    const mainwindow::Surroundings around{engine, folder, [] { return today; }, app::openScreen,
+                                          [] {
+                                          }};
+    mainwindow::FrmUvod window(around);
+    window.resize(1280, 800);
+    window.open();
+    tour::Guide guide(output, window);
+    guide.picture(QStringLiteral("start"));
+    tour::walkLists(guide);
+    tour::walkSchoolYear(guide);
+    tour::walkTableOne(guide, window);
+    guide.allCame();
+}
+
+} // namespace
+
+/// Walks through the program on a register of its own, without a screen, and leaves pictures and
+/// print-outs in the folder that is its only argument.
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    app::Application application(argc, argv);
+    if (argc != 2) {
+        std::fputs("Usage: tour FOLDER\n", stderr);
+        return 2;
+    }
+    try {
+        walk(QString::fromLocal8Bit(argv[1]));
+    } catch (const std::exception& error) {
+        tour::giveUp(QString::fromUtf8(error.what()));
+    }
+    return 0;
+}
