@@ -44,6 +44,7 @@ void walkTableOne(Guide& guide, mainwindow::FrmUvod& window) {
     guide.picture(QStringLiteral("ponuka-tlac"));
     guide.key(Qt::Key_Escape);
     guide.inModalWindow([&guide, &window](QWidget& preview) {
+        preview.showNormal();
         preview.setGeometry(window.geometry());
         guide.picture(QStringLiteral("tabulka1"));
         auto& dialog = dynamic_cast<report::PreviewDialog&>(preview);
