@@ -15,6 +15,9 @@ namespace forms {
 
 namespace {
 
+/// Wide enough for a name.
+constexpr int promptWidth = 340;
+
 QString titleOrName(const QString& title) {
     return title.isEmpty() ? QCoreApplication::applicationName() : title;
 }
@@ -65,6 +68,7 @@ std::optional<QString> askText(QWidget* parent, const QString& prompt, const QSt
     dialog.setLabelText(prompt);
     dialog.setTextValue(initial);
     dialog.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
+    dialog.setMinimumWidth(promptWidth);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.textValue();

@@ -98,6 +98,14 @@ void RecordsetGrid::moveSource(int row) {
     guarded(this, [&] { source_->Recordset().setAbsolutePosition(row); });
 }
 
+QModelIndex RecordsetGrid::indexAt(const QPoint& position) const {
+    const QModelIndex cell = QTableView::indexAt(position);
+    const bool behind = position.x() >= horizontalHeader()->length() - horizontalHeader()->offset();
+    if (cell.isValid() || !behind)
+        return cell;
+    return model_->index(rowAt(position.y()), model_->columnCount() - 1);
+}
+
 QModelIndex RecordsetGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const int column = std::max(0, currentIndex().column());
     if (action == MoveHome)

@@ -29,6 +29,8 @@ class RecordsetGrid : public QTableView {
 
     /// Letters are no search here: that would read the whole list.
     void keyboardSearch(const QString&) override {}
+    /// A row goes on to the edge of the grid, behind its last column.
+    QModelIndex indexAt(const QPoint& position) const override;
 
   protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;

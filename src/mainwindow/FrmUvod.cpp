@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 namespace mainwindow {
 
@@ -46,7 +47,7 @@ FrmUvod::FrmUvod(const Surroundings& around)
     buildMenu();
     buildKeys();
     buildStatus();
-    resize(startSize);
+    resize(startSize.boundedTo(screen()->availableSize()));
     connect(panel_, &ButtonPanel::chosen, this,
             [this](int button) { forms::guarded(this, [&] { pressed(button); }); });
     connect(lists_, &ListPane::cardClosed, this,

@@ -1,6 +1,7 @@
 #include "mainwindow/ButtonColours.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/PictureButton.h"
+#include "store/EngineError.h"
 #include "validation/modKontrola.h"
 
 #include <QFile>
@@ -8,6 +9,8 @@
 #include <QMenuBar>
 #include <QTableView>
 #include <QTest>
+
+#include <SQLiteCpp/Database.h>
 
 using mainwindow::PictureButton;
 using mainwindow::Screen;
@@ -273,6 +276,30 @@ TEST_P(DamagedFileTest, isTheLastMessageAndStaysAsItIs) {
 INSTANTIATE_TEST_SUITE_P(Start, DamagedFileTest,
                          testing::Values("empty", "text", "cutOff", "otherHeader"),
                          [](const auto& kind) { return std::string(kind.param); });
+
+TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
+    SQLite::Database other(reg.folder.database().toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("begin exclusive");
+    open();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->schoolYear(), QString());
+    EXPECT_EQ(runsEnded, 0);
+    other.exec("rollback");
+    click("Label1");
+    EXPECT_EQ(focused(), QStringLiteral("CmdNovy"));
+}
+
+TEST_F(MainWindow, aFaultOfAnActionIsReportedAndTheWindowGoesOn) {
+    open();
+    click("Label2");
+    play = [](Screen) {
+        throw store::EngineError(store::ErrorNumber::UnknownTable, QStringLiteral("Niet tabuľky"));
+    };
+    expectBox("Chyba č. 3078\n\nNiet tabuľky", "", QMessageBox::Critical);
+    click("CmdNovy");
+    click("Label1");
+    EXPECT_TRUE(shown("dbgKlient"));
+}
 
 TEST_F(MainWindow, closingByTheFrameEndsTheRunWithoutCompaction) {
     write(reg.folder.path(u"arch_tmp.zip"), "zip");
