@@ -6,482 +6,200 @@ namespace {
 
 using store::Value;
 
-Value text(const QString& value) {
-    return value.isEmpty() ? Value() : Value(value);
+// How a member becomes a cell: what nobody filled in is Null.
+Value toCell(const QString& text) {
+    return text.isEmpty() ? Value() : Value(text);
 }
-Value date(const QDate& value) {
-    return value.isValid() ? Value(value) : Value();
+Value toCell(const QDate& date) {
+    return date.isValid() ? Value(date) : Value();
 }
-Value digits(int value) {
-    return value == 0 ? Value() : Value(QString::number(value));
+Value toCell(int year) {
+    return year == 0 ? Value() : Value(QString::number(year));
 }
-Value hour(int value) {
-    return Value(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0')));
-}
-Value clientSex(bool girl) {
-    return Value(girl ? QStringLiteral("Z") : QStringLiteral("M"));
+Value toCell(bool flag) {
+    return flag;
 }
 
-const TableOf<Employee>& employees() {
-    static const TableOf<Employee> table(
-        u"zamestnanci",
-        {
-            {u"idkod",
-             [](const Employee& e) {
-                 return text(e.key);
-             }},
-            {u"meno",
-             [](const Employee& e) {
-                 return text(e.firstName);
-             }},
-            {u"priezv",
-             [](const Employee& e) {
-                 return text(e.surname);
-             }},
-            {u"prac_zar",
-             [](const Employee& e) {
-                 return Value(e.function);
-             }},
-            {u"pohlavie",
-             [](const Employee& e) {
-                 return text(e.woman ? QStringLiteral("z") : QStringLiteral("m"));
-             }},
-            {u"int-ext",
-             [](const Employee& e) {
-                 return text(e.internal ? QStringLiteral("i") : QStringLiteral("e"));
-             }},
-            {u"kvalifikacia",
-             [](const Employee& e) {
-                 return text(e.qualified ? QStringLiteral("a") : QStringLiteral("n"));
-             }},
-        });
-    return table;
+/// The cell of a member, or of a member of a member.
+template <class Item, auto... Path>
+Value of(const Item& item) {
+    return toCell((item.*....*Path));
 }
 
-const TableOf<Client>& basics() {
-    static const TableOf<Client> table(u"k_zaklad",
-                                       {
-                                           {u"idkod",
-                                            [](const Client& c) {
-                                                return text(c.key);
-                                            }},
-                                           {u"meno",
-                                            [](const Client& c) {
-                                                return text(c.firstName);
-                                            }},
-                                           {u"priezv",
-                                            [](const Client& c) {
-                                                return text(c.surname);
-                                            }},
-                                           {u"mienar",
-                                            [](const Client& c) {
-                                                return text(c.birthPlace);
-                                            }},
-                                           {u"rodcis",
-                                            [](const Client& c) {
-                                                return text(c.birthNumber);
-                                            }},
-                                           {u"datnar",
-                                            [](const Client& c) {
-                                                return c.bornUnknown ? Value() : date(c.born);
-                                            }},
-                                           {u"pohlav",
-                                            [](const Client& c) {
-                                                return clientSex(c.girl);
-                                            }},
-                                           {u"katcis",
-                                            [](const Client& c) {
-                                                return text(c.catalogueNumber);
-                                            }},
-                                           {u"zdrpoi",
-                                            [](const Client& c) {
-                                                return text(c.insurer);
-                                            }},
-                                           {u"narodn",
-                                            [](const Client& c) {
-                                                return text(c.nationality);
-                                            }},
-                                           {u"stprisl",
-                                            [](const Client& c) {
-                                                return text(c.citizenship);
-                                            }},
-                                           {u"jazyk",
-                                            [](const Client& c) {
-                                                return text(c.language);
-                                            }},
-                                           {u"jaz_doma",
-                                            [](const Client& c) {
-                                                return text(c.homeLanguage);
-                                            }},
-                                           {u"ulica",
-                                            [](const Client& c) {
-                                                return text(c.address.street);
-                                            }},
-                                           {u"obec",
-                                            [](const Client& c) {
-                                                return text(c.address.town);
-                                            }},
-                                           {u"psc",
-                                            [](const Client& c) {
-                                                return text(c.address.zip);
-                                            }},
-                                           {u"skola",
-                                            [](const Client& c) {
-                                                return text(c.school);
-                                            }},
-                                           {u"odporu",
-                                            [](const Client& c) {
-                                                return text(c.referredBy);
-                                            }},
-                                           {u"datevi",
-                                            [](const Client& c) {
-                                                return date(c.since);
-                                            }},
-                                           {u"postih",
-                                            [](const Client& c) {
-                                                return text(c.impairments);
-                                            }},
-                                           {u"matka",
-                                            [](const Client& c) {
-                                                return text(c.mother.name);
-                                            }},
-                                           {u"matvla",
-                                            [](const Client& c) {
-                                                return Value(c.mother.own);
-                                            }},
-                                           {u"matnar",
-                                            [](const Client& c) {
-                                                return digits(c.mother.bornYear);
-                                            }},
-                                           {u"matvek",
-                                            [](const Client& c) {
-                                                return digits(c.mother.ageAtBirth);
-                                            }},
-                                           {u"matvzd",
-                                            [](const Client& c) {
-                                                return text(c.mother.education);
-                                            }},
-                                           {u"matuli",
-                                            [](const Client& c) {
-                                                return text(c.mother.address.street);
-                                            }},
-                                           {u"matobe",
-                                            [](const Client& c) {
-                                                return text(c.mother.address.town);
-                                            }},
-                                           {u"matpsc",
-                                            [](const Client& c) {
-                                                return text(c.mother.address.zip);
-                                            }},
-                                           {u"mattel",
-                                            [](const Client& c) {
-                                                return text(c.mother.contact.phone);
-                                            }},
-                                           {u"matmail",
-                                            [](const Client& c) {
-                                                return text(c.mother.contact.mail);
-                                            }},
-                                           {u"matzam",
-                                            [](const Client& c) {
-                                                return text(c.mother.occupation);
-                                            }},
-                                           {u"mataza",
-                                            [](const Client& c) {
-                                                return text(c.mother.employer);
-                                            }},
-                                           {u"mattza",
-                                            [](const Client& c) {
-                                                return text(c.mother.employerPhone);
-                                            }},
-                                           {u"matchor",
-                                            [](const Client& c) {
-                                                return text(c.mother.illness);
-                                            }},
-                                           {u"matpos",
-                                            [](const Client& c) {
-                                                return text(c.mother.impairments);
-                                            }},
-                                           {u"otec",
-                                            [](const Client& c) {
-                                                return text(c.father.name);
-                                            }},
-                                           {u"otevla",
-                                            [](const Client& c) {
-                                                return Value(c.father.own);
-                                            }},
-                                           {u"otenar",
-                                            [](const Client& c) {
-                                                return digits(c.father.bornYear);
-                                            }},
-                                           {u"otevek",
-                                            [](const Client& c) {
-                                                return digits(c.father.ageAtBirth);
-                                            }},
-                                           {u"otevzd",
-                                            [](const Client& c) {
-                                                return text(c.father.education);
-                                            }},
-                                           {u"oteuli",
-                                            [](const Client& c) {
-                                                return text(c.father.address.street);
-                                            }},
-                                           {u"oteobe",
-                                            [](const Client& c) {
-                                                return text(c.father.address.town);
-                                            }},
-                                           {u"otepsc",
-                                            [](const Client& c) {
-                                                return text(c.father.address.zip);
-                                            }},
-                                           {u"otetel",
-                                            [](const Client& c) {
-                                                return text(c.father.contact.phone);
-                                            }},
-                                           {u"otemail",
-                                            [](const Client& c) {
-                                                return text(c.father.contact.mail);
-                                            }},
-                                           {u"otezam",
-                                            [](const Client& c) {
-                                                return text(c.father.occupation);
-                                            }},
-                                           {u"oteaza",
-                                            [](const Client& c) {
-                                                return text(c.father.employer);
-                                            }},
-                                           {u"otetza",
-                                            [](const Client& c) {
-                                                return text(c.father.employerPhone);
-                                            }},
-                                           {u"otechor",
-                                            [](const Client& c) {
-                                                return text(c.father.illness);
-                                            }},
-                                           {u"otepos",
-                                            [](const Client& c) {
-                                                return text(c.father.impairments);
-                                            }},
-                                           {u"kon_meno",
-                                            [](const Client& c) {
-                                                return text(c.representative.name);
-                                            }},
-                                           {u"kon_pomer",
-                                            [](const Client& c) {
-                                                return text(c.representative.relation);
-                                            }},
-                                           {u"kon_obe",
-                                            [](const Client& c) {
-                                                return text(c.representative.address.town);
-                                            }},
-                                           {u"kon_uli",
-                                            [](const Client& c) {
-                                                return text(c.representative.address.street);
-                                            }},
-                                           {u"kon_psc",
-                                            [](const Client& c) {
-                                                return text(c.representative.address.zip);
-                                            }},
-                                           {u"kon_tel",
-                                            [](const Client& c) {
-                                                return text(c.representative.contact.phone);
-                                            }},
-                                           {u"kon_mail",
-                                            [](const Client& c) {
-                                                return text(c.representative.contact.mail);
-                                            }},
-                                       });
-    return table;
+/// One of two letters, by a flag.
+template <class Item, auto Flag, char16_t Yes, char16_t No>
+Value letter(const Item& item) {
+    return QString(QChar(item.*Flag ? Yes : No));
 }
 
-const TableOf<Memo>& memos() {
-    static const TableOf<Memo> table(u"k_memo", {
-                                                    {u"idkod",
-                                                     [](const Memo& m) {
-                                                         return text(m.owner);
-                                                     }},
-                                                    {u"u_dolezite",
-                                                     [](const Memo& m) {
-                                                         return text(m.important);
-                                                     }},
-                                                    {u"poznamky",
-                                                     [](const Memo& m) {
-                                                         return text(m.notes);
-                                                     }},
-                                                    {u"ip_tvkz",
-                                                     [](const Memo& m) {
-                                                         return text(m.plan);
-                                                     }},
-                                                    {u"u_dieta",
-                                                     [](const Memo& m) {
-                                                         return text(m.child);
-                                                     }},
-                                                    {u"u_ziak",
-                                                     [](const Memo& m) {
-                                                         return text(m.pupil);
-                                                     }},
-                                                    {u"u_zhrn",
-                                                     [](const Memo& m) {
-                                                         return text(m.summary);
-                                                     }},
-                                                });
-    return table;
+template <auto Hour>
+Value twoDigits(const CareRecord& record) {
+    return QStringLiteral("%1").arg(record.*Hour, 2, 10, QLatin1Char('0'));
 }
 
-const TableOf<Sibling>& siblings() {
-    static const TableOf<Sibling> table(u"k_surodenci", {
-                                                            {u"idkod",
-                                                             [](const Sibling& s) {
-                                                                 return text(s.owner);
-                                                             }},
-                                                            {u"meno",
-                                                             [](const Sibling& s) {
-                                                                 return text(s.name);
-                                                             }},
-                                                            {u"roknar",
-                                                             [](const Sibling& s) {
-                                                                 return digits(s.bornYear);
-                                                             }},
-                                                            {u"pohlavie",
-                                                             [](const Sibling& s) {
-                                                                 return clientSex(s.girl);
-                                                             }},
-                                                            {u"choroby",
-                                                             [](const Sibling& s) {
-                                                                 return text(s.illness);
-                                                             }},
-                                                            {u"postih",
-                                                             [](const Sibling& s) {
-                                                                 return text(s.impairments);
-                                                             }},
-                                                        });
-    return table;
+Value functionCode(const Employee& employee) {
+    return employee.function;
 }
 
-const TableOf<Placement>& placements() {
-    static const TableOf<Placement> table(u"k_zariad", {
-                                                           {u"idkod",
-                                                            [](const Placement& p) {
-                                                                return text(p.owner);
-                                                            }},
-                                                           {u"akronym",
-                                                            [](const Placement& p) {
-                                                                return text(p.kind);
-                                                            }},
-                                                           {u"nazzar",
-                                                            [](const Placement& p) {
-                                                                return text(p.code);
-                                                            }},
-                                                           {u"adresa",
-                                                            [](const Placement& p) {
-                                                                return text(p.address);
-                                                            }},
-                                                           {u"vzar_od",
-                                                            [](const Placement& p) {
-                                                                return date(p.from);
-                                                            }},
-                                                           {u"vzar_do",
-                                                            [](const Placement& p) {
-                                                                return date(p.to);
-                                                            }},
-                                                       });
-    return table;
+Value birthDate(const Client& client) {
+    return client.bornUnknown ? Value() : toCell(client.born);
 }
 
-TableOf<Note> noteTable(const char16_t* table, const char16_t* textColumn) {
-    return {table,
-            {
-                {u"idkod",
-                 [](const Note& n) {
-                     return text(n.owner);
-                 }},
-                {u"datum",
-                 [](const Note& n) {
-                     return date(n.date);
-                 }},
-                {u"idkod_p",
-                 [](const Note& n) {
-                     return text(n.worker);
-                 }},
-                {textColumn,
-                 [](const Note& n) {
-                     return text(n.text);
-                 }},
-            }};
-}
+constexpr TableOf<Employee>::Column employeeColumns[] = {
+    {u"idkod", of<Employee, &Employee::key>},
+    {u"meno", of<Employee, &Employee::firstName>},
+    {u"priezv", of<Employee, &Employee::surname>},
+    {u"prac_zar", functionCode},
+    {u"pohlavie", letter<Employee, &Employee::woman, u'z', u'm'>},
+    {u"int-ext", letter<Employee, &Employee::internal, u'i', u'e'>},
+    {u"kvalifikacia", letter<Employee, &Employee::qualified, u'a', u'n'>},
+};
 
-const TableOf<Note>& examinations() {
-    static const TableOf<Note> table = noteTable(u"k_vysetrenie", u"popis");
-    return table;
-}
+constexpr TableOf<Client>::Column clientColumns[] = {
+    {u"idkod", of<Client, &Client::key>},
+    {u"meno", of<Client, &Client::firstName>},
+    {u"priezv", of<Client, &Client::surname>},
+    {u"mienar", of<Client, &Client::birthPlace>},
+    {u"rodcis", of<Client, &Client::birthNumber>},
+    {u"datnar", birthDate},
+    {u"pohlav", letter<Client, &Client::girl, u'Z', u'M'>},
+    {u"katcis", of<Client, &Client::catalogueNumber>},
+    {u"zdrpoi", of<Client, &Client::insurer>},
+    {u"narodn", of<Client, &Client::nationality>},
+    {u"stprisl", of<Client, &Client::citizenship>},
+    {u"jazyk", of<Client, &Client::language>},
+    {u"jaz_doma", of<Client, &Client::homeLanguage>},
+    {u"ulica", of<Client, &Client::address, &Address::street>},
+    {u"obec", of<Client, &Client::address, &Address::town>},
+    {u"psc", of<Client, &Client::address, &Address::zip>},
+    {u"skola", of<Client, &Client::school>},
+    {u"odporu", of<Client, &Client::referredBy>},
+    {u"datevi", of<Client, &Client::since>},
+    {u"postih", of<Client, &Client::impairments>},
+    {u"matka", of<Client, &Client::mother, &Parent::name>},
+    {u"matvla", of<Client, &Client::mother, &Parent::own>},
+    {u"matnar", of<Client, &Client::mother, &Parent::bornYear>},
+    {u"matvek", of<Client, &Client::mother, &Parent::ageAtBirth>},
+    {u"matvzd", of<Client, &Client::mother, &Parent::education>},
+    {u"matuli", of<Client, &Client::mother, &Parent::address, &Address::street>},
+    {u"matobe", of<Client, &Client::mother, &Parent::address, &Address::town>},
+    {u"matpsc", of<Client, &Client::mother, &Parent::address, &Address::zip>},
+    {u"mattel", of<Client, &Client::mother, &Parent::contact, &Contact::phone>},
+    {u"matmail", of<Client, &Client::mother, &Parent::contact, &Contact::mail>},
+    {u"matzam", of<Client, &Client::mother, &Parent::occupation>},
+    {u"mataza", of<Client, &Client::mother, &Parent::employer>},
+    {u"mattza", of<Client, &Client::mother, &Parent::employerPhone>},
+    {u"matchor", of<Client, &Client::mother, &Parent::illness>},
+    {u"matpos", of<Client, &Client::mother, &Parent::impairments>},
+    {u"otec", of<Client, &Client::father, &Parent::name>},
+    {u"otevla", of<Client, &Client::father, &Parent::own>},
+    {u"otenar", of<Client, &Client::father, &Parent::bornYear>},
+    {u"otevek", of<Client, &Client::father, &Parent::ageAtBirth>},
+    {u"otevzd", of<Client, &Client::father, &Parent::education>},
+    {u"oteuli", of<Client, &Client::father, &Parent::address, &Address::street>},
+    {u"oteobe", of<Client, &Client::father, &Parent::address, &Address::town>},
+    {u"otepsc", of<Client, &Client::father, &Parent::address, &Address::zip>},
+    {u"otetel", of<Client, &Client::father, &Parent::contact, &Contact::phone>},
+    {u"otemail", of<Client, &Client::father, &Parent::contact, &Contact::mail>},
+    {u"otezam", of<Client, &Client::father, &Parent::occupation>},
+    {u"oteaza", of<Client, &Client::father, &Parent::employer>},
+    {u"otetza", of<Client, &Client::father, &Parent::employerPhone>},
+    {u"otechor", of<Client, &Client::father, &Parent::illness>},
+    {u"otepos", of<Client, &Client::father, &Parent::impairments>},
+    {u"kon_meno", of<Client, &Client::representative, &Representative::name>},
+    {u"kon_pomer", of<Client, &Client::representative, &Representative::relation>},
+    {u"kon_obe", of<Client, &Client::representative, &Representative::address, &Address::town>},
+    {u"kon_uli", of<Client, &Client::representative, &Representative::address, &Address::street>},
+    {u"kon_psc", of<Client, &Client::representative, &Representative::address, &Address::zip>},
+    {u"kon_tel", of<Client, &Client::representative, &Representative::contact, &Contact::phone>},
+    {u"kon_mail", of<Client, &Client::representative, &Representative::contact, &Contact::mail>},
+};
 
-const TableOf<Note>& changes() {
-    static const TableOf<Note> table = noteTable(u"k_zaznam_zmeny", u"zmeny");
-    return table;
-}
+constexpr TableOf<Memo>::Column memoColumns[] = {
+    {u"idkod", of<Memo, &Memo::owner>},    {u"u_dolezite", of<Memo, &Memo::important>},
+    {u"poznamky", of<Memo, &Memo::notes>}, {u"ip_tvkz", of<Memo, &Memo::plan>},
+    {u"u_dieta", of<Memo, &Memo::child>},  {u"u_ziak", of<Memo, &Memo::pupil>},
+    {u"u_zhrn", of<Memo, &Memo::summary>},
+};
 
-const TableOf<CareRecord>& careRecords() {
-    static const TableOf<CareRecord> table(u"k_zaznam_spc", {
-                                                                {u"idkod",
-                                                                 [](const CareRecord& r) {
-                                                                     return text(r.owner);
-                                                                 }},
-                                                                {u"datum",
-                                                                 [](const CareRecord& r) {
-                                                                     return date(r.date);
-                                                                 }},
-                                                                {u"hod_od",
-                                                                 [](const CareRecord& r) {
-                                                                     return hour(r.fromHour);
-                                                                 }},
-                                                                {u"hod_do",
-                                                                 [](const CareRecord& r) {
-                                                                     return hour(r.toHour);
-                                                                 }},
-                                                                {u"idkod_p",
-                                                                 [](const CareRecord& r) {
-                                                                     return text(r.worker);
-                                                                 }},
-                                                                {u"cinnost",
-                                                                 [](const CareRecord& r) {
-                                                                     return text(r.text);
-                                                                 }},
-                                                            });
-    return table;
-}
+constexpr TableOf<Sibling>::Column siblingColumns[] = {
+    {u"idkod", of<Sibling, &Sibling::owner>},
+    {u"meno", of<Sibling, &Sibling::name>},
+    {u"roknar", of<Sibling, &Sibling::bornYear>},
+    {u"pohlavie", letter<Sibling, &Sibling::girl, u'Z', u'M'>},
+    {u"choroby", of<Sibling, &Sibling::illness>},
+    {u"postih", of<Sibling, &Sibling::impairments>},
+};
 
-const TableOf<Visit>& visits() {
-    static const TableOf<Visit> table(u"k_navstevy", {
-                                                         {u"idkod",
-                                                          [](const Visit& v) {
-                                                              return text(v.owner);
-                                                          }},
-                                                         {u"datum",
-                                                          [](const Visit& v) {
-                                                              return date(v.date);
-                                                          }},
-                                                         {u"dat_budn",
-                                                          [](const Visit& v) {
-                                                              return date(v.next);
-                                                          }},
-                                                     });
-    return table;
+constexpr TableOf<Placement>::Column placementColumns[] = {
+    {u"idkod", of<Placement, &Placement::owner>},  {u"akronym", of<Placement, &Placement::kind>},
+    {u"nazzar", of<Placement, &Placement::code>},  {u"adresa", of<Placement, &Placement::address>},
+    {u"vzar_od", of<Placement, &Placement::from>}, {u"vzar_do", of<Placement, &Placement::to>},
+};
+
+constexpr TableOf<CareRecord>::Column careColumns[] = {
+    {u"idkod", of<CareRecord, &CareRecord::owner>},
+    {u"datum", of<CareRecord, &CareRecord::date>},
+    {u"hod_od", twoDigits<&CareRecord::fromHour>},
+    {u"hod_do", twoDigits<&CareRecord::toHour>},
+    {u"idkod_p", of<CareRecord, &CareRecord::worker>},
+    {u"cinnost", of<CareRecord, &CareRecord::text>},
+};
+
+constexpr TableOf<Visit>::Column visitColumns[] = {
+    {u"idkod", of<Visit, &Visit::owner>},
+    {u"datum", of<Visit, &Visit::date>},
+    {u"dat_budn", of<Visit, &Visit::next>},
+};
+
+constexpr TableOf<Note>::Column examinationColumns[] = {
+    {u"idkod", of<Note, &Note::owner>},
+    {u"datum", of<Note, &Note::date>},
+    {u"idkod_p", of<Note, &Note::worker>},
+    {u"popis", of<Note, &Note::text>},
+};
+
+constexpr TableOf<Note>::Column changeColumns[] = {
+    {u"idkod", of<Note, &Note::owner>},
+    {u"datum", of<Note, &Note::date>},
+    {u"idkod_p", of<Note, &Note::worker>},
+    {u"zmeny", of<Note, &Note::text>},
+};
+
+/// All tables of the model; made once, since a sink knows a table by its address.
+struct Tables {
+    TableOf<Employee> employees{u"zamestnanci", employeeColumns};
+    TableOf<Client> clients{u"k_zaklad", clientColumns};
+    TableOf<Memo> memos{u"k_memo", memoColumns};
+    TableOf<Sibling> siblings{u"k_surodenci", siblingColumns};
+    TableOf<Placement> placements{u"k_zariad", placementColumns};
+    TableOf<Note> examinations{u"k_vysetrenie", examinationColumns};
+    TableOf<Note> changes{u"k_zaznam_zmeny", changeColumns};
+    TableOf<CareRecord> care{u"k_zaznam_spc", careColumns};
+    TableOf<Visit> visits{u"k_navstevy", visitColumns};
+};
+
+const Tables& tables() {
+    static const Tables tables;
+    return tables;
 }
 
 } // namespace
 
 void writeEmployee(const Employee& employee, RowSink& sink) {
-    employees().write(employee, sink);
+    tables().employees.write(employee, sink);
 }
 
 void writeClient(const Client& client, RowSink& sink) {
-    basics().write(client, sink);
-    memos().write(client.memo, sink);
-    siblings().writeAll(client.siblings, sink);
-    placements().writeAll(client.placements, sink);
-    examinations().writeAll(client.examinations, sink);
-    changes().writeAll(client.changes, sink);
-    careRecords().writeAll(client.care, sink);
-    visits().writeAll(client.visits, sink);
+    const Tables& to = tables();
+    to.clients.write(client, sink);
+    to.memos.write(client.memo, sink);
+    to.siblings.writeAll(client.siblings, sink);
+    to.placements.writeAll(client.placements, sink);
+    to.examinations.writeAll(client.examinations, sink);
+    to.changes.writeAll(client.changes, sink);
+    to.care.writeAll(client.care, sink);
+    to.visits.writeAll(client.visits, sink);
 }
 
 } // namespace mkdb

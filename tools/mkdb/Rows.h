@@ -2,7 +2,7 @@
 
 #include "store/Value.h"
 
-#include <initializer_list>
+#include <span>
 #include <vector>
 
 namespace mkdb {
@@ -30,7 +30,8 @@ class TableOf {
         store::Value (*value)(const Item&);
     };
 
-    TableOf(const char16_t* table, std::initializer_list<Column> columns) : columns_(columns) {
+    /// @param columns must outlive the table
+    TableOf(const char16_t* table, std::span<const Column> columns) : columns_(columns) {
         shape_.table = table;
         for (const Column& column : columns_)
             shape_.columns.push_back(column.name);
@@ -53,7 +54,7 @@ class TableOf {
 
   private:
     RowShape shape_;
-    std::vector<Column> columns_;
+    std::span<const Column> columns_;
 };
 
 } // namespace mkdb
