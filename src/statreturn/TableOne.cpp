@@ -18,25 +18,19 @@ store::Recordset& select(store::DataSource& source, const QString& statement) {
     return source.Recordset();
 }
 
-void stampAge(store::Recordset& row, const QDate& today) {
-    const QDate birth = row.Fields(u"dat").Value().toDate();
-    if (!birth.isValid()) {
-        return; // a text that is no calendar date gives no age
-    }
-    const store::Value age(ageOn(today, birth));
-    store::Field vek = row.Fields(u"Vek");
-    if (vek.Value() == age) {
-        return;
-    }
-    row.Edit();
-    vek.setValue(age);
-    row.Update();
-}
-
 void stampAges(store::DataSource& datTlac, const Period& period, const QDate& today) {
     store::Recordset& records = select(datTlac, stampSelection(period));
+    const store::Field dat = records.Fields(u"dat");
+    store::Field vek = records.Fields(u"Vek");
     for (; !records.Eof(); records.MoveNext()) {
-        stampAge(records, today);
+        const QDate birth = dat.Value().toDate();
+        // A text that is no calendar date gives no age.
+        const auto age = birth.isValid() ? store::Value(ageOn(today, birth)) : vek.Value();
+        if (vek.Value() != age) {
+            records.Edit();
+            vek.setValue(age);
+            records.Update();
+        }
     }
 }
 
@@ -45,12 +39,14 @@ Counts countAge(store::DataSource& datTlac, int age, const Period& period) {
     Counts counts{};
     QString previousKey = QStringLiteral(" ");
     store::Recordset& records = select(datTlac, ageSelection(age, period));
+    const store::Field idk = records.Fields(u"idk");
+    const store::Field pohl = records.Fields(u"pohl");
+    const store::Field post = records.Fields(u"post");
     for (; !records.Eof(); records.MoveNext()) {
-        QString key = records.Fields(u"idk").Value().toText();
+        QString key = idk.Value().toText();
         if (key != previousKey) {
             previousKey = std::move(key);
-            const CountedClient client{records.Fields(u"pohl").Value().toText(),
-                                       records.Fields(u"post").Value().toText()};
+            const CountedClient client{pohl.Value().toText(), post.Value().toText()};
             countClient(counts, client, hasSecondImpairment(client.post));
         }
     }

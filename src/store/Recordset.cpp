@@ -75,6 +75,7 @@ class Recordset::Impl {
     };
 
     const RowCells& currentRow();
+    const RowCells& rowWith(int column);
     const Cell* pending(int column) const;
 
     std::shared_ptr<Rowset> rows_;
@@ -86,6 +87,9 @@ class Recordset::Impl {
 
     RowCells row_;
     std::optional<quint64> rowStamp_;
+    /// Whose cells row_ holds, which may be another row than the current one.
+    RowKey readKey_;
+    quint64 readStamp_ = 0;
 
     EditState edit_ = EditState::None;
     Changes changes_;
@@ -158,8 +162,22 @@ const RowCells& Recordset::Impl::currentRow() {
         if (!rows().read(key(), row_))
             refuseDeleted();
         rowStamp_ = stamp;
+        readKey_ = key_;
+        readStamp_ = stamp;
     }
     return row_;
+}
+
+/// A row in which that column is as in the current one. Rows of a join that stand together often
+/// have a part in common, which need not be read again.
+const RowCells& Recordset::Impl::rowWith(int column) {
+    const int source = rows().plan().columns[static_cast<size_t>(column)].source;
+    const auto part = static_cast<size_t>(source);
+    const bool isShared = source >= 0 && key().size() > 1 && readKey_.size() == key_.size() &&
+                          readKey_[part] == key_[part] &&
+                          readStamp_ == rows().connection().changeStamp() &&
+                          rows().isComplete(readStamp_);
+    return isShared ? row_ : currentRow();
 }
 
 const Cell* Recordset::Impl::pending(int column) const {
@@ -173,7 +191,7 @@ Value Recordset::Impl::value(int column) {
         return toValue(*cell, type);
     if (edit_ == EditState::Add)
         return type == ColumnType::Boolean ? Value(false) : Value();
-    return readValue(currentRow(), column, type);
+    return readValue(rowWith(column), column, type);
 }
 
 void Recordset::Impl::setValue(int column, const Value& value) {

@@ -40,6 +40,7 @@ Rowset::Rowset(std::shared_ptr<Connection> connection, const QString& source)
         keys_.emplace(*connection_, plan_);
     else
         loadStoredRows();
+    completeStamp_ = connection_->changeStamp();
 }
 
 void Rowset::loadStoredRows() {
@@ -155,10 +156,13 @@ void Rowset::update(RowKeyView key, const Changes& changes) {
             updateSource(source, key[static_cast<size_t>(source)], own);
         return true;
     };
+    const bool wasComplete = isComplete(connection_->changeStamp());
     if (bySource.size() > 1)
         connection_->writeAll(writeSources);
     else if (!bySource.empty())
         connection_->writeRow(writeSources);
+    if (wasComplete)
+        completeStamp_ = connection_->changeStamp();
 }
 
 void Rowset::updateSource(int source, qint64 rowid, const Changes& changes) {

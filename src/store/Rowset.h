@@ -33,6 +33,8 @@ class Rowset {
 
     /// Reads a row; false when it has been deleted.
     bool read(RowKeyView key, RowCells& row);
+    /// True when no row of a join can have been deleted up to that change stamp of the connection.
+    bool isComplete(quint64 changeStamp) const { return completeStamp_ == changeStamp; }
     /// True when a row is among the rows, deleted or not.
     bool holds(RowKeyView key);
     /// The first row that meets a criterion.
@@ -60,6 +62,8 @@ class Rowset {
     SelectPlan plan_;
     std::map<QString, int> columns_;
     std::optional<Keyset> keys_;
+    /// The last stamp at which only updates of ours had happened since the keys were read.
+    quint64 completeStamp_ = 0;
     std::optional<Query> row_;
     std::map<Columns, Query> updates_;
     /// The rows of a query that has no keys.

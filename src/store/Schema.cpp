@@ -158,7 +158,7 @@ constexpr const char16_t* byTitle = u"\"nazov\" COLLATE TVK";
 constexpr IndexDef allIndexes[] = {
     {u"k_zaklad_idkod", u"k_zaklad", byKey, true},
     {u"k_zaklad_meno", u"k_zaklad", byName},
-    {u"k_zaklad_vek", u"k_zaklad", u"\"vek\""},
+    {u"k_zaklad_vek", u"k_zaklad", u"\"vek\", \"idkod\" COLLATE TVK"},
     {u"k_zaklad_katcis", u"k_zaklad", u"trim(\"katcis\") COLLATE TVK"},
     {u"k_zaklad_katcis_val", u"k_zaklad", u"tvk_val(\"katcis\")"},
     {u"k_memo_idkod", u"k_memo", byKey, true},

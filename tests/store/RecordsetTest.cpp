@@ -288,6 +288,30 @@ TEST_F(RecordsetTest, EditsThroughAJoin) {
     EXPECT_ENGINE_ERROR(rows->Delete(), 3164);
 }
 
+/// Both records of care of one client stand together, so that the client's part is read once.
+TEST_F(RecordsetTest, RowsOfAJoinSeeTheirCommonPartAsItIs) {
+    const QString client = QStringLiteral("NOVAKJA00");
+    auto rows = open(joined + QStringLiteral(" where k_zaklad.idkod='NOVAKJA00'"));
+    const QString first = at(*rows, u"hod_od");
+    rows->Edit();
+    rows->Fields(u"vek").setValue(7);
+    rows->Update();
+    EXPECT_EQ(at(*rows, u"idk"), client);
+    rows->MoveNext();
+    EXPECT_EQ(at(*rows, u"vek"), u"7");
+    EXPECT_NE(at(*rows, u"hod_od"), first);
+    rows->MoveFirst();
+    EXPECT_EQ(at(*rows, u"vek"), u"7");
+    database.Execute(QStringLiteral("update k_zaklad set vek=8 where idkod='NOVAKJA00'"));
+    rows->MoveNext();
+    EXPECT_EQ(at(*rows, u"vek"), u"8");
+    rows->MoveFirst();
+    database.Execute(QStringLiteral("delete from k_zaznam_spc where hod_od<>'%1'").arg(first));
+    EXPECT_EQ(at(*rows, u"idk"), client);
+    rows->MoveNext();
+    EXPECT_ENGINE_ERROR(rows->Fields(u"idk").Value(), 3167);
+}
+
 TEST_F(RecordsetTest, FindsInAJoinByItsPosition) {
     auto rows = open(joined + QStringLiteral(" order by k_zaznam_spc.hod_od desc"));
     const QStringList keys = column(*rows, u"idk").split(QLatin1Char(','));
