@@ -190,6 +190,7 @@ TEST_F(DataSourceTest, AReportSaysThatItCannotRead) {
     EXPECT_ENGINE_ERROR(store::ReportConnection(engine, path), 3025);
     store::replaceFile(copy, path);
     EXPECT_ENGINE_ERROR(store::ReportConnection(engine, path), 3025);
+    letGo();
     source.Refresh();
     EXPECT_EQ(store::ReportConnection(engine, path).open(QStringLiteral("k_zaklad")).count(), 2);
     QFile file(path);
