@@ -182,6 +182,7 @@ TEST_F(DataSourceTest, AReportReadsTheFileAnew) {
 }
 
 TEST_F(DataSourceTest, AReportSaysThatItCannotRead) {
+    letGo();
     source.Refresh();
     const QString path = folder.database();
     const QString copy = folder.path(u"tmp.mdb");
