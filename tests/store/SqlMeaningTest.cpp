@@ -238,7 +238,12 @@ TEST_F(SqlMeaning, DateColumnsThatHoldOtherTexts) {
     for (const char* row : rows)
         database_.execute(QStringLiteral("insert into k_navstevy(idkod, datum) values(%1)")
                               .arg(QString::fromUtf8(row)));
+    database_.execute(QStringLiteral("update k_navstevy set dat_budn = 'potom' where idkod = 'A'"));
     const Meaning filters[] = {
+        {u"datevalue('1.9.2007') between datum and dat_budn", u""},
+        {u"datevalue('1.1.2007') not between datum and dat_budn", u"ABC"},
+        {u"datevalue('1.10.2007') not between datum and datevalue('1.1.2008')", u""},
+        {u"datevalue('1.9.2007') not in (datum)", u"AB"},
         {u"datum <= datevalue('31.8.2007')", u"A"},
         {u"datum < datevalue('1.9.2007')", u"AB"},
         {u"datum > datevalue('31.8.2007')", u"BC"},

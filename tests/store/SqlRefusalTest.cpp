@@ -89,6 +89,7 @@ const Refused refusedActions[] = {
     {u"select * from k_zaklad", 3075, u"znak 1: select"},
     {u"delete k_zaklad", 3075},
     {u"delete from k_nic", 3078, u"znak 13: k_nic"},
+    {u"delete k_zaklad.* from k_memo", 3061, u"znak 8: k_zaklad"},
     {u"delete from k_memo where idkod = 5", 3464},
     {u"delete from k_memo where nic = 5", 3061},
     {u"delete from vyp_dobry", 3075},

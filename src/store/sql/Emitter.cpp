@@ -356,8 +356,7 @@ QString Emitter::dateComparison(const Expression& expression, bool filters) cons
     const Expression& left = *expression.parts[0];
     const Expression& right = *expression.parts[1];
     const auto side = [&](const Expression& date) {
-        const bool isBare = isProper(date) || (filters && date.node == Node::Name);
-        return isBare ? operand(date) : callOf("tvk_date", {value(date)});
+        return filters && date.node == Node::Name ? operand(date) : properDate(date);
     };
     QString sql = side(left) + signOf(expression.op) + side(right);
     if (!filters)
@@ -376,10 +375,21 @@ QString Emitter::compared(const Expression& expression) const {
     case ValueKind::Text:
         return operand(first) + collation;
     case ValueKind::Date:
-        return isProper(first) ? operand(first) : callOf("tvk_date", {value(first)});
+        return properDate(first);
     default:
         return operand(first);
     }
+}
+
+/// A date that is Null where a text lies in its column that is none.
+QString Emitter::properDate(const Expression& date) const {
+    return isProper(date) ? operand(date) : callOf("tvk_date", {value(date)});
+}
+
+/// One of the operands that the first one is compared with.
+QString Emitter::comparand(const Expression& expression, std::size_t part) const {
+    const Expression& other = *expression.parts[part];
+    return comparedKind(expression) == ValueKind::Date ? properDate(other) : operand(other);
 }
 
 QString Emitter::between(const Expression& expression, bool filters) const {
@@ -390,13 +400,13 @@ QString Emitter::between(const Expression& expression, bool filters) const {
     return (isBare && comparedKind(expression) == ValueKind::Date ? operand(*expression.parts[0])
                                                                   : compared(expression)) +
            (expression.negated ? QStringLiteral(" NOT BETWEEN ") : QStringLiteral(" BETWEEN ")) +
-           operand(low) + signOf(Operator::And) + operand(high);
+           comparand(expression, 1) + signOf(Operator::And) + comparand(expression, 2);
 }
 
 QString Emitter::in(const Expression& expression) const {
     QStringList values;
     for (std::size_t i = 1; i < expression.parts.size(); ++i)
-        values << value(*expression.parts[i]);
+        values << comparand(expression, i);
     return compared(expression) +
            (expression.negated ? QStringLiteral(" NOT IN ") : QStringLiteral(" IN ")) +
            enclosed(values.join(QStringLiteral(", ")));

@@ -45,7 +45,8 @@ class Emitter {
     QString comparedWithBoolean(const Expression& expression) const;
     QString dateComparison(const Expression& expression, bool filters) const;
     QString compared(const Expression& expression) const;
-    QString comparedList(const Expression& expression) const;
+    QString comparand(const Expression& expression, std::size_t part) const;
+    QString properDate(const Expression& date) const;
     QString between(const Expression& expression, bool filters) const;
     QString in(const Expression& expression) const;
     QString like(const Expression& expression) const;

@@ -127,8 +127,9 @@ ExpressionPtr Parser::criterion() {
 
 DeleteStatement Parser::deleteStatement() {
     DeleteStatement statement;
-    if (at(TokenKind::Name)) {
-        ++next_;
+    const Token starOf = here();
+    const bool isQualified = accept(TokenKind::Name);
+    if (isQualified) {
         expect(TokenKind::Point);
         expect(TokenKind::Star);
     } else {
@@ -136,6 +137,8 @@ DeleteStatement Parser::deleteStatement() {
     }
     expect(TokenKind::From);
     statement.table = tableName();
+    if (isQualified && starOf.text.compare(statement.table.alias, Qt::CaseInsensitive) != 0)
+        throw errorAt(sql_, starOf.place, messages::unknownName, ErrorNumber::TooFewParameters);
     statement.where = optionalWhere();
     expectEnd();
     return statement;
