@@ -12,8 +12,8 @@ namespace store {
 
 namespace {
 
-/// Rolled back rows may be many; keep their stamps apart from those of counted changes.
-constexpr quint64 rollbackStep = quint64{1} << 40;
+/// More than the changes that may be counted in one epoch.
+constexpr quint64 epochStep = quint64{1} << 40;
 
 FileIdentity identityOf(const QString& path) {
     const auto identity = fileIdentity(path);
@@ -23,8 +23,10 @@ FileIdentity identityOf(const QString& path) {
 }
 
 std::unique_ptr<SQLite::Database> openFile(const QString& path, Connection::Access access) {
+    // The engine lives in one thread.
     const int flags =
-        access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+        SQLITE_OPEN_NOMUTEX |
+        (access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
     try {
         return std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), flags,
                                                   Connection::usualPatienceMs);
@@ -71,16 +73,31 @@ void Connection::execute(const char* sql) {
 void Connection::beginWrite() {
     if (lost_)
         throw *lost_;
-    if (sqlite3_get_autocommit(handle()) != 0) {
+    if (isIdle() || !writing_) {
+        // From reading to writing there is no waiting for other programs, so begin afresh.
+        if (!isIdle())
+            execute("COMMIT");
         writes_ = 0;
         execute("BEGIN IMMEDIATE");
+        writing_ = true;
     }
 }
 
-void Connection::noteFailure(const EngineError& error) {
-    if (sqlite3_get_autocommit(handle()) == 0)
+void Connection::beginRead() {
+    if (!isIdle())
         return;
-    ++rollbacks_;
+    execute("BEGIN");
+    writing_ = false;
+}
+
+bool Connection::isIdle() const {
+    return sqlite3_get_autocommit(handle()) != 0;
+}
+
+void Connection::noteFailure(const EngineError& error) {
+    if (!isIdle())
+        return;
+    ++epoch_;
     if (writes_ > 0)
         lost_ = error;
     writes_ = 0;
@@ -88,7 +105,7 @@ void Connection::noteFailure(const EngineError& error) {
 
 void Connection::rollBack() noexcept {
     sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-    ++rollbacks_;
+    ++epoch_;
 }
 
 void Connection::commit() {
@@ -98,8 +115,9 @@ void Connection::commit() {
         lost_.reset();
         throw error;
     }
-    if (sqlite3_get_autocommit(handle()) != 0)
+    if (isIdle())
         return;
+    ++epoch_;
     try {
         execute("COMMIT");
     } catch (const EngineError&) {
@@ -109,7 +127,7 @@ void Connection::commit() {
 }
 
 quint64 Connection::changeStamp() const {
-    return static_cast<quint64>(sqlite3_total_changes64(handle())) + rollbacks_ * rollbackStep;
+    return static_cast<quint64>(sqlite3_total_changes64(handle())) + epoch_ * epochStep;
 }
 
 std::optional<QString> Connection::storedQuery(QStringView name) {
@@ -134,11 +152,11 @@ Connection::Savepoint::Savepoint(Connection& connection) : connection_(connectio
 }
 
 Connection::Savepoint::~Savepoint() {
-    if (!open_ || sqlite3_get_autocommit(connection_.handle()) != 0)
+    if (!open_ || connection_.isIdle())
         return;
     sqlite3_exec(connection_.handle(), "ROLLBACK TO statement; RELEASE statement", nullptr, nullptr,
                  nullptr);
-    ++connection_.rollbacks_;
+    ++connection_.epoch_;
 }
 
 void Connection::Savepoint::release() const {

@@ -43,6 +43,9 @@ class Connection {
     const QString& path() const { return path_; }
     const FileIdentity& identity() const { return identity_; }
 
+    /// Holds the file for reading until the next commit, which spares each statement the taking of
+    /// locks. All reads of a user action see the file alike.
+    void beginRead();
     /// Runs a write of a single statement that touches a single row.
     template <class Action>
     auto writeRow(Action&& action) {
@@ -66,7 +69,8 @@ class Connection {
     /// Runs statements of SQLite that give no rows.
     void execute(const char* sql);
 
-    /// Makes the unit of work durable. @throws EngineError, and nothing of the unit stays.
+    /// Makes the unit of work durable and lets go of the file.
+    /// @throws EngineError, and nothing of the unit stays.
     void commit();
 
     /// Another number after each change that a row read before may have missed.
@@ -102,6 +106,7 @@ class Connection {
             throw;
         }
     }
+    bool isIdle() const;
     void beginWrite();
     void noteFailure(const EngineError& error);
     void rollBack() noexcept;
@@ -111,9 +116,12 @@ class Connection {
     std::shared_ptr<DeferredErrors> deferred_;
     std::unique_ptr<SQLite::Database> database_;
     std::optional<Query> lookup_;
+    /// The open transaction may write.
+    bool writing_ = false;
     /// Writes of the unit of work that went well.
     qint64 writes_ = 0;
-    quint64 rollbacks_ = 0;
+    /// Grows whenever the file may change without a counted change: at its release and rollbacks.
+    quint64 epoch_ = 0;
     /// Why SQLite gave up the whole unit, while its caller may not know that earlier writes of it
     /// are gone.
     std::optional<EngineError> lost_;

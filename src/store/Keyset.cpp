@@ -1,6 +1,7 @@
 #include "store/Keyset.h"
 
 #include "store/Connection.h"
+#include "store/ReadAhead.h"
 #include "store/Schema.h"
 
 #include <algorithm>
@@ -38,6 +39,18 @@ QString orderClause(const SelectPlan& plan) {
                            : QStringLiteral(" ORDER BY ") + terms.join(QStringLiteral(", "));
 }
 
+QString fromPlan(const SelectPlan& plan, const QStringList& conditions) {
+    return QStringLiteral(" FROM ") + plan.from +
+           whereClause(QStringList(plan.filter) + conditions) + orderClause(plan);
+}
+
+QString selectKeysAndColumns(const SelectPlan& plan) {
+    QStringList columns{plan.keyColumns};
+    for (const OutputColumn& column : plan.columns)
+        columns << column.expression;
+    return QStringLiteral("SELECT ") + columns.join(QStringLiteral(", ")) + fromPlan(plan, {});
+}
+
 qint64 highestRowid(Connection& connection, const SelectPlan& plan) {
     Query query(
         connection.handle(),
@@ -65,12 +78,12 @@ void readKey(const Query& query, RowKey& key) {
 }
 
 QString selectKeys(const SelectPlan& plan, const QStringList& conditions) {
-    return QStringLiteral("SELECT ") + plan.keyColumns + QStringLiteral(" FROM ") + plan.from +
-           whereClause(QStringList(plan.filter) + conditions) + orderClause(plan);
+    return QStringLiteral("SELECT ") + plan.keyColumns + fromPlan(plan, conditions);
 }
 
-Keyset::Keyset(Connection& connection, const SelectPlan& plan)
-    : connection_(&connection), plan_(&plan), width_(plan.sources.size()), nextLimit_(firstLimit) {
+Keyset::Keyset(Connection& connection, const SelectPlan& plan, ReadAhead& ahead)
+    : connection_(&connection), plan_(&plan), ahead_(&ahead), width_(plan.sources.size()),
+      nextLimit_(firstLimit) {
     if (width_ == 1)
         bound_ = highestRowid(connection, plan);
     loadMore();
@@ -113,9 +126,12 @@ void Keyset::remove(qint64 index) {
 }
 
 void Keyset::loadMore() {
-    if (width_ == 1 && plan_->inRowidOrder)
+    connection_->beginRead();
+    if (width_ > 1)
+        loadJoin();
+    else if (plan_->inRowidOrder)
         loadByRowid();
-    else if (width_ == 1 && keys_.empty())
+    else if (keys_.empty())
         loadFirst();
     else
         loadRest();
@@ -151,6 +167,17 @@ void Keyset::loadRest() {
     for (qint64 index = 0; index < loaded(); ++index)
         known.emplace(at(index).begin(), at(index).end());
     take(query, known);
+    complete_ = true;
+}
+
+void Keyset::loadJoin() {
+    Query query(connection_->handle(), selectKeysAndColumns(*plan_));
+    RowKey key(width_);
+    while (query.step()) {
+        readKey(query, key);
+        keys_.insert(keys_.end(), key.begin(), key.end());
+        ahead_->add(query, static_cast<int>(width_));
+    }
     complete_ = true;
 }
 

@@ -16,6 +16,7 @@
 namespace store {
 
 class Connection;
+class ReadAhead;
 
 /// The rowids of one row's sources; `noRow` where an outer join found none.
 using RowKey = std::vector<qint64>;
@@ -35,7 +36,8 @@ QString selectKeys(const SelectPlan& plan, const QStringList& conditions);
 class Keyset {
   public:
     /// @param connection,plan an updatable plan; both outlive the keyset
-    Keyset(Connection& connection, const SelectPlan& plan);
+    /// @param ahead takes the rows of a join, which are all read at once; outlives the keyset
+    Keyset(Connection& connection, const SelectPlan& plan, ReadAhead& ahead);
     /// A keyset of rows that have no keys: they are counted from 0.
     explicit Keyset(qint64 count);
 
@@ -62,6 +64,7 @@ class Keyset {
     void loadByRowid();
     void loadFirst();
     void loadRest();
+    void loadJoin();
     void take(Query& query, const std::set<RowKey>& known);
     qint64 loaded() const { return static_cast<qint64>(keys_.size() / width_); }
     bool isAdded(RowKeyView key) const;
@@ -71,6 +74,7 @@ class Keyset {
 
     Connection* connection_ = nullptr;
     const SelectPlan* plan_ = nullptr;
+    ReadAhead* ahead_ = nullptr;
     size_t width_ = 1;
     std::vector<qint64> keys_;
     std::vector<qint64> added_;

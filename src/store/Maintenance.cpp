@@ -39,6 +39,37 @@ constexpr StoredQuery storedQueries[] = {
                      u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum"},
 };
 
+struct IndexFigures {
+    const char* table;
+    const char* index;
+    /// Rows of the table, then rows that one value of the index has, of its first column, of its
+    /// first two and so on.
+    const char* figures;
+};
+
+/// What the planner of queries shall reckon with: a large register, whatever this one holds, so
+/// that a query runs in the same way in all of them.
+constexpr IndexFigures figures[] = {
+    {"k_zaklad", "k_zaklad_idkod", "10000 1"},
+    {"k_zaklad", "k_zaklad_meno", "10000 5 1"},
+    {"k_zaklad", "k_zaklad_vek", "10000 500 1"},
+    {"k_zaklad", "k_zaklad_katcis", "10000 1"},
+    {"k_zaklad", "k_zaklad_katcis_val", "10000 1"},
+    {"k_memo", "k_memo_idkod", "10000 1"},
+    {"k_surodenci", "k_surodenci_idkod", "20000 2 1"},
+    {"k_zariad", "k_zariad_idkod", "30000 3 1"},
+    {"k_zariad", "k_zariad_nazzar", "30000 1000"},
+    {"k_vysetrenie", "k_vysetrenie_idkod", "50000 5 1"},
+    {"k_vysetrenie", "k_vysetrenie_idkod_p", "50000 2000"},
+    {"k_zaznam_zmeny", "k_zaznam_zmeny_idkod", "50000 5 1"},
+    {"k_zaznam_zmeny", "k_zaznam_zmeny_idkod_p", "50000 2000"},
+    {"k_zaznam_spc", "k_zaznam_spc_idkod", "100000 10 1"},
+    {"k_zaznam_spc", "k_zaznam_spc_idkod_p", "100000 5000"},
+    {"k_navstevy", "k_navstevy_idkod", "100000 10 1"},
+    {"zamestnanci", "zamestnanci_idkod", "50 1"},
+    {"zamestnanci", "zamestnanci_meno", "50 1 1"},
+};
+
 /// Removes a file that was begun, unless its maker is through with it.
 class BegunFile {
   public:
@@ -76,6 +107,18 @@ void fillMeta(Connection& connection) {
     }
 }
 
+void fillFigures(Connection& connection) {
+    connection.execute("ANALYZE sqlite_schema");
+    Query query(connection.handle(),
+                QStringLiteral("INSERT INTO sqlite_stat1 VALUES (?1, ?2, ?3)"));
+    for (const IndexFigures& row : figures) {
+        query.bind(1, Cell(std::string(row.table)));
+        query.bind(2, Cell(std::string(row.index)));
+        query.bind(3, Cell(std::string(row.figures)));
+        query.run();
+    }
+}
+
 void fillDatabase(Connection& connection) {
     connection.execute("PRAGMA journal_mode=MEMORY; BEGIN;"
                        "CREATE TABLE tvk_queries (name TEXT COLLATE NOCASE PRIMARY KEY, sql TEXT);"
@@ -83,6 +126,7 @@ void fillDatabase(Connection& connection) {
     for (const QString& statement : createStatements())
         connection.execute(statement.toUtf8().constData());
     fillMeta(connection);
+    fillFigures(connection);
     connection.execute(QStringLiteral("PRAGMA application_id=%1; PRAGMA user_version=%2; COMMIT")
                            .arg(applicationId)
                            .arg(schemaVersion)

@@ -18,6 +18,11 @@ sqlite3_stmt* prepare(sqlite3* connection, const QString& sql) {
     return statement;
 }
 
+std::string_view textOf(sqlite3_stmt* statement, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return {text, static_cast<size_t>(sqlite3_column_bytes(statement, column))};
+}
+
 QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -80,52 +85,88 @@ bool Query::isNull(int column) const {
 }
 
 QString Query::text(int column) const {
-    const auto* text = sqlite3_column_text(statement_.get(), column);
-    const int length = sqlite3_column_bytes(statement_.get(), column);
-    return QString::fromUtf8(reinterpret_cast<const char*>(text), length);
+    return fromUtf8(textOf(statement_.get(), column));
 }
 
-void RowCells::read(const Query& query) {
+void RowBlock::append(const Query& query, int firstColumn) {
     sqlite3_stmt* const statement = query.statement_.get();
-    slots_.resize(static_cast<size_t>(query.columnCount()));
-    bytes_.clear();
-    for (int column = 0; Slot & slot : slots_) {
+    const int columns = query.columnCount();
+    width_ = static_cast<size_t>(columns - firstColumn);
+    for (int column = firstColumn; column < columns; ++column) {
+        Slot slot;
         slot.type = sqlite3_column_type(statement, column);
-        if (slot.type == SQLITE_INTEGER) {
+        if (slot.type == SQLITE_INTEGER)
             slot.integer = sqlite3_column_int64(statement, column);
-        } else if (slot.type == SQLITE_FLOAT) {
+        else if (slot.type == SQLITE_FLOAT)
             slot.number = sqlite3_column_double(statement, column);
-        } else if (slot.type != SQLITE_NULL) {
-            const auto* text =
-                reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            slot.length = sqlite3_column_bytes(statement, column);
-            slot.offset = bytes_.size();
-            bytes_.append(text, static_cast<size_t>(slot.length));
-        }
-        ++column;
+        else if (slot.type != SQLITE_NULL)
+            slot = textSlot(textOf(statement, column));
+        slots_.push_back(slot);
     }
+    ++rows_;
 }
 
-Cell RowCells::cell(int column) const {
-    const Slot& slot = slots_[static_cast<size_t>(column)];
-    switch (slot.type) {
+void RowBlock::assign(const RowBlock& other, qint64 index) {
+    clear();
+    width_ = other.width_;
+    const RowView row = other.row(index);
+    for (size_t column = 0; column < width_; ++column) {
+        Slot slot = row.slots_[column];
+        if (slot.type == SQLITE_TEXT)
+            slot = textSlot(row.bytes(slot));
+        slots_.push_back(slot);
+    }
+    rows_ = 1;
+}
+
+void RowBlock::clear() {
+    rows_ = 0;
+    slots_.clear();
+    bytes_.clear();
+}
+
+void RowBlock::set(qint64 index, int column, const Cell& cell) {
+    Slot slot;
+    if (const auto* integer = std::get_if<qint64>(&cell)) {
+        slot.type = SQLITE_INTEGER;
+        slot.integer = *integer;
+    } else if (const auto* number = std::get_if<double>(&cell)) {
+        slot.type = SQLITE_FLOAT;
+        slot.number = *number;
+    } else if (const auto* text = std::get_if<std::string>(&cell)) {
+        slot = textSlot(*text);
+    }
+    slots_[static_cast<size_t>(index) * width_ + static_cast<size_t>(column)] = slot;
+}
+
+RowView::Slot RowBlock::textSlot(std::string_view text) {
+    Slot slot;
+    slot.type = SQLITE_TEXT;
+    slot.length = static_cast<int>(text.size());
+    slot.offset = bytes_.size();
+    bytes_.append(text);
+    return slot;
+}
+
+Cell RowView::cell(int column) const {
+    const Slot& from = slot(column);
+    switch (from.type) {
     case SQLITE_NULL:
         return {};
     case SQLITE_INTEGER:
-        return slot.integer;
+        return from.integer;
     case SQLITE_FLOAT:
-        return slot.number;
+        return from.number;
     default:
-        return std::string(bytes(slot));
+        return std::string(bytes(from));
     }
 }
 
-QString RowCells::text(int column) const {
-    const Slot& slot = slots_[static_cast<size_t>(column)];
-    return slot.type == SQLITE_TEXT ? fromUtf8(bytes(slot)) : QString();
+QString RowView::text(int column) const {
+    return isText(column) ? fromUtf8(bytes(slot(column))) : QString();
 }
 
-bool RowCells::equals(int column, const Cell& other) const {
+bool RowView::equals(int column, const Cell& other) const {
     return cell(column) == other;
 }
 

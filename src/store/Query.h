@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -42,29 +43,25 @@ class Query {
     QString text(int column) const;
 
   private:
-    friend class RowCells;
+    friend class RowBlock;
     struct Finalizer {
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 
-/// A copy of one row as it lies in the file, so that no statement stays open on it. Columns become
-/// values when they are asked for.
-class RowCells {
+/// A row as it lies in the file, inside a block of rows; valid until the block changes. Columns
+/// become values when they are asked for.
+class RowView {
   public:
-    /// Copies the row on which the query stands.
-    void read(const Query& query);
-    bool isEmpty() const { return slots_.empty(); }
     Cell cell(int column) const;
-    bool isText(int column) const {
-        return slots_[static_cast<size_t>(column)].type == SQLITE_TEXT;
-    }
-    /// A text column; empty for Null.
+    bool isText(int column) const { return slot(column).type == SQLITE_TEXT; }
+    /// A text column; empty for anything else.
     QString text(int column) const;
-    bool equals(int column, const Cell& cell) const;
+    bool equals(int column, const Cell& other) const;
 
   private:
+    friend class RowBlock;
     struct Slot {
         int type = SQLITE_NULL;
         int length = 0;
@@ -74,9 +71,39 @@ class RowCells {
             size_t offset;
         };
     };
+    RowView(const Slot* slots, const std::string* bytes) : slots_(slots), bytes_(bytes) {}
+    const Slot& slot(int column) const { return slots_[column]; }
     std::string_view bytes(const Slot& slot) const {
-        return std::string_view(bytes_).substr(slot.offset, static_cast<size_t>(slot.length));
+        return std::string_view(*bytes_).substr(slot.offset, static_cast<size_t>(slot.length));
     }
+    const Slot* slots_;
+    const std::string* bytes_;
+};
+
+/// Copies of rows, so that no statement stays open on them.
+class RowBlock {
+  public:
+    /// Appends the row on which the query stands.
+    /// @param firstColumn the query's columns before it are left out; the same for all rows
+    void append(const Query& query, int firstColumn = 0);
+    /// Becomes a copy of one row of another block.
+    void assign(const RowBlock& other, qint64 index);
+    void clear();
+    qint64 count() const { return rows_; }
+    /// Bytes that it takes.
+    size_t size() const { return slots_.size() * sizeof(Slot) + bytes_.size(); }
+    RowView row(qint64 index) const { return {slotsOf(index), &bytes_}; }
+    /// Puts another cell into a row.
+    void set(qint64 index, int column, const Cell& cell);
+
+  private:
+    using Slot = RowView::Slot;
+    Slot textSlot(std::string_view text);
+    const Slot* slotsOf(qint64 index) const {
+        return slots_.data() + static_cast<size_t>(index) * width_;
+    }
+    size_t width_ = 0;
+    qint64 rows_ = 0;
     std::vector<Slot> slots_;
     std::string bytes_;
 };

@@ -74,8 +74,7 @@ class Recordset::Impl {
         End
     };
 
-    const RowCells& currentRow();
-    const RowCells& rowWith(int column);
+    RowView currentRow();
     const Cell* pending(int column) const;
 
     std::shared_ptr<Rowset> rows_;
@@ -85,11 +84,8 @@ class Recordset::Impl {
     mutable std::optional<qint64> index_;
     mutable quint64 indexVersion_ = 0;
 
-    RowCells row_;
+    RowBlock row_;
     std::optional<quint64> rowStamp_;
-    /// Whose cells row_ holds, which may be another row than the current one.
-    RowKey readKey_;
-    quint64 readStamp_ = 0;
 
     EditState edit_ = EditState::None;
     Changes changes_;
@@ -155,29 +151,17 @@ void Recordset::Impl::goToGap() {
     rowStamp_.reset();
 }
 
-const RowCells& Recordset::Impl::currentRow() {
-    const quint64 stamp = rows().connection().changeStamp();
+RowView Recordset::Impl::currentRow() {
+    Rowset& rows = this->rows();
+    const quint64 stamp = rows.connection().changeStamp();
     if (rowStamp_ != stamp) {
         rowStamp_.reset();
-        if (!rows().read(key(), row_))
+        const bool isIndexed = index_ && indexVersion_ == rows.keys().version();
+        if (!rows.read(key(), isIndexed ? index_ : std::nullopt, row_))
             refuseDeleted();
         rowStamp_ = stamp;
-        readKey_ = key_;
-        readStamp_ = stamp;
     }
-    return row_;
-}
-
-/// A row in which that column is as in the current one. Rows of a join that stand together often
-/// have a part in common, which need not be read again.
-const RowCells& Recordset::Impl::rowWith(int column) {
-    const int source = rows().plan().columns[static_cast<size_t>(column)].source;
-    const auto part = static_cast<size_t>(source);
-    const bool isShared = source >= 0 && key().size() > 1 && readKey_.size() == key_.size() &&
-                          readKey_[part] == key_[part] &&
-                          readStamp_ == rows().connection().changeStamp() &&
-                          rows().isComplete(readStamp_);
-    return isShared ? row_ : currentRow();
+    return row_.row(0);
 }
 
 const Cell* Recordset::Impl::pending(int column) const {
@@ -191,7 +175,7 @@ Value Recordset::Impl::value(int column) {
         return toValue(*cell, type);
     if (edit_ == EditState::Add)
         return type == ColumnType::Boolean ? Value(false) : Value();
-    return readValue(rowWith(column), column, type);
+    return readValue(currentRow(), column, type);
 }
 
 void Recordset::Impl::setValue(int column, const Value& value) {
@@ -210,10 +194,8 @@ void Recordset::Impl::setValue(int column, const Value& value) {
 }
 
 void Recordset::Impl::open(EditState state) {
-    if (state == EditState::Edit) {
-        rowStamp_.reset();
+    if (state == EditState::Edit)
         currentRow();
-    }
     changes_.clear();
     edit_ = state;
 }
@@ -227,7 +209,7 @@ Changes Recordset::Impl::realChanges() {
     if (edit_ != EditState::Edit)
         return changes_;
     Changes real;
-    const RowCells& row = currentRow();
+    const RowView row = currentRow();
     std::ranges::copy_if(changes_, std::back_inserter(real), [&](const auto& change) {
         return !row.equals(change.first, change.second);
     });

@@ -40,16 +40,8 @@ bool isOfStatement(ErrorNumber number) {
 
 } // namespace
 
-ReportRows::ReportRows(std::vector<OutputColumn> columns, std::vector<RowCells> rows)
+ReportRows::ReportRows(std::vector<OutputColumn> columns, RowBlock rows)
     : columns_(std::move(columns)), rows_(std::move(rows)) {}
-
-ReportRows::~ReportRows() = default;
-
-ReportRows::ReportRows(ReportRows&& other) noexcept = default;
-
-qint64 ReportRows::count() const {
-    return static_cast<qint64>(rows_.size());
-}
 
 bool ReportRows::next() {
     if (current_ < count())
@@ -68,8 +60,7 @@ QString ReportRows::text(QStringView column) const {
     if (current_ < 0 || current_ >= count())
         throw EngineError(ErrorNumber::NoCurrentRecord,
                           QStringLiteral("Nie je žiadny aktuálny záznam."));
-    return readValue(rows_[static_cast<size_t>(current_)],
-                     static_cast<int>(found - columns_.begin()), found->type)
+    return readValue(rows_.row(current_), static_cast<int>(found - columns_.begin()), found->type)
         .toText();
 }
 
@@ -86,9 +77,9 @@ ReportRows ReportConnection::open(const QString& source) {
     try {
         const SelectPlan plan = translateSelect(source, connection_->queryLookup());
         Query query(connection_->handle(), plan.rows);
-        std::vector<RowCells> rows;
+        RowBlock rows;
         while (query.step())
-            rows.emplace_back().read(query);
+            rows.append(query);
         return {plan.columns, std::move(rows)};
     } catch (const EngineError& error) {
         if (isOfStatement(error.number()))

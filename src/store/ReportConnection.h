@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Query.h"
 #include "store/Sql.h"
 
 #include <QString>
@@ -12,18 +13,13 @@ namespace store {
 
 class Connection;
 class DBEngine;
-class RowCells;
 
 /// The rows of a report's query, all read when it was opened.
 class ReportRows {
   public:
-    ReportRows(std::vector<OutputColumn> columns, std::vector<RowCells> rows);
-    ~ReportRows();
-    ReportRows(ReportRows&& other) noexcept;
-    ReportRows(const ReportRows&) = delete;
-    ReportRows& operator=(const ReportRows&) = delete;
+    ReportRows(std::vector<OutputColumn> columns, RowBlock rows);
 
-    qint64 count() const;
+    qint64 count() const { return rows_.count(); }
     /// Goes to the next row, at first to the first one; false when there is none.
     bool next();
     /// A column of the current row as text: Null is empty, a date is "dd.MM.yyyy". Names are found
@@ -32,7 +28,7 @@ class ReportRows {
 
   private:
     std::vector<OutputColumn> columns_;
-    std::vector<RowCells> rows_;
+    RowBlock rows_;
     qint64 current_ = -1;
 };
 

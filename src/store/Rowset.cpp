@@ -33,42 +33,59 @@ void addMissingFlags(const SourceTable& source, QStringList& names, std::vector<
 
 Rowset::Rowset(std::shared_ptr<Connection> connection, const QString& source)
     : connection_(std::move(connection)),
-      plan_(translateSelect(source, connection_->queryLookup())) {
-    for (int index = 0; const OutputColumn& column : plan_.columns)
-        columns_.emplace(column.name.toCaseFolded(), index++);
+      plan_(translateSelect(source, connection_->queryLookup())),
+      ahead_(plan_, connection_->changeStamp()) {
+    connection_->beginRead();
+    nameColumns();
     if (plan_.updatable)
-        keys_.emplace(*connection_, plan_);
+        keys_.emplace(*connection_, plan_, ahead_);
     else
         loadStoredRows();
-    completeStamp_ = connection_->changeStamp();
+}
+
+/// Columns are found by their own name first, which spares the folding of its case.
+void Rowset::nameColumns() {
+    for (int index = 0; const OutputColumn& column : plan_.columns)
+        columns_.emplace(column.name, index++);
+    for (int index = 0; const OutputColumn& column : plan_.columns)
+        columns_.emplace(column.name.toCaseFolded(), index++);
 }
 
 void Rowset::loadStoredRows() {
     Query query(connection_->handle(), plan_.rows);
     while (query.step())
-        storedRows_.emplace_back().read(query);
-    keys_.emplace(static_cast<qint64>(storedRows_.size()));
+        storedRows_.append(query);
+    keys_.emplace(storedRows_.count());
 }
 
 int Rowset::columnIndex(QStringView name) const {
-    const auto found = columns_.find(name.toString().toCaseFolded());
+    auto found = columns_.find(name);
+    if (found == columns_.end())
+        found = columns_.find(name.toString().toCaseFolded());
     if (found == columns_.end())
         throw EngineError(ErrorNumber::UnknownColumn,
                           QStringLiteral("Stĺpec %1 vo výbere nie je.").arg(name), name.toString());
     return found->second;
 }
 
-bool Rowset::read(RowKeyView key, RowCells& row) {
+bool Rowset::read(RowKeyView key, std::optional<qint64> index, RowBlock& row) {
     if (!plan_.updatable) {
-        row = storedRows_[static_cast<size_t>(key[0])];
+        row.assign(storedRows_, key[0]);
         return true;
     }
+    const bool isAhead = index && ahead_.read(*index, key, connection_->changeStamp(), row);
+    return isAhead || lookUp(key, row);
+}
+
+bool Rowset::lookUp(RowKeyView key, RowBlock& row) {
     if (!row_)
         row_.emplace(connection_->handle(), plan_.rowByKeys);
+    connection_->beginRead();
     bindKey(*row_, key);
     const bool found = row_->step();
+    row.clear();
     if (found)
-        row.read(*row_);
+        row.append(*row_);
     row_->reset();
     return found;
 }
@@ -79,13 +96,14 @@ bool Rowset::holds(RowKeyView key) {
         return false;
     // Of a whole table every row belongs to it, which spares the count.
     const bool isWholeTable = plan_.updatable && width == 1 && plan_.filter.isEmpty();
-    if (isWholeTable && keys_->isOld(key) && read(key, scratch_))
+    if (isWholeTable && keys_->isOld(key) && lookUp(key, scratch_))
         return true;
     return keys_->indexOf(key).has_value();
 }
 
 std::optional<RowKey> Rowset::find(const QString& criterion) {
     const QString condition = translateCriterion(criterion, plan_);
+    connection_->beginRead();
     if (!plan_.updatable)
         return findByNumber(condition);
     if (plan_.sources.size() > 1)
@@ -156,13 +174,10 @@ void Rowset::update(RowKeyView key, const Changes& changes) {
             updateSource(source, key[static_cast<size_t>(source)], own);
         return true;
     };
-    const bool wasComplete = isComplete(connection_->changeStamp());
     if (bySource.size() > 1)
         connection_->writeAll(writeSources);
     else if (!bySource.empty())
         connection_->writeRow(writeSources);
-    if (wasComplete)
-        completeStamp_ = connection_->changeStamp();
 }
 
 void Rowset::updateSource(int source, qint64 rowid, const Changes& changes) {
@@ -175,9 +190,11 @@ void Rowset::updateSource(int source, qint64 rowid, const Changes& changes) {
     for (int parameter = 1; const auto& change : changes)
         query.bind(parameter++, change.second);
     query.bind(static_cast<int>(changes.size()) + 1, rowid);
+    const quint64 before = connection_->changeStamp();
     query.run();
     if (sqlite3_changes(connection_->handle()) == 0)
         refuseDeleted();
+    ahead_.noteWrite(source, rowid, changes, before, connection_->changeStamp());
 }
 
 Query& Rowset::updateQuery(int source, const Columns& columns) {

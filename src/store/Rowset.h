@@ -2,6 +2,7 @@
 
 #include "store/Keyset.h"
 #include "store/Query.h"
+#include "store/ReadAhead.h"
 #include "store/Sql.h"
 
 #include <QString>
@@ -9,15 +10,11 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace store {
 
 class Connection;
-
-/// Columns of one row with what is to be written into them.
-using Changes = std::vector<std::pair<int, Cell>>;
 
 /// The rows of a query, which a recordset shares with its clones.
 class Rowset {
@@ -32,9 +29,8 @@ class Rowset {
     int columnIndex(QStringView name) const;
 
     /// Reads a row; false when it has been deleted.
-    bool read(RowKeyView key, RowCells& row);
-    /// True when no row of a join can have been deleted up to that change stamp of the connection.
-    bool isComplete(quint64 changeStamp) const { return completeStamp_ == changeStamp; }
+    /// @param index where the row stands, if that is known
+    bool read(RowKeyView key, std::optional<qint64> index, RowBlock& row);
     /// True when a row is among the rows, deleted or not.
     bool holds(RowKeyView key);
     /// The first row that meets a criterion.
@@ -49,7 +45,9 @@ class Rowset {
   private:
     using Columns = std::vector<int>;
 
+    void nameColumns();
     void loadStoredRows();
+    bool lookUp(RowKeyView key, RowBlock& row);
     std::optional<RowKey> firstOf(const QStringList& conditions);
     std::optional<RowKey> findInJoin(const QString& condition);
     std::optional<RowKey> findByNumber(const QString& condition);
@@ -60,15 +58,14 @@ class Rowset {
 
     std::shared_ptr<Connection> connection_;
     SelectPlan plan_;
-    std::map<QString, int> columns_;
+    std::map<QString, int, std::less<>> columns_;
+    ReadAhead ahead_;
     std::optional<Keyset> keys_;
-    /// The last stamp at which only updates of ours had happened since the keys were read.
-    quint64 completeStamp_ = 0;
     std::optional<Query> row_;
     std::map<Columns, Query> updates_;
     /// The rows of a query that has no keys.
-    std::vector<RowCells> storedRows_;
-    RowCells scratch_;
+    RowBlock storedRows_;
+    RowBlock scratch_;
 };
 
 } // namespace store

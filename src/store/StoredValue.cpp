@@ -90,7 +90,7 @@ Value toValue(const Cell& cell, std::optional<ColumnType> type) {
     return {};
 }
 
-Value readValue(const RowCells& row, int column, std::optional<ColumnType> type) {
+Value readValue(const RowView& row, int column, std::optional<ColumnType> type) {
     if (row.isText(column))
         return fromText(row.text(column), type);
     return toValue(row.cell(column), type);

@@ -9,7 +9,7 @@
 namespace store {
 
 /// What a column of a row that was read holds.
-Value readValue(const RowCells& row, int column, std::optional<ColumnType> type);
+Value readValue(const RowView& row, int column, std::optional<ColumnType> type);
 /// What a column holds whose cell is at hand.
 Value toValue(const Cell& cell, std::optional<ColumnType> type);
 
