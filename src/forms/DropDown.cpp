@@ -264,27 +264,35 @@ void DropDown::chosen(int row) {
 }
 
 void DropDown::keyPressEvent(QKeyEvent* event) {
-    const bool isLeftRight = event->key() == Qt::Key_Home || event->key() == Qt::Key_End;
     event->accept();
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (opensOrCloses(*event))
         showPopup();
     else if (event->key() == Qt::Key_Escape)
         event->setAccepted(endingByEsc_);
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (pick_ >= 0)
-            Q_EMIT clicked(Area::Item);
-    } else if ((kind_ == Kind::ListOnly || !isLeftRight) && moves(*event))
+    else if (enters && pick_ >= 0)
+        Q_EMIT clicked(Area::Item);
+    else if (!enters)
+        textKey(*event);
+}
+
+/// A key of the closed field that moves in the list or types.
+void DropDown::textKey(QKeyEvent& event) {
+    const bool movesInLine =
+        kind_ == Kind::Editable && (event.key() == Qt::Key_Home || event.key() == Qt::Key_End);
+    if (!movesInLine && moves(event))
         return;
-    else if (kind_ == Kind::Editable) {
-        const QScopedValueRollback deleting(deleting_, event->key() == Qt::Key_Backspace ||
-                                                           event->key() == Qt::Key_Delete);
-        QComboBox::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Space)
+    if (kind_ == Kind::Editable) {
+        const QScopedValueRollback deleting(deleting_, event.key() == Qt::Key_Backspace ||
+                                                           event.key() == Qt::Key_Delete);
+        QComboBox::keyPressEvent(&event);
+    } else if (event.key() == Qt::Key_Space) {
         showPopup();
-    else if (isPrintable(event->text()))
-        findTyped(event->text());
-    else
-        event->ignore();
+    } else if (isPrintable(event.text())) {
+        findTyped(event.text());
+    } else {
+        event.ignore();
+    }
 }
 
 void DropDown::wheelEvent(QWheelEvent* event) {

@@ -68,6 +68,7 @@ class DropDown : public QComboBox, public Bound {
     void moveBy(int lines);
     bool moves(const QKeyEvent& event);
     bool listKey(QKeyEvent& event);
+    void textKey(QKeyEvent& event);
     void endList(QKeyEvent& event);
     void findTyped(const QString& character);
     void textTyped(const QString& typed);

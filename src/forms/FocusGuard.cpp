@@ -21,6 +21,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace forms {
 
@@ -51,6 +52,12 @@ bool isEnter(int key) {
 bool isTyped(QChar character) {
     return character == QLatin1Char('\r') || character == QLatin1Char('\b') ||
            (character.unicode() >= 0x20 && character.unicode() != 0x7f);
+}
+
+std::optional<QChar> typedBy(const QKeyEvent& key) {
+    if (isEnter(key.key()))
+        return QLatin1Char('\r');
+    return key.text().size() == 1 ? std::optional(key.text().front()) : std::nullopt;
 }
 
 bool startsPhysicalAction(QEvent::Type type) {
@@ -305,8 +312,7 @@ bool FocusGuard::keyPressed(QWidget* widget, QKeyEvent* event) {
         tell([&] { events->keyDown(control, key, event->modifiers()); });
         if (key == 0 || window_ == nullptr || window_->focusWidget() != widget)
             return true;
-        const QString text = isEnter(event->key()) ? QStringLiteral("\r") : event->text();
-        if (text.size() == 1 && drops(control, text.front()))
+        if (const auto typed = typedBy(*event); typed && drops(control, *typed))
             return true;
     }
     auto* button = qobject_cast<QPushButton*>(widget);

@@ -16,8 +16,8 @@ namespace forms {
 namespace {
 
 struct ToolDef {
-    const char16_t* caption;
-    const char16_t* tip;
+    const char16_t* caption = nullptr;
+    const char16_t* tip = nullptr;
     QKeyCombination key;
 };
 
