@@ -64,11 +64,12 @@ class Card : public KeyFields {
     void tellMissing(const QString& message) override { told += message; }
     void passOver(const store::EngineError& error) override { passed += error.number(); }
 
-    CardData data;
-    SaveCycle cycle;
+    // The data come last: as they end they still write what is typed.
     QString typedName, typedSurname, typedNumber, key;
     QStringList told;
     QList<store::ErrorNumber> passed;
+    CardData data;
+    SaveCycle cycle;
 
   private:
     void put() {
