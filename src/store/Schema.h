@@ -12,14 +12,14 @@ enum class ColumnType { Text, Memo, Date, Boolean, Whole, Number };
 
 /// One column of a table. `width` is the greatest number of characters of a Text column.
 struct ColumnDef {
-    const char16_t* name;
-    ColumnType type;
+    const char16_t* name = nullptr;
+    ColumnType type = ColumnType::Text;
     int width = 0;
 };
 
 /// One table as the engine creates it and as the SQL translator knows it.
 struct TableDef {
-    const char16_t* name;
+    const char16_t* name = nullptr;
     std::span<const ColumnDef> columns;
     /// Name of the column whose values are unique, or null.
     const char16_t* key = nullptr;
@@ -30,11 +30,11 @@ struct TableDef {
 
 /// An index as the engine creates it.
 struct IndexDef {
-    const char16_t* name;
-    const char16_t* table;
+    const char16_t* name = nullptr;
+    const char16_t* table = nullptr;
     /// What stands between the parentheses: columns or expressions in SQLite's SQL. Expressions
     /// must read as the translator emits them, or no query will use the index.
-    const char16_t* terms;
+    const char16_t* terms = nullptr;
     bool unique = false;
 };
 

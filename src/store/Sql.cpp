@@ -24,7 +24,7 @@ class ActionTranslator {
 
     QString translate() {
         const ActionStatement statement = Parser(sql_).actionStatement();
-        const QString result = std::visit([this](const auto& one) { return emit(one); }, statement);
+        QString result = std::visit([this](const auto& one) { return emit(one); }, statement);
         checkComplexity(result, sql_);
         return result;
     }
@@ -150,7 +150,7 @@ QString translateCriterion(const QString& criterion, const SelectPlan& plan) {
     const ExpressionPtr condition = Parser(criterion).criterion();
     Binder(criterion, {scope, 0, static_cast<int>(scope.sources.size()), true})
         .bindCondition(*condition);
-    const QString result = Emitter(scope).filter(*condition);
+    QString result = Emitter(scope).filter(*condition);
     checkComplexity(result, criterion);
     return result;
 }

@@ -40,7 +40,7 @@ void registerSqlFunctions(sqlite3* connection) {
     check(connection, sqlite3_create_collation_v2(connection, "TVK", SQLITE_UTF8, order.get(),
                                                   collate, endOrder));
     // From here on the connection owns it; no function outlives the collation.
-    order.release();
+    static_cast<void>(order.release());
     for (const sql::RuntimeFunction& function : sql::runtimeFunctions())
         check(connection,
               sqlite3_create_function_v2(connection, function.name, function.arguments,

@@ -11,7 +11,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
-template <class... Cases> Overloaded(Cases...) -> Overloaded<Cases...>;
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTime>
 
+#include <compare>
 #include <variant>
 
 namespace store {
@@ -14,7 +15,8 @@ struct DateTime {
     QTime time = QTime(0, 0);
     auto operator<=>(const DateTime& other) const {
         const auto day = date.toJulianDay() <=> other.date.toJulianDay();
-        return day != 0 ? day : time.msecsSinceStartOfDay() <=> other.time.msecsSinceStartOfDay();
+        return std::is_neq(day) ? day
+                                : time.msecsSinceStartOfDay() <=> other.time.msecsSinceStartOfDay();
     }
     bool operator==(const DateTime& other) const = default;
 };

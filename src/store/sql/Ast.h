@@ -37,7 +37,7 @@ using ExpressionPtr = std::unique_ptr<Expression>;
 struct Expression {
     enum class Node { Literal, Name, Negate, Not, Binary, Like, Between, In, IsNull, Call };
 
-    Node node;
+    Node node = Node::Literal;
     qsizetype place = 0;
     /// Height of the tree under it.
     int height = 1;

@@ -328,7 +328,7 @@ QString Emitter::comparison(const Expression& expression, bool filters) const {
     if (kind == ValueKind::Date)
         return dateComparison(expression, filters);
     if (kind == ValueKind::Boolean) {
-        const QString sql = comparedWithBoolean(expression);
+        QString sql = comparedWithBoolean(expression);
         if (!sql.isEmpty())
             return sql;
     }

@@ -12,9 +12,9 @@ namespace {
 /// What a token of a date format shows of a date and of the parts of a text "d.m.yyyy".
 struct DateToken {
     QStringView token;
-    int (*part)(const DateTime& date);
-    int width;
-    int textPart;
+    int (*part)(const DateTime& date) = nullptr;
+    int width = 0;
+    int textPart = 0;
 };
 
 constexpr DateToken dateTokens[] = {

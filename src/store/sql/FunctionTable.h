@@ -23,12 +23,12 @@ struct FunctionRow {
         Format,
     };
 
-    const char16_t* name;
-    int arguments;
-    Form form;
-    const char* target;
+    const char16_t* name = nullptr;
+    int arguments = 0;
+    Form form = Form::Call;
+    const char* target = nullptr;
     /// Null where it follows from the arguments.
-    ValueKind result;
+    ValueKind result = ValueKind::Null;
     std::array<ValueKind, 3> kinds = {};
 };
 

@@ -9,7 +9,7 @@ namespace store::sql {
 namespace {
 
 struct Written {
-    TokenKind kind;
+    TokenKind kind = TokenKind::End;
     QStringView text;
 };
 
@@ -144,7 +144,7 @@ class Lexer {
         const qsizetype length = rest_.indexOf(end);
         if (length < 0)
             throw errorAt(sql_, at, message);
-        const QString inner = take(length).toString();
+        QString inner = take(length).toString();
         take(1);
         return inner;
     }

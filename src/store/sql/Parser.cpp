@@ -62,7 +62,7 @@ bool Parser::accept(TokenKind kind) {
 }
 
 Token Parser::expect(TokenKind kind) {
-    const Token token = here();
+    Token token = here();
     if (!accept(kind))
         throw unexpected();
     return token;

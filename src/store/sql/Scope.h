@@ -54,8 +54,8 @@ struct Found {
 /// columns if so said.
 struct Visible {
     const Scope& scope;
-    int first;
-    int last;
+    int first = 0;
+    int last = 0;
     bool outputs = false;
 };
 
