@@ -70,13 +70,16 @@ constexpr IndexFigures figures[] = {
     {"zamestnanci", "zamestnanci_meno", "50 1 1"},
 };
 
-/// Removes a file that was begun, unless its maker is through with it.
+/// Removes a file that was begun, and a journal that a full disk left of it, unless its maker is
+/// through with it.
 class BegunFile {
   public:
     explicit BegunFile(const QString& path) : path_(path) { createPrivateFile(path); }
     ~BegunFile() {
-        if (!kept_)
-            QFile::remove(path_);
+        if (kept_)
+            return;
+        QFile::remove(path_);
+        QFile::remove(path_ + QStringLiteral("-journal"));
     }
     BegunFile(const BegunFile&) = delete;
     BegunFile& operator=(const BegunFile&) = delete;

@@ -114,12 +114,15 @@ TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
     add(QStringLiteral("A"));
     file.engine.commitPending();
     const QByteArray before = files::read(file.folder.database());
-    faults::install({Plan::Fault::DiskFull, 3});
-    EXPECT_ENGINE_ERROR(
-        file.engine.CompactDatabase(file.folder.database(), file.folder.path(u"tmp.mdb"), {}),
-        3026);
-    EXPECT_EQ(files::namesIn(file.directory.path()), QStringList{QStringLiteral("tvk.mdb")});
-    EXPECT_EQ(files::read(file.folder.database()), before);
+    for (int call = 1; call <= 12; ++call) {
+        faults::install({Plan::Fault::DiskFull, call});
+        EXPECT_ENGINE_ERROR(
+            file.engine.CompactDatabase(file.folder.database(), file.folder.path(u"tmp.mdb"), {}),
+            3026);
+        EXPECT_EQ(files::namesIn(file.directory.path()), QStringList{QStringLiteral("tvk.mdb")})
+            << "full from call " << call;
+        EXPECT_EQ(files::read(file.folder.database()), before);
+    }
 }
 
 TEST_F(UnitOfWork, NothingFollowsWritesThatWereLost) {
