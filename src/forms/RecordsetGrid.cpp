@@ -42,6 +42,9 @@ RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* paren
     layOut(columns);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
+    // The view itself repaints the cells alone, not the rest of the row.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewport(),
+            qOverload<>(&QWidget::update));
 }
 
 void RecordsetGrid::layOut(std::span<const GridColumn> columns) {

@@ -3,6 +3,7 @@
 #include "validation/modKontrola.h"
 
 #include <QHeaderView>
+#include <QPaintEvent>
 #include <QTableView>
 #include <QTest>
 
@@ -198,6 +199,30 @@ TEST_F(ListTest, aClickAnywhereInARowChoosesIt) {
         EXPECT_EQ(modKontrola::gIdKod,
                   row == 1 ? QStringLiteral("HORVATEV00") : QStringLiteral("NOVAKJAN00"));
     }
+}
+
+/// Where a widget has been painted.
+class PaintWatch : public QObject {
+  public:
+    explicit PaintWatch(QWidget& watched) { watched.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion painted;
+};
+
+TEST_F(ListTest, theWholeOfARowIsPaintedAnew) {
+    showClients();
+    auto& view = find<QTableView>("dbgKlient");
+    QCoreApplication::processEvents();
+    PaintWatch watch(*view.viewport());
+    key(Qt::Key_Down);
+    ASSERT_TRUE(QTest::qWaitFor([&watch] { return !watch.painted.isEmpty(); }));
+    for (int row : {0, 1})
+        EXPECT_TRUE(watch.painted.contains(
+            QPoint(view.viewport()->width() - 1, view.rowViewportPosition(row) + 1)));
 }
 
 TEST_F(ListTest, keysAndRecordsetMoveTogether) {
