@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QWidget>
 
@@ -68,7 +69,8 @@ std::optional<QString> askText(QWidget* parent, const QString& prompt, const QSt
     dialog.setLabelText(prompt);
     dialog.setTextValue(initial);
     dialog.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
-    dialog.setMinimumWidth(promptWidth);
+    // The dialog itself always takes the size of its layout.
+    dialog.findChild<QLineEdit*>()->setMinimumWidth(promptWidth);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.textValue();

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QInputDialog>
 #include <QLabel>
 #include <QTest>
 
@@ -105,6 +106,12 @@ TEST(AskTextTest, givesTheAnswerOrNothing) {
     EXPECT_EQ(forms::askText(nullptr, prompt, title, QStringLiteral("05/06")),
               QStringLiteral("Čižmár"));
     EXPECT_EQ(forms::askText(nullptr, prompt, title), std::nullopt);
+    boxes.expect(support::ExpectedWindow{
+        .name = QStringLiteral("QInputDialog"), .drive = [](QWidget& shown) {
+            EXPECT_GE(shown.width(), 340) << "too narrow for a name";
+            dynamic_cast<QInputDialog&>(shown).reject();
+        }});
+    EXPECT_EQ(forms::askText(nullptr, QStringLiteral("?"), title), std::nullopt);
 }
 
 void showUnexpectedBox() {
