@@ -114,6 +114,12 @@ void ButtonPanel::resetColours() {
     showColours();
 }
 
+// A reader of the screen tells the year with the button that sets it.
+void ButtonPanel::setSchoolYear(const QString& year) {
+    lblSkolskyRok_->setText(year);
+    button(6)->setAccessibleDescription(year);
+}
+
 void ButtonPanel::showColours() {
     for (int number = 1; number <= ButtonColours::buttons; ++number)
         button(number)->setColour(colours_.shown(number));

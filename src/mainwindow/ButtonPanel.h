@@ -26,7 +26,7 @@ class ButtonPanel : public QFrame {
     }
     PictureButton* button(int number) const { return buttons_.at(static_cast<size_t>(number - 1)); }
     QString schoolYear() const { return lblSkolskyRok_->text(); }
-    void setSchoolYear(const QString& year) { lblSkolskyRok_->setText(year); }
+    void setSchoolYear(const QString& year);
 
   Q_SIGNALS:
     /// A button was pressed, on any of its parts or by a key.

@@ -22,6 +22,8 @@ namespace {
 
 constexpr int frameWidth = forms::pixels(3360) - 14;
 constexpr QSize startSize(1280, 800);
+/// What a window manager may put around a window.
+constexpr QSize decoration(8, 40);
 
 bool isUnusable(int number) {
     return number == 3228 || number == 3343;
@@ -47,7 +49,7 @@ FrmUvod::FrmUvod(const Surroundings& around)
     buildMenu();
     buildKeys();
     buildStatus();
-    resize(startSize.boundedTo(screen()->availableSize()));
+    resize(startSize.boundedTo(screen()->availableSize() - decoration));
     connect(panel_, &ButtonPanel::chosen, this,
             [this](int button) { forms::guarded(this, [&] { pressed(button); }); });
     connect(lists_, &ListPane::cardClosed, this,

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-class QLabel;
+class QAction;
 
 namespace mainwindow {
 
@@ -48,6 +48,7 @@ class FrmUvod : public QMainWindow {
     void buildMenu();
     void buildKeys();
     void buildStatus();
+    void openMenu(QAction* action);
 
     void load();
     bool fileFound();

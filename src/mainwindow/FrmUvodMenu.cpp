@@ -85,18 +85,23 @@ void FrmUvod::buildKeys() {
         QAction* action = actions.at(i);
         onKey(menus().at(static_cast<size_t>(i)).key.toString(), [this, action] {
             if (action->menu() != nullptr)
-                menuBar()->setActiveAction(action);
+                openMenu(action);
             else
                 action->trigger();
         });
     }
-    onKey(QStringLiteral("F10"),
-          [this, first = actions.first()] { menuBar()->setActiveAction(first); });
+    onKey(QStringLiteral("F10"), [this, first = actions.first()] { openMenu(first); });
     for (int number = 1; number <= ButtonColours::buttons; ++number)
         onKey(QStringLiteral("Ctrl+%1").arg(number), [this, number] {
             panel_->button(number)->setFocus();
             panel_->button(number)->click();
         });
+}
+
+// A menu that was opened by a key has its first item chosen.
+void FrmUvod::openMenu(QAction* action) {
+    menuBar()->setActiveAction(action);
+    action->menu()->setActiveAction(action->menu()->actions().constFirst());
 }
 
 void FrmUvod::buildStatus() {

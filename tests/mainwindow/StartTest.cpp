@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTableView>
 #include <QTest>
 
@@ -145,6 +146,29 @@ TEST_F(MainWindow, schoolYearIsSetByItsButton) {
     answer("05/06");
     key(Qt::Key_6, Qt::ControlModifier);
     EXPECT_EQ(caption("lblSkolskyRok"), QStringLiteral("2005/2006"));
+    EXPECT_EQ(find<QWidget>("Picture6").accessibleDescription(), QStringLiteral("2005/2006"));
+}
+
+TEST_F(MainWindow, tabLeadsThroughEverything) {
+    addClient("NOVAKJAN00", "Ján", "Novák");
+    open();
+    click("Label1");
+    QStringList order;
+    for (int step = 0; step < 12; ++step) {
+        order << focused();
+        key(Qt::Key_Tab);
+    }
+    EXPECT_EQ(order.join(u' '),
+              QStringLiteral("dbgKlient CmdNovy cmdOprava cmdVymaz cmdHladaj CmdSort "
+                             "Picture1 Picture2 Picture3 Picture4 Picture5 Picture6"));
+    EXPECT_EQ(focused(), QStringLiteral("dbgKlient"));
+}
+
+TEST_F(MainWindow, leavesRoomForItsFrameOnASmallScreen) {
+    open();
+    const QSize room = window->screen()->availableSize() - window->size();
+    EXPECT_GT(room.width(), 0);
+    EXPECT_GE(room.height(), 24);
 }
 
 TEST_F(MainWindow, menuOpensItsScreens) {
@@ -190,7 +214,6 @@ TEST_F(MainWindow, menuOpensByKeys) {
         if (menu->objectName().isEmpty() ||
             menu != window->findChild<QMenu*>(QStringLiteral("mnuTlac")))
             FAIL() << "another menu";
-        QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
         EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
     }
