@@ -51,12 +51,12 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
     return {};
 }
 
-const QStringList& RecordsetModel::texts(int row) const {
+QStringList RecordsetModel::texts(int row) const {
     if (const QStringList* kept = kept_.object(row))
         return *kept;
-    auto* texts = new QStringList(read(row));
-    kept_.insert(row, texts);
-    return *texts;
+    const QStringList texts = read(row);
+    kept_.insert(row, new QStringList(texts));
+    return texts;
 }
 
 QStringList RecordsetModel::read(int row) const {

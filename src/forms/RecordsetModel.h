@@ -38,7 +38,7 @@ class RecordsetModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    const QStringList& texts(int row) const;
+    QStringList texts(int row) const;
     QStringList read(int row) const;
 
     std::span<const GridColumn> columns_;

@@ -45,10 +45,10 @@ QLabel* makeWelcome() {
 } // namespace
 
 struct ListPane::ListButton {
-    QPushButton* ListPane::*button;
+    QPushButton* ListPane::*button = nullptr;
     QStringView name;
     QStringView caption;
-    void (ListPane::*action)();
+    void (ListPane::*action)() = nullptr;
     QStringView key;
     QStringView toolTip;
 };
