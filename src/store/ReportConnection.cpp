@@ -33,8 +33,10 @@ std::unique_ptr<Connection> openForReport(const QString& path) {
 /// A statement is the caller's fault, all else is the file's.
 bool isOfStatement(ErrorNumber number) {
     static constexpr ErrorNumber ofStatement[] = {
-        ErrorNumber::SyntaxError, ErrorNumber::UnknownTable, ErrorNumber::TooFewParameters,
-        ErrorNumber::TypeMismatch, ErrorNumber::TypeConversion};
+        ErrorNumber::SyntaxError,   ErrorNumber::UnknownTable,    ErrorNumber::TooFewParameters,
+        ErrorNumber::AmbiguousName, ErrorNumber::UnknownFunction, ErrorNumber::NotGrouped,
+        ErrorNumber::TooComplex,    ErrorNumber::CircularQuery,   ErrorNumber::TypeMismatch,
+        ErrorNumber::TypeConversion};
     return std::ranges::find(ofStatement, number) != std::end(ofStatement);
 }
 

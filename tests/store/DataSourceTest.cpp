@@ -179,6 +179,8 @@ TEST_F(DataSourceTest, AReportReadsTheFileAnew) {
     EXPECT_FALSE(rows.next());
     EXPECT_FALSE(rows.next());
     EXPECT_ENGINE_ERROR(report.open(QStringLiteral("select")), 3075);
+    EXPECT_ENGINE_ERROR(report.open(QStringLiteral("select meno from k_zaklad group by vek")),
+                        3122);
 }
 
 TEST_F(DataSourceTest, AReportSaysThatItCannotRead) {

@@ -324,6 +324,7 @@ TEST_F(SqlMeaning, WritingToColumns) {
         {u"psc = 1001", u"1001"},
         {u"psc = 'čšťžýá'", u"TVK:3163:psc"},
         {u"psc = 'čšťžý'", u"čšťžý"},
+        {u"psc = '\U0001F600\U0001F600\U0001F600'", u"TVK:3163:psc"},
         {u"meno = datnar", u"29.02.2000"},
         {u"datnar = '1.9.2006'", u"2006-09-01"},
         {u"datnar = '1.9.2006 8:05'", u"2006-09-01 08:05:00"},

@@ -309,8 +309,9 @@ void formatDateCall(Call& call) {
 
 // What is written to a column: (value, name of the column), with the width for a text between.
 
+/// Widths count the units that an entry field counts.
 void fitText(Call& call) {
-    if (lengthOf(call.text(0)) > call.size(1))
+    if (static_cast<std::size_t>(call.string(0).size()) > call.size(1))
         refuse(call.text(2), ErrorNumber::DataTypeOverflow);
     call.give(std::string(call.text(0)));
 }
