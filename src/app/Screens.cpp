@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "clientcard/FrmKlientUdaj.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
 #include "statreturn/TableOneReturn.h"
@@ -21,9 +22,16 @@ void printVek(FrmUvod& window) {
     table.run(window.schoolYear(), around.today(), &window);
 }
 
+void openClientCard(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    clientcard::FrmKlientUdaj card(around.engine, around.folder, &window);
+    card.exec();
+}
+
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
+        {Screen::ClientCard, openClientCard},
         {Screen::PrintVek, printVek},
     };
     return table;

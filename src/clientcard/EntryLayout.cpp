@@ -1,0 +1,245 @@
+#include "clientcard/EntryLayout.h"
+
+#include "clientcard/EntryFields.h"
+#include "clientcard/EntryTable.h"
+#include "clientcard/ImpairmentFields.h"
+#include "clientcard/ParentOptions.h"
+#include "clientcard/Pickers.h"
+#include "forms/DropDown.h"
+
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+namespace clientcard {
+
+namespace {
+
+/// Where an element lies in the grid of its frame: the label in one column, the field in the next.
+struct Cell {
+    int element;
+    int row;
+    int pair;
+    /// Characters that the field shows.
+    int characters;
+    /// Pairs of columns that the field reaches over.
+    int pairs = 1;
+};
+
+constexpr int sexElement = 5;
+constexpr int codePickWidth = 254;
+
+constexpr Cell basicCells[] = {
+    {0, 0, 0, 20},     {1, 0, 1, 30},   {2, 1, 0, 30},   {3, 1, 1, 11},  {4, 2, 0, 12},
+    {5, 2, 1, 2},      {6, 3, 0, 10},   {7, 3, 1, 3},    {8, 4, 0, 3},   {9, 4, 1, 3},
+    {10, 5, 0, 3},     {11, 6, 0, 3},   {12, 7, 0, 25},  {13, 7, 1, 30}, {14, 8, 0, 6},
+    {15, 9, 0, 70, 2}, {16, 10, 0, 30}, {17, 10, 1, 12},
+};
+
+/// Elements of a parent as distances from the first.
+constexpr Cell parentCells[] = {
+    {0, 0, 0, 43, 2},  {1, 2, 0, 5},    {2, 2, 1, 3},       {3, 3, 0, 20, 2}, {4, 4, 0, 25, 2},
+    {5, 5, 0, 30, 2},  {6, 6, 0, 6},    {7, 6, 1, 15},      {8, 7, 0, 30, 2}, {9, 8, 0, 30, 2},
+    {10, 9, 0, 43, 2}, {11, 10, 0, 15}, {12, 11, 0, 43, 2},
+};
+
+constexpr Cell representativeCells[] = {
+    {50, 1, 0, 43}, {51, 1, 1, 20}, {52, 2, 0, 30}, {53, 2, 1, 25},
+    {54, 3, 0, 6},  {55, 3, 1, 15}, {56, 4, 0, 30},
+};
+
+void setWidth(QWidget& field, int characters) {
+    const QFontMetrics metrics(field.font());
+    field.setFixedWidth(metrics.averageCharWidth() * characters + 16);
+}
+
+class FrameMaker {
+  public:
+    FrameMaker(const EntryControls& controls, QGroupBox& frame)
+        : controls_(controls), grid_(new QGridLayout) {
+        auto* lines = new QVBoxLayout(&frame);
+        lines->setContentsMargins(8, 6, 8, 6);
+        lines->addLayout(grid_);
+        grid_->setHorizontalSpacing(6);
+        grid_->setVerticalSpacing(4);
+    }
+
+    void place(std::span<const Cell> cells, int first) {
+        for (const Cell& cell : cells)
+            place(cell, first + cell.element);
+    }
+    QGridLayout& grid() { return *grid_; }
+
+  private:
+    void place(const Cell& cell, int element) {
+        const EntryRow& row = entryTable()[std::size_t(element)];
+        forms::EntryField& field = controls_.fields.field(element);
+        auto* label = new QLabel(QString::fromUtf16(row.caption));
+        label->setBuddy(&field);
+        setWidth(field, cell.characters);
+        auto* line = new QHBoxLayout;
+        line->setSpacing(2);
+        line->addWidget(&field);
+        addPick(*line, element, row);
+        line->addStretch();
+        grid_->addWidget(label, cell.row, 2 * cell.pair, Qt::AlignRight | Qt::AlignVCenter);
+        grid_->addLayout(line, cell.row, 2 * cell.pair + 1, 1, 2 * cell.pairs - 1);
+    }
+
+    void addPick(QHBoxLayout& line, int element, const EntryRow& row) {
+        if (element == sexElement) {
+            controls_.cmbSex.setFixedWidth(46);
+            line.addWidget(&controls_.cmbSex);
+        }
+        if (row.picker < 0)
+            return;
+        forms::DropDown& pick = controls_.pickers.picker(row.picker);
+        // A municipality's picker would only repeat the field; that of codes says what they mean.
+        pick.setFixedWidth(row.rule == Rule::NameLookup ? 24 : codePickWidth);
+        line.addWidget(&pick);
+    }
+
+    const EntryControls& controls_;
+    QGridLayout* grid_;
+};
+
+QGroupBox* makeFrame(const QString& title, const QString& name, QWidget* parent) {
+    auto* frame = new QGroupBox(title, parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+void addOptions(QGridLayout& grid, const ParentOptions& options, int first, int last, int row) {
+    auto* line = new QHBoxLayout;
+    line->setSpacing(16);
+    for (int i = first; i <= last; ++i)
+        line->addWidget(options.option(i));
+    line->addStretch();
+    grid.addLayout(line, row, 1, 1, 3);
+}
+
+void addImpairments(QGridLayout& grid, const ImpairmentFields& impairments, int row,
+                    ImpairmentFields::Shape shape) {
+    auto* inner = new QGridLayout;
+    inner->setHorizontalSpacing(6);
+    inner->setVerticalSpacing(4);
+    impairments.layOut(*inner, shape);
+    grid.addLayout(inner, row, 0, 1, 4);
+}
+
+QGroupBox* makeParentFrame(const EntryControls& controls, const QString& title, const QString& name,
+                           int first, int firstOption, const ImpairmentFields& impairments,
+                           QWidget* parent) {
+    auto* frame = makeFrame(title, name, parent);
+    FrameMaker maker(controls, *frame);
+    maker.place(parentCells, first);
+    for (int dominant : {13, 14})
+        setWidth(controls.fields.field(first + dominant), 2);
+    addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1);
+    addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow);
+    maker.grid().setColumnStretch(3, 1);
+    return frame;
+}
+
+/// Tab goes from one to the next; those without a place in the walk are not in the list.
+void chain(const std::vector<QWidget*>& widgets) {
+    for (std::size_t i = 1; i < widgets.size(); ++i)
+        QWidget::setTabOrder(widgets[i - 1], widgets[i]);
+}
+
+void addElements(std::vector<QWidget*>& order, const EntryFields& fields, int from, int to) {
+    for (int i = from; i <= to; ++i)
+        order.push_back(&fields.field(i));
+}
+
+void addPicks(std::vector<QWidget*>& order, const EntryFields& fields,
+              const ImpairmentFields& impairments, int dominant) {
+    order.push_back(&fields.field(dominant));
+    order.push_back(&impairments.dominantPick());
+    order.push_back(&fields.field(dominant + 1));
+    order.push_back(&impairments.associatedPick());
+}
+
+void chainBasic(const EntryControls& controls) {
+    std::vector<QWidget*> order;
+    addElements(order, controls.fields, 0, 4);
+    order.push_back(&controls.cmbSex);
+    addElements(order, controls.fields, 6, 17);
+    addPicks(order, controls.fields, controls.client, 18);
+    order.push_back(&controls.fields.field(sexElement));
+    chain(order);
+}
+
+void chainParents(const EntryControls& controls) {
+    std::vector<QWidget*> order;
+    const auto addParent = [&](int first, int option, const ImpairmentFields& impairments) {
+        order.push_back(controls.options.option(option));
+        order.push_back(controls.options.option(option + 1));
+        addElements(order, controls.fields, first, first + 12);
+        addPicks(order, controls.fields, impairments, first + 13);
+    };
+    addParent(20, 0, controls.mother);
+    addParent(35, 2, controls.father);
+    for (int i = 4; i < ParentOptions::count; ++i)
+        order.push_back(controls.options.option(i));
+    addElements(order, controls.fields, 50, 56);
+    chain(order);
+}
+
+} // namespace
+
+QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* basic = makeFrame(QStringLiteral("Základné údaje"), QStringLiteral("fraZak"), page);
+    FrameMaker maker(controls, *basic);
+    maker.place(basicCells, 0);
+    maker.grid().setColumnStretch(3, 1);
+
+    auto* impaired =
+        makeFrame(QStringLiteral("Postihnutia klienta"), QStringLiteral("fraZiaPos"), page);
+    FrameMaker impairedMaker(controls, *impaired);
+    for (int dominant : {18, 19})
+        setWidth(controls.fields.field(dominant), 2);
+    addImpairments(impairedMaker.grid(), controls.client, 0, ImpairmentFields::Shape::Wide);
+
+    auto* lines = new QVBoxLayout(page);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->addWidget(basic);
+    lines->addWidget(impaired);
+    lines->addStretch();
+    chainBasic(controls);
+    return page;
+}
+
+QWidget* makeParentsPage(const EntryControls& controls, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* mother = makeParentFrame(controls, QStringLiteral("Matka"), QStringLiteral("Frame1"), 20,
+                                   0, controls.mother, page);
+    auto* father = makeParentFrame(controls, QStringLiteral("Otec"), QStringLiteral("Frame2"), 35,
+                                   2, controls.father, page);
+    auto* representative =
+        makeFrame(QStringLiteral("Zákonný zástupca"), QStringLiteral("fraZast"), page);
+    FrameMaker maker(controls, *representative);
+    maker.place(representativeCells, 0);
+    addOptions(maker.grid(), controls.options, 4, 6, 0);
+    maker.grid().setColumnStretch(3, 1);
+
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(mother, 0, 0);
+    grid->addWidget(father, 0, 1);
+    grid->addWidget(representative, 1, 0, 1, 2);
+    grid->setRowStretch(2, 1);
+    chainParents(controls);
+    return page;
+}
+
+} // namespace clientcard

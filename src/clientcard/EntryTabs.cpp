@@ -1,0 +1,197 @@
+#include "clientcard/EntryTabs.h"
+
+#include "clientcard/CardData.h"
+#include "clientcard/EntryFields.h"
+#include "clientcard/EntryLayout.h"
+#include "clientcard/ImpairmentFields.h"
+#include "clientcard/ParentOptions.h"
+#include "clientcard/Pickers.h"
+#include "clientcard/SaveCycle.h"
+#include "clientcard/TextRules.h"
+#include "forms/DropDown.h"
+#include "forms/FocusGuard.h"
+#include "forms/MessageBox.h"
+
+#include <QDialog>
+
+namespace clientcard {
+
+namespace {
+
+constexpr int firstName = 0;
+constexpr int surname = 1;
+constexpr int sex = 5;
+constexpr int catalogueNumber = 6;
+
+/// Columns of the row that no field is bound to.
+struct ImpairmentColumn {
+    const char16_t* column;
+    Person person;
+    int dominantElement;
+};
+
+constexpr std::array<ImpairmentColumn, 3> impairmentColumns = {{
+    {u"postih", Person::Client, 18},
+    {u"matpos", Person::Mother, 33},
+    {u"otepos", Person::Father, 48},
+}};
+
+/// The drop-down of the client's sex, `cmbPos(3)`.
+class SexPick : public forms::FieldEvents {
+  public:
+    SexPick(CardFrame& frame, forms::EntryField& field, QWidget* parent)
+        : field_(field), pick_(new forms::DropDown(parent)) {
+        pick_->setItems({QStringLiteral("M"), QStringLiteral("Z")});
+        pick_->setToolTip(QStringLiteral("výber z číselnika"));
+        frame.guard().watch(pick_, QStringLiteral("cmbPos"), 3, *this);
+    }
+    forms::DropDown& pick() const { return *pick_; }
+
+    void click(const forms::Control& /*control*/, forms::Area area) override {
+        if (area != forms::Area::Item || pick_->pick() < 0)
+            return;
+        field_.setText(pick_->text().left(1));
+        forms::moveFocus(&field_);
+    }
+    void keyDown(const forms::Control& /*control*/, int& key,
+                 Qt::KeyboardModifiers /*modifiers*/) override {
+        if (key != Qt::Key_Escape)
+            return;
+        key = 0;
+        forms::moveFocus(&field_);
+    }
+
+  private:
+    forms::EntryField& field_;
+    forms::DropDown* pick_;
+};
+
+class EntryTabs : public TabFamily, public KeyFields {
+  public:
+    explicit EntryTabs(CardFrame& frame);
+
+    QWidget* makePage(int tab, QWidget* parent) override;
+    void turnedTo(int tab) override { focusElement(tab == 0 ? 0 : 20); }
+    KeyFields* keyFields() override { return this; }
+    void focusElement(int element) override { fields_.field(element).setFocus(); }
+    bool isChanged() const override;
+    void writeBack() override;
+    std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
+
+    QString firstName() const override { return fields_.text(clientcard::firstName); }
+    QString surname() const override { return fields_.text(clientcard::surname); }
+    QString catalogueNumber() const override { return fields_.text(clientcard::catalogueNumber); }
+    void setKey(const QString& key) override { txtIdKod_->setText(key); }
+    void zapisPostih() override;
+    void tellMissing(const QString& message) override;
+    void passOver(const store::EngineError& error) override { binding_.addError(error); }
+
+  private:
+    store::Recordset& row() const { return frame_.data().datZaklad().Recordset(); }
+    ImpairmentFields makeImpairments(const ImpairmentColumn& of);
+    void bindAll();
+    void showRow();
+
+    CardFrame& frame_;
+    /// Holds the controls until their pages take them.
+    QWidget workshop_;
+    forms::EntryField* txtIdKod_;
+    Pickers pickers_;
+    EntryFields fields_;
+    ParentOptions options_;
+    SexPick sexPick_;
+    std::array<ImpairmentFields, 3> impairments_;
+    forms::Binding binding_;
+};
+
+EntryTabs::EntryTabs(CardFrame& frame)
+    : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())), pickers_(frame, &workshop_),
+      fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
+      sexPick_(frame, fields_.field(sex), &workshop_),
+      impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
+                   makeImpairments(impairmentColumns[2])},
+      binding_(frame.data().datZaklad()) {
+    txtIdKod_->setObjectName(QStringLiteral("txtIdKod"));
+    txtIdKod_->hide();
+    pickers_.serve(fields_);
+    fields_.setImpairments(impairments_[0], impairments_[1], impairments_[2]);
+    bindAll();
+    QObject::connect(&frame.data().datZaklad(), &store::DataSource::repositioned, &binding_,
+                     [this] { frame_.perform([this] { showRow(); }); });
+}
+
+ImpairmentFields EntryTabs::makeImpairments(const ImpairmentColumn& of) {
+    return {impairmentTraits(of.person), fields_.field(of.dominantElement),
+            fields_.field(of.dominantElement + 1), &workshop_, frame_.guard()};
+}
+
+void EntryTabs::bindAll() {
+    binding_.bind(*txtIdKod_, QStringLiteral("Idkod"));
+    for (std::size_t i = 0; i < entryTable().size(); ++i) {
+        const QString column = QString::fromUtf16(entryTable()[i].column);
+        if (!column.isEmpty())
+            binding_.bind(fields_.field(int(i)), column);
+    }
+}
+
+QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
+    const EntryControls controls{fields_,         pickers_,        options_,       impairments_[0],
+                                 impairments_[1], impairments_[2], sexPick_.pick()};
+    return tab == 0 ? makeBasicPage(controls, parent) : makeParentsPage(controls, parent);
+}
+
+/// The row that is open as a new one counts as a row here, so that a new client shows nothing of
+/// the client before.
+void EntryTabs::showRow() {
+    if (row().Eof() && row().EditMode() != store::EditState::Add)
+        return;
+    options_.nastavVolby(row());
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        impairments_[i].show(
+            trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText()));
+    sexPick_.pick().setPick(-1);
+    pickers_.showMeanings();
+}
+
+void EntryTabs::zapisPostih() {
+    options_.put(row());
+    // An empty date is Null; the binding gives a date column nothing else for it.
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        row().Fields(impairmentColumns[i].column).setValue(impairments_[i].joined());
+}
+
+void EntryTabs::tellMissing(const QString& message) {
+    forms::showMessage(
+        &frame_.window(),
+        {.text = message, .title = QStringLiteral("Chybová správa"), .icon = QMessageBox::Warning});
+}
+
+bool EntryTabs::isChanged() const {
+    if (!frame_.data().datZaklad().isOpen() || row().EditMode() == store::EditState::None)
+        return false;
+    const auto differs = [this](std::size_t i) {
+        return trimBlanks(impairments_[i].joined()) !=
+               trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
+    };
+    return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
+           differs(2);
+}
+
+void EntryTabs::writeBack() {
+    if (!isChanged())
+        return;
+    zapisPostih();
+    try {
+        row().Update();
+    } catch (const store::EngineError& error) {
+        binding_.addError(error);
+    }
+}
+
+} // namespace
+
+std::unique_ptr<TabFamily> makeEntryTabs(CardFrame& frame) {
+    return std::make_unique<EntryTabs>(frame);
+}
+
+} // namespace clientcard

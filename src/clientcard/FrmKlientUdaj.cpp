@@ -1,0 +1,399 @@
+#include "clientcard/FrmKlientUdaj.h"
+
+#include "clientcard/CardTables.h"
+#include "clientcard/EntryTabs.h"
+#include "clientcard/MemoTabs.h"
+#include "clientcard/TextRules.h"
+#include "forms/Colours.h"
+#include "forms/MessageBox.h"
+#include "validation/modKontrola.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace clientcard {
+
+namespace {
+
+struct ButtonRow {
+    const char16_t* name;
+    const char16_t* caption;
+    const char16_t* toolTip;
+    bool shown;
+};
+
+// Two of them are never shown: one does nothing, the other what its neighbour does better.
+constexpr std::array<ButtonRow, 7> buttonTable = {{
+    {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
+     false},
+    {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
+    {u"cmdSave", u"Zapíš", u"", false},
+    {u"cmdTlac", u"Tlač záložku", u"", true},
+    {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta",
+     true},
+    {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky", true},
+    {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky", true},
+}};
+
+constexpr int tabCount = 14;
+
+/// The tabs whose records are kept in lists.
+class EmptyTabs : public TabFamily {
+  public:
+    QWidget* makePage(int /*tab*/, QWidget* parent) override { return new QWidget(parent); }
+    void turnedTo(int /*tab*/) override {}
+};
+
+bool isEntry(TabKind kind) {
+    return kind == TabKind::Basic || kind == TabKind::Parents;
+}
+
+/// A disabled text must still be read on the coloured ground.
+constexpr QColor disabledText(112, 112, 148);
+
+void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
+    QPalette palette = widget.palette();
+    palette.setColor(role, colour);
+    palette.setColor(QPalette::Disabled, QPalette::Text, disabledText);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, disabledText);
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
+                             QWidget* parent)
+    : QDialog(parent), data_(engine, folder), guard_(this), esc_(this),
+      SSTab1_(new QListWidget(this)), pages_(new QStackedWidget(this)) {
+    setObjectName(QStringLiteral("frmKlientUdaj"));
+    setWindowTitle(QStringLiteral("Údaje klienta") + trimBlanks(modKontrola::gMenoKlienta));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    dressInColours();
+    makeTabs();
+
+    auto* tabs = new QHBoxLayout;
+    tabs->addWidget(SSTab1_);
+    tabs->addWidget(pages_, 1);
+    auto* buttons = new QHBoxLayout;
+    makeButtons(*buttons);
+    auto* lines = new QVBoxLayout(this);
+    lines->addLayout(tabs, 1);
+    lines->addLayout(buttons);
+    perform([this] { otvorKlienta(); });
+}
+
+FrmKlientUdaj::~FrmKlientUdaj() = default;
+
+void FrmKlientUdaj::dressInColours() {
+    setColour(*this, QPalette::Window, forms::screenColour);
+    setColour(*SSTab1_, QPalette::Base, forms::screenColour);
+}
+
+void FrmKlientUdaj::makeTabs() {
+    SSTab1_->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    SSTab1_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    families_.push_back(makeEntryTabs(*this));
+    families_.push_back(makeMemoTabs(*this));
+    families_.push_back(std::make_unique<EmptyTabs>());
+    entry_ = families_.front().get();
+    cycle_.emplace(data_, *entry_->keyFields());
+    for (int tab = 0; tab < tabCount; ++tab) {
+        const TabRow& row = tabTable()[std::size_t(tab)];
+        auto* item = new QListWidgetItem(QString::fromUtf16(row.caption), SSTab1_);
+        item->setSizeHint({SSTab1_->fontMetrics().horizontalAdvance(item->text()) + 16, 28});
+        familyOfTab_[tab] = families_[isEntry(row.kind)           ? 0
+                                      : row.kind == TabKind::Memo ? 1
+                                                                  : 2]
+                                .get();
+        pages_->addWidget(familyOf(tab).makePage(tab, pages_));
+    }
+    SSTab1_->setFixedWidth(SSTab1_->sizeHintForColumn(0) + 2 * SSTab1_->frameWidth());
+    SSTab1_->setCurrentRow(0);
+    connect(SSTab1_, &QListWidget::currentRowChanged, this,
+            [this](int tab) { perform([&] { zalozkaKlik(tab); }); });
+    for (const auto& [keys, step] :
+         {std::pair{Qt::CTRL | Qt::Key_PageDown, 1}, std::pair{Qt::CTRL | Qt::Key_PageUp, -1}}) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), this);
+        connect(shortcut, &QShortcut::activated, this, [this, by = step] { turnBy(by); });
+    }
+}
+
+TabFamily& FrmKlientUdaj::familyOf(int tab) const {
+    return *familyOfTab_.at(tab);
+}
+
+void FrmKlientUdaj::makeButtons(QHBoxLayout& line) {
+    for (int i = 0; i < buttonCount; ++i) {
+        const ButtonRow& row = buttonTable[std::size_t(i)];
+        auto* button = new QPushButton(QString::fromUtf16(row.caption), this);
+        button->setObjectName(QString::fromUtf16(row.name));
+        button->setToolTip(QString::fromUtf16(row.toolTip));
+        button->setVisible(row.shown);
+        button->setAutoDefault(false);
+        setColour(*button, QPalette::Button, forms::buttonColour);
+        connect(button, &QPushButton::clicked, this, [this, i] { act(Button(i)); });
+        if (i == cmdTlac)
+            line.addStretch();
+        line.addWidget(button);
+        buttons_[std::size_t(i)] = button;
+    }
+    buttons_[cmdTlac]->setEnabled(false);
+    esc_.set(buttons_[cmdStorno]);
+}
+
+QAbstractButton& FrmKlientUdaj::saveButton() {
+    return *buttons_[CmdZap];
+}
+
+void FrmKlientUdaj::setPrinting(std::function<void(int)> print) {
+    print_ = std::move(print);
+    buttons_[cmdTlac]->setEnabled(print_ != nullptr);
+}
+
+void FrmKlientUdaj::perform(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const store::EngineError& error) {
+        forms::showEngineError(this, error);
+    }
+}
+
+void FrmKlientUdaj::otvorKlienta() {
+    data_.otvorZaznamy(modKontrola::gIdKod);
+    data_.otvorCiselniky();
+    modKontrola::gZVyberu = false;
+    if (modKontrola::gAkcia == 2) {
+        data_.datZaklad().Recordset().Edit();
+        data_.datMemo().Recordset().Edit();
+        return;
+    }
+    zamkniZalozky();
+    data_.datZaklad().Recordset().AddNew();
+    data_.datMemo().Recordset().AddNew();
+}
+
+void FrmKlientUdaj::zamkniZalozky() {
+    enableTabs(1, false);
+    buttons_[cmdZaklUd]->show();
+}
+
+void FrmKlientUdaj::enableTabs(int from, bool enabled) {
+    for (int tab = from; tab < tabCount; ++tab) {
+        QListWidgetItem* item = SSTab1_->item(tab);
+        const Qt::ItemFlags flags = item->flags();
+        const Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+        item->setFlags(enabled ? flags | reach : flags & ~reach);
+    }
+}
+
+void FrmKlientUdaj::turnTo(int tab) {
+    SSTab1_->setCurrentRow(tab);
+}
+
+void FrmKlientUdaj::zalozkaKlik(int tab) {
+    if (tab < 0)
+        return;
+    esc_.set(buttons_[cmdStorno]);
+    pages_->setCurrentIndex(tab);
+    familyOf(tab).turnedTo(tab);
+}
+
+/// To the next tab that is enabled, if the field in focus lets go.
+void FrmKlientUdaj::turnBy(int step) {
+    if (QApplication::activePopupWidget() != nullptr || !forms::moveFocus(SSTab1_))
+        return;
+    int tab = SSTab1_->currentRow() + step;
+    while (tab >= 0 && tab < tabCount && !(SSTab1_->item(tab)->flags() & Qt::ItemIsEnabled))
+        tab += step;
+    if (tab >= 0 && tab < tabCount)
+        turnTo(tab);
+    else
+        familyOf(SSTab1_->currentRow()).turnedTo(SSTab1_->currentRow());
+}
+
+void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
+    enableTabs(0, false);
+    SSTab1_->item(tab)->setFlags(SSTab1_->item(tab)->flags() | Qt::ItemIsEnabled |
+                                 Qt::ItemIsSelectable);
+    for (const Button button : {CmdZap, cmdZapNew, cmdStorno, cmdTlac})
+        buttons_[button]->setEnabled(false);
+    esc_.set(&storno);
+}
+
+void FrmKlientUdaj::endEdit() {
+    enableTabs(0, true);
+    for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
+        buttons_[button]->setEnabled(true);
+    buttons_[cmdTlac]->setEnabled(print_ != nullptr);
+    esc_.set(buttons_[cmdStorno]);
+}
+
+void FrmKlientUdaj::act(Button button) {
+    perform([&] {
+        switch (button) {
+        case cmdZaklUd:
+            return cmdZaklUdClick();
+        case cmdZakZap:
+            return cmdZakZapClick();
+        case CmdZap:
+            return CmdZapClick();
+        case cmdZapNew:
+            return cmdZapNewClick();
+        case cmdStorno:
+            return cmdStornoClick();
+        case cmdTlac:
+            return print_ ? print_(SSTab1_->currentRow()) : void();
+        case cmdSave:
+        case buttonCount:
+            return;
+        }
+    });
+    tellNotWritten();
+}
+
+/// @param turnsTab for a missing name the first tab is turned to. A missing catalogue number never
+/// does that.
+bool FrmKlientUdaj::saves(bool turnsTab) {
+    const SaveResult result = cycle_->zapisZaklad();
+    if (result == SaveResult::Saved)
+        return true;
+    if (result == SaveResult::NoCatalogueNumber) {
+        entry_->focusElement(6);
+        return false;
+    }
+    if (turnsTab)
+        turnTo(0);
+    entry_->focusElement(result == SaveResult::NoFirstName ? 0 : 1);
+    return false;
+}
+
+void FrmKlientUdaj::cmdZaklUdClick() {
+    if (!saves(false))
+        return;
+    data_.datMemo().setRecordSource(QStringLiteral("select * from k_memo order by idkod"));
+    data_.datMemo().Refresh();
+    enableTabs(1, true);
+    buttons_[cmdZaklUd]->hide();
+    reopen(data_.datZaklad(), QStringLiteral("select * from k_zaklad  order by priezv,meno"));
+    reopen(data_.datMemo(), data_.datMemo().RecordSource());
+    entry_->focusElement(0);
+}
+
+/// Opens the client's row for the further edit. A client who could not be written is not there;
+/// then nobody else's row may be opened instead.
+void FrmKlientUdaj::reopen(store::DataSource& source, const QString& recordSource) {
+    if (source.RecordSource() != recordSource) {
+        source.setRecordSource(recordSource);
+        source.Refresh();
+    }
+    source.Recordset().FindFirst(keyCriterion(modKontrola::gIdKod));
+    if (!source.Recordset().NoMatch())
+        source.Recordset().Edit();
+}
+
+void FrmKlientUdaj::cmdZakZapClick() {
+    if (!saves(true))
+        return;
+    enableTabs(1, true);
+    buttons_[cmdZakZap]->hide();
+}
+
+void FrmKlientUdaj::CmdZapClick() {
+    if (!saves(true))
+        return;
+    data_.datZaklad().Refresh();
+    data_.datMemo().Refresh();
+    modKontrola::gAkcia = 0;
+    tellNotWritten();
+    accept();
+}
+
+void FrmKlientUdaj::cmdZapNewClick() {
+    if (!saves(true))
+        return;
+    modKontrola::gIdKod.clear();
+    modKontrola::gMenoKlienta.clear();
+    data_.otvorZaznamy(QString());
+    zamkniZalozky();
+    data_.datZaklad().Recordset().AddNew();
+    data_.datMemo().Recordset().AddNew();
+    modKontrola::gAkcia = 1;
+    turnTo(0);
+    entry_->focusElement(0);
+}
+
+void FrmKlientUdaj::cmdStornoClick() {
+    for (store::DataSource* source : {&data_.datZaklad(), &data_.datMemo()}) {
+        if (source->isOpen())
+            source->Recordset().CancelUpdate();
+        source->Refresh();
+    }
+    modKontrola::gAkcia = 0;
+    reject();
+}
+
+void FrmKlientUdaj::tellNotWritten() {
+    std::vector<forms::NotWritten> errors;
+    for (const auto& family : families_) {
+        auto more = family->takeErrors();
+        errors.insert(errors.end(), std::make_move_iterator(more.begin()),
+                      std::make_move_iterator(more.end()));
+    }
+    forms::showNotWritten(this, errors);
+}
+
+void FrmKlientUdaj::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (wasShown_)
+        return;
+    wasShown_ = true;
+    turnTo(0);
+    entry_->focusElement(0);
+}
+
+void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
+    if (isVisible() && !endsByFrame()) {
+        event->ignore();
+        return;
+    }
+    QDialog::closeEvent(event);
+}
+
+/// Closing by the frame writes a client who has a key, and drops one who was never saved.
+/// @return false to stay open
+bool FrmKlientUdaj::endsByFrame() {
+    const bool isNew = data_.datZaklad().isOpen() &&
+                       data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
+    if (isNew) {
+        const auto answer =
+            entry_->isChanged()
+                ? forms::showMessage(this,
+                                     {.text = QStringLiteral(
+                                          "Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"),
+                                      .title = QStringLiteral("Upozornenie"),
+                                      .icon = QMessageBox::Question,
+                                      .buttons = QMessageBox::Yes | QMessageBox::No,
+                                      .defaultButton = QMessageBox::No})
+                : QMessageBox::Yes;
+        if (answer != QMessageBox::Yes)
+            return false;
+        data_.datZaklad().Recordset().CancelUpdate();
+        data_.datMemo().Recordset().CancelUpdate();
+    }
+    perform([this] {
+        for (const auto& family : families_)
+            family->writeBack();
+    });
+    tellNotWritten();
+    modKontrola::gAkcia = 0;
+    return true;
+}
+
+} // namespace clientcard

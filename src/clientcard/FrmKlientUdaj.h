@@ -1,0 +1,102 @@
+#pragma once
+
+#include "clientcard/CardData.h"
+#include "clientcard/SaveCycle.h"
+#include "clientcard/TabFamily.h"
+#include "forms/EscButton.h"
+#include "forms/FocusGuard.h"
+
+#include <QDialog>
+
+#include <array>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QHBoxLayout;
+class QListWidget;
+class QPushButton;
+class QStackedWidget;
+
+namespace clientcard {
+
+/// The card of a client: fourteen tabs, and below them the buttons that save. What it is to show
+/// is in `gAkcia`, `gIdKod` and `gMenoKlienta` when it is made; run it by exec().
+class FrmKlientUdaj : public QDialog, private CardFrame {
+    Q_OBJECT
+  public:
+    /// @param engine, folder must outlive the card
+    FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
+                  QWidget* parent = nullptr);
+    ~FrmKlientUdaj() override;
+
+    /// What the button "Tlač záložku" does with the number of the tab on show; without it the
+    /// button is disabled.
+    void setPrinting(std::function<void(int tab)> print);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    enum Button {
+        cmdZaklUd,
+        cmdZakZap,
+        cmdSave,
+        cmdTlac,
+        cmdZapNew,
+        CmdZap,
+        cmdStorno,
+        buttonCount
+    };
+
+    QDialog& window() override { return *this; }
+    CardData& data() override { return data_; }
+    forms::FocusGuard& guard() override { return guard_; }
+    SaveCycle& cycle() override { return *cycle_; }
+    QAbstractButton& saveButton() override;
+    void perform(const std::function<void()>& action) override;
+    void turnTo(int tab) override;
+    void beginEdit(int tab, QAbstractButton& storno) override;
+    void endEdit() override;
+
+    void makeTabs();
+    void makeButtons(QHBoxLayout& line);
+    void dressInColours();
+    TabFamily& familyOf(int tab) const;
+
+    void otvorKlienta();
+    void zamkniZalozky();
+    void zalozkaKlik(int tab);
+    void turnBy(int step);
+    void enableTabs(int from, bool enabled);
+
+    void act(Button button);
+    bool saves(bool turnsTab);
+    void cmdZaklUdClick();
+    void cmdZakZapClick();
+    void CmdZapClick();
+    void cmdZapNewClick();
+    void cmdStornoClick();
+    void reopen(store::DataSource& source, const QString& recordSource);
+    void tellNotWritten();
+    bool endsByFrame();
+
+    // The tabs are told of events by the guard, and bound to the data.
+    CardData data_;
+    std::vector<std::unique_ptr<TabFamily>> families_;
+    forms::FocusGuard guard_;
+    forms::EscButton esc_;
+    QListWidget* SSTab1_;
+    QStackedWidget* pages_;
+    std::array<QPushButton*, buttonCount> buttons_{};
+    std::map<int, TabFamily*> familyOfTab_;
+    TabFamily* entry_ = nullptr;
+    std::optional<SaveCycle> cycle_;
+    std::function<void(int)> print_;
+    bool wasShown_ = false;
+};
+
+} // namespace clientcard

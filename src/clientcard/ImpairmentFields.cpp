@@ -1,0 +1,208 @@
+#include "clientcard/ImpairmentFields.h"
+
+#include "clientcard/TextRules.h"
+#include "forms/Colours.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "forms/FocusGuard.h"
+#include "validation/Validators.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace clientcard {
+
+namespace {
+
+constexpr int droppedWidth = 320;
+
+// The father's field looks for a blank as well, which no key can type there.
+constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
+    {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
+     u"Výber pridruž. postihnutia", u"výber z číselnika", u'0'},
+    {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
+     u"Výber pridruženého postihnutia", u"výber z postihnutí", u' '},
+    {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
+     u"Výber pridruženého postihnutia", u"výber z postihnutí", u' '},
+    {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
+     u"Výber pridruženého postihnutia", u"výber z postihnutí", u'0'},
+}};
+
+forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
+    auto* pick = new forms::DropDown(parent);
+    pick->setToolTip(QString::fromUtf16(traits.toolTip));
+    pick->setDroppedWidth(droppedWidth);
+    pick->setFixedWidth(droppedWidth);
+    return pick;
+}
+
+/// What only shows something must not look as if it could be typed into.
+void setGround(QWidget& widget, const QColor& colour) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Base, colour);
+    widget.setPalette(palette);
+}
+
+QLabel* captionOf(QWidget* control, const QString& text) {
+    auto* label = new QLabel(text, control->parentWidget());
+    label->setBuddy(control);
+    return label;
+}
+
+} // namespace
+
+const ImpairmentTraits& impairmentTraits(Person person) {
+    return *std::ranges::find(traitsTable, person, &ImpairmentTraits::person);
+}
+
+ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryField& dominant,
+                                   forms::EntryField& associated, QWidget* parent,
+                                   forms::FocusGuard& guard)
+    : traits_(traits), dominant_(dominant), associated_(associated),
+      dominantPick_(makePick(parent, traits)), associatedPick_(makePick(parent, traits)) {
+    guard.watch(dominantPick_, QString::fromUtf16(traits.dominantArray), traits.dominantElement,
+                *this);
+    guard.watch(associatedPick_, QStringLiteral("cmbSek"), traits.associatedElement, *this);
+    dominantPick_->setItems(dominantRows());
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
+        slots_[i] = new forms::EntryField(parent);
+        slots_[i]->setObjectName(
+            forms::elementName(QString::fromUtf16(traits.slotArray), static_cast<int>(i)));
+        slots_[i]->setReadOnly(true);
+        slots_[i]->setFocusPolicy(Qt::NoFocus);
+        slots_[i]->setAlignment(Qt::AlignCenter);
+        slots_[i]->setFixedWidth(24);
+        setGround(*slots_[i], forms::screenColour.lighter(104));
+    }
+    show(QString());
+}
+
+void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
+    const auto place = [&](forms::EntryField& field, forms::DropDown* pick, const char16_t* caption,
+                           const QString& label, int row, int column) {
+        grid.addWidget(captionOf(pick, QString::fromUtf16(caption)), row, column + 2);
+        grid.addWidget(captionOf(&field, label), row + 1, column, Qt::AlignRight);
+        grid.addWidget(&field, row + 1, column + 1);
+        grid.addWidget(pick, row + 1, column + 2);
+    };
+    const bool wide = shape == Shape::Wide;
+    place(dominant_, dominantPick_, traits_.dominantCaption, QStringLiteral("Dominantné"), 0, 0);
+    place(associated_, associatedPick_, traits_.associatedCaption, QStringLiteral("Pridružené"),
+          wide ? 0 : 2, wide ? 3 : 0);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(2);
+    for (forms::EntryField* slot : slots_)
+        line->addWidget(slot);
+    line->addStretch();
+    grid.addWidget(captionOf(slots_[0], QStringLiteral("Postihnutia")), 4, 0, Qt::AlignRight);
+    grid.addLayout(line, 4, 1, 1, wide ? 5 : 2);
+    grid.setColumnStretch(6, 1);
+}
+
+void ImpairmentFields::show(const QString& stored) {
+    state_.read(stored);
+    showSlots();
+    dominantPick_->setPick(-1);
+    for (forms::EntryField* field : {&dominant_, &associated_})
+        field->showBound(QString());
+    enableAssociated(hasImpairment(stored));
+}
+
+bool ImpairmentFields::isEmpty() const {
+    return trimBlanks(joined()).isEmpty() && dominant_.text().isEmpty() &&
+           associated_.text().isEmpty();
+}
+
+void ImpairmentFields::showSlots() {
+    const auto& texts = state_.slotTexts();
+    for (std::size_t i = 0; i < slots_.size(); ++i)
+        slots_[i]->setText(texts[i]);
+    associatedPick_->setItems(state_.associatedRows());
+}
+
+void ImpairmentFields::enableAssociated(bool enabled) {
+    associatedPick_->setEnabled(enabled);
+    associated_.setEnabled(enabled);
+}
+
+void ImpairmentFields::nastavDominantne(int code) {
+    state_.setDominant(code);
+    showSlots();
+    dominant_.setText(state_.slotTexts()[0]);
+    associated_.clear();
+}
+
+bool ImpairmentFields::takeDominant() {
+    const int code = int(modKontrola::Val(dominant_.text()));
+    if (code == 0)
+        return false;
+    const auto& taken = state_.slotTexts();
+    const bool held =
+        modKontrola::kontrolaPostih(dominant_, false, QStringList(taken.begin(), taken.end()));
+    if (!held)
+        nastavDominantne(code);
+    dominant_.clear();
+    enableAssociated(state_.hasDominant());
+    return held;
+}
+
+bool ImpairmentFields::takeAssociated() {
+    const auto& taken = state_.slotTexts();
+    if (modKontrola::kontrolaPostih(associated_, true, QStringList(taken.begin(), taken.end())))
+        return true;
+    const QString code = associated_.text();
+    if (code.startsWith(QChar(traits_.clearing))) {
+        state_.resetAssociated();
+    } else if (!code.isEmpty()) {
+        state_.addAssociated(code);
+        state_.removeCode(code);
+    }
+    showSlots();
+    associated_.clear();
+    return false;
+}
+
+void ImpairmentFields::pickDominant() {
+    const int row = dominantPick_->pick();
+    nastavDominantne(row);
+    enableAssociated(row != 0);
+    forms::moveFocus(&dominant_);
+    dominant_.clear();
+}
+
+void ImpairmentFields::pickAssociated() {
+    const int row = associatedPick_->pick();
+    const QString code = associatedPick_->itemText(row).left(1);
+    if (code == u"0") {
+        state_.resetAssociated();
+    } else {
+        state_.removeRow(row);
+        state_.addAssociated(code);
+    }
+    showSlots();
+    associated_.clear();
+    forms::moveFocus(&associated_);
+}
+
+void ImpairmentFields::click(const forms::Control& control, forms::Area area) {
+    if (area != forms::Area::Item)
+        return;
+    if (control.widget() == dominantPick_ && dominantPick_->pick() >= 0)
+        pickDominant();
+    else if (control.widget() == associatedPick_ && associatedPick_->pick() >= 0)
+        pickAssociated();
+}
+
+void ImpairmentFields::keyDown(const forms::Control& control, int& key,
+                               Qt::KeyboardModifiers /*modifiers*/) {
+    // Only the sibling's pickers give the focus back by Esc.
+    if (key != Qt::Key_Escape || traits_.person != Person::Sibling)
+        return;
+    key = 0;
+    forms::moveFocus(control.widget() == dominantPick_ ? &dominant_ : &associated_);
+}
+
+} // namespace clientcard

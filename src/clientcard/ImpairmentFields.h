@@ -1,0 +1,85 @@
+#pragma once
+
+#include "clientcard/Impairments.h"
+#include "forms/FieldEvents.h"
+
+#include <QString>
+
+#include <array>
+
+class QGridLayout;
+class QWidget;
+
+namespace forms {
+class DropDown;
+class EntryField;
+class FocusGuard;
+} // namespace forms
+
+namespace clientcard {
+
+/// Which controls show a person's impairments, and what differs from person to person.
+struct ImpairmentTraits {
+    Person person;
+    /// The slots' array, as `textPosK`.
+    const char16_t* slotArray;
+    const char16_t* dominantArray;
+    int dominantElement;
+    int associatedElement;
+    const char16_t* dominantCaption;
+    const char16_t* associatedCaption;
+    const char16_t* toolTip;
+    /// What, typed into the associated field, clears the associated codes.
+    char16_t clearing;
+};
+
+/// Client, mother, father and sibling.
+const ImpairmentTraits& impairmentTraits(Person person);
+
+/// The slots and the two pickers of a person, with the two entry fields that the pickers stand
+/// beside. The slots hold the state from one move to a row to the save.
+class ImpairmentFields : public forms::FieldEvents {
+  public:
+    /// @param dominant, associated entry fields whose own events are their screen's affair
+    ImpairmentFields(const ImpairmentTraits& traits, forms::EntryField& dominant,
+                     forms::EntryField& associated, QWidget* parent, forms::FocusGuard& guard);
+
+    /// The two pickers side by side, or one below the other.
+    enum class Shape { Wide, Narrow };
+    /// Fills an empty grid.
+    void layOut(QGridLayout& grid, Shape shape) const;
+
+    /// Shows a stored string (`citajPostih`) and enables the associated entry by it
+    /// (`nastavPristup`).
+    void show(const QString& stored);
+    QString joined() const { return state_.joined(); }
+    bool isEmpty() const;
+
+    /// Takes over what was typed into the dominant field. @return true to keep the focus
+    bool takeDominant();
+    /// Takes over what was typed into the associated field. @return true to keep the focus
+    bool takeAssociated();
+
+    void click(const forms::Control& control, forms::Area area) override;
+    void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
+
+    forms::DropDown& dominantPick() const { return *dominantPick_; }
+    forms::DropDown& associatedPick() const { return *associatedPick_; }
+
+  private:
+    void nastavDominantne(int code);
+    void pickDominant();
+    void pickAssociated();
+    void enableAssociated(bool enabled);
+    void showSlots();
+
+    const ImpairmentTraits& traits_;
+    forms::EntryField& dominant_;
+    forms::EntryField& associated_;
+    forms::DropDown* dominantPick_;
+    forms::DropDown* associatedPick_;
+    std::array<forms::EntryField*, 9> slots_{};
+    Impairments state_;
+};
+
+} // namespace clientcard

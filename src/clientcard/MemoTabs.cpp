@@ -1,0 +1,50 @@
+#include "clientcard/MemoTabs.h"
+
+#include "clientcard/CardData.h"
+#include "clientcard/CardTables.h"
+#include "forms/FieldEvents.h"
+#include "forms/RichText.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+#include <map>
+
+namespace clientcard {
+
+namespace {
+
+class MemoTabs : public TabFamily {
+  public:
+    explicit MemoTabs(CardFrame& frame) : binding_(frame.data().datMemo()) {}
+
+    QWidget* makePage(int tab, QWidget* parent) override;
+    void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
+    bool isChanged() const override { return binding_.dataChanged(); }
+    void writeBack() override { binding_.writeBack(); }
+    std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
+
+  private:
+    std::map<int, forms::RichText*> fields_;
+    forms::Binding binding_;
+};
+
+QWidget* MemoTabs::makePage(int tab, QWidget* parent) {
+    const TabRow& row = tabTable()[std::size_t(tab)];
+    auto* page = new QGroupBox(QString::fromUtf16(row.caption), parent);
+    auto* field = new forms::RichText(page);
+    field->setObjectName(forms::elementName(QStringLiteral("rtbDUK"), row.element));
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(field);
+    binding_.bind(*field, QString::fromUtf16(row.column));
+    fields_[tab] = field;
+    return page;
+}
+
+} // namespace
+
+std::unique_ptr<TabFamily> makeMemoTabs(CardFrame& frame) {
+    return std::make_unique<MemoTabs>(frame);
+}
+
+} // namespace clientcard

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "forms/Binding.h"
+
+#include <functional>
+#include <vector>
+
+class QAbstractButton;
+class QDialog;
+class QWidget;
+
+namespace forms {
+class FocusGuard;
+}
+
+namespace clientcard {
+
+class CardData;
+class KeyFields;
+class SaveCycle;
+
+/// What the frame of the card is to its tabs.
+class CardFrame {
+  public:
+    virtual ~CardFrame() = default;
+    virtual QDialog& window() = 0;
+    virtual CardData& data() = 0;
+    virtual forms::FocusGuard& guard() = 0;
+    virtual SaveCycle& cycle() = 0;
+    /// The button "Zapíš + návrat".
+    virtual QAbstractButton& saveButton() = 0;
+
+    /// Runs an action; an error that it does not handle is reported and ends it alone.
+    virtual void perform(const std::function<void()>& action) = 0;
+    /// Turns to a tab as a click on it does.
+    virtual void turnTo(int tab) = 0;
+    /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its
+    /// Storno's.
+    virtual void beginEdit(int tab, QAbstractButton& storno) = 0;
+    /// The record is written or dropped: all tabs and buttons are back, Esc is the frame's.
+    virtual void endEdit() = 0;
+};
+
+/// One or more tabs of a kind. The frame knows them by this alone, and they don't know each other.
+class TabFamily {
+  public:
+    virtual ~TabFamily() = default;
+    /// Makes the page of one of the family's tabs; it belongs to the parent.
+    virtual QWidget* makePage(int tab, QWidget* parent) = 0;
+    /// The user has turned to one of the family's tabs.
+    virtual void turnedTo(int tab) = 0;
+
+    /// The fields that the save cycle reads; null for a family that has none.
+    virtual KeyFields* keyFields() { return nullptr; }
+    /// Gives the focus to an element of `textKrz`.
+    virtual void focusElement(int /*element*/) {}
+    /// Something was typed or picked that is not written yet.
+    virtual bool isChanged() const { return false; }
+    /// Writes what is changed in open rows, as the end of their sources does.
+    virtual void writeBack() {}
+    /// What could not be written since the last call.
+    virtual std::vector<forms::NotWritten> takeErrors() { return {}; }
+};
+
+} // namespace clientcard

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "clientcard/FrmKlientUdaj.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "support/ScriptedBoxes.h"
+#include "support/TemporaryRegister.h"
+#include "validation/modKontrola.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace cardtest {
+
+inline QString text(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+/// A register with a few code-lists, and a card on it that is driven by keys as a user does.
+class CardTest : public testing::Test {
+  protected:
+    CardTest() {
+        reg.execute({text("insert into c_iczuj (kod, nazov) values ('500011', 'Nitra')"),
+                     text("insert into c_iczuj (kod, nazov) values ('500046', 'Bab')"),
+                     text("insert into c_zdrpoi (kod, nazov) values ('25', 'Poistovna')"),
+                     text("insert into c_narodn (kod, nazov) values ('01', 'slovenska')"),
+                     text("insert into c_iczeme (kod, nazov) values ('SK', 'Slovensko')"),
+                     text("insert into c_jazyk (kod, nazov) values ('sk', 'slovencina')")});
+    }
+
+    /// Opens the card as the list of clients does: on a client, or for a new one.
+    void open(const QString& key = {}) {
+        card.reset();
+        modKontrola::gAkcia = key.isEmpty() ? 1 : 2;
+        modKontrola::gIdKod = key;
+        card.emplace(reg.engine, reg.folder);
+        card->show();
+        card->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&*card));
+    }
+    void insertClient(const char* key, const char* values = "") {
+        reg.execute({text("insert into k_zaklad (idkod, meno, priezv, katcis) values "
+                          "('%1', 'Eva', 'Novotna', '5')")
+                         .arg(text(key)),
+                     text("insert into k_memo (idkod) values ('%1')").arg(text(key))});
+        if (*values != '\0')
+            reg.execute(
+                {text("update k_zaklad set %1 where idkod = '%2'").arg(text(values), text(key))});
+    }
+
+    template <typename Widget = forms::EntryField>
+    Widget& at(const char* name) {
+        auto* found = card->findChild<Widget*>(text(name));
+        if (found == nullptr)
+            throw std::runtime_error(name);
+        return *found;
+    }
+    forms::EntryField& field(int element) {
+        return at(qPrintable(QStringLiteral("textKrz(%1)").arg(element)));
+    }
+    QString focused() {
+        EXPECT_TRUE(QTest::qWaitFor([this] {
+            return card->isActiveWindow() || QApplication::activePopupWidget() != nullptr;
+        }));
+        const QWidget* named = card->focusWidget();
+        while (named != nullptr && named->objectName().isEmpty())
+            named = named->parentWidget();
+        return named != nullptr ? named->objectName() : QString();
+    }
+    /// What a key goes to: the opened list of a drop-down, or the control in focus.
+    QWidget* keyboard() {
+        QWidget* popup = QApplication::activePopupWidget();
+        return popup != nullptr ? popup->findChild<QListView*>() : card->focusWidget();
+    }
+    void key(int code, Qt::KeyboardModifiers modifiers = {}) {
+        focused();
+        QTest::keyClick(keyboard(), Qt::Key(code), modifiers);
+    }
+    void type(const char* typed) { QTest::keyClicks(keyboard(), QLatin1String(typed)); }
+    void enter(const char* typed = "") {
+        type(typed);
+        key(Qt::Key_Return);
+    }
+    void goTo(int element) {
+        field(element).setFocus();
+        ASSERT_EQ(focused(), QStringLiteral("textKrz(%1)").arg(element));
+    }
+    void press(QWidget& widget) {
+        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
+                          widget.mapTo(&*card, widget.rect().center()));
+    }
+    /// Goes to a button by Tab and presses it by Enter.
+    void pressByKeys(const char* name) {
+        key(Qt::Key_PageDown);
+        for (int i = 0; i < 12 && focused() != text(name); ++i)
+            key(Qt::Key_Tab, Qt::ShiftModifier);
+        ASSERT_EQ(focused(), text(name));
+        key(Qt::Key_Return);
+    }
+    void expect(const char* message, const char* title = "Chybová správa",
+                QMessageBox::Icon icon = QMessageBox::Warning) {
+        boxes.expect({.text = text(message), .title = text(title), .icon = icon});
+    }
+    QString stored(const char* column, const char* table = "k_zaklad") {
+        return reg.text(text(table), text(column));
+    }
+    QListWidget& tabs() { return at<QListWidget>("SSTab1"); }
+    bool isEnabled(int tab) { return tabs().item(tab)->flags().testFlag(Qt::ItemIsEnabled); }
+
+    support::TemporaryRegister reg;
+    support::ScriptedBoxes boxes;
+    std::optional<clientcard::FrmKlientUdaj> card;
+};
+
+} // namespace cardtest

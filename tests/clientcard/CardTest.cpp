@@ -1,0 +1,404 @@
+#include "CardScreen.h"
+#include "forms/RichText.h"
+
+#include <QRadioButton>
+#include <QTextEdit>
+
+using cardtest::CardTest;
+using cardtest::text;
+
+TEST_F(CardTest, TheRoadOfANewClientByKeysAlone) {
+    open();
+    EXPECT_EQ(focused(), text("textKrz(0)"));
+    EXPECT_FALSE(isEnabled(1));
+    for (const char* typed : {"jana", "novotna", "nitra", "8055120007"})
+        enter(typed);
+    EXPECT_EQ(field(4).text(), text("12.05.1980"));
+    EXPECT_EQ(field(5).text(), text("Z"));
+    for (const char* typed : {"", "", "17", "25", "01", "SK", "sk", "sk", "dlha 1", "bab", "94901"})
+        enter(typed);
+    EXPECT_EQ(focused(), text("textKrz(15)"));
+    for (const char* typed : {"skola", "lekar", "1.9.99"})
+        enter(typed);
+    EXPECT_EQ(focused(), text("textKrz(18)"));
+    enter();
+    EXPECT_EQ(focused(), text("textKrz(18)")) << "the associated field is disabled";
+    enter("3");
+    EXPECT_EQ(focused(), text("textKrz(19)"));
+    enter("5");
+    EXPECT_EQ(focused(), text("textKrz(19)"));
+    pressByKeys("cmdZaklUd");
+    EXPECT_EQ(focused(), text("textKrz(0)"));
+    EXPECT_TRUE(isEnabled(1) && isEnabled(13));
+    EXPECT_FALSE(at<QPushButton>("cmdZaklUd").isVisible());
+    EXPECT_EQ(stored("idkod", "k_memo"), text("NOVOTNJA00"));
+    EXPECT_EQ(stored("postih"), text("35       "));
+
+    key(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(focused(), text("textKrz(20)"));
+    enter("anna novotna");
+    enter("1955");
+    EXPECT_EQ(field(22).text(), text("25"));
+    for (int i = 0; i < 6; ++i)
+        key(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(focused(), text("rtbDUK(1)"));
+    type("pozn");
+    for (int i = 0; i < 20 && focused() != text("CmdZap"); ++i)
+        key(Qt::Key_Tab);
+    key(Qt::Key_Return);
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(modKontrola::gAkcia, 0);
+    for (const auto& [column, value] : {std::pair{"meno", "Jana"},
+                                        {"priezv", "Novotna"},
+                                        {"mienar", "Nitra"},
+                                        {"katcis", "17"},
+                                        {"datevi", "01.09.1999"},
+                                        {"postih", "35"},
+                                        {"matka", "Anna Novotna"},
+                                        {"matvek", "25"},
+                                        {"obec", "Bab"},
+                                        {"zdrpoi", "25"},
+                                        {"jaz_doma", "sk"}})
+        EXPECT_EQ(stored(column), text(value)) << column;
+    EXPECT_TRUE(stored("poznamky", "k_memo").contains(text("pozn")));
+
+    open(text("NOVOTNJA00"));
+    EXPECT_EQ(field(0).text(), text("Jana"));
+    EXPECT_EQ(at("textPosK(1)").text(), text("5"));
+    EXPECT_TRUE(isEnabled(13));
+}
+
+TEST_F(CardTest, ANameChangedBehindItsSixthLetterIsWrittenOnClosing) {
+    insertClient("NOVOTNEV00");
+    open(text("NOVOTNEV00"));
+    key(Qt::Key_Return);
+    enter("Novotnakova");
+    pressByKeys("CmdZap");
+    EXPECT_EQ(stored("priezv"), text("Novotnakova"));
+    EXPECT_EQ(stored("idkod"), text("NOVOTNEV00"));
+}
+
+TEST_F(CardTest, MandatoryFieldsAreAskedForWhereTheyLie) {
+    struct Case {
+        int emptied;
+        const char* message;
+        const char* tab;
+    };
+    insertClient("NOVOTNEV00");
+    for (const Case& c : {Case{0, "Meno je povinný údaj !", "textKrz(0)"},
+                          Case{1, "Priezvisko je povinný údaj !", "textKrz(1)"},
+                          Case{6, "Katalógové číslo je povinný údaj !", ""}}) {
+        open(text("NOVOTNEV00"));
+        goTo(c.emptied);
+        key(Qt::Key_Delete);
+        key(Qt::Key_PageDown, Qt::ControlModifier);
+        expect(c.message);
+        press(at<QPushButton>("CmdZap"));
+        boxes.allCame();
+        // A missing catalogue number does not turn the tab.
+        EXPECT_EQ(tabs().currentRow(), c.emptied == 6 ? 1 : 0);
+        EXPECT_TRUE(c.emptied == 6 || focused() == text(c.tab));
+        EXPECT_EQ(stored("meno"), text("Eva"));
+        key(Qt::Key_Escape);
+        EXPECT_FALSE(card->isVisible());
+    }
+}
+
+TEST_F(CardTest, StornoDropsWhatIsNotWrittenAndNothingElse) {
+    open();
+    enter("jana");
+    goTo(4);
+    type("99.99");
+    press(at<QPushButton>("cmdStorno"));
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(reg.count(text("k_zaklad")) + reg.count(text("k_memo")), 0);
+
+    open();
+    enter("jana");
+    enter("novotna");
+    goTo(6);
+    enter("9");
+    pressByKeys("cmdZaklUd");
+    enter("Dana");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(modKontrola::gAkcia, 0);
+    EXPECT_EQ(stored("meno"), text("Jana"));
+    EXPECT_EQ(reg.count(text("k_memo")), 1);
+
+    open(text("NOVOTNJA00"));
+    for (int i = 0; i < 7; ++i)
+        key(Qt::Key_PageDown, Qt::ControlModifier);
+    type("pozn");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(stored("poznamky", "k_memo"), QString());
+}
+
+TEST_F(CardTest, SavingForTheNextClientEmptiesTheCard) {
+    insertClient("NOVOTNEV00", "postih = '35', matvla = true, datnar = #12/05/1980#");
+    open(text("NOVOTNEV00"));
+    pressByKeys("cmdZapNew");
+    EXPECT_EQ(focused(), text("textKrz(0)"));
+    EXPECT_EQ(modKontrola::gAkcia, 1);
+    EXPECT_FALSE(isEnabled(1));
+    for (const char* name : {"textKrz(1)", "textKrz(4)", "textPosK(0)"})
+        EXPECT_EQ(at(name).text(), QString()) << name;
+    enter("ema");
+    enter("mala");
+    goTo(6);
+    type("6");
+    pressByKeys("CmdZap");
+    EXPECT_EQ(reg.count(text("select * from k_zaklad where idkod = 'MALAEM00' and katcis = '6'")),
+              1);
+    EXPECT_EQ(reg.count(text("select * from k_zaklad where postih = '35'")), 1);
+}
+
+TEST_F(CardTest, ClosingByTheFrameWritesAClientWhoHasAKey) {
+    insertClient("NOVOTNEV00");
+    open(text("NOVOTNEV00"));
+    type("Iva");
+    card->close();
+    EXPECT_EQ(stored("meno"), text("Iva"));
+    EXPECT_EQ(stored("idkod"), text("NOVOTNEV00"));
+
+    open();
+    card->close();
+    EXPECT_FALSE(card->isVisible()) << "nothing was typed";
+    open();
+    type("Iva");
+    const support::ExpectedBox question{
+        .text = text("Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"),
+        .title = text("Upozornenie"),
+        .icon = QMessageBox::Question,
+        .buttons = QMessageBox::Yes | QMessageBox::No};
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        auto asked = question;
+        asked.answer = answer;
+        boxes.expect(asked);
+        card->close();
+        EXPECT_EQ(card->isVisible(), answer == QMessageBox::No);
+    }
+    EXPECT_EQ(reg.count(text("k_zaklad")), 1);
+}
+
+TEST_F(CardTest, TheCatalogueNumberOfAnotherClientHoldsTheField) {
+    insertClient("NOVOTNEV00");
+    reg.execute({text("insert into k_zaklad (idkod, katcis) values ('MALYJA00', '7')")});
+    const char* taken = "V databáze už existuje klient s tým istým kat.číslom!";
+    for (const char* client : {"NOVOTNEV00", ""}) {
+        open(text(client));
+        goTo(6);
+        type("7");
+        for (const bool byKey : {true, false}) {
+            expect(taken, "Upozornenie", QMessageBox::Information);
+            byKey ? key(Qt::Key_Return) : press(field(12));
+            boxes.allCame();
+            EXPECT_EQ(focused(), text("textKrz(6)"));
+        }
+        type("8");
+        key(Qt::Key_Return);
+        EXPECT_EQ(focused(), text("textKrz(7)"));
+        key(Qt::Key_Escape);
+    }
+}
+
+TEST_F(CardTest, TheWalkThroughTheFields) {
+    insertClient("NOVOTNEV00", "matpos = '3'");
+    open(text("NOVOTNEV00"));
+    struct Step {
+        int from, key;
+        const char* to;
+    };
+    const auto walk = [&](std::initializer_list<Step> steps) {
+        for (const Step& step : steps) {
+            goTo(step.from);
+            key(step.key);
+            EXPECT_EQ(focused(), text(step.to)) << step.from << " by " << step.key;
+        }
+    };
+    walk({{0, Qt::Key_Up, "textKrz(0)"},
+          {4, Qt::Key_Return, "textKrz(5)"},
+          {4, Qt::Key_Tab, "cmbPos(3)"},
+          {17, Qt::Key_Down, "textKrz(18)"},
+          {17, Qt::Key_Tab, "cmbPos(2)"},
+          {18, Qt::Key_Return, "textKrz(18)"},
+          {9, Qt::Key_PageUp, "CmdZap"}});
+    key(Qt::Key_PageDown, Qt::ControlModifier);
+    walk({{20, Qt::Key_Up, "textKrz(20)"},
+          {33, Qt::Key_Return, "textKrz(34)"},
+          {35, Qt::Key_Up, "textKrz(34)"},
+          {48, Qt::Key_Return, "textKrz(50)"},
+          {50, Qt::Key_Up, "textKrz(48)"},
+          {56, Qt::Key_Down, "textKrz(56)"}});
+}
+
+TEST_F(CardTest, OnlyDigitsAreTakenWhereCodesAre) {
+    open();
+    goTo(6);
+    expect("Zadávaj len číselné hodnoty !");
+    type("x");
+    boxes.allCame();
+    EXPECT_EQ(focused(), text("textKrz(6)"));
+    type("12");
+    EXPECT_EQ(field(6).text(), text("12"));
+    goTo(10);
+    type("sk");
+    EXPECT_EQ(field(10).text(), text("sk"));
+}
+
+TEST_F(CardTest, PickersWriteIntoTheirFields) {
+    open();
+    goTo(8);
+    key(Qt::Key_Down, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused(), text("textKrz(8)"));
+    EXPECT_EQ(field(8).text(), text("01"));
+    goTo(2);
+    key(Qt::Key_F4);
+    type("n");
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused(), text("textKrz(2)"));
+    EXPECT_EQ(field(2).text(), text("Nitra"));
+    // Esc takes nothing, and the next look-up lets the field alone.
+    goTo(10);
+    key(Qt::Key_F4);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(focused(), text("textKrz(10)"));
+    EXPECT_TRUE(card->isVisible());
+    EXPECT_TRUE(modKontrola::gZVyberu);
+    goTo(5);
+    key(Qt::Key_Tab);
+    at<forms::DropDown>("cmbPos(3)").setFocus();
+    type("z");
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused(), text("textKrz(5)"));
+    EXPECT_EQ(field(5).text(), text("Z"));
+}
+
+TEST_F(CardTest, ImpairmentsInTheColumnAfterPicksAndTyping) {
+    struct Case {
+        const char *before, *keys;
+        const char* after;
+    };
+    const auto run = [&](const char* column, int dominant, const char* pick, const Case& c) {
+        SCOPED_TRACE(QStringLiteral("%1: %2 by %3")
+                         .arg(text(column), text(c.before), text(c.keys))
+                         .toStdString());
+        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        insertClient("NOVOTNEV00", qPrintable(text("%1 = '%2'").arg(text(column), text(c.before))));
+        open(text("NOVOTNEV00"));
+        if (dominant != 18)
+            key(Qt::Key_PageDown, Qt::ControlModifier);
+        // d and a stand for the two fields, P for the dominant picker; digits are typed.
+        for (const QChar k : text(c.keys)) {
+            if (k == u'd' || k == u'a') {
+                goTo(dominant + (k == u'a' ? 1 : 0));
+            } else if (k == u'P') {
+                at<forms::DropDown>(pick).setFocus();
+            } else if (k == u'^') {
+                key(Qt::Key_Home);
+                key(Qt::Key_Return);
+            } else {
+                QTest::keyClick(card->focusWidget(), k.toLatin1());
+                if (!focused().startsWith(text("cmb")))
+                    key(Qt::Key_Return);
+            }
+        }
+        press(at<QPushButton>("CmdZap"));
+        EXPECT_EQ(stored(column), text(c.after));
+    };
+    for (const Case& c : {Case{"35", "", "35"}, Case{"", "d3a5", "35       "},
+                          Case{"357", "P^", "        "}, Case{"        ", "", ""},
+                          Case{"357", "a0", "3        "}, Case{"357", "d6a3", "63       "}})
+        run("postih", 18, "cmbPos(2)", c);
+    // For the parents a typed 0 is a code like any other, until the next one takes its place.
+    for (const Case& c : {Case{"35", "a0", "350"}, Case{"35", "a0a6", "356"}})
+        run("matpos", 33, "cmbPos(1)", c);
+}
+
+TEST_F(CardTest, ADuplicateImpairmentIsRefused) {
+    insertClient("NOVOTNEV00", "postih = '37'");
+    open(text("NOVOTNEV00"));
+    goTo(19);
+    type("7");
+    for (const auto answer : {QMessageBox::Retry, QMessageBox::Cancel}) {
+        boxes.expect({.text = text("Postihnutie môže nadobudnúť len hodnotu 1 až 9 bez duplicít !"),
+                      .title = text("Chybová správa"),
+                      .icon = QMessageBox::Warning,
+                      .buttons = QMessageBox::Retry | QMessageBox::Cancel,
+                      .answer = answer});
+        key(Qt::Key_Return);
+        boxes.allCame();
+        EXPECT_EQ(field(19).text(), answer == QMessageBox::Retry ? text("7") : QString());
+    }
+    // The associated picker offers what is left.
+    auto& pick = at<forms::DropDown>("cmbSek(0)");
+    pick.setFocus();
+    key(Qt::Key_F4);
+    key(Qt::Key_End);
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused(), text("textKrz(19)"));
+    EXPECT_EQ(at("textPosK(2)").text(), text("9"));
+    EXPECT_EQ(pick.count(), 7);
+}
+
+TEST_F(CardTest, TheRepresentativeIsFilledFromAParent) {
+    insertClient("NOVOTNEV00",
+                 "matka = 'M', matobe = 'mo', matuli = 'mu', matpsc = '1', mattel = 'mt', "
+                 "matmail = 'mm', otec = 'O', oteobe = 'oo', oteuli = 'ou', otepsc = '2', "
+                 "otetel = 'ot', otemail = 'om'");
+    open(text("NOVOTNEV00"));
+    key(Qt::Key_PageDown, Qt::ControlModifier);
+    struct Case {
+        const char* option;
+        QStringList fields;
+    };
+    const auto texts = [](const char* joined) {
+        return text(joined).split(u',');
+    };
+    for (const Case& c : {Case{"optKrz(4)", texts("M,matka,mo,mu,1,mt,mm")},
+                          Case{"optKrz(5)", texts("O,otec,oo,ou,2,ot,om")},
+                          Case{"optKrz(6)", texts(",,,,,ot,om")}}) {
+        at<QRadioButton>(c.option).setFocus();
+        key(Qt::Key_Space);
+        QStringList shown;
+        for (int element = 50; element <= 56; ++element)
+            shown += field(element).text();
+        EXPECT_EQ(shown, c.fields) << c.option;
+    }
+    EXPECT_TRUE(at<QRadioButton>("optKrz(1)").isChecked());
+    at<QRadioButton>("optKrz(0)").setFocus();
+    key(Qt::Key_Space);
+    press(at<QPushButton>("CmdZap"));
+    EXPECT_EQ(stored("kon_tel"), text("ot"));
+    EXPECT_EQ(stored("matvla"), text("-1"));
+    EXPECT_EQ(stored("otevla"), text("0"));
+}
+
+TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
+    insertClient("NOVOTNEV00", "datnar = #05/12/1985#");
+    open(text("NOVOTNEV00"));
+    key(Qt::Key_PageDown, Qt::ControlModifier);
+    goTo(36);
+    enter("1984");
+    EXPECT_EQ(field(37).text(), text("1"));
+    EXPECT_EQ(focused(), text("textKrz(37)"));
+    key(Qt::Key_Delete);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(field(37).text(), text("0"));
+    goTo(37);
+    EXPECT_EQ(field(37).text(), QString());
+    for (const char* year : {"1985", "1990"}) {
+        goTo(21);
+        expect("Logicky chybne zadané dátumy matky a klienta !");
+        enter(year);
+        boxes.allCame();
+        EXPECT_EQ(focused(), text("textKrz(4)"));
+        EXPECT_EQ(field(21).text(), text(year));
+        EXPECT_EQ(field(22).text(), QString());
+        key(Qt::Key_PageDown, Qt::ControlModifier);
+    }
+}
