@@ -1,5 +1,4 @@
-#include "clientcard/SaveCycle.h"
-
+#include "PlayedCard.h"
 #include "store/Sql.h"
 #include "support/TemporaryRegister.h"
 #include "validation/modKontrola.h"
@@ -7,85 +6,15 @@
 #include <gtest/gtest.h>
 
 using namespace clientcard;
-using store::EditState;
+using cardtest::text;
+using Card = cardtest::PlayedCard;
 
 namespace {
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
-
-/// Plays the card: typed names, and the binding that carries them into the row at Update.
-class Card : public KeyFields {
-  public:
-    explicit Card(support::TemporaryRegister& reg)
-        : data(reg.engine, reg.folder), cycle(data, *this) {
-        QObject::connect(&data.datZaklad(), &store::DataSource::aboutToWrite, [this] { put(); });
-        QObject::connect(&data.datZaklad(), &store::DataSource::aboutToLeave, [this] {
-            if (data.datZaklad().Recordset().EditMode() != EditState::None)
-                data.datZaklad().Recordset().Update();
-        });
-    }
-
-    /// As the frame opens a card.
-    void open(const QString& client) {
-        modKontrola::gAkcia = client.isEmpty() ? 1 : 2;
-        modKontrola::gIdKod = client;
-        data.otvorZaznamy(client);
-        data.otvorCiselniky();
-        startRows();
-    }
-    void startRows() {
-        for (store::DataSource* source : {&data.datZaklad(), &data.datMemo()})
-            modKontrola::gAkcia == 2 ? source->Recordset().Edit() : source->Recordset().AddNew();
-    }
-    void type(const char* surname, const char* name, const char* number = "7") {
-        typedSurname = text(surname);
-        typedName = text(name);
-        typedNumber = text(number);
-        key.clear();
-    }
-    /// What the button "Zapíš základné údaje" does behind the cycle.
-    void reopenAsNew() {
-        for (store::DataSource* source : {&data.datZaklad(), &data.datMemo()}) {
-            source->setRecordSource(source == &data.datMemo() ? text("select * from k_memo")
-                                                              : text("select * from k_zaklad"));
-            source->Refresh();
-            source->Recordset().FindFirst(keyCriterion(modKontrola::gIdKod));
-            source->Recordset().Edit();
-        }
-    }
-
-    QString firstName() const override { return typedName; }
-    QString surname() const override { return typedSurname; }
-    QString catalogueNumber() const override { return typedNumber; }
-    void setKey(const QString& wanted) override { key = wanted; }
-    void zapisPostih() override {}
-    void tellMissing(const QString& message) override { told += message; }
-    void passOver(const store::EngineError& error) override { passed += error.number(); }
-
-    // The data come last: as they end they still write what is typed.
-    QString typedName, typedSurname, typedNumber, key;
-    QStringList told;
-    QList<store::ErrorNumber> passed;
-    CardData data;
-    SaveCycle cycle;
-
-  private:
-    void put() {
-        auto& row = data.datZaklad().Recordset();
-        row.Fields(u"meno").setValue(typedName);
-        row.Fields(u"priezv").setValue(typedSurname);
-        row.Fields(u"katcis").setValue(typedNumber);
-        if (!key.isEmpty())
-            row.Fields(u"idkod").setValue(key);
-    }
-};
 
 class SaveCycleTest : public testing::Test {
   protected:
     QString saveNew(const char* surname, const char* name, const char* number = "7") {
-        Card card(reg);
+        Card card(reg.engine, reg.folder);
         card.open(QString());
         card.type(surname, name, number);
         EXPECT_EQ(card.cycle.zapisZaklad(), SaveResult::Saved);
@@ -122,7 +51,7 @@ TEST_F(SaveCycleTest, KeysOfNewClientsCountUp) {
 }
 
 TEST_F(SaveCycleTest, EmptyMandatoryFieldsStopTheCycleInTheirOrder) {
-    Card card(reg);
+    Card card(reg.engine, reg.folder);
     card.open(QString());
     card.type("", "  ", " ");
     EXPECT_EQ(card.cycle.zapisZaklad(), SaveResult::NoFirstName);
@@ -148,7 +77,7 @@ TEST_F(SaveCycleTest, AnEditMovesTheKeyOnlyWhenItsLettersChange) {
                           Case{"Kováčiková", "O'Hara", "O'HARAEV00", true}}) {
         support::TemporaryRegister fresh;
         const QString old = [&] {
-            Card card(fresh);
+            Card card(fresh.engine, fresh.folder);
             card.open(QString());
             card.type(c.stored, "Eva");
             card.cycle.zapisZaklad();
@@ -157,7 +86,7 @@ TEST_F(SaveCycleTest, AnEditMovesTheKeyOnlyWhenItsLettersChange) {
         for (const char* table : {"k_navstevy", "k_surodenci", "k_vysetrenie", "k_zariad",
                                   "k_zaznam_spc", "k_zaznam_zmeny"})
             fresh.execute({text("insert into %1 (idkod) values ('%2')").arg(text(table), old)});
-        Card card(fresh);
+        Card card(fresh.engine, fresh.folder);
         card.open(old);
         card.type(c.typed, "Eva", "8");
         card.data.datMemo().Recordset().Fields(u"poznamky").setValue(text("<p>x</p>"));
@@ -179,13 +108,13 @@ TEST_F(SaveCycleTest, AThreeDigitSequenceIsReplacedAtTheNextChangeOfNames) {
     insertKeys(text("NOVÁKJÁ"), 100);
     const QString old = saveNew("Novák", "Ján");
     reg.execute({text("delete from k_zaklad where idkod = 'NOVÁKJÁ42'")});
-    Card card(reg);
+    Card card(reg.engine, reg.folder);
     card.open(old);
     card.type("Nováček", "Ján");
     card.cycle.zapisZaklad();
     EXPECT_EQ(rowsOf("k_zaklad", text("NOVÁČEJÁ00")), 1);
     card.data.datMemo().Refresh();
-    Card again(reg);
+    Card again(reg.engine, reg.folder);
     again.open(text("NOVÁČEJÁ00"));
     again.type("Novák", "Ján");
     again.cycle.zapisZaklad();
@@ -194,7 +123,7 @@ TEST_F(SaveCycleTest, AThreeDigitSequenceIsReplacedAtTheNextChangeOfNames) {
 
 TEST_F(SaveCycleTest, AClientSavedOnTheWayStaysNew) {
     saveNew("Novák", "Ján");
-    Card card(reg);
+    Card card(reg.engine, reg.folder);
     card.open(QString());
     card.type("Novák", "Ján");
     card.cycle.zapisZaklad();
@@ -218,7 +147,7 @@ TEST_F(SaveCycleTest, AClientSavedOnTheWayStaysNew) {
 TEST_F(SaveCycleTest, TheCatalogueNumberIsLookedForAmongAllByMode) {
     const QString first = saveNew("Novák", "Ján", "7");
     saveNew("Malý", "Ján", "8");
-    Card card(reg);
+    Card card(reg.engine, reg.folder);
     card.open(first);
     struct Case {
         quint8 mode;
@@ -236,7 +165,7 @@ TEST_F(SaveCycleTest, TheCatalogueNumberIsLookedForAmongAllByMode) {
 
 TEST_F(SaveCycleTest, AnotherErrorOfTheUpdateIsPassedOver) {
     const QString key = saveNew("Novák", "Ján");
-    Card card(reg);
+    Card card(reg.engine, reg.folder);
     card.open(key);
     card.type("Novák", "Ján");
     card.data.datZaklad().Recordset().CancelUpdate();
