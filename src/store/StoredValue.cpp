@@ -28,9 +28,17 @@ Cell toTextCell(const Value& value, const OutputColumn& column) {
     return textCell(text);
 }
 
+bool isCalendarDate(const DateTime& date) {
+    return date.date.isValid() && date.time.isValid() && date.date.year() >= 100 &&
+           date.date.year() <= 9999;
+}
+
 Cell toDateCell(const Value& value, const OutputColumn& column) {
-    if (const auto* date = std::get_if<DateTime>(&value.variant()))
+    if (const auto* date = std::get_if<DateTime>(&value.variant())) {
+        if (!isCalendarDate(*date))
+            refuseConversion(column);
         return textCell(dateToColumn(*date));
+    }
     const auto* text = std::get_if<QString>(&value.variant());
     if (text == nullptr || text->trimmed().isEmpty())
         refuseConversion(column);
@@ -58,7 +66,7 @@ double numberOf(const Value& value, const OutputColumn& column) {
 Cell toWholeCell(const Value& value, const OutputColumn& column) {
     constexpr double limit = 2147483648.0;
     const double number = std::nearbyint(numberOf(value, column));
-    if (number < -limit || number >= limit)
+    if (!(number >= -limit && number < limit))
         refuseConversion(column);
     return static_cast<qint64>(number);
 }

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using store::EditState;
 using store::Recordset;
 using store::Value;
@@ -166,12 +168,15 @@ TEST_F(RecordsetTest, ValuesComeIntoTheirColumns) {
         {u"datnar", QString(), u"", 3421},
         {u"datnar", text(u"  "), u"", 3421},
         {u"datnar", 5, u"", 3421},
+        {u"datnar", QDate(), u"", 3421},
+        {u"datnar", QDate(12000, 1, 1), u"", 3421},
         {u"vek", text(u" 17"), u"17", 0},
         {u"vek", 2.5, u"2", 0},
         {u"vek", text(u"1,5"), u"2", 0},
         {u"vek", text(u"12a"), u"", 3421},
         {u"vek", QString(), u"", 3421},
         {u"vek", 3e9, u"", 3421},
+        {u"vek", std::nan(""), u"", 3421},
         {u"matvla", true, u"-1", 0},
         {u"matvla", text(u"0"), u"0", 0},
         {u"matvla", text(u"-1"), u"-1", 0},
@@ -258,6 +263,21 @@ TEST_F(RecordsetTest, DeletesAndLeavesNoRowUntilAMove) {
     EXPECT_ENGINE_ERROR(other->Delete(), 3167);
     other->MoveNext();
     EXPECT_EQ(at(*other, u"idkod"), QStringLiteral("NOVAKJA00"));
+}
+
+TEST_F(RecordsetTest, ARowAddedAfterOthersDeletedTheLastComesOnce) {
+    for (const QString& source : {QStringLiteral("k_zaklad"), byName}) {
+        SCOPED_TRACE(qPrintable(source));
+        auto rows = open(source);
+        EXPECT_EQ(rows->RecordCount(), 4);
+        database.Execute(QStringLiteral("delete from k_zaklad where idkod='CAPOLA00'"));
+        rows->AddNew();
+        rows->Fields(u"idkod").setValue(QStringLiteral("CAPOLA00"));
+        rows->Update();
+        rows->MoveFirst();
+        EXPECT_EQ(column(*rows, u"idkod").count(QStringLiteral("CAPOLA00")), 1);
+        EXPECT_EQ(rows->RecordCount(), 4);
+    }
 }
 
 TEST_F(RecordsetTest, DeletingTheLastRowLeavesNone) {
