@@ -4,33 +4,27 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 mkdb::CodeList list(const char* csv, const char16_t* table) {
-    return mkdb::toCodeList(mkdb::parseCsv(csv, QStringLiteral("x.csv")),
-                            QString::fromUtf16(table));
+    return mkdb::toCodeList(mkdb::parseCsv(csv, u"x.csv"_s), QString::fromUtf16(table));
 }
 
 TEST(CodeLists, takeColumnsByNameInAnyOrder) {
     const mkdb::CodeList read = list("nazov,KOD\nVšeobecná,25\n,27\n", u"c_zdrpoi");
-    EXPECT_EQ(read.texts(u"kod"), (QStringList{QStringLiteral("25"), QStringLiteral("27")}));
+    EXPECT_EQ(read.texts(u"kod"), (QStringList{u"25"_s, u"27"_s}));
     EXPECT_TRUE(read.rows[1][read.column(u"nazov")].isNull());
     EXPECT_EQ(list("fc_idkod,nazov\n3,x\n", u"c_funkcie").rows[0][0], store::Value(3));
-}
-
-TEST(CodeLists, allowOneCodeInTwoKinds) {
-    const char* csv = "kod,nazov,akronym,v_nazov\n01,a,VYCH,a\n01,b,TVK,\n";
-    EXPECT_EQ(list(csv, u"c_zariad").rows.size(), 2U);
+    const char* codeInTwoKinds = "kod,nazov,akronym,v_nazov\n01,a,VYCH,a\n01,b,TVK,\n";
+    EXPECT_EQ(list(codeInTwoKinds, u"c_zariad").rows.size(), 2U);
 }
 
 TEST(CodeLists, areRefused) {
-    struct Case {
-        const char* csv;
-        const char16_t* table;
-    };
     std::string tooMany = "kod,nazov,akronym,v_nazov\n";
     for (int kind = 1; kind <= 17; ++kind)
         tooMany += std::to_string(kind) + ",a,VYCH,a\n";
     const std::string tooLong = "kod,nazov\n1," + std::string(256, 'x') + "\n";
-    const Case cases[] = {
+    const std::pair<const char*, const char16_t*> cases[] = {
         {"kod\n1\n", u"c_jazyk"},
         {"kod,meno\n1,x\n", u"c_jazyk"},
         {"kod,nazov,iny\n1,x,y\n", u"c_jazyk"},
@@ -40,16 +34,15 @@ TEST(CodeLists, areRefused) {
         {tooMany.c_str(), u"c_zariad"},
         {tooLong.c_str(), u"c_jazyk"},
     };
-    for (const Case& test : cases)
-        EXPECT_THROW(list(test.csv, test.table), mkdb::CsvError) << test.csv;
+    for (const auto& [csv, table] : cases)
+        EXPECT_THROW(list(csv, table), mkdb::CsvError) << csv;
 }
 
 TEST(CodeLists, ofTheRepositoryAreSound) {
     const auto lists = mkdb::readCodeLists(QStringLiteral(TVK_DATA_FOLDER "/ciselniky"));
     EXPECT_EQ(lists.size(), 7U);
     EXPECT_EQ(mkdb::codeList(lists, u"c_funkcie").rows.size(), 8U);
-    EXPECT_EQ(mkdb::codeList(lists, u"c_zariad").texts(u"akronym").count(QStringLiteral("VYCH")),
-              16);
+    EXPECT_EQ(mkdb::codeList(lists, u"c_zariad").texts(u"akronym").count(u"VYCH"_s), 16);
     EXPECT_GT(mkdb::codeList(lists, u"c_iczuj").rows.size(), 2900U);
 }
 
