@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
-#include <string>
 
 using report::PageFlow;
 using report::Slice;
@@ -18,76 +17,65 @@ void PrintTo(const Slice& slice, std::ostream* out) {
 
 namespace {
 
-struct BandCase {
+struct Strip {
     double height;
-    std::vector<double> cuts;
+    std::vector<double> cuts = {};
 };
 
 /// Pages run from 100 to 1100; the first band is followed by a page header of that height.
 struct FlowCase {
-    std::string name;
-    std::vector<BandCase> bands;
+    const char* name;
+    std::vector<Strip> bands;
     std::vector<Slice> slices;
     double header = 0;
 };
 
-void PrintTo(const FlowCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-class PageFlowTest : public testing::TestWithParam<FlowCase> {};
-
-TEST_P(PageFlowTest, Places) {
-    PageFlow flow(100, 1100);
-    std::vector<Slice> slices;
-    for (const auto& band : GetParam().bands) {
-        for (const auto& slice : flow.place(band.height, band.cuts))
-            slices.push_back(slice);
-        if (slices.size() == 1)
-            flow.repeatHeader(GetParam().header);
+TEST(PageFlow, PlacesBandsOnPages) {
+    const FlowCase cases[] = {
+        {"below each other", {{300}, {400}}, {{0, 100, 0, 300}, {0, 400, 0, 400}}},
+        {"fills to the edge", {{600}, {400}}, {{0, 100, 0, 600}, {0, 700, 0, 400}}},
+        {"one twip too many", {{600}, {401}}, {{0, 100, 0, 600}, {1, 100, 0, 401}}},
+        {"stays together though it has cuts",
+         {{600}, {500, {200, 400}}},
+         {{0, 100, 0, 600}, {1, 100, 0, 500}}},
+        {"nothing fits anywhere", {{0}, {0}}, {{0, 100, 0, 0}, {0, 100, 0, 0}}},
+        {"later pages leave room for the header",
+         {{300}, {650}, {100}, {650}, {1}},
+         {{0, 100, 0, 300}, {0, 400, 0, 650}, {1, 400, 0, 100}, {2, 400, 0, 650}, {2, 1050, 0, 1}},
+         300},
+        {"what overflows a page begins one",
+         {{300}, {800}, {700}},
+         {{0, 100, 0, 300}, {1, 400, 0, 800}, {2, 400, 0, 700}},
+         300},
+        {"tall band begins on the rest of the page",
+         {{600}, {1500, {300, 600, 900, 1200}}},
+         {{0, 100, 0, 600}, {0, 700, 0, 300}, {1, 100, 300, 1200}, {2, 100, 1200, 1500}}},
+        {"cut exactly at the edge",
+         {{600}, {1500, {400, 1400}}},
+         {{0, 100, 0, 600}, {0, 700, 0, 400}, {1, 100, 400, 1400}, {2, 100, 1400, 1500}}},
+        {"tall band's first line does not fit the rest",
+         {{900}, {1500, {300, 900, 1200}}},
+         {{0, 100, 0, 900}, {1, 100, 0, 900}, {2, 100, 900, 1500}}},
+        {"line taller than a page overflows and the next goes on",
+         {{2500, {200, 2200}}, {100}},
+         {{0, 100, 0, 200}, {1, 100, 200, 2200}, {2, 100, 2200, 2500}, {2, 400, 0, 100}}},
+        {"no cuts at all", {{5000}, {0}}, {{0, 100, 0, 5000}, {0, 5100, 0, 0}}},
+        {"cuts beyond the end are of no use", {{2000, {2500}}}, {{0, 100, 0, 2000}}},
+        {"band after a tall one stands right below it",
+         {{1300, {500, 1000}}, {700}, {1}},
+         {{0, 100, 0, 1000}, {1, 100, 1000, 1300}, {1, 400, 0, 700}, {2, 100, 0, 1}}}};
+    for (const auto& [name, bands, expected, header] : cases) {
+        PageFlow flow(100, 1100);
+        std::vector<Slice> slices;
+        for (const auto& [height, cuts] : bands) {
+            for (const auto& slice : flow.place(height, cuts))
+                slices.push_back(slice);
+            if (slices.size() == 1)
+                flow.repeatHeader(header);
+        }
+        EXPECT_EQ(slices, expected) << name;
     }
-    EXPECT_EQ(slices, GetParam().slices);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Breaks, PageFlowTest,
-    testing::Values(
-        FlowCase{"below each other", {{300, {}}, {400, {}}}, {{0, 100, 0, 300}, {0, 400, 0, 400}}},
-        FlowCase{"fills to the edge", {{600, {}}, {400, {}}}, {{0, 100, 0, 600}, {0, 700, 0, 400}}},
-        FlowCase{"one twip too many", {{600, {}}, {401, {}}}, {{0, 100, 0, 600}, {1, 100, 0, 401}}},
-        FlowCase{"stays together though it has cuts",
-                 {{600, {}}, {500, {200, 400}}},
-                 {{0, 100, 0, 600}, {1, 100, 0, 500}}},
-        FlowCase{"nothing fits anywhere", {{0, {}}, {0, {}}}, {{0, 100, 0, 0}, {0, 100, 0, 0}}},
-        FlowCase{"later pages leave room for the header",
-                 {{300, {}}, {650, {}}, {100, {}}, {650, {}}, {1, {}}},
-                 {{0, 100, 0, 300},
-                  {0, 400, 0, 650},
-                  {1, 400, 0, 100},
-                  {2, 400, 0, 650},
-                  {2, 1050, 0, 1}},
-                 300},
-        FlowCase{"what overflows a page begins one",
-                 {{300, {}}, {800, {}}, {700, {}}},
-                 {{0, 100, 0, 300}, {1, 400, 0, 800}, {2, 400, 0, 700}},
-                 300},
-        FlowCase{"tall band begins on the rest of the page",
-                 {{600, {}}, {1500, {300, 600, 900, 1200}}},
-                 {{0, 100, 0, 600}, {0, 700, 0, 300}, {1, 100, 300, 1200}, {2, 100, 1200, 1500}}},
-        FlowCase{"cut exactly at the edge",
-                 {{600, {}}, {1500, {400, 1400}}},
-                 {{0, 100, 0, 600}, {0, 700, 0, 400}, {1, 100, 400, 1400}, {2, 100, 1400, 1500}}},
-        FlowCase{"tall band's first line does not fit the rest",
-                 {{900, {}}, {1500, {300, 900, 1200}}},
-                 {{0, 100, 0, 900}, {1, 100, 0, 900}, {2, 100, 900, 1500}}},
-        FlowCase{"line taller than a page overflows and the next goes on",
-                 {{2500, {200, 2200}}, {100, {}}},
-                 {{0, 100, 0, 200}, {1, 100, 200, 2200}, {2, 100, 2200, 2500}, {2, 400, 0, 100}}},
-        FlowCase{"no cuts at all", {{5000, {}}, {0, {}}}, {{0, 100, 0, 5000}, {0, 5100, 0, 0}}},
-        FlowCase{"cuts beyond the end are of no use", {{2000, {2500}}}, {{0, 100, 0, 2000}}},
-        FlowCase{"band after a tall one stands right below it",
-                 {{1300, {500, 1000}}, {700, {}}, {1, {}}},
-                 {{0, 100, 0, 1000}, {1, 100, 1000, 1300}, {1, 400, 0, 700}, {2, 100, 0, 1}}}));
 
 TEST(PageFlow, EndsAlsoWhenHeadersLeaveNoRoom) {
     PageFlow flow(100, 1100);

@@ -5,14 +5,15 @@
 
 using namespace report;
 using namespace report::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString a = QStringLiteral("a");
-const QString b = QStringLiteral("b");
+const QString a = u"a"_s;
+const QString b = u"b"_s;
 
 Section section(int height, std::vector<Control> controls) {
-    return {QStringLiteral("any"), height, std::move(controls)};
+    return {u"any"_s, height, std::move(controls)};
 }
 
 Section titled(int height, const QString& caption) {
@@ -23,14 +24,14 @@ Section titled(int height, const QString& caption) {
 /// report footer 400.
 Layout fullLayout() {
     Layout layout;
-    layout.title = QStringLiteral("Zostava");
+    layout.title = u"Zostava"_s;
     layout.marginTop = 1000;
     layout.marginBottom = 16838 - 3000;
-    layout.reportHeader = titled(500, QStringLiteral("hlava zostavy"));
-    layout.pageHeader = titled(300, QStringLiteral("hlava strany"));
+    layout.reportHeader = titled(500, u"hlava zostavy"_s);
+    layout.pageHeader = titled(300, u"hlava strany"_s);
     layout.detail = section(250, {field(a, 0, 0, 4000)});
-    layout.pageFooter = titled(200, QStringLiteral("päta strany"));
-    layout.reportFooter = titled(400, QStringLiteral("päta zostavy"));
+    layout.pageFooter = titled(200, u"päta strany"_s);
+    layout.reportFooter = titled(400, u"päta zostavy"_s);
     return layout;
 }
 
@@ -46,18 +47,18 @@ Pages made(const Layout& layout, const QList<QStringList>& rows) {
     return makePages(layout, source, GridMeter(), today);
 }
 
-Pages madeOf(const Section& detail, const QStringList& row) {
+Pages madeOf(const Section& detail, const QStringList& row, int rows = 1) {
     Layout layout;
     layout.marginLeft = layout.marginTop = 0;
     layout.detail = detail;
-    return made(layout, {row});
+    return made(layout, QList<QStringList>(rows, row));
 }
 
 /// "text@top of its line" of a page, in twips from the page's upper edge.
 QStringList tops(const Page& page) {
     QStringList result;
     for (const auto& text : page.texts)
-        result << QStringLiteral("%1@%2").arg(text.text).arg(text.baseline - 200);
+        result << u"%1@%2"_s.arg(text.text).arg(text.baseline - 200);
     return result;
 }
 
@@ -68,7 +69,7 @@ QStringList words(const char16_t* text) {
 TEST(PageMaker, OnePageWithoutRowsHasTheWholeFrame) {
     const Pages pages = made(fullLayout(), {});
     ASSERT_EQ(pages.pages.size(), 1);
-    EXPECT_EQ(pages.title, QStringLiteral("Zostava"));
+    EXPECT_EQ(pages.title, u"Zostava"_s);
     EXPECT_EQ(tops(pages.pages[0]), words(u"päta strany@2800/hlava zostavy@1000/hlava strany@1500/"
                                           u"päta zostavy@1800"));
 }
@@ -84,18 +85,13 @@ TEST(PageMaker, PageHeaderIsRepeatedAndTheReportFooterFollowsTheLastRow) {
                                           u"päta zostavy@1800"));
 }
 
-struct FooterCase {
-    int rows;
-    std::size_t pages;
-    std::size_t textsOnLast;
-};
-
 TEST(PageMaker, ReportFooterGoesToItsOwnPageWhenItDoesNotFit) {
-    for (const auto& c : {FooterCase{2, 1, 6}, {3, 2, 3}, {4, 2, 3}, {8, 2, 7}, {9, 3, 3}}) {
-        const Pages pages = made(fullLayout(), numbered(c.rows));
-        ASSERT_EQ(pages.pages.size(), c.pages) << c.rows;
-        EXPECT_EQ(pages.pages.back().texts.size(), c.textsOnLast) << c.rows;
-        EXPECT_EQ(layoutFaults(pages), QStringList()) << c.rows;
+    for (const auto& [rows, pages, textsOnLast] :
+         {std::tuple(2, 1, 6), {3, 2, 3}, {4, 2, 3}, {8, 2, 7}, {9, 3, 3}}) {
+        const Pages all = made(fullLayout(), numbered(rows));
+        ASSERT_EQ(all.pages.size(), pages) << rows;
+        EXPECT_EQ(all.pages.back().texts.size(), textsOnLast) << rows;
+        EXPECT_EQ(layoutFaults(all), QStringList()) << rows;
     }
 }
 
@@ -109,28 +105,27 @@ TEST(PageMaker, PageHeaderThatDoesNotFitBelowTheReportHeaderBeginsAPage) {
 }
 
 TEST(PageMaker, PlacesTextsByTheirAlignment) {
-    const std::vector<std::pair<Align, double>> cases{
-        {Align::Left, 700}, {Align::Center, 1050}, {Align::Right, 1400}};
-    for (const auto& [align, left] : cases) {
+    for (const auto& [align, left] :
+         {std::pair(Align::Left, 700), {Align::Center, 1050}, {Align::Right, 1400}}) {
         Layout layout;
         layout.marginLeft = 600;
         layout.marginTop = 500;
         layout.detail = section(400, {field(a, 100, 50, 1000)});
         layout.detail.controls[0].align = align;
-        const Pages pages = made(layout, {{QStringLiteral("abc")}});
-        const auto& text = find(pages.pages[0], QStringLiteral("abc"));
+        const Pages pages = made(layout, {{u"abc"_s}});
+        const auto& text = find(pages.pages[0], u"abc"_s);
         EXPECT_EQ(text.left, left);
         EXPECT_EQ(text.baseline, 500 + 50 + 200);
         EXPECT_EQ(text.box, QRectF(700, 550, 1000, 240));
-        EXPECT_EQ(text.control, QStringLiteral("txt_a"));
+        EXPECT_EQ(text.control, u"txt_a"_s);
     }
 }
 
-TEST(PageMaker, PutsTheDateForItsSign) {
+TEST(PageMaker, PutsTheDateForItsSignInCaptionsOnlyAndNothingForEmptyTexts) {
     Layout layout;
-    layout.reportHeader = titled(300, QStringLiteral("dňa %d"));
-    layout.detail = section(300, {field(a, 0, 0, 100)});
-    const Pages pages = made(layout, {{QStringLiteral("50%d")}});
+    layout.reportHeader = titled(300, u"dňa %d"_s);
+    layout.detail = section(300, {field(b, 0, 0, 100), field(a, 0, 0, 100)});
+    const Pages pages = made(layout, {{u"50%d"_s, {}}});
     EXPECT_EQ(textsOf(pages.pages[0]), words(u"dňa 05.09.2006/50%d"));
 }
 
@@ -138,27 +133,20 @@ TEST(PageMaker, RefusesFieldsOutsideTheDetailAndUnknownColumns) {
     Layout layout;
     layout.pageHeader = section(300, {field(a, 0, 0, 100)});
     EXPECT_THROW(made(layout, {}), std::invalid_argument);
-    EXPECT_THROW(madeOf(section(300, {field(QStringLiteral("x"), 0, 0, 100)}), {}),
-                 std::out_of_range);
-}
-
-TEST(PageMaker, EmptyTextsLeaveNothingOnThePage) {
-    const Pages pages = madeOf(section(300, {field(a, 0, 0, 100), field(b, 0, 0, 100)}), {{}, b});
-    EXPECT_EQ(textsOf(pages.pages[0]), QStringList{b});
+    EXPECT_THROW(madeOf(section(300, {field(u"x"_s, 0, 0, 100)}), {}), std::out_of_range);
 }
 
 TEST(PageMaker, GrowingFieldsPushDownWhatBeginsBelow) {
     // "a" needs three lines of 240, "b" beside it two, so that all below moves by 480.
     auto detail =
-        section(900, {label(QStringLiteral("L1"), 0, 0, 500, QStringLiteral("nad")),
-                      growing(a, 0, 240, 200), growing(b, 1000, 240, 200),
-                      label(QStringLiteral("L2"), 2000, 240, 500, QStringLiteral("vedľa")),
-                      label(QStringLiteral("L3"), 0, 480, 500, QStringLiteral("pod"))});
-    const Pages pages = madeOf(detail, {QStringLiteral("aa bb cc"), QStringLiteral("dd ee")});
+        section(900, {label(u"L1"_s, 0, 0, 500, u"nad"_s), growing(a, 0, 240, 200),
+                      growing(b, 1000, 240, 200), label(u"L2"_s, 2000, 240, 500, u"vedľa"_s),
+                      label(u"L3"_s, 0, 480, 500, u"pod"_s)});
+    const Pages pages = madeOf(detail, {u"aa bb cc"_s, u"dd ee"_s});
     EXPECT_EQ(tops(pages.pages[0]),
               words(u"nad@0/aa@240/bb@480/cc@720/dd@240/ee@480/vedľa@240/pod@960"));
     EXPECT_EQ(layoutFaults(pages), QStringList());
-    EXPECT_EQ(find(pages.pages[0], QStringLiteral("bb")).box, QRectF(0, 240, 200, 720));
+    EXPECT_EQ(find(pages.pages[0], u"bb"_s).box, QRectF(0, 240, 200, 720));
 }
 
 TEST(PageMaker, GrowthsAddUpAndStretchLinesAndTheBand) {
@@ -166,40 +154,31 @@ TEST(PageMaker, GrowthsAddUpAndStretchLinesAndTheBand) {
                                 drawn(ControlKind::Box, 0, 0, 500, 600),
                                 drawn(ControlKind::Line, 0, 590, 500, 0),
                                 drawn(ControlKind::Line, 400, 0, 0, 240)});
-    Layout layout;
-    layout.marginLeft = layout.marginTop = 0;
-    layout.detail = detail;
-    const QStringList row{QStringLiteral("aa bb"), QStringLiteral("cc dd ee")};
-    const Pages pages = made(layout, {row, row});
+    const QStringList row{u"aa bb"_s, u"cc dd ee"_s};
+    const Page page = madeOf(detail, row, 2).pages[0];
     // "a" grows by 240, "b" by 480.
-    EXPECT_EQ(find(pages.pages[0], QStringLiteral("cc")).baseline, 240 + 240 + 200);
-    ASSERT_EQ(pages.pages[0].lines.size(), 6);
-    EXPECT_EQ(pages.pages[0].lines[0].rect, QRectF(0, 0, 500, 1320));
-    EXPECT_TRUE(pages.pages[0].lines[0].isBox);
-    EXPECT_EQ(pages.pages[0].lines[1].rect, QRectF(0, 1310, 500, 0));
-    EXPECT_EQ(pages.pages[0].lines[2].rect, QRectF(400, 0, 0, 480));
-    EXPECT_EQ(pages.pages[0].lines[3].rect.top(), 1320) << "the second row stands below the first";
+    EXPECT_EQ(find(page, u"cc"_s).baseline, 240 + 240 + 200);
+    ASSERT_EQ(page.lines.size(), 6);
+    EXPECT_EQ(page.lines[0].rect, QRectF(0, 0, 500, 1320));
+    EXPECT_TRUE(page.lines[0].isBox);
+    EXPECT_EQ(page.lines[1].rect, QRectF(0, 1310, 500, 0));
+    EXPECT_EQ(page.lines[2].rect, QRectF(400, 0, 0, 480));
+    EXPECT_EQ(page.lines[3].rect.top(), 1320) << "the second row stands below the first";
 }
 
-TEST(PageMaker, TextThatFitsDoesNotGrow) {
-    const Pages pages = madeOf(section(500, {growing(a, 0, 0, 600), growing(b, 0, 240, 600)}),
-                               {QStringLiteral("aa bb"), QString()});
-    EXPECT_EQ(tops(pages.pages[0]), words(u"aa bb@0"));
-}
-
-TEST(PageMaker, NarrowFieldsAreNeitherWrappedNorShortened) {
-    const Pages pages = madeOf(section(300, {field(a, 0, 0, 400)}), {QStringLiteral("aa bb cc")});
-    EXPECT_EQ(textsOf(pages.pages[0]), words(u"aa bb cc"));
-    EXPECT_EQ(cutTexts(pages.pages[0]).size(), 1);
+TEST(PageMaker, TextThatFitsOrMayNotGrowKeepsItsLine) {
+    const Pages pages = madeOf(section(500, {growing(a, 0, 0, 600), field(b, 0, 240, 400)}),
+                               {u"aa bb"_s, u"aa bb cc"_s});
+    EXPECT_EQ(tops(pages.pages[0]), words(u"aa bb@0/aa bb cc@240"));
+    EXPECT_EQ(cutTexts(pages.pages[0]).size(), 1) << "neither wrapped nor shortened";
 }
 
 TEST(PageMaker, RowTallerThanAPageBreaksBetweenLines) {
     Layout layout = fullLayout();
     layout.reportFooter = {};
-    layout.detail =
-        section(720, {label(QStringLiteral("L"), 1000, 0, 900, QStringLiteral("popis")),
-                      growing(a, 0, 240, 200), drawn(ControlKind::Box, 0, 0, 2000, 720),
-                      label(QStringLiteral("K"), 0, 480, 900, QStringLiteral("záver"))});
+    layout.detail = section(720, {label(u"L"_s, 1000, 0, 900, u"popis"_s), growing(a, 0, 240, 200),
+                                  drawn(ControlKind::Box, 0, 0, 2000, 720),
+                                  label(u"K"_s, 0, 480, 900, u"záver"_s)});
     QStringList lines;
     for (int i = 10; i < 24; ++i)
         lines << QString::number(i);
@@ -220,7 +199,7 @@ TEST(PageMaker, RowTallerThanAPageBreaksBetweenLines) {
 TEST(PageMaker, SideBySideColumnsAreBrokenWhereNeitherIsHurt) {
     Layout layout = fullLayout();
     layout.detail = section(400, {growing(a, 0, 0, 200), growing(b, 500, 100, 200)});
-    const QString text = QStringList(20, QStringLiteral("xx")).join(u' ');
+    const QString text = QStringList(20, u"xx"_s).join(u' ');
     const Pages pages = made(layout, {{text, text}});
     std::size_t texts = 0;
     for (const auto& page : pages.pages)
@@ -232,10 +211,10 @@ TEST(PageMaker, SideBySideColumnsAreBrokenWhereNeitherIsHurt) {
 TEST(PageMaker, RichFieldsPlaceARunForEachStyle) {
     auto detail = section(300, {growing(a, 0, 0, 2000)});
     detail.controls[0].rich = true;
-    const Pages pages = madeOf(detail, {QStringLiteral("<p>ab <b>cd</b> ef</p>")});
+    const Pages pages = madeOf(detail, {u"<p>ab <b>cd</b> ef</p>"_s});
     EXPECT_EQ(textsOf(pages.pages[0]), words(u"ab /cd/ ef"));
-    EXPECT_EQ(find(pages.pages[0], QStringLiteral(" ef")).left, 300 + 400);
-    EXPECT_TRUE(find(pages.pages[0], QStringLiteral("cd")).style.bold);
+    EXPECT_EQ(find(pages.pages[0], u" ef"_s).left, 300 + 400);
+    EXPECT_TRUE(find(pages.pages[0], u"cd"_s).style.bold);
 }
 
 } // namespace

@@ -13,28 +13,29 @@
 
 using namespace report;
 using namespace report::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString slovak = QStringLiteral("Kŕdeľ šťastných ďatľov učí pri ústí Váhu mĺkveho koňa ÁÄČ");
+const QString slovak = u"Kŕdeľ šťastných ďatľov učí pri ústí Váhu mĺkveho koňa ÁÄČ"_s;
 
 Pages samplePages() {
     Layout layout;
-    layout.title = QStringLiteral("Zoznam škôl");
+    layout.title = u"Zoznam škôl"_s;
     layout.orientation = Orientation::Landscape;
     layout.reportHeader.height = 400;
-    layout.reportHeader.controls = {label(QStringLiteral("T"), 1000, 0, 8000, slovak)};
+    layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak)};
     layout.detail.height = 6000;
-    layout.detail.controls = {field(QStringLiteral("a"), 2000, 5000, 3000),
+    layout.detail.controls = {field(u"a"_s, 2000, 5000, 3000),
                               drawn(ControlKind::Box, 0, 0, 3000, 6000)};
-    ListSource rows({{QStringLiteral("jeden")}, {QStringLiteral("dva")}});
+    ListSource rows({{u"jeden"_s}, {u"dva"_s}});
     return makePages(layout, rows, FontMeter(), today);
 }
 
 /// What a tool of poppler says about the PDF at that path, which stands for FILE.
 QString toolOutput(const QString& tool, QStringList arguments, const QString& path) {
     QProcess process;
-    process.start(tool, arguments.replaceInStrings(QStringLiteral("FILE"), path));
+    process.start(tool, arguments.replaceInStrings(u"FILE"_s, path));
     EXPECT_TRUE(process.waitForFinished()) << tool.toStdString() << " is missing";
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     return QString::fromUtf8(process.readAllStandardOutput());
@@ -43,58 +44,54 @@ QString toolOutput(const QString& tool, QStringList arguments, const QString& pa
 /// The same about the written sample.
 QString toolOutput(const QString& tool, const QStringList& arguments) {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("report.pdf")));
+    QFile file(folder.filePath(u"report.pdf"_s));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && writePdf(samplePages(), file));
     file.close();
     return toolOutput(tool, arguments, file.fileName());
 }
 
 TEST(Pdf, TextsCanBeCopiedWithAllLetters) {
-    const QString text =
-        toolOutput(QStringLiteral("pdftotext"), {QStringLiteral("FILE"), QStringLiteral("-")});
+    const QString text = toolOutput(u"pdftotext"_s, {u"FILE"_s, u"-"_s});
     const QStringList pages = text.split(u'\f', Qt::SkipEmptyParts);
     ASSERT_EQ(pages.size(), 2);
     EXPECT_TRUE(pages[0].contains(slovak)) << text.toStdString();
-    EXPECT_TRUE(pages[0].contains(QStringLiteral("jeden")));
-    EXPECT_TRUE(pages[1].contains(QStringLiteral("dva")));
+    EXPECT_TRUE(pages[0].contains(u"jeden"_s));
+    EXPECT_TRUE(pages[1].contains(u"dva"_s));
 }
 
 TEST(Pdf, TextsStandWhereThePagesSay) {
-    const QString words =
-        toolOutput(QStringLiteral("pdftotext"),
-                   {QStringLiteral("-bbox"), QStringLiteral("FILE"), QStringLiteral("-")});
+    const QString words = toolOutput(u"pdftotext"_s, {u"-bbox"_s, u"FILE"_s, u"-"_s});
     const QRegularExpression word(
-        QStringLiteral(R"-(xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)"[^>]*>jeden<)-"));
+        uR"-(xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)"[^>]*>jeden<)-"_s);
     const auto match = word.match(words);
     ASSERT_TRUE(match.hasMatch()) << words.toStdString();
     const Pages pages = samplePages();
-    const QRectF extent = find(pages.pages[0], QStringLiteral("jeden")).extent();
+    const QRectF extent = find(pages.pages[0], u"jeden"_s).extent();
     EXPECT_NEAR(match.captured(1).toDouble() * 20, extent.left(), 4);
     EXPECT_NEAR(match.captured(2).toDouble() * 20, extent.top(), 20);
     EXPECT_NEAR(match.captured(3).toDouble() * 20, extent.right(), 4);
 }
 
 TEST(Pdf, IsA4WithItsTitleAndEmbeddedFonts) {
-    const QString info = toolOutput(QStringLiteral("pdfinfo"), {QStringLiteral("FILE")});
-    EXPECT_TRUE(info.contains(QRegularExpression(QStringLiteral("Title: +Zoznam škôl\n"))));
-    EXPECT_TRUE(info.contains(QRegularExpression(QStringLiteral("Page size: +842 x 595 pts"))))
+    const QString info = toolOutput(u"pdfinfo"_s, {u"FILE"_s});
+    EXPECT_TRUE(info.contains(QRegularExpression(u"Title: +Zoznam škôl\n"_s)));
+    EXPECT_TRUE(info.contains(QRegularExpression(u"Page size: +842 x 595 pts"_s)))
         << info.toStdString();
-    const QString fonts = toolOutput(QStringLiteral("pdffonts"), {QStringLiteral("FILE")});
+    const QString fonts = toolOutput(u"pdffonts"_s, {u"FILE"_s});
     // name, type, encoding, embedded, subset, unicode
-    EXPECT_TRUE(fonts.contains(QRegularExpression(
-        QStringLiteral("LiberationSans +CID TrueType +Identity-H +yes +\\w+ +yes"))))
+    EXPECT_TRUE(fonts.contains(
+        QRegularExpression(u"LiberationSans +CID TrueType +Identity-H +yes +\\w+ +yes"_s)))
         << fonts.toStdString();
 }
 
 TEST(Pdf, PageRangesOfTheDeviceAreHeeded) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("range.pdf"));
+    const QString path = folder.filePath(u"range.pdf"_s);
     QPdfWriter writer(path);
-    writer.setPageRanges(QPageRanges::fromString(QStringLiteral("2-5")));
+    writer.setPageRanges(QPageRanges::fromString(u"2-5"_s));
     ASSERT_TRUE(printPages(samplePages(), writer));
-    const QString text = toolOutput(QStringLiteral("pdftotext"),
-                                    {QStringLiteral("FILE"), QStringLiteral("-")}, path);
-    EXPECT_EQ(text.simplified(), QStringLiteral("dva"));
+    const QString text = toolOutput(u"pdftotext"_s, {u"FILE"_s, u"-"_s}, path);
+    EXPECT_EQ(text.simplified(), u"dva"_s);
 }
 
 /// Takes a few bytes and no more, as a full disk does.

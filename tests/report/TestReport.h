@@ -39,11 +39,6 @@ class ListSource : public RowSource {
     qsizetype at_ = -1;
 };
 
-/// A source of that many equal rows.
-inline ListSource equalRows(qsizetype count, const QStringList& row) {
-    return ListSource(QList<QStringList>(count, row));
-}
-
 inline Control label(const QString& name, int left, int top, int width, const QString& caption) {
     return {.kind = ControlKind::Label,
             .name = name,

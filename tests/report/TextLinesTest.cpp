@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-#include <string>
+#include <tuple>
 
 using namespace report;
 using namespace report::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,50 +23,34 @@ QStringList broken(const std::vector<Paragraph>& paragraphs, double width) {
     return lines;
 }
 
-struct WrapCase {
-    QString text;
-    int letters;
-    QStringList lines;
-};
-
-void PrintTo(const WrapCase& c, std::ostream* out) {
-    *out << c.text.toStdString();
-}
-
-class WrapTest : public testing::TestWithParam<WrapCase> {};
-
-TEST_P(WrapTest, BreaksBetweenWords) {
-    const auto& c = GetParam();
-    EXPECT_EQ(broken(plainParagraphs(c.text, {}), c.letters * 100.0), c.lines);
-}
-
-WrapCase wrap(const char16_t* text, int letters, const char16_t* lines) {
-    return {QString::fromUtf16(text), letters, QString::fromUtf16(lines).split(u'/')};
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, WrapTest,
-    testing::Values(wrap(u"", 5, u""), wrap(u"päť", 5, u"päť"), wrap(u"päť š", 5, u"päť š"),
-                    wrap(u"päť šiestich", 5, u"päť/šiest/ich"), wrap(u"aa bb cc", 5, u"aa bb/cc"),
-                    wrap(u"aa bb   cc", 5, u"aa bb/cc"), wrap(u"aa\nbb", 9, u"aa/bb"),
-                    wrap(u"aa\r\n\r\nbb", 9, u"aa//bb"), wrap(u"aa\n", 9, u"aa/"),
-                    wrap(u"a\tb", 9, u"a b"), wrap(u"  aa bb", 4, u"  aa/bb"),
-                    wrap(u"najneobhospodarovateľnejší", 8, u"najneobh/ospodaro/vateľnej/ší"),
-                    wrap(u"a\u00A0b c", 3, u"a\u00A0b/c"), wrap(u"abc", 0, u"a/b/c")));
-
-TEST(Lines, WithoutLimitAreBrokenAtLineFeedsOnly) {
-    EXPECT_EQ(broken(plainParagraphs(QStringLiteral("aa bb\ncc dd"), {}), unlimitedWidth),
-              (QStringList{QStringLiteral("aa bb"), QStringLiteral("cc dd")}));
+TEST(Lines, BreakBetweenWords) {
+    const std::tuple<const char16_t*, int, const char16_t*> cases[] = {
+        {u"", 5, u""},
+        {u"päť", 5, u"päť"},
+        {u"päť š", 5, u"päť š"},
+        {u"päť šiestich", 5, u"päť/šiest/ich"},
+        {u"aa bb cc", 5, u"aa bb/cc"},
+        {u"aa bb   cc", 5, u"aa bb/cc"},
+        {u"aa\nbb", 9, u"aa/bb"},
+        {u"aa\r\n\r\nbb", 9, u"aa//bb"},
+        {u"aa\n", 9, u"aa/"},
+        {u"a\tb", 9, u"a b"},
+        {u"  aa bb", 4, u"  aa/bb"},
+        {u"najneobhospodarovateľnejší", 8, u"najneobh/ospodaro/vateľnej/ší"},
+        {u"a\u00A0b c", 3, u"a\u00A0b/c"},
+        {u"abc", 0, u"a/b/c"},
+        {u"\U0001F600\U0001F600", 1, u"\U0001F600/\U0001F600"},
+    };
+    for (const auto& [text, letters, lines] : cases)
+        EXPECT_EQ(broken(plainParagraphs(QString::fromUtf16(text), {}), letters * 100.0),
+                  QString::fromUtf16(lines).split(u'/'));
+    EXPECT_EQ(broken(plainParagraphs(u"aa bb\ncc dd"_s, {}), unlimitedWidth),
+              (QStringList{u"aa bb"_s, u"cc dd"_s}));
 }
 
 TEST(Lines, AreFoundQuicklyInEndlessWords) {
     const QString endless(200000, u'x');
     EXPECT_EQ(broken(plainParagraphs(endless, {}), 10000).size(), 2000);
-}
-
-TEST(Lines, LettersOfSeveralUnitsStayWhole) {
-    const QString face = QStringLiteral("\U0001F600");
-    EXPECT_EQ(broken(plainParagraphs(face + face, {}), 100), (QStringList{face, face}));
 }
 
 TEST(Lines, BlankOnesHaveTheHeightOfTheirStyle) {
@@ -77,17 +61,13 @@ TEST(Lines, BlankOnesHaveTheHeightOfTheirStyle) {
 }
 
 TEST(RichText, KeepsStylesAndListsAndWrapsOverThem) {
-    const QString html =
-        QStringLiteral("<html><body><p>ab <b>cd</b>ef <i>gh</i><br/>x &lt; y</p>"
-                       "<ul><li>jeden</li><li>dva</li></ul><ol><li><u>tri</u></li></ol></body>");
+    const QString html = u"<html><body><p>ab <b>cd</b>ef <i>gh</i><br/>x &lt; y</p>"
+                         "<ul><li>jeden</li><li>dva</li></ul><ol><li><u>tri</u></li></ol></body>"_s;
     const auto paragraphs = richParagraphs(html, {});
-    EXPECT_EQ(broken(paragraphs, unlimitedWidth),
-              (QStringList{QStringLiteral("ab |cd|ef |gh"), QStringLiteral("x < y"),
-                           QStringLiteral("•|jeden"), QStringLiteral("•|dva"),
-                           QStringLiteral("1.|tri")}));
+    EXPECT_EQ(broken(paragraphs, unlimitedWidth).join(u'/'),
+              u"ab |cd|ef |gh/x < y/•|jeden/•|dva/1.|tri"_s);
     // "ab " 300, bold "cd" 400, "ef" 200: the word of two styles does not fit beside "ab".
-    EXPECT_EQ(broken({paragraphs[0]}, 850),
-              (QStringList{QStringLiteral("ab"), QStringLiteral("cd|ef"), QStringLiteral("gh")}));
+    EXPECT_EQ(broken({paragraphs[0]}, 850).join(u'/'), u"ab/cd|ef/gh"_s);
     EXPECT_TRUE(paragraphs[0].runs[1].style.bold);
     EXPECT_TRUE(paragraphs[0].runs[3].style.italic);
     EXPECT_TRUE(paragraphs[4].runs[0].style.underline);
@@ -95,7 +75,7 @@ TEST(RichText, KeepsStylesAndListsAndWrapsOverThem) {
 
 TEST(RichText, ListItemsAreIndentedWithTheirBulletBeforeThem) {
     const auto lines =
-        breakLines(richParagraphs(QStringLiteral("<ul><li>aa bb</li></ul>"), {}), 700, GridMeter());
+        breakLines(richParagraphs(u"<ul><li>aa bb</li></ul>"_s, {}), 700, GridMeter());
     ASSERT_EQ(lines.size(), 2);
     EXPECT_LT(lines[0].runs[0].left + lines[0].runs[0].width, lines[0].runs[1].left);
     EXPECT_EQ(lines[0].runs[1].left, lines[1].runs[0].left);
@@ -103,16 +83,10 @@ TEST(RichText, ListItemsAreIndentedWithTheirBulletBeforeThem) {
 }
 
 TEST(RichText, KeepsBlankParagraphsAndRowsOfBlanks) {
-    const auto paragraphs = richParagraphs(
-        QStringLiteral("<p>a   b</p><p></p><p>c</p><ul><li></li><li>d</li></ul>"), {});
-    EXPECT_EQ(broken(paragraphs, unlimitedWidth),
-              (QStringList{QStringLiteral("a   b"), QString(), QStringLiteral("c"),
-                           QStringLiteral("•"), QStringLiteral("•|d")}));
-}
-
-TEST(RichText, PlainTextStaysAsTyped) {
-    const QString typed = QStringLiteral("a < b\nc & d");
-    EXPECT_EQ(richParagraphs(typed, {}), plainParagraphs(typed, {}));
+    const QString html = u"<p>a   b</p><p></p><p>c</p><ul><li></li><li>d</li></ul>"_s;
+    EXPECT_EQ(broken(richParagraphs(html, {}), unlimitedWidth).join(u'/'), u"a   b//c/•/•|d"_s);
+    const QString plain = u"a < b\nc & d"_s;
+    EXPECT_EQ(richParagraphs(plain, {}), plainParagraphs(plain, {}));
 }
 
 } // namespace
