@@ -22,13 +22,8 @@ QStringList countedColumns(const Counts& counts) {
     return columns;
 }
 
-struct ClientCase {
-    CountedClient client;
-    QString columns;
-};
-
 TEST(CountsTest, aClientCountsInTheColumnsOfItsImpairment) {
-    const ClientCase cases[] = {
+    const std::pair<CountedClient, QString> cases[] = {
         {{u"M"_s, u"1"_s}, u"spolu p_autiz"_s},
         {{u"M"_s, u"2"_s}, u"spolu p_menta"_s},
         {{u"M"_s, u"3"_s}, u"spolu p_sluch"_s},
