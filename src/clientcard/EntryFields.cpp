@@ -11,6 +11,7 @@
 #include "forms/MessageBox.h"
 #include "store/SqlFunctions.h"
 #include "validation/Validators.h"
+#include "validation/modKontrola.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -29,6 +30,10 @@ const EntryRow& rowOf(int element) {
 
 bool isParentsAge(int element) {
     return rowOf(element).rule == Rule::ParentAge;
+}
+
+bool isZero(const QString& text) {
+    return !text.isEmpty() && text.count(u'0') == text.size();
 }
 
 bool walks(int key) {
@@ -85,8 +90,7 @@ void EntryFields::gotFocus(const forms::Control& control) {
     forms::EntryField& entry = field(control.index());
     control.setTag(QString());
     entry.trimAndSelect();
-    if (isParentsAge(control.index()) && !entry.text().isEmpty() &&
-        modKontrola::Val(entry.text()) == 0)
+    if (isParentsAge(control.index()) && isZero(entry.text()))
         entry.clear();
 }
 
@@ -120,6 +124,9 @@ void EntryFields::keyDown(const forms::Control& control, int& key,
     } else if (found == Checked::Passed) {
         control.setTag(QStringLiteral("BK"));
         walk(element, pressed);
+        // Where the walk ends, what is typed next is still to be checked.
+        if (frame_.guard().activeControl() == control)
+            control.setTag(QString());
     }
 }
 
@@ -207,8 +214,15 @@ Checked EntryFields::lookUp(int element, bool byName) {
     return answer(pickers_.lookUp(element, field(element), byName));
 }
 
+/// A client written on the way still counts as new, so the search would find the client's own row
+/// and never let go of the field. The number in that row is not asked about.
+bool EntryFields::isOwnNumber(int element) const {
+    return modKontrola::gAkcia == 1 && !field(element).dataChanged() &&
+           frame_.data().datZaklad().Recordset().EditMode() == store::EditState::Edit;
+}
+
 Checked EntryFields::checkCatalogueNumber(int element) {
-    if (!frame_.cycle().kon_katCislo(text(element)))
+    if (isOwnNumber(element) || !frame_.cycle().kon_katCislo(text(element)))
         return Checked::Passed;
     forms::showMessage(
         &frame_.window(),

@@ -51,6 +51,8 @@ class SexPick : public forms::FieldEvents {
         if (area != forms::Area::Item || pick_->pick() < 0)
             return;
         field_.setText(pick_->text().left(1));
+        // The field says what holds; another value may come into it later.
+        pick_->setPick(-1);
         forms::moveFocus(&field_);
     }
     void keyDown(const forms::Control& /*control*/, int& key,
@@ -156,8 +158,10 @@ void EntryTabs::showRow() {
 void EntryTabs::zapisPostih() {
     options_.put(row());
     // An empty date is Null; the binding gives a date column nothing else for it.
-    for (std::size_t i = 0; i < impairments_.size(); ++i)
+    for (std::size_t i = 0; i < impairments_.size(); ++i) {
+        impairments_[i].takePending();
         row().Fields(impairmentColumns[i].column).setValue(impairments_[i].joined());
+    }
 }
 
 void EntryTabs::tellMissing(const QString& message) {
@@ -170,8 +174,9 @@ bool EntryTabs::isChanged() const {
     if (!frame_.data().datZaklad().isOpen() || row().EditMode() == store::EditState::None)
         return false;
     const auto differs = [this](std::size_t i) {
-        return trimBlanks(impairments_[i].joined()) !=
-               trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
+        return impairments_[i].isPending() ||
+               trimBlanks(impairments_[i].joined()) !=
+                   trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
     };
     return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
            differs(2);

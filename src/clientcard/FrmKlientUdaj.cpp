@@ -85,7 +85,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(tabs, 1);
     lines->addLayout(buttons);
-    perform([this] { otvorKlienta(); });
+    otvorKlienta();
 }
 
 FrmKlientUdaj::~FrmKlientUdaj() = default;
@@ -169,11 +169,23 @@ void FrmKlientUdaj::otvorKlienta() {
     data_.otvorZaznamy(modKontrola::gIdKod);
     data_.otvorCiselniky();
     modKontrola::gZVyberu = false;
-    if (modKontrola::gAkcia == 2) {
-        data_.datZaklad().Recordset().Edit();
-        data_.datMemo().Recordset().Edit();
-        return;
-    }
+    if (modKontrola::gAkcia == 2)
+        openExisting();
+    else
+        openNew();
+}
+
+void FrmKlientUdaj::openExisting() {
+    // The source stands on somebody else's row when the client has gone since the list was read.
+    if (data_.datZaklad().Recordset().NoMatch())
+        throw store::EngineError(
+            store::ErrorNumber::NoCurrentRecord,
+            QStringLiteral("Klient s kľúčom „%1“ už v databáze nie je.").arg(modKontrola::gIdKod));
+    data_.datZaklad().Recordset().Edit();
+    perform([this] { data_.datMemo().Recordset().Edit(); });
+}
+
+void FrmKlientUdaj::openNew() {
     zamkniZalozky();
     data_.datZaklad().Recordset().AddNew();
     data_.datMemo().Recordset().AddNew();
@@ -236,26 +248,40 @@ void FrmKlientUdaj::endEdit() {
 }
 
 void FrmKlientUdaj::act(Button button) {
-    perform([&] {
-        switch (button) {
-        case cmdZaklUd:
-            return cmdZaklUdClick();
-        case cmdZakZap:
-            return cmdZakZapClick();
-        case CmdZap:
-            return CmdZapClick();
-        case cmdZapNew:
-            return cmdZapNewClick();
-        case cmdStorno:
-            return cmdStornoClick();
-        case cmdTlac:
-            return print_ ? print_(SSTab1_->currentRow()) : void();
-        case cmdSave:
-        case buttonCount:
-            return;
-        }
-    });
+    perform([&] { press(button); });
+    perform([this] { recoverNew(); });
     tellNotWritten();
+}
+
+void FrmKlientUdaj::press(Button button) {
+    switch (button) {
+    case cmdZaklUd:
+        return cmdZaklUdClick();
+    case cmdZakZap:
+        return cmdZakZapClick();
+    case CmdZap:
+        return CmdZapClick();
+    case cmdZapNew:
+        return cmdZapNewClick();
+    case cmdStorno:
+        return cmdStornoClick();
+    case cmdTlac:
+        return print_ ? print_(SSTab1_->currentRow()) : void();
+    case cmdSave:
+    case buttonCount:
+        return;
+    }
+}
+
+/// A new client who could not be written has lost the open row, and the source stands on somebody
+/// else: the card begins anew.
+void FrmKlientUdaj::recoverNew() {
+    if (!isVisible() || modKontrola::gAkcia != 1 || !data_.datZaklad().isOpen() ||
+        data_.datZaklad().Recordset().EditMode() != store::EditState::None)
+        return;
+    openNew();
+    turnTo(0);
+    entry_->focusElement(0);
 }
 
 /// @param turnsTab for a missing name the first tab is turned to. A missing catalogue number never
@@ -286,8 +312,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
     entry_->focusElement(0);
 }
 
-/// Opens the client's row for the further edit. A client who could not be written is not there;
-/// then nobody else's row may be opened instead.
+/// Opens the client's row for the further edit, if it is there (see recoverNew()).
 void FrmKlientUdaj::reopen(store::DataSource& source, const QString& recordSource) {
     if (source.RecordSource() != recordSource) {
         source.setRecordSource(recordSource);
@@ -321,9 +346,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
     modKontrola::gIdKod.clear();
     modKontrola::gMenoKlienta.clear();
     data_.otvorZaznamy(QString());
-    zamkniZalozky();
-    data_.datZaklad().Recordset().AddNew();
-    data_.datMemo().Recordset().AddNew();
+    openNew();
     modKontrola::gAkcia = 1;
     turnTo(0);
     entry_->focusElement(0);
@@ -366,7 +389,8 @@ void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
     QDialog::closeEvent(event);
 }
 
-/// Closing by the frame writes a client who has a key, and drops one who was never saved.
+/// Closing by the frame writes a client who has a key, when the field in focus lets go, and drops
+/// one who was never saved.
 /// @return false to stay open
 bool FrmKlientUdaj::endsByFrame() {
     const bool isNew = data_.datZaklad().isOpen() &&
@@ -386,6 +410,8 @@ bool FrmKlientUdaj::endsByFrame() {
             return false;
         data_.datZaklad().Recordset().CancelUpdate();
         data_.datMemo().Recordset().CancelUpdate();
+    } else if (!forms::moveFocus(SSTab1_)) {
+        return false;
     }
     perform([this] {
         for (const auto& family : families_)

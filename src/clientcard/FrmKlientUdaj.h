@@ -23,11 +23,14 @@ class QStackedWidget;
 namespace clientcard {
 
 /// The card of a client: fourteen tabs, and below them the buttons that save. What it is to show
-/// is in `gAkcia`, `gIdKod` and `gMenoKlienta` when it is made; run it by exec().
+/// is in `gAkcia`, `gIdKod` and `gMenoKlienta` when it is made; run it by exec(). Whoever has gone
+/// from the register can't be opened.
 class FrmKlientUdaj : public QDialog, private CardFrame {
     Q_OBJECT
   public:
     /// @param engine, folder must outlive the card
+    /// @throws store::EngineError 3021 when the client is not there, and what the opening of the
+    /// sources throws
     FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                   QWidget* parent = nullptr);
     ~FrmKlientUdaj() override;
@@ -68,12 +71,16 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     TabFamily& familyOf(int tab) const;
 
     void otvorKlienta();
+    void openExisting();
+    void openNew();
     void zamkniZalozky();
     void zalozkaKlik(int tab);
     void turnBy(int step);
     void enableTabs(int from, bool enabled);
 
     void act(Button button);
+    void press(Button button);
+    void recoverNew();
     bool saves(bool turnsTab);
     void cmdZaklUdClick();
     void cmdZakZapClick();

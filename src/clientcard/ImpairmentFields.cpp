@@ -111,9 +111,8 @@ void ImpairmentFields::show(const QString& stored) {
     enableAssociated(hasImpairment(stored));
 }
 
-bool ImpairmentFields::isEmpty() const {
-    return trimBlanks(joined()).isEmpty() && dominant_.text().isEmpty() &&
-           associated_.text().isEmpty();
+bool ImpairmentFields::isPending() const {
+    return !dominant_.text().isEmpty() || !associated_.text().isEmpty();
 }
 
 void ImpairmentFields::showSlots() {
@@ -163,6 +162,13 @@ bool ImpairmentFields::takeAssociated() {
     showSlots();
     associated_.clear();
     return false;
+}
+
+void ImpairmentFields::takePending() {
+    takeDominant();
+    const auto& taken = state_.slotTexts();
+    if (std::ranges::find(taken, associated_.text()) == taken.end())
+        takeAssociated();
 }
 
 void ImpairmentFields::pickDominant() {

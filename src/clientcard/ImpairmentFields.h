@@ -53,8 +53,12 @@ class ImpairmentFields : public forms::FieldEvents {
     /// (`nastavPristup`).
     void show(const QString& stored);
     QString joined() const { return state_.joined(); }
-    bool isEmpty() const;
+    /// A digit stands in one of the two fields.
+    bool isPending() const;
 
+    /// Takes over the digits of isPending(): the user went from there to a picker and picked
+    /// nothing. Says nothing of a code that is there already.
+    void takePending();
     /// Takes over what was typed into the dominant field. @return true to keep the focus
     bool takeDominant();
     /// Takes over what was typed into the associated field. @return true to keep the focus

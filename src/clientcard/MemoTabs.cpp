@@ -16,7 +16,7 @@ namespace {
 
 class MemoTabs : public TabFamily {
   public:
-    explicit MemoTabs(CardFrame& frame) : binding_(frame.data().datMemo()) {}
+    explicit MemoTabs(CardFrame& frame);
 
     QWidget* makePage(int tab, QWidget* parent) override;
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
@@ -25,9 +25,23 @@ class MemoTabs : public TabFamily {
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
   private:
+    void enableByRow();
+
+    store::DataSource& source_;
     std::map<int, forms::RichText*> fields_;
     forms::Binding binding_;
 };
+
+MemoTabs::MemoTabs(CardFrame& frame) : source_(frame.data().datMemo()), binding_(source_) {
+    QObject::connect(&source_, &store::DataSource::repositioned, &binding_,
+                     [this] { enableByRow(); });
+}
+
+/// Without an open row, as of a client whose row is missing, what was typed would go nowhere.
+void MemoTabs::enableByRow() {
+    for (const auto& [tab, field] : fields_)
+        field->setEnabled(source_.Recordset().EditMode() != store::EditState::None);
+}
 
 QWidget* MemoTabs::makePage(int tab, QWidget* parent) {
     const TabRow& row = tabTable()[std::size_t(tab)];

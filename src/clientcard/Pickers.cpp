@@ -57,9 +57,14 @@ bool Pickers::lookUp(int element, forms::EntryField& field, bool byName) {
     const bool held = modKontrola::kontrolaCiselnik(
         picker(index), field, frame_.data().source(row.dataSource), byName,
         QString::fromUtf16(row.table), QStringLiteral("kod"), QStringLiteral("nazov"));
-    if (!held && !byName)
+    if (held)
+        return true;
+    // What is typed into the field later must not meet an old pick again.
+    if (byName)
+        picker(index).setText(field.text());
+    else
         showMeaning(index);
-    return held;
+    return false;
 }
 
 void Pickers::showMeanings() {

@@ -1,10 +1,12 @@
 #include "tour/Guide.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -58,10 +60,14 @@ void Guide::key(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void Guide::type(const QString& text) {
-    QWidget* field = inFront().focusWidget();
+    QWidget* opened = QApplication::activePopupWidget();
+    QWidget* field =
+        opened != nullptr ? opened->findChild<QAbstractItemView*>() : inFront().focusWidget();
     if (field == nullptr)
         giveUp(QStringLiteral("Nothing to type into"));
-    QTest::keyClicks(field, text);
+    // Not all letters lie on a key of their own.
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), {});
 }
 
 void Guide::inModalWindow(std::function<void(QWidget&)> steps) {
@@ -75,15 +81,19 @@ void Guide::allCame() const {
 
 void Guide::look() {
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || modal == seen_ || !modal->isVisible())
+    std::erase_if(seen_,
+                  [](const auto& window) { return window == nullptr || !window->isVisible(); });
+    if (modal == nullptr || !modal->isVisible() ||
+        std::ranges::find(seen_, modal, &QPointer<QWidget>::data) != seen_.end())
         return;
-    seen_ = modal;
     if (awaited_.empty())
         giveUp(QStringLiteral("An unexpected window: ") + modal->windowTitle());
-    const auto steps = std::move(awaited_.front());
+    seen_.emplace_back(modal);
+    // Not from here: while the steps run, this timer must go on to see the boxes that they bring.
+    QMetaObject::invokeMethod(
+        this, [modal, steps = std::move(awaited_.front())] { steps(*modal); },
+        Qt::QueuedConnection);
     awaited_.pop_front();
-    steps(*modal);
-    seen_ = nullptr;
 }
 
 } // namespace tour

@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <functional>
+#include <vector>
 
 namespace tour {
 
@@ -16,8 +17,7 @@ namespace tour {
 [[noreturn]] void giveUp(const QString& why);
 
 /// Walks through the windows as a user does, by keys and clicks, and takes pictures on the way.
-/// Whatever is not as expected ends
-/// the program.
+/// Whatever is not as expected ends the program.
 class Guide : public QObject {
     Q_OBJECT
   public:
@@ -46,7 +46,7 @@ class Guide : public QObject {
     QWidget& window_;
     QTimer looker_;
     std::deque<std::function<void(QWidget&)>> awaited_;
-    QPointer<QWidget> seen_;
+    std::vector<QPointer<QWidget>> seen_;
     int taken_ = 0;
 };
 

@@ -10,6 +10,7 @@ class Guide;
 
 /// The main roads through the program, each from a window without a card open back to it.
 void walkLists(Guide& guide);
+void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
 void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
 

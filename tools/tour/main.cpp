@@ -43,6 +43,7 @@ void walk(const QString& output) {
     tour::Guide guide(output, window);
     guide.picture(QStringLiteral("start"));
     tour::walkLists(guide);
+    tour::walkClientCard(guide);
     tour::walkSchoolYear(guide);
     tour::walkTableOne(guide, window);
     guide.allCame();

@@ -1,0 +1,174 @@
+#include "CardScreen.h"
+#include "store/EngineError.h"
+
+#include <QTextEdit>
+
+#include <sqlite3.h>
+
+using cardtest::CardTest;
+using cardtest::text;
+
+namespace {
+
+class CardTroubleTest : public CardTest {
+  protected:
+    /// From now on the file refuses an action, as "insert on k_zaklad".
+    void refuse(const char* action) {
+        reg.letGo();
+        reg.engine.commitPending();
+        sqlite3* file = nullptr;
+        sqlite3_open(qPrintable(reg.folder.database()), &file);
+        const QString sql = text("create trigger refusal before %1 begin "
+                                 "select raise(abort, 'refused'); end");
+        EXPECT_EQ(sqlite3_exec(file, qPrintable(sql.arg(text(action))), nullptr, nullptr, nullptr),
+                  SQLITE_OK);
+        sqlite3_close(file);
+    }
+    void expectNotWritten() {
+        boxes.expect({.text = text("Tieto údaje sa nezapísali:\n\nzáznam\n"
+                                   "Chyba č. 3000: Chyba databázového stroja: refused."),
+                      .title = text("Chybová správa"),
+                      .icon = QMessageBox::Warning});
+    }
+    void enterNewClient() {
+        open();
+        enter("jana");
+        enter("novotna");
+        goTo(6);
+        enter("17");
+    }
+};
+
+} // namespace
+
+TEST_F(CardTroubleTest, WhoHasGoneFromTheRegisterIsNotOpened) {
+    insertClient("NOVOTNEV00");
+    modKontrola::gAkcia = 2;
+    modKontrola::gIdKod = text("MALYJA00");
+    try {
+        const clientcard::FrmKlientUdaj opened(reg.engine, reg.folder);
+        FAIL() << "somebody else was opened";
+    } catch (const store::EngineError& error) {
+        EXPECT_EQ(error.number(), store::ErrorNumber::NoCurrentRecord);
+        EXPECT_EQ(error.description(), text("Klient s kľúčom „MALYJA00“ už v databáze nie je."));
+    }
+    EXPECT_EQ(stored("meno"), text("Eva"));
+}
+
+TEST_F(CardTroubleTest, AClientWithoutAMemoRowIsReportedAndTheRestCanBeEdited) {
+    insertClient("NOVOTNEV00");
+    reg.execute({text("delete from k_memo"), text("insert into k_navstevy (idkod) values "
+                                                  "('NOVOTNEV00')")});
+    boxes.expect({.text = text("Chyba č. 3021\n\nNie je žiadny aktuálny záznam."),
+                  .icon = QMessageBox::Critical});
+    open(text("NOVOTNEV00"));
+    boxes.allCame();
+    EXPECT_FALSE(at<QWidget>("rtbDUK(1)").isEnabled()) << "the text would go nowhere";
+    goTo(1);
+    enter("Mala");
+    pressByKeys("CmdZap");
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(stored("idkod"), text("MALAEV00"));
+    EXPECT_EQ(stored("idkod", "k_navstevy"), text("MALAEV00"));
+    EXPECT_EQ(reg.count(text("k_memo")), 0);
+}
+
+TEST_F(CardTroubleTest, WhatTheSavePassesOverIsToldOnceAfterIt) {
+    insertClient("NOVOTNEV00");
+    refuse("update on k_zaklad");
+    open(text("NOVOTNEV00"));
+    goTo(12);
+    enter("Dlha 1");
+    expectNotWritten();
+    pressByKeys("CmdZap");
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(stored("ulica"), QString());
+}
+
+TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenLeavesAnEmptyCardAndNobodyElses) {
+    insertClient("NOVOTNEV00");
+    refuse("insert on k_zaklad");
+    enterNewClient();
+    expectNotWritten();
+    pressByKeys("cmdZaklUd");
+    boxes.allCame();
+    EXPECT_EQ(focused(), text("textKrz(0)"));
+    EXPECT_EQ(field(1).text(), QString());
+    EXPECT_FALSE(isEnabled(1));
+    EXPECT_TRUE(at<QPushButton>("cmdZaklUd").isVisible());
+    EXPECT_EQ(reg.count(text("k_zaklad")), 1);
+}
+
+TEST_F(CardTroubleTest, TheNumberOfAClientSavedOnTheWayIsOnlyAskedAboutWhenItIsChanged) {
+    reg.execute({text("insert into k_zaklad (idkod, katcis) values ('MALYJA00', '7')")});
+    enterNewClient();
+    pressByKeys("cmdZaklUd");
+    const auto leaves = [&](const char* number) {
+        goTo(6);
+        enter(number);
+        return focused() == text("textKrz(7)");
+    };
+    EXPECT_TRUE(leaves(""));
+    expect("V databáze už existuje klient s tým istým kat.číslom!", "Upozornenie",
+           QMessageBox::Information);
+    EXPECT_FALSE(leaves("7"));
+    EXPECT_TRUE(leaves("18"));
+    EXPECT_TRUE(leaves("17")) << "back to its own";
+}
+
+TEST_F(CardTroubleTest, DigitsThatWereNotTakenOverYetAreSaved) {
+    struct Case {
+        const char* typed;
+        Qt::Key key;
+        const char* stored;
+    };
+    // Left for the picker beside it, or behind a key that found nothing to check.
+    for (const Case& c :
+         {Case{"3", Qt::Key_Tab, "3        "}, Case{"\r3", Qt::Key_F6, "3        "},
+          Case{"3\r5\r7", Qt::Key_F6, "357      "}, Case{"3\r5\r3", Qt::Key_Tab, "35       "}}) {
+        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        insertClient("NOVOTNEV00");
+        open(text("NOVOTNEV00"));
+        goTo(18);
+        for (const char* k = c.typed; *k != '\0'; ++k)
+            *k == '\r' ? key(Qt::Key_Return) : QTest::keyClick(keyboard(), *k);
+        key(c.key);
+        press(at<QPushButton>("CmdZap"));
+        EXPECT_EQ(stored("postih"), text(c.stored)) << c.typed;
+    }
+}
+
+TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
+    open();
+    for (const auto& [element, picked, typed] :
+         {std::tuple{2, "n", "Bab"}, std::tuple{8, "0", "02"}}) {
+        reg.execute({text("insert into c_narodn (kod, nazov) values ('02', 'madarska')")});
+        open();
+        goTo(element);
+        key(Qt::Key_F4);
+        type(picked);
+        key(Qt::Key_Return);
+        enter();
+        goTo(element);
+        enter(typed);
+        EXPECT_EQ(field(element).text(), text(typed));
+    }
+}
+
+TEST_F(CardTroubleTest, ClosingByTheFrameChecksTheFieldInFocus) {
+    insertClient("NOVOTNEV00");
+    open(text("NOVOTNEV00"));
+    goTo(4);
+    type("1.13.2000");
+    for (const auto answer : {QMessageBox::Retry, QMessageBox::Cancel}) {
+        boxes.expect({.text = text("Chybný dátum, zadaj v tvare dd.mm.rrrr!"),
+                      .title = text("Chybová správa"),
+                      .icon = QMessageBox::Warning,
+                      .buttons = QMessageBox::Retry | QMessageBox::Cancel,
+                      .answer = answer});
+        EXPECT_EQ(focused(), text("textKrz(4)"));
+        card->close();
+        EXPECT_EQ(card->isVisible(), answer == QMessageBox::Retry);
+    }
+    EXPECT_EQ(stored("datnar"), QString());
+}
