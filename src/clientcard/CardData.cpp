@@ -36,30 +36,38 @@ constexpr std::array<SourceRow, 4> datedSources = {{
     {u"datZaznam_zmeny", u"k_zaznam_zmeny"},
 }};
 
-QString placementsOf(const QString& key) {
-    return QStringLiteral(
-               "select *,(format(vzar_od,'dd') + '.' + format(vzar_od,'mm') + '.' + "
-               "format(vzar_od,'yyyy') + ' - ' + format(vzar_do,'dd') + '.' + "
-               "format(vzar_do,'mm') + '.' + format(vzar_do,'yyyy')) as kedy from k_zariad where "
-               "akronym = 'VYCH' and idkod= %1 order by vzar_od")
-        .arg(store::quoted(key));
-}
-
-QString datedRowsOf(QStringView table, const QString& key) {
-    return QStringLiteral("select *,(format(datum,'dd') + '.' + format(datum,'mm') + '.' + "
-                          "format(datum,'yyyy')) as kedy from %1 where idkod= %2 order by datum")
-        .arg(table, store::quoted(key));
-}
-
-constexpr QStringView placementCodes =
-    u"SELECT *,(format(kod, '00')+space(2)+chr(124)+space(2)+ nazov) as roleta from "
-    "c_zariad where akronym = 'VYCH' order by kod";
-
 constexpr QStringView employees =
     u"select *,(trim(priezv) + space(1) + trim(meno)) as spolu,(format(idkod, '         ')+chr(124)"
     "+trim(priezv)+ space(2) + trim(meno)) as roleta from zamestnanci order by priezv, meno";
 
 } // namespace
+
+QString placementsOf(const QString& key, QStringView akronym) {
+    return QStringLiteral(
+               "select *,(format(vzar_od,'dd') + '.' + format(vzar_od,'mm') + '.' + "
+               "format(vzar_od,'yyyy') + ' - ' + format(vzar_do,'dd') + '.' + "
+               "format(vzar_do,'mm') + '.' + format(vzar_do,'yyyy')) as kedy from k_zariad where "
+               "akronym = '%1' and idkod= %2 order by vzar_od")
+        .arg(akronym, store::quoted(key));
+}
+
+QString placementCodes(QStringView akronym) {
+    return QStringLiteral(
+               "SELECT *,(format(kod, '00')+space(2)+chr(124)+space(2)+ nazov) as roleta from "
+               "c_zariad where akronym = '%1' order by kod")
+        .arg(akronym);
+}
+
+QString siblingsOf(const QString& key) {
+    return QStringLiteral("select * from k_surodenci where idkod = %1 order by meno")
+        .arg(store::quoted(key));
+}
+
+QString datedRecordsOf(QStringView table, const QString& key) {
+    return QStringLiteral("select *,(format(datum,'dd') + '.' + format(datum,'mm') + '.' + "
+                          "format(datum,'yyyy')) as kedy from %1 where idkod= %2 order by datum")
+        .arg(table, store::quoted(key));
+}
 
 QString keyCriterion(const QString& key) {
     return QStringLiteral("idkod =%1").arg(store::quoted(key));
@@ -96,17 +104,16 @@ void CardData::open(QStringView name, const QString& recordSource) const {
 void CardData::otvorZaznamy(const QString& key) {
     open(u"datMemo", QStringLiteral("select * from k_memo where idkod= %1 order by idkod")
                          .arg(store::quoted(key)));
-    open(u"datZariad", placementsOf(key));
+    open(u"datZariad", placementsOf(key, schools));
     for (const SourceRow& row : datedSources)
-        open(row.name, datedRowsOf(row.table, key));
+        open(row.name, datedRecordsOf(row.table, key));
     open(u"datZaklad", QStringLiteral("select * from k_zaklad"));
     datZaklad().Recordset().FindFirst(QStringLiteral("idkod= %1").arg(store::quoted(key)));
-    open(u"datSurodenci", QStringLiteral("select * from k_surodenci where idkod = %1 order by meno")
-                              .arg(store::quoted(key)));
+    open(u"datSurodenci", siblingsOf(key));
 }
 
 void CardData::otvorCiselniky() {
-    open(u"DatCisZar", placementCodes.toString());
+    open(u"DatCisZar", placementCodes(schools));
     open(u"datZamestnanci", employees.toString());
     for (const CodeListRow& row : codeListTable())
         open(row.dataSource, QString::fromUtf16(row.statement));

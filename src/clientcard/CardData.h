@@ -40,4 +40,14 @@ class CardData {
 /// The criterion by which a client's row is found.
 QString keyCriterion(const QString& key);
 
+/// The two kinds of placement, as the column `akronym` tells them apart.
+inline constexpr QStringView schools = u"VYCH";
+inline constexpr QStringView counselling = u"TVK";
+
+/// The record sources that give a client's records, and the codes of facilities.
+QString placementsOf(const QString& key, QStringView akronym);
+QString placementCodes(QStringView akronym);
+QString siblingsOf(const QString& key);
+QString datedRecordsOf(QStringView table, const QString& key);
+
 } // namespace clientcard

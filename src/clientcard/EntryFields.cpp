@@ -2,6 +2,7 @@
 
 #include "clientcard/CardData.h"
 #include "clientcard/ImpairmentFields.h"
+#include "clientcard/KeyRules.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
@@ -34,15 +35,6 @@ bool isParentsAge(int element) {
 
 bool isZero(const QString& text) {
     return !text.isEmpty() && text.count(u'0') == text.size();
-}
-
-bool walks(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Down || key == Qt::Key_Up ||
-           key == Qt::Key_PageUp || key == Qt::Key_PageDown;
-}
-
-bool opensPicker(int key, Qt::KeyboardModifiers modifiers) {
-    return key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers == Qt::AltModifier);
 }
 
 /// Pickers whose value the user is about to take; the sibling's are not among them.
@@ -95,14 +87,8 @@ void EntryFields::gotFocus(const forms::Control& control) {
 }
 
 void EntryFields::keyPress(const forms::Control& control, QChar& character) {
-    if (!rowOf(control.index()).digitsOnly || character == u'\r' || character == u'\b' ||
-        (character >= u'0' && character <= u'9'))
-        return;
-    forms::showMessage(&frame_.window(), {.text = QStringLiteral("Zadávaj len číselné hodnoty !"),
-                                          .title = QStringLiteral("Chybová správa"),
-                                          .icon = QMessageBox::Warning});
-    character = QChar::Null;
-    control.widget()->setFocus();
+    if (rowOf(control.index()).digitsOnly)
+        takeDigitsOnly(frame_.window(), control, character);
 }
 
 void EntryFields::keyDown(const forms::Control& control, int& key,
@@ -113,7 +99,7 @@ void EntryFields::keyDown(const forms::Control& control, int& key,
         pickers_.openFor(element);
         return;
     }
-    if (!walks(key) || modifiers.testFlag(Qt::ControlModifier))
+    if (!walks(key, modifiers))
         return;
     const int pressed = key;
     key = 0;

@@ -2,16 +2,15 @@
 
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryTable.h"
+#include "clientcard/FieldGrid.h"
 #include "clientcard/ImpairmentFields.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "forms/DropDown.h"
 
-#include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -56,59 +55,41 @@ constexpr Cell representativeCells[] = {
     {54, 3, 0, 6},  {55, 3, 1, 15}, {56, 4, 0, 30},
 };
 
-void setWidth(QWidget& field, int characters) {
-    const QFontMetrics metrics(field.font());
-    field.setFixedWidth(metrics.averageCharWidth() * characters + 16);
-}
-
 class FrameMaker {
   public:
     FrameMaker(const EntryControls& controls, QGroupBox& frame)
-        : controls_(controls), grid_(new QGridLayout) {
-        auto* lines = new QVBoxLayout(&frame);
-        lines->setContentsMargins(8, 6, 8, 6);
-        lines->addLayout(grid_);
-        grid_->setHorizontalSpacing(6);
-        grid_->setVerticalSpacing(4);
-    }
+        : controls_(controls), fields_(*new QVBoxLayout(&frame)) {}
 
     void place(std::span<const Cell> cells, int first) {
         for (const Cell& cell : cells)
             place(cell, first + cell.element);
     }
-    QGridLayout& grid() { return *grid_; }
+    QGridLayout& grid() { return fields_.grid(); }
 
   private:
     void place(const Cell& cell, int element) {
         const EntryRow& row = entryTable()[std::size_t(element)];
         forms::EntryField& field = controls_.fields.field(element);
-        auto* label = new QLabel(QString::fromUtf16(row.caption));
-        label->setBuddy(&field);
         setWidth(field, cell.characters);
-        auto* line = new QHBoxLayout;
-        line->setSpacing(2);
-        line->addWidget(&field);
-        addPick(*line, element, row);
-        line->addStretch();
-        grid_->addWidget(label, cell.row, 2 * cell.pair, Qt::AlignRight | Qt::AlignVCenter);
-        grid_->addLayout(line, cell.row, 2 * cell.pair + 1, 1, 2 * cell.pairs - 1);
+        fields_.add({cell.row, cell.pair, cell.pairs}, QString::fromUtf16(row.caption), field,
+                    pickOf(element, row));
     }
 
-    void addPick(QHBoxLayout& line, int element, const EntryRow& row) {
+    QWidget* pickOf(int element, const EntryRow& row) {
         if (element == sexElement) {
             controls_.cmbSex.setFixedWidth(46);
-            line.addWidget(&controls_.cmbSex);
+            return &controls_.cmbSex;
         }
         if (row.picker < 0)
-            return;
+            return nullptr;
         forms::DropDown& pick = controls_.pickers.picker(row.picker);
         // A municipality's picker would only repeat the field; that of codes says what they mean.
         pick.setFixedWidth(row.rule == Rule::NameLookup ? 24 : codePickWidth);
-        line.addWidget(&pick);
+        return &pick;
     }
 
     const EntryControls& controls_;
-    QGridLayout* grid_;
+    FieldGrid fields_;
 };
 
 QGroupBox* makeFrame(const QString& title, const QString& name, QWidget* parent) {

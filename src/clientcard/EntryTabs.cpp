@@ -7,6 +7,7 @@
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
+#include "clientcard/SexPick.h"
 #include "clientcard/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
@@ -35,38 +36,6 @@ constexpr std::array<ImpairmentColumn, 3> impairmentColumns = {{
     {u"matpos", Person::Mother, 33},
     {u"otepos", Person::Father, 48},
 }};
-
-/// The drop-down of the client's sex, `cmbPos(3)`.
-class SexPick : public forms::FieldEvents {
-  public:
-    SexPick(CardFrame& frame, forms::EntryField& field, QWidget* parent)
-        : field_(field), pick_(new forms::DropDown(parent)) {
-        pick_->setItems({QStringLiteral("M"), QStringLiteral("Z")});
-        pick_->setToolTip(QStringLiteral("výber z číselnika"));
-        frame.guard().watch(pick_, QStringLiteral("cmbPos"), 3, *this);
-    }
-    forms::DropDown& pick() const { return *pick_; }
-
-    void click(const forms::Control& /*control*/, forms::Area area) override {
-        if (area != forms::Area::Item || pick_->pick() < 0)
-            return;
-        field_.setText(pick_->text().left(1));
-        // The field says what holds; another value may come into it later.
-        pick_->setPick(-1);
-        forms::moveFocus(&field_);
-    }
-    void keyDown(const forms::Control& /*control*/, int& key,
-                 Qt::KeyboardModifiers /*modifiers*/) override {
-        if (key != Qt::Key_Escape)
-            return;
-        key = 0;
-        forms::moveFocus(&field_);
-    }
-
-  private:
-    forms::EntryField& field_;
-    forms::DropDown* pick_;
-};
 
 class EntryTabs : public TabFamily, public KeyFields {
   public:
@@ -109,7 +78,8 @@ class EntryTabs : public TabFamily, public KeyFields {
 EntryTabs::EntryTabs(CardFrame& frame)
     : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())), pickers_(frame, &workshop_),
       fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
-      sexPick_(frame, fields_.field(sex), &workshop_),
+      sexPick_(frame.guard(), fields_.field(sex), QStringLiteral("cmbPos"), 3,
+               QStringLiteral("výber z číselnika"), &workshop_),
       impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
                    makeImpairments(impairmentColumns[2])},
       binding_(frame.data().datZaklad()) {

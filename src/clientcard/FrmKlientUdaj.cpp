@@ -3,6 +3,7 @@
 #include "clientcard/CardTables.h"
 #include "clientcard/EntryTabs.h"
 #include "clientcard/MemoTabs.h"
+#include "clientcard/RecordTabs.h"
 #include "clientcard/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
@@ -42,13 +43,6 @@ constexpr std::array<ButtonRow, 7> buttonTable = {{
 }};
 
 constexpr int tabCount = 14;
-
-/// The tabs whose records are kept in lists.
-class EmptyTabs : public TabFamily {
-  public:
-    QWidget* makePage(int /*tab*/, QWidget* parent) override { return new QWidget(parent); }
-    void turnedTo(int /*tab*/) override {}
-};
 
 bool isEntry(TabKind kind) {
     return kind == TabKind::Basic || kind == TabKind::Parents;
@@ -101,7 +95,7 @@ void FrmKlientUdaj::makeTabs() {
     SSTab1_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     families_.push_back(makeEntryTabs(*this));
     families_.push_back(makeMemoTabs(*this));
-    families_.push_back(std::make_unique<EmptyTabs>());
+    families_.push_back(makeRecordTabs(*this));
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
     for (int tab = 0; tab < tabCount; ++tab) {
@@ -217,9 +211,10 @@ void FrmKlientUdaj::zalozkaKlik(int tab) {
     familyOf(tab).turnedTo(tab);
 }
 
-/// To the next tab that is enabled, if the field in focus lets go.
+/// To the next tab that is enabled, if the field in focus lets go and no record is open.
 void FrmKlientUdaj::turnBy(int step) {
-    if (QApplication::activePopupWidget() != nullptr || !forms::moveFocus(SSTab1_))
+    if (QApplication::activePopupWidget() != nullptr || !buttons_[cmdStorno]->isEnabled() ||
+        !forms::moveFocus(SSTab1_))
         return;
     int tab = SSTab1_->currentRow() + step;
     while (tab >= 0 && tab < tabCount && !(SSTab1_->item(tab)->flags() & Qt::ItemIsEnabled))
@@ -382,11 +377,22 @@ void FrmKlientUdaj::showEvent(QShowEvent* event) {
 }
 
 void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
-    if (isVisible() && !endsByFrame()) {
+    if (isVisible() && (recordIsOpen() || !endsByFrame())) {
         event->ignore();
         return;
     }
     QDialog::closeEvent(event);
+}
+
+/// A record that is open belongs to its tab alone: only its own buttons write or drop it.
+bool FrmKlientUdaj::recordIsOpen() {
+    if (esc_.button() == buttons_[cmdStorno])
+        return false;
+    forms::showMessage(
+        this, {.text = QStringLiteral("Záznam je otvorený, najprv ho zapíš alebo stornuj !"),
+               .title = QStringLiteral("Upozornenie"),
+               .icon = QMessageBox::Warning});
+    return true;
 }
 
 /// Closing by the frame writes a client who has a key, when the field in focus lets go, and drops

@@ -89,6 +89,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void cmdStornoClick();
     void reopen(store::DataSource& source, const QString& recordSource);
     void tellNotWritten();
+    bool recordIsOpen();
     bool endsByFrame();
 
     // The tabs are told of events by the guard, and bound to the data.

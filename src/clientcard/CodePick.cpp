@@ -1,0 +1,79 @@
+#include "clientcard/CodePick.h"
+
+#include "clientcard/CardData.h"
+#include "clientcard/TabFamily.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "forms/FocusGuard.h"
+#include "store/Sql.h"
+#include "validation/Validators.h"
+#include "validation/modKontrola.h"
+
+#include <QLineEdit>
+
+namespace clientcard {
+
+namespace {
+
+constexpr int droppedWidth = 320;
+
+} // namespace
+
+CodePick::CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& field,
+                   QWidget* parent)
+    : frame_(frame), row_(row), field_(field), codes_(frame.data().source(row.source)),
+      pick_(new forms::DropDown(parent, forms::DropDown::Kind::Editable)) {
+    pick_->setSource(codes_, QStringLiteral("roleta"));
+    pick_->setToolTip(QString::fromUtf16(row.toolTip));
+    pick_->setAccessibleName(pick_->toolTip());
+    pick_->setDroppedWidth(droppedWidth);
+    pick_->setFixedWidth(droppedWidth);
+    frame.guard().watch(pick_, QString::fromUtf16(row.name), -1, *this);
+    // Tab leads from field to field; the pick is reached from its field by Alt and Down.
+    pick_->setFocusPolicy(Qt::ClickFocus);
+}
+
+bool CodePick::lookUp() {
+    const bool held = modKontrola::kontrolaCiselnik(
+        *pick_, field_, codes_, false, QString::fromUtf16(row_.table),
+        QString::fromUtf16(row_.codeColumn), QString::fromUtf16(row_.nameColumn));
+    if (!held)
+        showMeaning();
+    return held;
+}
+
+void CodePick::showMeaning() {
+    const QString code = field_.text().trimmed();
+    QString meaning;
+    if (!code.isEmpty() && codes_.isOpen()) {
+        const auto rows = codes_.Recordset().Clone();
+        rows->FindFirst(QString::fromUtf16(row_.codeColumn) + QStringLiteral(" =") +
+                        store::quoted(code));
+        if (!rows->NoMatch())
+            meaning = rows->Fields(u"roleta").Value().toText();
+    }
+    pick_->setText(meaning);
+    pick_->lineEdit()->setCursorPosition(0);
+}
+
+void CodePick::click(const forms::Control& /*control*/, forms::Area area) {
+    if (!opens(area) || area != forms::Area::Item)
+        return;
+    take();
+    forms::moveFocus(&field_);
+    pick_->refill();
+}
+
+void CodePick::keyDown(const forms::Control& /*control*/, int& key,
+                       Qt::KeyboardModifiers /*modifiers*/) {
+    if (key != Qt::Key_Return && key != Qt::Key_Escape)
+        return;
+    if (key == Qt::Key_Return)
+        take();
+    else
+        modKontrola::gZVyberu = true;
+    key = 0;
+    forms::moveFocus(&field_);
+}
+
+} // namespace clientcard

@@ -1,0 +1,120 @@
+#include "clientcard/CardData.h"
+#include "clientcard/CodePick.h"
+#include "clientcard/RecordKind.h"
+#include "clientcard/TabFamily.h"
+#include "clientcard/TextRules.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "forms/FocusGuard.h"
+#include "forms/MessageBox.h"
+
+#include <QDialog>
+
+#include <optional>
+
+namespace clientcard {
+
+namespace {
+
+CodePickRow workers(const RecordRow& row) {
+    return {.name = row.pick,
+            .toolTip = u"výber z číselníka",
+            .source = u"datZamestnanci",
+            .table = u"zamestnanci",
+            .codeColumn = u"idkod",
+            .nameColumn = u"spolu"};
+}
+
+/// The pick of the worker. The row at which the list of employees stands is part of the state: a
+/// new record takes its worker from there.
+class WorkerPick : public CodePick {
+  public:
+    using CodePick::CodePick;
+
+    /// The employee picked since the last forget(), blank if none.
+    const QString& idkodPracovnika() const { return idkodPracovnika_; }
+    void forget() { idkodPracovnika_.clear(); }
+    QString current() const { return codes().Recordset().Fields(u"idkod").Value().toText(); }
+    /// The binding carries the worker's key into the record.
+    void putIntoField(const QString& key) { field().setText(trimBlanks(key)); }
+
+  protected:
+    bool opens(forms::Area area) override;
+    void take() override;
+
+  private:
+    QString idkodPracovnika_;
+};
+
+bool WorkerPick::opens(forms::Area /*area*/) {
+    if (!codes().Recordset().Eof())
+        return true;
+    forms::showMessage(&frame().window(), {.text = QStringLiteral("Chýba zoznam zamestnancov ! "),
+                                           .icon = QMessageBox::Warning});
+    forms::moveFocus(&field());
+    return false;
+}
+
+void WorkerPick::take() {
+    const store::RowMark picked = pick().selectedItem();
+    if (!picked.isValid())
+        return;
+    codes().Recordset().setBookmark(picked);
+    idkodPracovnika_ = current();
+    putIntoField(idkodPracovnika_);
+}
+
+/// Examinations, changes, care and visits. Visits have no worker.
+class DatedKind : public RecordKind {
+  public:
+    explicit DatedKind(const RecordParts& parts) : row_(parts.row), pickRow_(workers(parts.row)) {
+        if (row_.pickedField >= 0)
+            worker_.emplace(parts.frame, pickRow_, *parts.fields[std::size_t(row_.pickedField)],
+                            parts.workshop);
+    }
+
+    forms::DropDown* pickOf(int field) const override {
+        return worker_ && field == row_.pickedField ? &worker_->pick() : nullptr;
+    }
+    void enableInput(bool enabled) override {
+        if (worker_)
+            worker_->pick().setEnabled(enabled);
+    }
+    void editBegins() override {
+        if (worker_)
+            worker_->forget();
+    }
+    void rowShown(store::Recordset& /*rows*/) override {
+        if (worker_)
+            worker_->showMeaning();
+    }
+    bool holds(int /*field*/) override { return worker_->lookUp(); }
+    void complete(store::Recordset& rows) override;
+    QString recordSource(const QString& key) const override {
+        return datedRecordsOf(row_.table, key);
+    }
+
+  private:
+    const RecordRow& row_;
+    const CodePickRow pickRow_;
+    std::optional<WorkerPick> worker_;
+};
+
+/// Of an edited record only a picked worker counts beside what stands in the field; that of a new
+/// one is the employee at whom the list stands, whatever the field says.
+void DatedKind::complete(store::Recordset& rows) {
+    if (!worker_)
+        return;
+    if (rows.EditMode() == store::EditState::Add)
+        worker_->putIntoField(worker_->current());
+    else if (!trimBlanks(worker_->idkodPracovnika()).isEmpty())
+        worker_->putIntoField(worker_->idkodPracovnika());
+}
+
+} // namespace
+
+std::unique_ptr<RecordKind> makeDatedKind(const RecordParts& parts) {
+    return std::make_unique<DatedKind>(parts);
+}
+
+} // namespace clientcard

@@ -1,0 +1,36 @@
+#include "clientcard/FieldGrid.h"
+
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QWidget>
+
+namespace clientcard {
+
+void setWidth(QWidget& field, int characters) {
+    const QFontMetrics metrics(field.font());
+    field.setFixedWidth(metrics.averageCharWidth() * characters + 16);
+}
+
+FieldGrid::FieldGrid(QBoxLayout& frame) : grid_(new QGridLayout) {
+    frame.setContentsMargins(8, 6, 8, 6);
+    frame.addLayout(grid_);
+    grid_->setHorizontalSpacing(6);
+    grid_->setVerticalSpacing(4);
+}
+
+void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QWidget* pick) {
+    auto* caption = new QLabel(label);
+    caption->setBuddy(&field);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(2);
+    line->addWidget(&field);
+    if (pick != nullptr)
+        line->addWidget(pick);
+    line->addStretch();
+    grid_->addWidget(caption, place.row, 2 * place.pair, Qt::AlignRight | Qt::AlignVCenter);
+    grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);
+}
+
+} // namespace clientcard

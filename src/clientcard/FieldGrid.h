@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+class QBoxLayout;
+class QGridLayout;
+class QWidget;
+
+namespace clientcard {
+
+/// Gives a field the width of that many characters.
+void setWidth(QWidget& field, int characters);
+
+/// A dense grid of fields, each behind its label and with its drop-down beside it.
+class FieldGrid {
+  public:
+    /// Where a field lies: the label in one column of the grid, the field in the next.
+    struct Place {
+        int row;
+        int pair;
+        /// Pairs of columns that the field reaches over.
+        int pairs = 1;
+    };
+
+    explicit FieldGrid(QBoxLayout& frame);
+    /// @param pick may be null
+    void add(const Place& place, const QString& label, QWidget& field, QWidget* pick);
+    QGridLayout& grid() { return *grid_; }
+
+  private:
+    QGridLayout* grid_;
+};
+
+} // namespace clientcard

@@ -1,0 +1,29 @@
+#include "clientcard/KeyRules.h"
+
+#include "forms/FieldEvents.h"
+#include "forms/MessageBox.h"
+
+namespace clientcard {
+
+bool walks(int key, Qt::KeyboardModifiers modifiers) {
+    if (modifiers.testFlag(Qt::ControlModifier))
+        return false;
+    return key == Qt::Key_Return || key == Qt::Key_Down || key == Qt::Key_Up ||
+           key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
+bool opensPicker(int key, Qt::KeyboardModifiers modifiers) {
+    return key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers == Qt::AltModifier);
+}
+
+void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character) {
+    if (character == u'\r' || character == u'\b' || (character >= u'0' && character <= u'9'))
+        return;
+    forms::showMessage(&window, {.text = QStringLiteral("Zadávaj len číselné hodnoty !"),
+                                 .title = QStringLiteral("Chybová správa"),
+                                 .icon = QMessageBox::Warning});
+    character = QChar::Null;
+    control.widget()->setFocus();
+}
+
+} // namespace clientcard

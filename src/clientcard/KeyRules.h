@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QChar>
+#include <QtCore/qnamespace.h>
+
+class QWidget;
+
+namespace forms {
+class Control;
+}
+
+/// What the keys mean in all entry fields of the card.
+namespace clientcard {
+
+/// The key leads to another field: Enter, Up, Down, PageUp, PageDown.
+bool walks(int key, Qt::KeyboardModifiers modifiers);
+
+/// The key opens the drop-down beside the field.
+bool opensPicker(int key, Qt::KeyboardModifiers modifiers);
+
+/// Drops a character that is no digit, and says so; the field keeps the focus.
+void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character);
+
+} // namespace clientcard

@@ -1,0 +1,109 @@
+#include "clientcard/RecordPage.h"
+
+#include "clientcard/FieldGrid.h"
+#include "clientcard/RecordKind.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "forms/RichText.h"
+#include "forms/RowList.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace clientcard {
+
+namespace {
+
+QLabel* labelOf(QWidget& control, const char16_t* text) {
+    auto* label = new QLabel(QString::fromUtf16(text));
+    label->setBuddy(&control);
+    return label;
+}
+
+QVBoxLayout* layOutList(const RecordControls& controls) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(4);
+    column->addWidget(labelOf(controls.list, controls.row.listLabel));
+    column->addWidget(&controls.list, 1);
+    setWidth(controls.list, controls.row.listCharacters);
+    return column;
+}
+
+void layOutFields(const RecordControls& controls, QBoxLayout& frame) {
+    FieldGrid grid(frame);
+    int pairs = 1;
+    for (std::size_t i = 0; i < controls.row.fields.size(); ++i) {
+        const RecordField& field = controls.row.fields[i];
+        if (field.characters == 0)
+            continue;
+        setWidth(*controls.fields[i], field.characters);
+        pairs = std::max(pairs, field.pair + 1);
+        // What stands alone in its row may reach over all columns.
+        const bool isAlone =
+            std::ranges::count(controls.row.fields, field.row, &RecordField::row) == 1;
+        grid.add({field.row, field.pair, isAlone ? 4 : 1}, QString::fromUtf16(field.label),
+                 *controls.fields[i], controls.kind.pickOf(int(i)));
+    }
+    grid.grid().setColumnStretch(7, 1);
+}
+
+QGroupBox* makeFrame(const RecordControls& controls, QWidget* parent) {
+    auto* frame = new QGroupBox(QString::fromUtf16(controls.row.frameTitle), parent);
+    frame->setObjectName(QString::fromUtf16(controls.row.frame));
+    auto* lines = new QVBoxLayout(frame);
+    layOutFields(controls, *lines);
+    controls.kind.layOutBelow(*lines);
+    if (controls.richText != nullptr) {
+        lines->addWidget(labelOf(*controls.richText, controls.row.richLabel));
+        lines->addWidget(controls.richText, 1);
+    } else {
+        lines->addStretch(1);
+    }
+    return frame;
+}
+
+QHBoxLayout* layOutButtons(const RecordControls& controls) {
+    auto* line = new QHBoxLayout;
+    for (QPushButton* button : controls.buttons)
+        line->addWidget(button);
+    line->addStretch();
+    return line;
+}
+
+/// The long text comes before the fields, as the walk by Up leads to it from the first of them.
+void chain(const RecordControls& controls) {
+    std::vector<QWidget*> order{&controls.list};
+    if (controls.richText != nullptr)
+        order.push_back(&controls.richText->editor());
+    for (std::size_t i = 0; i < controls.fields.size(); ++i) {
+        order.push_back(controls.fields[i]);
+        if (QWidget* pick = controls.kind.pickOf(int(i)))
+            order.push_back(pick);
+    }
+    order.insert(order.end(), controls.buttons.begin(), controls.buttons.end());
+    for (std::size_t i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+} // namespace
+
+QWidget* makeRecordPage(const RecordControls& controls, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* lines = new QVBoxLayout(page);
+    lines->setContentsMargins(0, 0, 0, 0);
+    controls.kind.layOutAbove(*lines);
+    auto* columns = new QHBoxLayout;
+    columns->addLayout(layOutList(controls));
+    auto* record = new QVBoxLayout;
+    record->addWidget(makeFrame(controls, page), 1);
+    record->addLayout(layOutButtons(controls));
+    columns->addLayout(record, 1);
+    lines->addLayout(columns, 1);
+    chain(controls);
+    return page;
+}
+
+} // namespace clientcard

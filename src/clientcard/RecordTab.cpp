@@ -1,0 +1,306 @@
+#include "clientcard/RecordTab.h"
+
+#include "clientcard/CardData.h"
+#include "clientcard/CardTables.h"
+#include "clientcard/RecordPage.h"
+#include "clientcard/TabFamily.h"
+#include "clientcard/TextRules.h"
+#include "forms/EntryField.h"
+#include "forms/FocusGuard.h"
+#include "forms/MessageBox.h"
+#include "forms/RichText.h"
+#include "forms/RowList.h"
+#include "validation/modKontrola.h"
+
+#include <QDialog>
+#include <QPushButton>
+
+namespace clientcard {
+
+namespace {
+
+std::unique_ptr<RecordKind> makeKind(const RecordParts& parts) {
+    return makeDatedKind(parts);
+}
+
+} // namespace
+
+RecordTab::RecordTab(CardFrame& frame, int tab)
+    : frame_(frame), row_(recordRow(tab)), source_(frame.data().source(row_.source)),
+      fields_(frame, row_, &workshop_), kind_(makeKind(parts())) {
+    fields_.setKind(*kind_);
+    makeList();
+    makeRichText();
+    makeButtons();
+}
+
+/// A record that is still open is dropped: it has no client yet, or the user has not said that it
+/// is to be written.
+RecordTab::~RecordTab() {
+    if (source_.isOpen())
+        source_.Recordset().CancelUpdate();
+}
+
+RecordParts RecordTab::parts() {
+    return {frame_, row_, source_, fields_.fields(), &workshop_};
+}
+
+void RecordTab::makeList() {
+    list_ = new forms::RowList(&workshop_);
+    frame_.guard().watch(list_, QString::fromUtf16(row_.list), -1, *this);
+}
+
+void RecordTab::makeRichText() {
+    if (*row_.richText == u'\0')
+        return;
+    richText_ = new forms::RichText(&workshop_);
+    richText_->setObjectName(QString::fromUtf16(row_.richText));
+    if (row_.upFromFirst == UpFromFirst::RichText)
+        fields_.setAbove(richText_);
+}
+
+void RecordTab::makeButtons() {
+    const std::array<const char16_t*, buttonCount> suffixes = {u"Novy", u"Opr",    u"Vym",
+                                                               u"Zap",  u"ZapNew", u"Sto"};
+    const std::array<const char16_t*, buttonCount> captions = {
+        u"Nový", u"Oprava", u"Výmaz", row_.saveCaption, row_.saveNewCaption, u"Storno"};
+    for (std::size_t i = 0; i < buttonCount; ++i) {
+        auto* button = new QPushButton(QString::fromUtf16(captions[i]), &workshop_);
+        const char16_t* prefix = i == Vym ? row_.deleteButtons : row_.buttons;
+        button->setObjectName(QString::fromUtf16(prefix) + QString::fromUtf16(suffixes[i]));
+        QObject::connect(button, &QPushButton::clicked, button, [this, i] { act(Button(i)); });
+        buttons_[i] = button;
+    }
+    enableSaving(false);
+    enableInput(false);
+}
+
+QWidget* RecordTab::makePage(QWidget* parent) {
+    return makeRecordPage({.row = row_,
+                           .fields = fields_.fields(),
+                           .kind = *kind_,
+                           .list = *list_,
+                           .richText = richText_,
+                           .buttons = {buttons_.begin(), buttons_.end()}},
+                          parent);
+}
+
+void RecordTab::turnedTo() {
+    if (!binding_)
+        bind();
+    showBrowsing();
+}
+
+void RecordTab::bind() {
+    binding_.emplace(source_);
+    for (std::size_t i = 0; i < row_.fields.size(); ++i) {
+        const QString column = QString::fromUtf16(row_.fields[i].column);
+        if (!column.isEmpty())
+            binding_->bind(*fields_.fields()[i], column);
+    }
+    if (richText_ != nullptr)
+        binding_->bind(*richText_, QString::fromUtf16(row_.richColumn));
+    list_->setSource(source_, QString::fromUtf16(row_.shownColumn));
+    const auto show = [this] {
+        frame_.perform([this] { kind_->rowShown(records()); });
+    };
+    QObject::connect(&source_, &store::DataSource::repositioned, &*binding_, show);
+    show();
+}
+
+std::vector<forms::NotWritten> RecordTab::takeErrors() {
+    return binding_ ? binding_->takeErrors() : std::vector<forms::NotWritten>();
+}
+
+store::Recordset& RecordTab::records() const {
+    return source_.Recordset();
+}
+
+bool RecordTab::hasRows() const {
+    return source_.isOpen() && !records().Eof();
+}
+
+QWidget* RecordTab::openingField() const {
+    if (row_.opensOn == OpensOn::RichText)
+        return richText_;
+    return &fields_.field(0);
+}
+
+void RecordTab::enableInput(bool enabled) {
+    fields_.enable(enabled);
+    if (richText_ != nullptr)
+        richText_->setReadOnly(!enabled);
+    kind_->enableInput(enabled);
+}
+
+void RecordTab::enableSaving(bool enabled) {
+    for (const Button button : {Zap, ZapNew, Sto})
+        buttons_[button]->setEnabled(enabled);
+}
+
+void RecordTab::enableBrowsing(bool enabled) {
+    list_->setEnabled(enabled);
+    buttons_[Novy]->setEnabled(enabled);
+    for (const Button button : {Opr, Vym})
+        buttons_[button]->setEnabled(enabled && hasRows());
+}
+
+void RecordTab::otvorVstup() {
+    enableInput(true);
+    forms::moveFocus(openingField());
+}
+
+void RecordTab::stavEdit() {
+    enableSaving(true);
+    enableBrowsing(false);
+    kind_->setEditing(true);
+    frame_.beginEdit(row_.tab, *buttons_[Sto]);
+}
+
+void RecordTab::stavPrehlad() {
+    enableBrowsing(true);
+    kind_->setEditing(false);
+    frame_.endEdit();
+}
+
+void RecordTab::naplnZoznam() {
+    enableInput(false);
+    if (!hasRows()) {
+        buttons_[Novy]->setFocus();
+        return;
+    }
+    list_->showCurrentRow();
+    list_->setFocus();
+}
+
+void RecordTab::showBrowsing() {
+    stavPrehlad();
+    naplnZoznam();
+    // Not before the focus has left the button that was pressed.
+    enableSaving(false);
+}
+
+void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
+    if (control.isEnabled() && hasRows())
+        records().setBookmark(list_->selectedItem());
+}
+
+void RecordTab::act(Button button) {
+    frame_.perform([&] {
+        switch (button) {
+        case Novy:
+            return novy();
+        case Opr:
+            return oprava();
+        case Vym:
+            vymaz();
+            return showBrowsing();
+        case Zap:
+            return zapis() ? showBrowsing() : void();
+        case ZapNew:
+            if (zapis()) {
+                records().AddNew();
+                forms::moveFocus(openingField());
+            }
+            return;
+        case Sto:
+            return storno();
+        case buttonCount:
+            return;
+        }
+    });
+    forms::showNotWritten(&frame_.window(), takeErrors());
+}
+
+void RecordTab::novy() {
+    otvorVstup();
+    stavEdit();
+    records().AddNew();
+}
+
+void RecordTab::oprava() {
+    if (row_.editOpens == EditOpens::BeforeFields)
+        records().Edit();
+    otvorVstup();
+    stavEdit();
+    kind_->editBegins();
+    if (row_.editOpens == EditOpens::AfterFields)
+        records().Edit();
+}
+
+void RecordTab::storno() {
+    if (source_.isOpen())
+        records().CancelUpdate();
+    if (row_.stornoRereads == StornoRereads::Yes)
+        source_.Refresh();
+    showBrowsing();
+}
+
+/// @return false when a mandatory field is empty; it has the focus then
+bool RecordTab::zapis() {
+    if (!isComplete())
+        return false;
+    kind_->complete(records());
+    if (records().EditMode() == store::EditState::Edit)
+        writeEdited();
+    else if (records().EditMode() == store::EditState::Add)
+        writeNew();
+    return true;
+}
+
+bool RecordTab::isComplete() {
+    for (const MandatoryField& mandatory : row_.mandatory) {
+        if (mandatory.field < 0 || !trimBlanks(fields_.field(mandatory.field).text()).isEmpty())
+            continue;
+        forms::showMessage(&frame_.window(), {.text = QString::fromUtf16(mandatory.message),
+                                              .title = QStringLiteral("Chybová správa"),
+                                              .icon = QMessageBox::Warning});
+        fields_.field(mandatory.field).setFocus();
+        return false;
+    }
+    return true;
+}
+
+void RecordTab::writeEdited() {
+    const qint64 place = records().AbsolutePosition();
+    records().Update();
+    source_.Refresh();
+    if (row_.afterEdit == AfterEdit::SamePlace)
+        records().setAbsolutePosition(place);
+}
+
+void RecordTab::writeNew() {
+    const QString key = frame_.data().datZaklad().Recordset().Fields(u"idkod").Value().toText();
+    records().Fields(u"idkod").setValue(key);
+    records().Update();
+    source_.setRecordSource(kind_->recordSource(key));
+    source_.Refresh();
+}
+
+void RecordTab::vymaz() {
+    const QString ownTitle = QString::fromUtf16(row_.deleteTitle);
+    const auto answer = forms::showMessage(
+        &frame_.window(),
+        {.text = question(),
+         .title = ownTitle.isEmpty() ? QString() : ownTitle + modKontrola::gMenoKlienta,
+         .icon = QMessageBox::Question,
+         .buttons = QMessageBox::Yes | QMessageBox::No});
+    if (answer != QMessageBox::Yes)
+        return;
+    records().Delete();
+    source_.Refresh();
+}
+
+QString RecordTab::question() const {
+    QString text = QString::fromUtf16(row_.deleteQuestion);
+    for (const QuestionPart& part : row_.questionParts) {
+        store::DataSource& from =
+            *part.source == u'\0' ? source_ : frame_.data().source(part.source);
+        text += QString::fromUtf16(part.before);
+        if (!from.Recordset().Eof())
+            text += trimBlanks(from.Recordset().Fields(part.column).Value().toText());
+    }
+    return text + QStringLiteral(" ?");
+}
+
+} // namespace clientcard

@@ -1,0 +1,48 @@
+#include "clientcard/RecordTabs.h"
+
+#include "clientcard/RecordTab.h"
+
+#include <iterator>
+#include <map>
+
+namespace clientcard {
+
+namespace {
+
+class RecordTabs : public TabFamily {
+  public:
+    explicit RecordTabs(CardFrame& frame) : frame_(frame) {}
+
+    QWidget* makePage(int tab, QWidget* parent) override {
+        if (tab < 10)
+            return new QWidget(parent);
+        return tabs_.try_emplace(tab, frame_, tab).first->second.makePage(parent);
+    }
+    void turnedTo(int tab) override {
+        if (tabs_.contains(tab))
+            tabs_.at(tab).turnedTo();
+    }
+    std::vector<forms::NotWritten> takeErrors() override;
+
+  private:
+    CardFrame& frame_;
+    std::map<int, RecordTab> tabs_;
+};
+
+std::vector<forms::NotWritten> RecordTabs::takeErrors() {
+    std::vector<forms::NotWritten> errors;
+    for (auto& [number, tab] : tabs_) {
+        auto more = tab.takeErrors();
+        errors.insert(errors.end(), std::make_move_iterator(more.begin()),
+                      std::make_move_iterator(more.end()));
+    }
+    return errors;
+}
+
+} // namespace
+
+std::unique_ptr<TabFamily> makeRecordTabs(CardFrame& frame) {
+    return std::make_unique<RecordTabs>(frame);
+}
+
+} // namespace clientcard
