@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -35,6 +36,12 @@ struct Cell {
 
 constexpr int sexElement = 5;
 constexpr int codePickWidth = 254;
+constexpr int impairmentCharacters = 2;
+constexpr int gap = 6;
+/// From the edge of a frame to what lies in it.
+constexpr int frameMargin = 10;
+/// Of a field with a picker.
+constexpr int rowHeight = 24;
 
 constexpr Cell basicCells[] = {
     {0, 0, 0, 20},     {1, 0, 1, 30},   {2, 1, 0, 30},   {3, 1, 1, 11},  {4, 2, 0, 12},
@@ -51,14 +58,32 @@ constexpr Cell parentCells[] = {
 };
 
 constexpr Cell representativeCells[] = {
-    {50, 1, 0, 43}, {51, 1, 1, 20}, {52, 2, 0, 30}, {53, 2, 1, 25},
-    {54, 3, 0, 6},  {55, 3, 1, 15}, {56, 4, 0, 30},
+    {50, 1, 0, 43},
+    {52, 2, 0, 30},
+    {54, 3, 0, 6},
+    {56, 4, 0, 30},
 };
+constexpr Cell cellsBeside[] = {
+    {51, 1, 0, 20},
+    {53, 2, 0, 25},
+    {55, 3, 0, 15},
+};
+
+/// Width of the longest of the captions of these elements.
+int widestCaption(std::span<const Cell> cells, int first, int pair = 0) {
+    int widest = 0;
+    for (const Cell& cell : cells) {
+        const EntryRow& row = entryTable()[std::size_t(first + cell.element)];
+        if (cell.pair == pair)
+            widest = std::max(widest, QLabel(QString::fromUtf16(row.caption)).sizeHint().width());
+    }
+    return widest;
+}
 
 class FrameMaker {
   public:
-    FrameMaker(const EntryControls& controls, QGroupBox& frame)
-        : controls_(controls), fields_(*new QVBoxLayout(&frame)) {}
+    FrameMaker(const EntryControls& controls, QBoxLayout& frame)
+        : controls_(controls), fields_(frame) {}
 
     void place(std::span<const Cell> cells, int first) {
         for (const Cell& cell : cells)
@@ -84,7 +109,11 @@ class FrameMaker {
             return nullptr;
         forms::DropDown& pick = controls_.pickers.picker(row.picker);
         // A municipality's picker would only repeat the field; that of codes says what they mean.
-        pick.setFixedWidth(row.rule == Rule::NameLookup ? 24 : codePickWidth);
+        if (row.rule == Rule::NameLookup)
+            pick.showArrowOnly();
+        else
+            pick.setFixedWidth(codePickWidth);
+        pick.setAccessibleName(QString::fromUtf16(row.caption));
         return &pick;
     }
 
@@ -95,39 +124,70 @@ class FrameMaker {
 QGroupBox* makeFrame(const QString& title, const QString& name, QWidget* parent) {
     auto* frame = new QGroupBox(title, parent);
     frame->setObjectName(name);
+    new QHBoxLayout(frame);
     return frame;
 }
 
-void addOptions(QGridLayout& grid, const ParentOptions& options, int first, int last, int row) {
+QBoxLayout& lineOf(const QGroupBox& frame) {
+    return static_cast<QBoxLayout&>(*frame.layout());
+}
+
+void addOptions(QGridLayout& grid, const ParentOptions& options, int first, int last, int row,
+                int columns) {
     auto* line = new QHBoxLayout;
     line->setSpacing(16);
     for (int i = first; i <= last; ++i)
         line->addWidget(options.option(i));
     line->addStretch();
-    grid.addLayout(line, row, 1, 1, 3);
+    grid.addLayout(line, row, 1, 1, columns);
 }
 
-void addImpairments(QGridLayout& grid, const ImpairmentFields& impairments, int row,
-                    ImpairmentFields::Shape shape) {
+/// @param captions width of the captions above, so that all fields stand in a line
+QGridLayout& addImpairments(QGridLayout& grid, const ImpairmentFields& impairments, int row,
+                            ImpairmentFields::Shape shape, int captions) {
     auto* inner = new QGridLayout;
-    inner->setHorizontalSpacing(6);
+    inner->setHorizontalSpacing(gap);
     inner->setVerticalSpacing(4);
+    inner->setColumnMinimumWidth(0, captions);
     impairments.layOut(*inner, shape);
     grid.addLayout(inner, row, 0, 1, 4);
+    return *inner;
 }
 
 QGroupBox* makeParentFrame(const EntryControls& controls, const QString& title, const QString& name,
                            int first, int firstOption, const ImpairmentFields& impairments,
                            QWidget* parent) {
     auto* frame = makeFrame(title, name, parent);
-    FrameMaker maker(controls, *frame);
+    FrameMaker maker(controls, lineOf(*frame));
     maker.place(parentCells, first);
     for (int dominant : {13, 14})
-        setWidth(controls.fields.field(first + dominant), 2);
-    addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1);
-    addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow);
+        setWidth(controls.fields.field(first + dominant), impairmentCharacters);
+    addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1, 3);
+    const int captions = widestCaption(parentCells, first);
+    maker.grid().setColumnMinimumWidth(0, captions);
+    addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow, captions);
     maker.grid().setColumnStretch(3, 1);
     return frame;
+}
+
+/// The two halves stand under the frames of the parents.
+void layOutRepresentative(const EntryControls& controls, QBoxLayout& line) {
+    line.setSpacing(2 * frameMargin + gap);
+    for (const std::span<const Cell> half :
+         {std::span<const Cell>(representativeCells), std::span<const Cell>(cellsBeside)}) {
+        FrameMaker maker(controls, line);
+        maker.place(half, 0);
+        maker.grid().setColumnMinimumWidth(0, widestCaption(parentCells, 20));
+        maker.grid().setColumnStretch(1, 1);
+        for (int row = 0; row <= 4; ++row)
+            maker.grid().setRowMinimumHeight(row, rowHeight);
+        line.setStretch(line.count() - 1, 1);
+        line.setAlignment(&maker.grid(), Qt::AlignTop);
+        if (half.front().element == 50)
+            addOptions(maker.grid(), controls.options, 4, 6, 0, 1);
+        else
+            maker.grid().addItem(new QSpacerItem(0, rowHeight), 0, 0);
+    }
 }
 
 /// Tab goes from one to the next; those without a place in the walk are not in the list.
@@ -180,16 +240,19 @@ void chainParents(const EntryControls& controls) {
 QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* basic = makeFrame(QStringLiteral("Základné údaje"), QStringLiteral("fraZak"), page);
-    FrameMaker maker(controls, *basic);
+    FrameMaker maker(controls, lineOf(*basic));
     maker.place(basicCells, 0);
     maker.grid().setColumnStretch(3, 1);
 
     auto* impaired =
         makeFrame(QStringLiteral("Postihnutia klienta"), QStringLiteral("fraZiaPos"), page);
-    FrameMaker impairedMaker(controls, *impaired);
     for (int dominant : {18, 19})
-        setWidth(controls.fields.field(dominant), 2);
-    addImpairments(impairedMaker.grid(), controls.client, 0, ImpairmentFields::Shape::Wide);
+        setWidth(controls.fields.field(dominant), impairmentCharacters);
+    addImpairments(FrameMaker(controls, lineOf(*impaired)).grid(), controls.client, 0,
+                   ImpairmentFields::Shape::Wide, widestCaption(basicCells, 0))
+        .setColumnMinimumWidth(3, widestCaption(basicCells, 0, 1));
+    maker.grid().setColumnMinimumWidth(1, controls.fields.field(18).width() + gap +
+                                              controls.client.dominantPick().width());
 
     auto* lines = new QVBoxLayout(page);
     lines->setContentsMargins(0, 0, 0, 0);
@@ -208,16 +271,14 @@ QWidget* makeParentsPage(const EntryControls& controls, QWidget* parent) {
                                    2, controls.father, page);
     auto* representative =
         makeFrame(QStringLiteral("Zákonný zástupca"), QStringLiteral("fraZast"), page);
-    FrameMaker maker(controls, *representative);
-    maker.place(representativeCells, 0);
-    addOptions(maker.grid(), controls.options, 4, 6, 0);
-    maker.grid().setColumnStretch(3, 1);
+    layOutRepresentative(controls, lineOf(*representative));
 
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(mother, 0, 0);
     grid->addWidget(father, 0, 1);
     grid->addWidget(representative, 1, 0, 1, 2);
+    grid->setHorizontalSpacing(gap);
     grid->setRowStretch(2, 1);
     chainParents(controls);
     return page;

@@ -4,6 +4,7 @@
 #include "clientcard/EntryTabs.h"
 #include "clientcard/MemoTabs.h"
 #include "clientcard/RecordTabs.h"
+#include "clientcard/TabList.h"
 #include "clientcard/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
@@ -12,7 +13,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QListWidget>
+#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -51,6 +52,13 @@ bool isEntry(TabKind kind) {
 /// A disabled text must still be read on the coloured ground.
 constexpr QColor disabledText(112, 112, 148);
 
+QLabel* makeKeysHint() {
+    auto* hint = new QLabel(QStringLiteral("Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown "
+                                           "ďalšia záložka  ·  PageDown na zápis"));
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    return hint;
+}
+
 void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
     QPalette palette = widget.palette();
     palette.setColor(role, colour);
@@ -63,8 +71,8 @@ void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) 
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), guard_(this), esc_(this),
-      SSTab1_(new QListWidget(this)), pages_(new QStackedWidget(this)) {
+    : QDialog(parent), data_(engine, folder), guard_(this), esc_(this), SSTab1_(new TabList(this)),
+      pages_(new QStackedWidget(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + trimBlanks(modKontrola::gMenoKlienta));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -91,8 +99,6 @@ void FrmKlientUdaj::dressInColours() {
 
 void FrmKlientUdaj::makeTabs() {
     SSTab1_->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    SSTab1_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     families_.push_back(makeEntryTabs(*this));
     families_.push_back(makeMemoTabs(*this));
     families_.push_back(makeRecordTabs(*this));
@@ -108,7 +114,7 @@ void FrmKlientUdaj::makeTabs() {
                                 .get();
         pages_->addWidget(familyOf(tab).makePage(tab, pages_));
     }
-    SSTab1_->setFixedWidth(SSTab1_->sizeHintForColumn(0) + 2 * SSTab1_->frameWidth());
+    SSTab1_->fitWidth();
     SSTab1_->setCurrentRow(0);
     connect(SSTab1_, &QListWidget::currentRowChanged, this,
             [this](int tab) { perform([&] { zalozkaKlik(tab); }); });
@@ -133,8 +139,9 @@ void FrmKlientUdaj::makeButtons(QHBoxLayout& line) {
         button->setAutoDefault(false);
         setColour(*button, QPalette::Button, forms::buttonColour);
         connect(button, &QPushButton::clicked, this, [this, i] { act(Button(i)); });
+        button->setMinimumSize(button->sizeHint() + QSize(16, 4));
         if (i == cmdTlac)
-            line.addStretch();
+            line.addWidget(makeKeysHint(), 1, Qt::AlignCenter);
         line.addWidget(button);
         buttons_[std::size_t(i)] = button;
     }
@@ -191,12 +198,8 @@ void FrmKlientUdaj::zamkniZalozky() {
 }
 
 void FrmKlientUdaj::enableTabs(int from, bool enabled) {
-    for (int tab = from; tab < tabCount; ++tab) {
-        QListWidgetItem* item = SSTab1_->item(tab);
-        const Qt::ItemFlags flags = item->flags();
-        const Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-        item->setFlags(enabled ? flags | reach : flags & ~reach);
-    }
+    for (int tab = from; tab < tabCount; ++tab)
+        SSTab1_->setReachable(tab, enabled);
 }
 
 void FrmKlientUdaj::turnTo(int tab) {
@@ -216,10 +219,8 @@ void FrmKlientUdaj::turnBy(int step) {
     if (QApplication::activePopupWidget() != nullptr || !buttons_[cmdStorno]->isEnabled() ||
         !forms::moveFocus(SSTab1_))
         return;
-    int tab = SSTab1_->currentRow() + step;
-    while (tab >= 0 && tab < tabCount && !(SSTab1_->item(tab)->flags() & Qt::ItemIsEnabled))
-        tab += step;
-    if (tab >= 0 && tab < tabCount)
+    const int tab = SSTab1_->reachableFrom(SSTab1_->currentRow(), step);
+    if (tab >= 0)
         turnTo(tab);
     else
         familyOf(SSTab1_->currentRow()).turnedTo(SSTab1_->currentRow());
@@ -227,8 +228,7 @@ void FrmKlientUdaj::turnBy(int step) {
 
 void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     enableTabs(0, false);
-    SSTab1_->item(tab)->setFlags(SSTab1_->item(tab)->flags() | Qt::ItemIsEnabled |
-                                 Qt::ItemIsSelectable);
+    SSTab1_->setReachable(tab, true);
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno, cmdTlac})
         buttons_[button]->setEnabled(false);
     esc_.set(&storno);

@@ -16,11 +16,12 @@
 #include <vector>
 
 class QHBoxLayout;
-class QListWidget;
 class QPushButton;
 class QStackedWidget;
 
 namespace clientcard {
+
+class TabList;
 
 /// The card of a client: fourteen tabs, and below them the buttons that save. What it is to show
 /// is in `gAkcia`, `gIdKod` and `gMenoKlienta` when it is made; run it by exec(). Whoever has gone
@@ -97,7 +98,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::vector<std::unique_ptr<TabFamily>> families_;
     forms::FocusGuard guard_;
     forms::EscButton esc_;
-    QListWidget* SSTab1_;
+    TabList* SSTab1_;
     QStackedWidget* pages_;
     std::array<QPushButton*, buttonCount> buttons_{};
     std::map<int, TabFamily*> familyOfTab_;

@@ -8,7 +8,6 @@
 #include <array>
 
 class QGridLayout;
-class QLabel;
 class QWidget;
 
 namespace forms {
@@ -29,10 +28,7 @@ struct ImpairmentTraits {
     int associatedElement;
     const char16_t* dominantCaption;
     const char16_t* associatedCaption;
-    const char16_t* slotsCaption;
     const char16_t* toolTip;
-    /// Pickers that can't be used are hidden, not merely disabled.
-    bool hidesPicks;
     /// What, typed into the associated field, clears the associated codes.
     char16_t clearing;
 };
@@ -53,8 +49,6 @@ class ImpairmentFields : public forms::FieldEvents {
     /// Fills an empty grid.
     void layOut(QGridLayout& grid, Shape shape) const;
 
-    /// Opens the entry, or closes it as a whole. It is open at first.
-    void setOpen(bool open);
     /// Shows a stored string (`citajPostih`) and enables the associated entry by it
     /// (`nastavPristup`).
     void show(const QString& stored);
@@ -81,7 +75,6 @@ class ImpairmentFields : public forms::FieldEvents {
     void pickDominant();
     void pickAssociated();
     void enableAssociated(bool enabled);
-    void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const;
     void showSlots();
 
     const ImpairmentTraits& traits_;
@@ -89,10 +82,6 @@ class ImpairmentFields : public forms::FieldEvents {
     forms::EntryField& associated_;
     forms::DropDown* dominantPick_;
     forms::DropDown* associatedPick_;
-    QLabel* dominantCaption_;
-    QLabel* associatedCaption_;
-    bool isOpen_ = true;
-    bool isImpaired_ = false;
     std::array<forms::EntryField*, 9> slots_{};
     Impairments state_;
 };

@@ -20,14 +20,7 @@ namespace clientcard {
 namespace {
 
 std::unique_ptr<RecordKind> makeKind(const RecordParts& parts) {
-    switch (tabTable()[std::size_t(parts.row.tab)].kind) {
-    case TabKind::Placements:
-        return makePlacementKind(parts);
-    case TabKind::Siblings:
-        return makeSiblingKind(parts);
-    default:
-        return makeDatedKind(parts);
-    }
+    return makeDatedKind(parts);
 }
 
 } // namespace
@@ -49,9 +42,7 @@ RecordTab::~RecordTab() {
 }
 
 RecordParts RecordTab::parts() {
-    return {frame_, row_, source_, fields_.fields(), &workshop_, [this] {
-                showBrowsing();
-            }};
+    return {frame_, row_, source_, fields_.fields(), &workshop_};
 }
 
 void RecordTab::makeList() {

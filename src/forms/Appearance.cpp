@@ -18,6 +18,7 @@ constexpr QColor highlight(84, 84, 158);
 QPalette colours() {
     QPalette palette(buttonColour, screenColour);
     palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(222, 222, 236));
     palette.setColor(QPalette::AlternateBase, QColor(246, 246, 252));
     palette.setColor(QPalette::Highlight, highlight);
     palette.setColor(QPalette::HighlightedText, Qt::white);

@@ -9,6 +9,8 @@
 #include <QListView>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -100,6 +102,23 @@ void DropDown::show(int row, const QString& text) {
 
 void DropDown::setDroppedWidth(int pixels) {
     view()->setMinimumWidth(pixels);
+}
+
+void DropDown::showArrowOnly() {
+    arrowOnly_ = true;
+    setFixedWidth(24);
+    if (lineEdit() != nullptr)
+        lineEdit()->hide();
+}
+
+void DropDown::paintEvent(QPaintEvent* event) {
+    if (!arrowOnly_)
+        return QComboBox::paintEvent(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    // A field for the text would be a white sliver.
+    option.editable = false;
+    QStylePainter(this).drawComplexControl(QStyle::CC_ComboBox, option);
 }
 
 void DropDown::showBound(const QString& text) {

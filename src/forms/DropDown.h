@@ -42,6 +42,8 @@ class DropDown : public QComboBox, public Bound {
 
     /// Width of the opened list in device-independent pixels; it is never narrower than the field.
     void setDroppedWidth(int pixels);
+    /// Shows the arrow and no text: what is picked is seen in the field beside it.
+    void showArrowOnly();
 
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
@@ -59,6 +61,7 @@ class DropDown : public QComboBox, public Bound {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
   private:
@@ -77,6 +80,7 @@ class DropDown : public QComboBox, public Bound {
 
     RowsModel rows_;
     Kind kind_;
+    bool arrowOnly_ = false;
     int pick_ = -1;
     QString shown_;
     /// What was typed so far to find a line.

@@ -138,6 +138,32 @@ TEST_F(CardTroubleTest, DigitsThatWereNotTakenOverYetAreSaved) {
     }
 }
 
+TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld) {
+    open();
+    goTo(4);
+    const auto clickTab = [&](int tab) {
+        const QRect row = tabs().visualItemRect(tabs().item(tab));
+        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
+                          tabs().viewport()->mapTo(&*card, row.center()));
+        return focused();
+    };
+    EXPECT_EQ(clickTab(3), text("textKrz(4)"));
+    insertClient("NOVOTNEV00");
+    open(text("NOVOTNEV00"));
+    EXPECT_EQ(clickTab(3), text("rtbDUK(3)"));
+    EXPECT_EQ(clickTab(1), text("textKrz(20)"));
+    EXPECT_EQ(clickTab(0), text("textKrz(0)"));
+    goTo(4);
+    type("x");
+    boxes.expect({.text = text("Chybný dátum, zadaj v tvare dd.mm.rrrr!"),
+                  .title = text("Chybová správa"),
+                  .icon = QMessageBox::Warning,
+                  .buttons = QMessageBox::Retry | QMessageBox::Cancel,
+                  .answer = QMessageBox::Retry});
+    EXPECT_EQ(clickTab(3), text("textKrz(4)"));
+    EXPECT_EQ(tabs().currentRow(), 0);
+}
+
 TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
     open();
     for (const auto& [element, picked, typed] :

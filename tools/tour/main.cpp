@@ -9,6 +9,7 @@
 #include "tour/Roads.h"
 
 #include <QDate>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -26,6 +27,18 @@ void makeRegister(const QString& file) {
     if (!arguments)
         tour::giveUp(problem);
     mkdb::run(*arguments);
+}
+
+/// The platform without a screen, with room for the whole window: lists and menus open where a user
+/// sees them.
+/// @param file is written
+QByteArray offscreen(const QString& file) {
+    QFile screen(file);
+    if (!screen.open(QIODevice::WriteOnly))
+        tour::giveUp(QStringLiteral("Cannot write ") + file);
+    screen.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
+                     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    return "offscreen:configfile=" + file.toUtf8();
 }
 
 void walk(const QString& output) {
@@ -54,7 +67,8 @@ void walk(const QString& output) {
 /// Walks through the program on a register of its own, without a screen, and leaves pictures and
 /// print-outs in the folder that is its only argument.
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir directory;
+    qputenv("QT_QPA_PLATFORM", offscreen(directory.filePath(QStringLiteral("screen.json"))));
     app::Application application(argc, argv);
     if (argc != 2) {
         std::fputs("Usage: tour FOLDER\n", stderr);
