@@ -16,6 +16,11 @@ namespace support {
 /// included.
 struct TemporaryRegister {
     TemporaryRegister() { engine.CreateDatabase(folder.database()); }
+    /// One that is made by this instead, given the path of the file.
+    template <typename Maker>
+    explicit TemporaryRegister(const Maker& make) {
+        make(folder.database());
+    }
 
     /// The database, open until letGo().
     store::Database& database() {
