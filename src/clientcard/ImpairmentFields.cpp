@@ -24,13 +24,14 @@ constexpr int pickWidth = 276;
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
     {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
-     u"Výber pridruž. postihnutia", u"výber z číselnika", u'0'},
+     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, u'0'},
     {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"výber z postihnutí", u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, u' '},
     {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"výber z postihnutí", u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, u' '},
     {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"výber z postihnutí", u'0'},
+     u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true,
+     u'0'},
 }};
 
 forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
@@ -54,6 +55,13 @@ QLabel* captionOf(QWidget* control, const QString& text) {
     return label;
 }
 
+/// What lies around must not move when the control is hidden.
+void keepPlace(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
 } // namespace
 
 const ImpairmentTraits& impairmentTraits(Person person) {
@@ -64,7 +72,9 @@ ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryF
                                    forms::EntryField& associated, QWidget* parent,
                                    forms::FocusGuard& guard)
     : traits_(traits), dominant_(dominant), associated_(associated),
-      dominantPick_(makePick(parent, traits)), associatedPick_(makePick(parent, traits)) {
+      dominantPick_(makePick(parent, traits)), associatedPick_(makePick(parent, traits)),
+      dominantCaption_(captionOf(dominantPick_, QString::fromUtf16(traits.dominantCaption))),
+      associatedCaption_(captionOf(associatedPick_, QString::fromUtf16(traits.associatedCaption))) {
     guard.watch(dominantPick_, QString::fromUtf16(traits.dominantArray), traits.dominantElement,
                 *this);
     guard.watch(associatedPick_, QStringLiteral("cmbSek"), traits.associatedElement, *this);
@@ -79,27 +89,33 @@ ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryF
         slots_[i]->setFixedWidth(24);
         setGround(*slots_[i], forms::screenColour.lighter(104));
     }
+    if (traits.hidesPicks) {
+        for (QWidget* hidden : std::initializer_list<QWidget*>{
+                 dominantPick_, associatedPick_, dominantCaption_, associatedCaption_})
+            keepPlace(*hidden);
+    }
     show(QString());
 }
 
 void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
-    const auto place = [&](forms::EntryField& field, forms::DropDown* pick, const char16_t* caption,
+    const auto place = [&](forms::EntryField& field, forms::DropDown* pick, QLabel* caption,
                            const QString& label, int row, int column) {
-        grid.addWidget(captionOf(pick, QString::fromUtf16(caption)), row, column + 2);
+        grid.addWidget(caption, row, column + 2);
         grid.addWidget(captionOf(&field, label), row + 1, column, Qt::AlignRight);
         grid.addWidget(&field, row + 1, column + 1);
         grid.addWidget(pick, row + 1, column + 2);
     };
     const bool wide = shape == Shape::Wide;
-    place(dominant_, dominantPick_, traits_.dominantCaption, QStringLiteral("Dominantné"), 0, 0);
-    place(associated_, associatedPick_, traits_.associatedCaption, QStringLiteral("Pridružené"),
+    place(dominant_, dominantPick_, dominantCaption_, QStringLiteral("Dominantné"), 0, 0);
+    place(associated_, associatedPick_, associatedCaption_, QStringLiteral("Pridružené"),
           wide ? 0 : 2, wide ? 3 : 0);
     auto* line = new QHBoxLayout;
     line->setSpacing(2);
     for (forms::EntryField* slot : slots_)
         line->addWidget(slot);
     line->addStretch();
-    grid.addWidget(captionOf(slots_[0], QStringLiteral("Postihnutia")), 4, 0, Qt::AlignRight);
+    grid.addWidget(captionOf(slots_[0], QString::fromUtf16(traits_.slotsCaption)), 4, 0,
+                   Qt::AlignRight);
     grid.addLayout(line, 4, 1, 1, wide ? 5 : 2);
     grid.setColumnStretch(6, 1);
 }
@@ -124,9 +140,25 @@ void ImpairmentFields::showSlots() {
     associatedPick_->setItems(state_.associatedRows());
 }
 
+void ImpairmentFields::setOpen(bool open) {
+    isOpen_ = open;
+    enablePick(*dominantPick_, *dominantCaption_, open);
+    enableAssociated(isImpaired_);
+}
+
 void ImpairmentFields::enableAssociated(bool enabled) {
-    associatedPick_->setEnabled(enabled);
-    associated_.setEnabled(enabled);
+    isImpaired_ = enabled;
+    enablePick(*associatedPick_, *associatedCaption_, isOpen_ && enabled);
+    associated_.setEnabled(isOpen_ && enabled);
+}
+
+void ImpairmentFields::enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const {
+    if (traits_.hidesPicks) {
+        pick.setVisible(enabled);
+        caption.setVisible(enabled);
+    } else {
+        pick.setEnabled(enabled);
+    }
 }
 
 void ImpairmentFields::nastavDominantne(int code) {

@@ -8,6 +8,7 @@
 #include <array>
 
 class QGridLayout;
+class QLabel;
 class QWidget;
 
 namespace forms {
@@ -28,7 +29,10 @@ struct ImpairmentTraits {
     int associatedElement;
     const char16_t* dominantCaption;
     const char16_t* associatedCaption;
+    const char16_t* slotsCaption;
     const char16_t* toolTip;
+    /// Pickers that can't be used are hidden, not merely disabled.
+    bool hidesPicks;
     /// What, typed into the associated field, clears the associated codes.
     char16_t clearing;
 };
@@ -49,6 +53,8 @@ class ImpairmentFields : public forms::FieldEvents {
     /// Fills an empty grid.
     void layOut(QGridLayout& grid, Shape shape) const;
 
+    /// Opens the entry, or closes it as a whole. It is open at first.
+    void setOpen(bool open);
     /// Shows a stored string (`citajPostih`) and enables the associated entry by it
     /// (`nastavPristup`).
     void show(const QString& stored);
@@ -75,6 +81,7 @@ class ImpairmentFields : public forms::FieldEvents {
     void pickDominant();
     void pickAssociated();
     void enableAssociated(bool enabled);
+    void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const;
     void showSlots();
 
     const ImpairmentTraits& traits_;
@@ -82,6 +89,10 @@ class ImpairmentFields : public forms::FieldEvents {
     forms::EntryField& associated_;
     forms::DropDown* dominantPick_;
     forms::DropDown* associatedPick_;
+    QLabel* dominantCaption_;
+    QLabel* associatedCaption_;
+    bool isOpen_ = true;
+    bool isImpaired_ = false;
     std::array<forms::EntryField*, 9> slots_{};
     Impairments state_;
 };

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -33,6 +34,8 @@ struct RecordParts {
     const std::vector<forms::EntryField*>& fields;
     /// Parent of the kind's own controls until they are laid out.
     QWidget* workshop;
+    /// Shows the rows of the source as they are now, with no record open.
+    std::function<void()> browse;
 };
 
 /// What a kind of record adds to the machine of the tabs: its own controls, checks and columns.
@@ -65,5 +68,7 @@ class RecordKind {
 };
 
 std::unique_ptr<RecordKind> makeDatedKind(const RecordParts& parts);
+std::unique_ptr<RecordKind> makePlacementKind(const RecordParts& parts);
+std::unique_ptr<RecordKind> makeSiblingKind(const RecordParts& parts);
 
 } // namespace clientcard

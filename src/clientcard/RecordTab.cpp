@@ -20,7 +20,14 @@ namespace clientcard {
 namespace {
 
 std::unique_ptr<RecordKind> makeKind(const RecordParts& parts) {
-    return makeDatedKind(parts);
+    switch (tabTable()[std::size_t(parts.row.tab)].kind) {
+    case TabKind::Placements:
+        return makePlacementKind(parts);
+    case TabKind::Siblings:
+        return makeSiblingKind(parts);
+    default:
+        return makeDatedKind(parts);
+    }
 }
 
 } // namespace
@@ -42,7 +49,9 @@ RecordTab::~RecordTab() {
 }
 
 RecordParts RecordTab::parts() {
-    return {frame_, row_, source_, fields_.fields(), &workshop_};
+    return {frame_, row_, source_, fields_.fields(), &workshop_, [this] {
+                showBrowsing();
+            }};
 }
 
 void RecordTab::makeList() {

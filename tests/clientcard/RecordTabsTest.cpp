@@ -34,6 +34,16 @@ struct Member {
 constexpr const char* worker = "NOVAKJA00";
 
 const std::vector<Member> members = {
+    {2, "k_surodenci", "DBList1", "cmdSur", "textSur", "textSur(0)",
+     {{0, "adam mal"}, {1, "1999"}}, {{0, "bea mala"}, {2, "z"}},
+     "Adam Mal|Bea Mala", true, "Meno je povinný údaj !", "",
+     "Naozaj chceš vymazať súrodenca : Adam Mal ?"},
+    {9, "k_zariad", "DBList2", "cmdZar", "textZar", "textZar(0)",
+     {{0, "05"}, {2, "1.9.05"}, {3, "30.6.06"}}, {{0, "07"}, {2, "1.9.06"}, {3, "30.6.07"}},
+     "01.09.2005 - 30.06.2006|01.09.2006 - 30.06.2007", true,
+     "Názov zariadenia je povinný údaj !", "Výmaz zariadenia klienta",
+     "Naozaj chceš vymazať zariadenie : Skola  01.09.2005 - 30.06.2006 ?"},
+
     {10,
      "k_vysetrenie",
      "DBList3",
@@ -211,6 +221,9 @@ TEST_F(RecordTest, AllTabsRunOneMachine) {
         entry(0).setFocus();
         key(Qt::Key_Escape);
         expectBrowse();
+        // Storno on the siblings leads to the first one.
+        EXPECT_EQ(list().row(), member.tab == 2 ? 0 : 1);
+        key(Qt::Key_End);
         press("Opr");
         press("Zap");
         expectBrowse();

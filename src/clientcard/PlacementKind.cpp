@@ -1,0 +1,139 @@
+#include "clientcard/CardData.h"
+#include "clientcard/CodePick.h"
+#include "clientcard/RecordKind.h"
+#include "clientcard/TabFamily.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "store/DataSource.h"
+#include "store/Sql.h"
+#include "validation/modKontrola.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QRadioButton>
+
+#include <array>
+
+namespace clientcard {
+
+namespace {
+
+constexpr CodePickRow facilities = {.name = u"dbcZar",
+                                    .toolTip = u"výber zariadenia",
+                                    .source = u"DatCisZar",
+                                    .table = u"c_zariad",
+                                    .codeColumn = u"kod",
+                                    .nameColumn = u"nazov"};
+
+constexpr int codeLength = 2;
+
+/// The pick of the facility. Its list opens at the code in the field.
+class FacilityPick : public CodePick {
+  public:
+    using CodePick::CodePick;
+
+  protected:
+    bool opens(forms::Area area) override;
+    void take() override { field().setText(pick().text().left(codeLength)); }
+};
+
+bool FacilityPick::opens(forms::Area area) {
+    if (area != forms::Area::Button)
+        return true;
+    store::Recordset& rows = codes().Recordset();
+    rows.FindFirst(QStringLiteral("kod =") + store::quoted(field().text().left(codeLength)));
+    if (rows.NoMatch() && !rows.Eof())
+        rows.MoveFirst();
+    return true;
+}
+
+/// A kind of placement that can be on show.
+struct View {
+    const char16_t* option;
+    const char16_t* caption;
+    QStringView akronym;
+};
+
+constexpr std::array<View, 2> views = {{
+    {u"optZarVv", u"Údaje o výchove a vzdelávaní", schools},
+    {u"optZarTvk", u"Údaje o špeciálno-pedag. starostlivosti", counselling},
+}};
+
+class PlacementKind : public RecordKind {
+  public:
+    explicit PlacementKind(const RecordParts& parts);
+
+    forms::DropDown* pickOf(int field) const override {
+        return field == 0 ? &facility_.pick() : nullptr;
+    }
+    void layOutAbove(QBoxLayout& page) override { page.addWidget(Frame4_); }
+
+    void enableInput(bool enabled) override { facility_.pick().setEnabled(enabled); }
+    /// The kind can't change under a record that is open.
+    void setEditing(bool editing) override { Frame4_->setVisible(!editing); }
+    void rowShown(store::Recordset& /*rows*/) override { facility_.showMeaning(); }
+    bool holds(int /*field*/) override { return facility_.lookUp(); }
+    void complete(store::Recordset& rows) override;
+    QString recordSource(const QString& key) const override { return placementsOf(key, akronym()); }
+
+  private:
+    QStringView akronym() const { return (optZarVv()->isChecked() ? views[0] : views[1]).akronym; }
+    QRadioButton* optZarVv() const { return options_[0]; }
+    void makeOptions();
+    void showView();
+
+    CardFrame& frame_;
+    store::DataSource& source_;
+    store::DataSource& codes_;
+    const std::function<void()> browse_;
+    FacilityPick facility_;
+    QGroupBox* Frame4_;
+    std::array<QRadioButton*, views.size()> options_{};
+};
+
+PlacementKind::PlacementKind(const RecordParts& parts)
+    : frame_(parts.frame), source_(parts.source), codes_(parts.frame.data().source(u"DatCisZar")),
+      browse_(parts.browse), facility_(parts.frame, facilities, *parts.fields[0], parts.workshop),
+      Frame4_(new QGroupBox(QStringLiteral("Zmena údajov"), parts.workshop)) {
+    makeOptions();
+}
+
+void PlacementKind::makeOptions() {
+    Frame4_->setObjectName(QStringLiteral("Frame4"));
+    QSizePolicy keepsPlace = Frame4_->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    Frame4_->setSizePolicy(keepsPlace);
+    auto* line = new QHBoxLayout(Frame4_);
+    line->setSpacing(16);
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        options_[i] = new QRadioButton(QString::fromUtf16(views[i].caption), Frame4_);
+        options_[i]->setObjectName(QString::fromUtf16(views[i].option));
+        QObject::connect(options_[i], &QRadioButton::clicked, options_[i],
+                         [this] { frame_.perform([this] { showView(); }); });
+        line->addWidget(options_[i]);
+    }
+    line->addStretch();
+    optZarVv()->setChecked(true);
+}
+
+void PlacementKind::showView() {
+    codes_.setRecordSource(placementCodes(akronym()));
+    codes_.Refresh();
+    source_.setRecordSource(placementsOf(modKontrola::gIdKod, akronym()));
+    source_.Refresh();
+    browse_();
+}
+
+/// A date that is left empty is Null; the binding gives a date column nothing else for it.
+void PlacementKind::complete(store::Recordset& rows) {
+    if (rows.EditMode() == store::EditState::Add)
+        rows.Fields(u"akronym").setValue(akronym().toString());
+}
+
+} // namespace
+
+std::unique_ptr<RecordKind> makePlacementKind(const RecordParts& parts) {
+    return std::make_unique<PlacementKind>(parts);
+}
+
+} // namespace clientcard

@@ -1,0 +1,109 @@
+#include "clientcard/CardData.h"
+#include "clientcard/FieldGrid.h"
+#include "clientcard/ImpairmentFields.h"
+#include "clientcard/RecordKind.h"
+#include "clientcard/SexPick.h"
+#include "clientcard/TabFamily.h"
+#include "clientcard/TextRules.h"
+#include "forms/DropDown.h"
+#include "forms/EntryField.h"
+#include "store/Recordset.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+
+namespace clientcard {
+
+namespace {
+
+constexpr int sex = 2;
+constexpr int dominant = 4;
+constexpr int associated = 5;
+constexpr int sexPickWidth = 46;
+
+/// Siblings. Their picks are hidden, not merely disabled, while no record is open.
+class SiblingKind : public RecordKind {
+  public:
+    explicit SiblingKind(const RecordParts& parts);
+
+    forms::DropDown* pickOf(int field) const override;
+    void layOutBelow(QBoxLayout& frame) override;
+
+    void enableInput(bool enabled) override;
+    void rowShown(store::Recordset& rows) override;
+    bool holds(int field) override;
+    void complete(store::Recordset& rows) override;
+    QString recordSource(const QString& key) const override { return siblingsOf(key); }
+
+  private:
+    const std::vector<forms::EntryField*>& fields_;
+    SexPick sexPick_;
+    ImpairmentFields impairments_;
+};
+
+SiblingKind::SiblingKind(const RecordParts& parts)
+    : fields_(parts.fields), sexPick_(parts.frame.guard(), *fields_[sex], QStringLiteral("cmbSur"),
+                                      0, QStringLiteral("výber pohlavia"), parts.workshop),
+      impairments_(impairmentTraits(Person::Sibling), *fields_[dominant], *fields_[associated],
+                   parts.workshop, parts.frame.guard()) {
+    sexPick_.pick().setFixedWidth(sexPickWidth);
+    sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
+    for (const int field : {dominant, associated})
+        setWidth(*fields_[std::size_t(field)], 2);
+}
+
+forms::DropDown* SiblingKind::pickOf(int field) const {
+    switch (field) {
+    case sex:
+        return &sexPick_.pick();
+    case dominant:
+        return &impairments_.dominantPick();
+    case associated:
+        return &impairments_.associatedPick();
+    default:
+        return nullptr;
+    }
+}
+
+void SiblingKind::layOutBelow(QBoxLayout& frame) {
+    auto* Frame9 = new QGroupBox(QStringLiteral("Postihnutia"));
+    Frame9->setObjectName(QStringLiteral("Frame9"));
+    auto* grid = new QGridLayout(Frame9);
+    grid->setContentsMargins(8, 6, 8, 6);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(4);
+    impairments_.layOut(*grid, ImpairmentFields::Shape::Narrow);
+    frame.addWidget(Frame9);
+}
+
+void SiblingKind::enableInput(bool enabled) {
+    sexPick_.pick().setVisible(enabled);
+    impairments_.setOpen(enabled);
+}
+
+/// The row that is open as a new one counts as a row here, so that it shows nothing of the one
+/// before.
+void SiblingKind::rowShown(store::Recordset& rows) {
+    const bool isRow =
+        rows.AbsolutePosition() >= 0 || rows.EditMode() == store::EditState::Add;
+    impairments_.show(isRow ? trimBlanks(rows.Fields(u"postih").Value().toText()) : QString());
+    sexPick_.pick().setPick(-1);
+}
+
+bool SiblingKind::holds(int field) {
+    return field == dominant ? impairments_.takeDominant() : impairments_.takeAssociated();
+}
+
+void SiblingKind::complete(store::Recordset& rows) {
+    impairments_.takePending();
+    rows.Fields(u"postih").setValue(impairments_.joined());
+}
+
+} // namespace
+
+std::unique_ptr<RecordKind> makeSiblingKind(const RecordParts& parts) {
+    return std::make_unique<SiblingKind>(parts);
+}
+
+} // namespace clientcard
