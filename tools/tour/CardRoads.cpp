@@ -22,34 +22,36 @@ void turnTabs(Guide& guide, int tabs) {
         guide.key(Qt::Key_PageDown, Qt::ControlModifier);
 }
 
-/// To the button by keys, from a field.
-void pressByKeys(Guide& guide, const QString& button) {
-    guide.key(Qt::Key_PageDown);
-    for (int i = 0; i < 12 && guide.inFront().focusWidget()->objectName() != button; ++i)
-        guide.key(Qt::Key_Tab, Qt::ShiftModifier);
-    if (guide.inFront().focusWidget()->objectName() != button)
-        giveUp(QStringLiteral("Cannot reach by keys: ") + button);
-    guide.key(Qt::Key_Return);
-}
-
-void typeNewClient(Guide& guide) {
+void fillBasicData(Guide& guide) {
     guide.picture(QStringLiteral("novy-klient"));
-    enter(guide, {"jana", "kováčiková", "Nitra", "8055120007"});
+    enter(guide, {"jana", "kováčiková", "Nitra", "1855120003"});
     enter(guide, {"", "", "4711", "25", "01"});
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-klient-ciselnik"));
     guide.key(Qt::Key_Escape);
-    enter(guide, {"SK", "sk", "sk", "dlhá 1", "Nitra", "94901", "", "", "1.9.99", "3", "5"});
+    enter(guide, {"SK", "sk", "sk", "dlhá 1", "Nitra", "94901", "", "", "1.9.26", "3"});
+    guide.key(Qt::Key_Tab);
+    guide.key(Qt::Key_F4);
+    guide.picture(QStringLiteral("novy-klient-postihnutia"));
+    guide.key(Qt::Key_Escape);
     guide.picture(QStringLiteral("novy-klient-vyplneny"));
-    pressByKeys(guide, QStringLiteral("cmdZaklUd"));
+    guide.press(QStringLiteral("cmdZaklUd"));
     guide.picture(QStringLiteral("novy-klient-zapisany"));
-    turnTabs(guide, 1);
-    enter(guide, {"anna kováčiková", "1955"});
-    guide.picture(QStringLiteral("novy-klient-rodicia"));
-    pressByKeys(guide, QStringLiteral("CmdZap"));
 }
 
-void lookAtClient(Guide& guide) {
+void addCareRecord(Guide& guide) {
+    turnTabs(guide, 11);
+    guide.picture(QStringLiteral("starostlivost"));
+    guide.press(QStringLiteral("cmdZscNovy"));
+    guide.type(QStringLiteral("Nácvik čítania s porozumením, práca s obrázkami."));
+    guide.goTo(QStringLiteral("textZsc(0)"));
+    enter(guide, {"15.9.26", "08", "09", "NOVAKOEV00"});
+    guide.picture(QStringLiteral("starostlivost-novy-zaznam"));
+    guide.press(QStringLiteral("cmdZscZap"));
+    guide.picture(QStringLiteral("starostlivost-zapisana"));
+}
+
+void lookAtBasicData(Guide& guide) {
     guide.picture(QStringLiteral("klient-zakladne-udaje"));
     guide.key(Qt::Key_Return);
     guide.key(Qt::Key_Return);
@@ -59,18 +61,56 @@ void lookAtClient(Guide& guide) {
     guide.key(Qt::Key_Escape);
     turnTabs(guide, 1);
     guide.picture(QStringLiteral("klient-rodicia"));
-    turnTabs(guide, 2);
-    guide.picture(QStringLiteral("klient-dieta-v-rannom-veku"));
-    guide.key(Qt::Key_Escape);
+}
+
+/// From the tab of the parents through all that follow.
+void lookAtRecords(Guide& guide) {
+    struct Tab {
+        int turns;
+        const char16_t* name;
+        const char16_t* edit;
+    };
+    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr"}, Tab{1, u"dieta-v-rannom-veku", u""},
+                           Tab{6, u"zariadenia", u"cmdZarOpr"}, Tab{1, u"vysetrenia", u"cmdPzaOpr"},
+                           Tab{1, u"starostlivost", u"cmdZscOpr"}, Tab{1, u"zmeny", u"cmdZazOpr"},
+                           Tab{1, u"navstevy", u"cmdNavOpr"}}) {
+        turnTabs(guide, tab.turns);
+        const QString name = QStringLiteral("klient-") + QString::fromUtf16(tab.name);
+        guide.picture(name);
+        if (*tab.edit == u'\0')
+            continue;
+        guide.press(QString::fromUtf16(tab.edit));
+        guide.picture(name + QStringLiteral("-oprava"));
+        guide.key(Qt::Key_Escape);
+    }
 }
 
 } // namespace
 
+void walkNewClient(Guide& guide) {
+    guide.click(QStringLiteral("Picture1"));
+    guide.picture(QStringLiteral("ziadni-klienti"));
+    guide.inModalWindow([&guide](QWidget&) {
+        fillBasicData(guide);
+        addCareRecord(guide);
+        guide.press(QStringLiteral("CmdZap"));
+    });
+    guide.click(QStringLiteral("CmdNovy"));
+    guide.picture(QStringLiteral("prvy-klient"));
+}
+
 void walkClientCard(Guide& guide) {
     guide.click(QStringLiteral("Picture1"));
-    guide.inModalWindow([&guide](QWidget&) { typeNewClient(guide); });
-    guide.click(QStringLiteral("CmdNovy"));
-    guide.inModalWindow([&guide](QWidget&) { lookAtClient(guide); });
+    guide.inModalWindow([&guide](QWidget&) {
+        // A client with records of every kind.
+        enter(guide, {"Klein"});
+    });
+    guide.click(QStringLiteral("cmdHladaj"));
+    guide.inModalWindow([&guide](QWidget&) {
+        lookAtBasicData(guide);
+        lookAtRecords(guide);
+        guide.key(Qt::Key_Escape);
+    });
     guide.click(QStringLiteral("cmdOprava"));
 }
 

@@ -70,6 +70,19 @@ void Guide::type(const QString& text) {
         QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), {});
 }
 
+void Guide::goTo(const QString& objectName) {
+    constexpr int farthest = 60;
+    for (int i = 0; i < farthest && inFront().focusWidget()->objectName() != objectName; ++i)
+        key(Qt::Key_Tab);
+    if (inFront().focusWidget()->objectName() != objectName)
+        giveUp(QStringLiteral("Cannot reach by keys: ") + objectName);
+}
+
+void Guide::press(const QString& button) {
+    goTo(button);
+    key(Qt::Key_Return);
+}
+
 void Guide::inModalWindow(std::function<void(QWidget&)> steps) {
     awaited_.push_back(std::move(steps));
 }

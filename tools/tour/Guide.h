@@ -32,6 +32,10 @@ class Guide : public QObject {
     /// Presses a key in the window in front.
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
+    /// Goes to a control of the window in front by Tab.
+    void goTo(const QString& objectName);
+    /// Goes to a button by Tab and presses it by Enter.
+    void press(const QString& button);
     /// Runs the steps in the next modal windows, one after the other; the last one closes it.
     void inModalWindow(std::function<void(QWidget&)> steps);
     /// Fails when a modal window that was waited for never came.

@@ -20,9 +20,10 @@ namespace {
 // The pictures are those of a register that never changes: its own data and its own day.
 const QDate today(2026, 11, 20);
 
-void makeRegister(const QString& file) {
+/// @param kind as on the command line of mkdb
+void makeRegister(const char16_t* kind, const QString& file) {
     QString problem;
-    const auto arguments = mkdb::readArguments({QStringLiteral("ukazka"), file},
+    const auto arguments = mkdb::readArguments({QString::fromUtf16(kind), file},
                                                QStringLiteral(TVK_DATA_FOLDER), today, problem);
     if (!arguments)
         tour::giveUp(problem);
@@ -41,10 +42,12 @@ QByteArray offscreen(const QString& file) {
     return "offscreen:configfile=" + file.toUtf8();
 }
 
-void walk(const QString& output) {
+/// Opens the program on a register of this kind and walks through it.
+template <typename Roads>
+void walk(const char16_t* kind, const QString& output, const Roads& roads) {
     const QTemporaryDir directory;
     const store::ProgramFolder folder(directory.path());
-    makeRegister(folder.database());
+    makeRegister(kind, folder.database());
 
     store::DBEngine engine;
     const mainwindow::Surroundings around{engine, folder, [] { return today; }, app::openScreen,
@@ -55,17 +58,40 @@ void walk(const QString& output) {
     window.open();
     tour::Guide guide(output, window);
     guide.picture(QStringLiteral("start"));
-    tour::walkLists(guide);
-    tour::walkClientCard(guide);
-    tour::walkSchoolYear(guide);
-    tour::walkTableOne(guide, window);
+    roads(guide, window);
     guide.allCame();
+}
+
+// The card of an employee does not stand yet.
+void addEmployee(const mainwindow::Surroundings& around) {
+    around.engine.OpenDatabase(around.folder.database())
+        .Execute(QStringLiteral("insert into zamestnanci (idkod, meno, priezv) values "
+                                "('NOVAKOEV00', 'Eva', 'Nováková')"));
+}
+
+/// From nothing to the first return.
+void walkFirstClient(const QString& output) {
+    walk(u"prazdna", output, [](tour::Guide& guide, mainwindow::FrmUvod& window) {
+        addEmployee(window.surroundings());
+        tour::walkNewClient(guide);
+        tour::walkSchoolYear(guide);
+        tour::walkTableOne(guide, window);
+    });
+}
+
+void walkSample(const QString& output) {
+    walk(u"ukazka", output, [](tour::Guide& guide, mainwindow::FrmUvod& window) {
+        tour::walkLists(guide);
+        tour::walkClientCard(guide);
+        tour::walkSchoolYear(guide);
+        tour::walkTableOne(guide, window);
+    });
 }
 
 } // namespace
 
-/// Walks through the program on a register of its own, without a screen, and leaves pictures and
-/// print-outs in the folder that is its only argument.
+/// Walks through the program without a screen, on an empty register and on an invented one, and
+/// leaves pictures and print-outs in the folder that is its only argument.
 int main(int argc, char** argv) {
     const QTemporaryDir directory;
     qputenv("QT_QPA_PLATFORM", offscreen(directory.filePath(QStringLiteral("screen.json"))));
@@ -75,7 +101,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        walk(QString::fromLocal8Bit(argv[1]));
+        const QString output = QString::fromLocal8Bit(argv[1]);
+        walkFirstClient(output + QStringLiteral("/prvy-klient"));
+        walkSample(output);
     } catch (const std::exception& error) {
         tour::giveUp(QString::fromUtf8(error.what()));
     }
