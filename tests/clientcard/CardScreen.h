@@ -15,6 +15,7 @@
 #include <QWindow>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <optional>
 
@@ -111,6 +112,21 @@ class CardTest : public testing::Test {
     }
     QString stored(const char* column, const char* table = "k_zaklad") {
         return reg.text(text(table), text(column));
+    }
+    /// From now on the file refuses an action, as "insert on k_zaklad".
+    void refuse(const char* action) {
+        executeInFile(text("create trigger refusal before %1 begin "
+                           "select raise(abort, 'refused'); end")
+                          .arg(text(action)));
+    }
+    void refuseNoMore() { executeInFile(text("drop trigger refusal")); }
+    void executeInFile(const QString& sql) {
+        reg.letGo();
+        reg.engine.commitPending();
+        sqlite3* file = nullptr;
+        sqlite3_open(qPrintable(reg.folder.database()), &file);
+        EXPECT_EQ(sqlite3_exec(file, qPrintable(sql), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(file);
     }
     QListWidget& tabs() { return at<QListWidget>("SSTab1"); }
     bool isEnabled(int tab) { return tabs().item(tab)->flags().testFlag(Qt::ItemIsEnabled); }

@@ -3,8 +3,6 @@
 
 #include <QTextEdit>
 
-#include <sqlite3.h>
-
 using cardtest::CardTest;
 using cardtest::text;
 
@@ -12,18 +10,6 @@ namespace {
 
 class CardTroubleTest : public CardTest {
   protected:
-    /// From now on the file refuses an action, as "insert on k_zaklad".
-    void refuse(const char* action) {
-        reg.letGo();
-        reg.engine.commitPending();
-        sqlite3* file = nullptr;
-        sqlite3_open(qPrintable(reg.folder.database()), &file);
-        const QString sql = text("create trigger refusal before %1 begin "
-                                 "select raise(abort, 'refused'); end");
-        EXPECT_EQ(sqlite3_exec(file, qPrintable(sql.arg(text(action))), nullptr, nullptr, nullptr),
-                  SQLITE_OK);
-        sqlite3_close(file);
-    }
     void expectNotWritten() {
         boxes.expect({.text = text("Tieto údaje sa nezapísali:\n\nzáznam\n"
                                    "Chyba č. 3000: Chyba databázového stroja: refused."),

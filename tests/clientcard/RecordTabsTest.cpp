@@ -1,184 +1,13 @@
-#include "CardScreen.h"
+#include "RecordScreen.h"
 #include "forms/RichText.h"
-#include "forms/RowList.h"
 
 #include <QTextEdit>
 
-#include <vector>
-
+using cardtest::Member;
+using cardtest::members;
+using cardtest::RecordTest;
 using cardtest::text;
-
-namespace {
-
-/// What is typed into a field of a record.
-struct Typed {
-    int field;
-    const char* text;
-};
-using Record = std::vector<Typed>;
-
-/// A tab of records as its users see it, with two records that differ.
-struct Member {
-    int tab;
-    const char *table, *list, *buttons, *fields;
-    /// Where the focus is when a record is opened.
-    const char* opensOn;
-    Record first, second;
-    /// The lines of the list after both were written, and the current one after each was edited.
-    const char* lines;
-    bool keepsPlace;
-    /// The message of an empty record, and the question before the first is deleted.
-    const char *mandatory, *title, *question;
-};
-
-constexpr const char* worker = "NOVAKJA00";
-
-const std::vector<Member> members = {
-    {2, "k_surodenci", "DBList1", "cmdSur", "textSur", "textSur(0)",
-     {{0, "adam mal"}, {1, "1999"}}, {{0, "bea mala"}, {2, "z"}},
-     "Adam Mal|Bea Mala", true, "Meno je povinný údaj !", "",
-     "Naozaj chceš vymazať súrodenca : Adam Mal ?"},
-    {9, "k_zariad", "DBList2", "cmdZar", "textZar", "textZar(0)",
-     {{0, "05"}, {2, "1.9.05"}, {3, "30.6.06"}}, {{0, "07"}, {2, "1.9.06"}, {3, "30.6.07"}},
-     "01.09.2005 - 30.06.2006|01.09.2006 - 30.06.2007", true,
-     "Názov zariadenia je povinný údaj !", "Výmaz zariadenia klienta",
-     "Naozaj chceš vymazať zariadenie : Skola  01.09.2005 - 30.06.2006 ?"},
-
-    {10,
-     "k_vysetrenie",
-     "DBList3",
-     "cmdPza",
-     "TextPza",
-     "rtbPza",
-     {{0, "1.9.05"}, {1, worker}},
-     {{0, "2.9.2005"}, {1, worker}},
-     "01.09.2005|02.09.2005",
-     true,
-     "Dátum je povinný údaj !",
-     "Výmaz priebehu a záverov špec.-ped.vyšetrenia",
-     "Naozaj chceš vymazať záznam o vyšetrení zo dňa: 01.09.2005  Novotna  Eva ?"},
-    {11,
-     "k_zaznam_spc",
-     "DBList5",
-     "cmdZsc",
-     "textZsc",
-     "rtbZsc",
-     {{0, "1.9.05"}, {3, worker}},
-     {{0, "2.9.2005"}, {1, "08:30"}, {3, worker}},
-     "01.09.2005|02.09.2005",
-     false,
-     "Dátum je povinný údaj !",
-     "Výmaz záznamu o špec.-ped.činnosti ",
-     "Naozaj chceš vymazať zaznamenané zmeny zo dňa: 01.09.2005  Novotna  Eva ?"},
-    {12,
-     "k_zaznam_zmeny",
-     "DBList4",
-     "cmdZaz",
-     "TextZaz",
-     "rtbZaz",
-     {{0, "1.9.05"}, {1, worker}},
-     {{0, "2.9.2005"}, {1, worker}},
-     "01.09.2005|02.09.2005",
-     false,
-     "Dátum je povinný údaj !",
-     "Výmaz záznamu o zmene",
-     "Naozaj chceš vymazať zaznamenané zmeny zo dňa: 01.09.2005  Novotna  Eva ?"},
-    {13,
-     "k_navstevy",
-     "DBList6",
-     "cmdNav",
-     "textNav",
-     "textNav(0)",
-     {{0, "1.9.05"}, {1, "8.9.05"}},
-     {{0, "2.9.2005"}, {1, "9.9.2005"}},
-     "01.09.2005|02.09.2005",
-     false,
-     "Dátum návštevy je povinný údaj !",
-     "Výmaz zápisu návštevy ",
-     "Naozaj chceš vymazať zápis zo dňa: 01.09.2005 ?"},
-};
-
-class RecordTest : public cardtest::CardTest {
-  protected:
-    RecordTest() {
-        insertClient("NOVOTNEV00");
-        reg.execute({text("insert into zamestnanci (idkod, meno, priezv) values "
-                          "('ADAMOVEV00', 'Eva', 'Adamova')"),
-                     text("insert into zamestnanci (idkod, meno, priezv) values "
-                          "('NOVAKJA00', 'Jan', 'Novak')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('05', 'Trieda', 'VYCH')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('07', 'Skola', 'VYCH')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('21', 'Poradna', 'TVK')")});
-        modKontrola::gMenoKlienta = text(" : Eva  Novotna");
-    }
-
-    /// Turns to a member's tab by the keys.
-    void turnTo(const Member& to) {
-        m = &to;
-        open(text("NOVOTNEV00"));
-        while (tabs().currentRow() < to.tab)
-            key(Qt::Key_PageDown, Qt::ControlModifier);
-    }
-    QPushButton& button(const char* name) {
-        const bool isDelete = text(name) == text("Vym") && m->tab == 2;
-        return at<QPushButton>(qPrintable(text(isDelete ? "CmdSur" : m->buttons) + text(name)));
-    }
-    void press(const char* name) { CardTest::press(button(name)); }
-    using CardTest::press;
-    forms::EntryField& entry(int index) {
-        return at(qPrintable(QStringLiteral("%1(%2)").arg(text(m->fields)).arg(index)));
-    }
-    forms::RowList& list() { return at<forms::RowList>(m->list); }
-    QString lines() {
-        QStringList all;
-        for (int line = 0; line < list().count(); ++line)
-            all += list().itemText(line);
-        return all.join(u'|');
-    }
-    void fill(const Record& record) {
-        for (const Typed& typed : record) {
-            entry(typed.field).setFocus();
-            entry(typed.field).selectAll();
-            type(typed.text);
-        }
-    }
-    void add(const Record& record) {
-        press("Novy");
-        fill(record);
-        press("Zap");
-    }
-    qint64 count() { return reg.count(text(m->table)); }
-    QString value(const char* column) { return reg.text(text(m->table), text(column)); }
-    /// All that must be on or off, and where the focus is.
-    void expectState(bool editing, const QString& focus) {
-        const bool rows = count() > 0;
-        for (const auto& [name, on] : {std::pair{"Novy", !editing},
-                                       {"Opr", !editing && rows},
-                                       {"Vym", !editing && rows},
-                                       {"Zap", editing},
-                                       {"ZapNew", editing},
-                                       {"Sto", editing}})
-            EXPECT_EQ(button(name).isEnabled(), on) << name;
-        for (const char* name : {"CmdZap", "cmdZapNew", "cmdStorno"})
-            EXPECT_EQ(at<QPushButton>(name).isEnabled(), !editing) << name;
-        for (int tab = 0; tab < 14; ++tab)
-            EXPECT_EQ(isEnabled(tab), !editing || tab == m->tab) << tab;
-        EXPECT_EQ(list().isEnabled(), !editing);
-        EXPECT_EQ(entry(0).isEnabled(), editing);
-        EXPECT_EQ(focused(), focus);
-    }
-    void expectBrowse() {
-        expectState(false, count() > 0 ? text(m->list) : text(m->buttons) + text("Novy"));
-    }
-    void expectEdit() { expectState(true, text(m->opensOn)); }
-
-    const Member* m = nullptr;
-};
-
-} // namespace
+using cardtest::worker;
 
 TEST_F(RecordTest, AllTabsRunOneMachine) {
     for (const Member& member : members) {
@@ -246,4 +75,210 @@ TEST_F(RecordTest, AllTabsRunOneMachine) {
         }
         EXPECT_EQ(lines(), text(member.lines).section(u'|', 1));
     }
+}
+
+TEST_F(RecordTest, OneRecordADay) {
+    for (const int tab : {10, 11, 12, 13}) {
+        SCOPED_TRACE(tab);
+        turnTo(tab);
+        add(m->first);
+        const char* taken = "Našiel sa záznam s rovnakým dátumom :1.9.2005";
+        press("Novy");
+        entry(0).setFocus();
+        type("1.9.2005");
+        expect(taken);
+        key(Qt::Key_Return);
+        boxes.allCame();
+        EXPECT_EQ(focused(), entry(0).objectName());
+        expect(taken);
+        press(button("Zap"));
+        boxes.allCame();
+        EXPECT_EQ(focused(), entry(0).objectName());
+        EXPECT_EQ(count(), 1);
+        if (tab == 13) {
+            fill({{0, "5.9.2005"}});
+            entry(1).setFocus();
+            type("1.9.2005");
+            expect(taken);
+            key(Qt::Key_Return);
+        }
+        key(Qt::Key_Escape);
+
+        press("Opr");
+        entry(0).setFocus();
+        key(Qt::Key_Return);
+        EXPECT_EQ(focused(), entry(1).objectName()) << "the record's own date";
+        // What a key has passed is not asked about again until the card closes.
+        entry(0).setFocus();
+        fill({{0, "nikdy"}});
+        key(Qt::Key_Tab);
+        EXPECT_EQ(entry(0).text(), text("nikdy"));
+        key(Qt::Key_Escape);
+        expectBrowse();
+        EXPECT_EQ(lines(), text("01.09.2005"));
+    }
+}
+
+TEST_F(RecordTest, DatesThatAreNone) {
+    for (const auto& [tab, field, column] : {std::tuple{10, 0, "datum"},
+                                             {11, 0, "datum"},
+                                             {12, 0, "datum"},
+                                             {13, 1, "dat_budn"},
+                                             {9, 2, "vzar_od"},
+                                             {9, 3, "vzar_do"}}) {
+        SCOPED_TRACE(tab);
+        turnTo(tab);
+        press("Novy");
+        fill(m->first);
+        fill({{field, "x'1"}});
+        for (const auto answer : {QMessageBox::Retry, QMessageBox::Cancel}) {
+            boxes.expect({.text = text("Chybný dátum, zadaj v tvare dd.mm.rrrr!"),
+                          .title = text("Chybová správa"),
+                          .icon = QMessageBox::Warning,
+                          .buttons = QMessageBox::Retry | QMessageBox::Cancel,
+                          .answer = answer});
+            key(Qt::Key_Return);
+            boxes.allCame();
+            EXPECT_EQ(entry(field).text(), answer == QMessageBox::Retry ? text("x'1") : QString());
+        }
+        // No day of any calendar, but it passes the rule of dates, and must not be lost.
+        fill({{field, "31.2.2005"}});
+        press("Zap");
+        expectBrowse();
+        EXPECT_EQ(value(column), text("31.2.2005"));
+        EXPECT_EQ(entry(field).text(), text("31.2.2005"));
+        press("Opr");
+        entry(field).setFocus();
+        key(Qt::Key_Return);
+        press("Zap");
+        expectBrowse();
+        EXPECT_EQ(value(column), text("31.2.2005"));
+        reg.execute({text("delete from ") + text(m->table)});
+    }
+}
+
+TEST_F(RecordTest, TheWorkerOfARecord) {
+    reg.execute({text("insert into zamestnanci (idkod, meno, priezv) values "
+                      "('KRALJAEV00', 'Eva', 'Kralova')")});
+    for (const auto& [tab, field, pick] :
+         {std::tuple{10, 1, "DBCPza"}, {12, 1, "DBCZaz"}, {11, 3, "DBCZsc"}}) {
+        SCOPED_TRACE(tab);
+        const auto stored = [&] {
+            return value("idkod_p");
+        };
+        turnTo(tab);
+        press("Novy");
+        fill({{0, "1.9.2005"}, {field, "kraljaev00"}});
+        press("Zap");
+        EXPECT_EQ(stored(), text("KRALJAEV00")) << "typed and accepted";
+        EXPECT_EQ(at<forms::DropDown>(pick).text(), text("KRALJAEV00|Kralova  Eva"));
+        // Of an edited record only the field counts.
+        press("Opr");
+        fill({{field, "adamovev00"}});
+        press("Zap");
+        EXPECT_EQ(stored(), text("Adamovev00"));
+        // A pick counts, whatever is typed behind it.
+        press("Opr");
+        entry(field).setFocus();
+        key(Qt::Key_F4);
+        type("nov");
+        key(Qt::Key_Return);
+        EXPECT_EQ(focused(), entry(field).objectName());
+        EXPECT_EQ(entry(field).text(), text(worker));
+        fill({{field, "KRALJAEV00"}});
+        press("Zap");
+        EXPECT_EQ(stored(), text(worker));
+        press("Opr");
+        fill({{field, "KRALJAEV00"}});
+        press("Zap");
+        EXPECT_EQ(stored(), text("KRALJAEV00")) << "the pick is forgotten";
+        // A new record takes the employee at whom the list stands, not the text of the field.
+        press("Novy");
+        fill({{0, "2.9.2005"}, {field, worker}});
+        key(Qt::Key_Return);
+        fill({{field, "KRALJAEV00"}});
+        press("Zap");
+        EXPECT_EQ(
+            reg.count(
+                text("select * from %1 where idkod_p = '%2'").arg(text(m->table), text(worker))),
+            1);
+        // Esc in the pick gives the focus back and leaves the record open.
+        press("Novy");
+        entry(field).setFocus();
+        key(Qt::Key_F4);
+        key(Qt::Key_Escape);
+        EXPECT_EQ(focused(), entry(field).objectName());
+        EXPECT_TRUE(std::exchange(modKontrola::gZVyberu, false));
+        key(Qt::Key_Escape);
+        expectBrowse();
+    }
+}
+
+TEST_F(RecordTest, ThePickNeedsEmployees) {
+    reg.execute({text("delete from zamestnanci")});
+    turnTo(10);
+    press("Novy");
+    entry(1).setFocus();
+    boxes.expect({.text = text("Chýba zoznam zamestnancov ! "), .icon = QMessageBox::Warning});
+    key(Qt::Key_F4);
+    boxes.allCame();
+    EXPECT_EQ(focused(), entry(1).objectName());
+}
+
+TEST_F(RecordTest, TheTextOfARecordIsReadWhenShownAndWrittenWithIt) {
+    for (const auto& [tab, column] : {std::pair{10, "popis"}, {11, "cinnost"}, {12, "zmeny"}}) {
+        SCOPED_TRACE(tab);
+        turnTo(tab);
+        auto& rich = at<forms::RichText>(m->opensOn);
+        press("Novy");
+        key(Qt::Key_B, Qt::ControlModifier);
+        type("silne");
+        key(Qt::Key_Tab);
+        EXPECT_EQ(focused(), entry(0).objectName());
+        fill(m->first);
+        press("Zap");
+        EXPECT_EQ(value(column), text("<p><b>silne</b></p>"));
+        EXPECT_TRUE(rich.editor().isReadOnly());
+        rich.setFocus();
+        type("x");
+        EXPECT_EQ(rich.editor().toPlainText(), text("silne"));
+        turnTo(tab);
+        EXPECT_EQ(at<forms::RichText>(m->opensOn).editor().toPlainText(), text("silne"));
+    }
+}
+
+TEST_F(RecordTest, ARecordThatIsNotWrittenStaysOpenAsItWas) {
+    for (const auto& [tab, action] : {std::pair{10, "insert on k_vysetrenie"},
+                                      {2, "insert on k_surodenci"},
+                                      {9, "update on k_zariad"}}) {
+        SCOPED_TRACE(action);
+        turnTo(tab);
+        if (tab == 9)
+            add(m->first);
+        refuse(action);
+        press(tab == 9 ? "Opr" : "Novy");
+        fill(m->second);
+        boxes.expect({.text = text("Chyba č. 3000\n\nChyba databázového stroja: refused."),
+                      .icon = QMessageBox::Critical});
+        press("Zap");
+        boxes.allCame();
+        EXPECT_TRUE(button("Zap").isEnabled());
+        EXPECT_EQ(entry(0).text().toLower(), text(m->second[0].text));
+        EXPECT_FALSE(isEnabled(0));
+        refuseNoMore();
+        press("Zap");
+        expectBrowse();
+        EXPECT_EQ(count(), 1);
+    }
+}
+
+TEST_F(RecordTest, HoursKeepTwoCharacters) {
+    turnTo(11);
+    press("Novy");
+    fill({{0, "1.9.2005"}, {1, "08:30"}});
+    key(Qt::Key_Down);
+    fill({{2, "9.15"}, {3, worker}});
+    EXPECT_EQ(entry(1).text() + entry(2).text(), text("089."));
+    press("Zap");
+    EXPECT_EQ(value("hod_od") + value("hod_do"), text("089."));
 }
