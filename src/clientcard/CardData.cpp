@@ -73,7 +73,7 @@ QString keyCriterion(const QString& key) {
     return QStringLiteral("idkod =%1").arg(store::quoted(key));
 }
 
-CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) {
+CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) : engine_(engine) {
     const auto add = [&](QStringView name, QStringView table) {
         auto source = std::make_shared<store::DataSource>(engine);
         source->setObjectName(name.toString());
@@ -87,6 +87,10 @@ CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) 
         add(row.dataSource, row.table);
     datZaklad_ = &source(u"datZaklad");
     datMemo_ = &source(u"datMemo");
+}
+
+void CardData::commit() const {
+    engine_.commitPending();
 }
 
 store::DataSource& CardData::source(QStringView name) const {

@@ -24,6 +24,10 @@ class CardData {
     /// Opens the code-lists and the list of employees. @throws store::EngineError
     void otvorCiselniky();
 
+    /// Makes durable what was written. @throws store::EngineError when that can't be done; then
+    /// nothing that was written since the user's last action stays
+    void commit() const;
+
     /// @param name one of the names of the sources; another one is a fault of the program
     store::DataSource& source(QStringView name) const;
     store::DataSource& datZaklad() const { return *datZaklad_; }
@@ -32,6 +36,7 @@ class CardData {
   private:
     void open(QStringView name, const QString& recordSource) const;
 
+    store::DBEngine& engine_;
     QHash<QString, std::shared_ptr<store::DataSource>> sources_;
     store::DataSource* datZaklad_ = nullptr;
     store::DataSource* datMemo_ = nullptr;

@@ -46,6 +46,7 @@ class EntryTabs : public TabFamily, public KeyFields {
     KeyFields* keyFields() override { return this; }
     void focusElement(int element) override { fields_.field(element).setFocus(); }
     bool isChanged() const override;
+    std::function<void()> keepTyped() override;
     void writeBack() override;
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
@@ -150,6 +151,17 @@ bool EntryTabs::isChanged() const {
     };
     return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
            differs(2);
+}
+
+std::function<void()> EntryTabs::keepTyped() {
+    return [this, fields = binding_.keepTyped(), options = options_.keepChosen(),
+            codes = std::array{impairments_[0].joined(), impairments_[1].joined(),
+                               impairments_[2].joined()}] {
+        fields();
+        options();
+        for (std::size_t i = 0; i < codes.size(); ++i)
+            impairments_[i].show(codes[i]);
+    };
 }
 
 void EntryTabs::writeBack() {

@@ -67,6 +67,11 @@ void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) 
     widget.setPalette(palette);
 }
 
+void dropOpenRow(store::DataSource& source) {
+    if (source.isOpen())
+        source.Recordset().CancelUpdate();
+}
+
 } // namespace
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
@@ -269,19 +274,53 @@ void FrmKlientUdaj::press(Button button) {
 }
 
 /// A new client who could not be written has lost the open row, and the source stands on somebody
-/// else: the card begins anew.
+/// else.
 void FrmKlientUdaj::recoverNew() {
-    if (!isVisible() || modKontrola::gAkcia != 1 || !data_.datZaklad().isOpen() ||
-        data_.datZaklad().Recordset().EditMode() != store::EditState::None)
-        return;
-    openNew();
+    if (isVisible() && modKontrola::gAkcia == 1 && data_.datZaklad().isOpen() &&
+        data_.datZaklad().Recordset().EditMode() == store::EditState::None)
+        resumeDraft();
+}
+
+void FrmKlientUdaj::keepDraft() {
+    draft_ = {modKontrola::gAkcia,
+              modKontrola::gIdKod,
+              modKontrola::gMenoKlienta,
+              data_.datZaklad().Recordset().EditMode() == store::EditState::Add,
+              {}};
+    for (const auto& family : families_)
+        draft_.putBack.push_back(family->keepTyped());
+}
+
+/// Goes on with what was typed as if the save had not begun.
+void FrmKlientUdaj::resumeDraft() {
+    modKontrola::gAkcia = draft_.akcia;
+    modKontrola::gIdKod = draft_.idKod;
+    modKontrola::gMenoKlienta = draft_.menoKlienta;
+    data_.otvorZaznamy(draft_.idKod);
+    if (draft_.isNew)
+        openNew();
+    else
+        openExisting();
+    for (const auto& putBack : draft_.putBack)
+        putBack();
     turnTo(0);
     entry_->focusElement(0);
+}
+
+/// The disk may be full only now. What a card shows no longer must lie in the file.
+void FrmKlientUdaj::commit() {
+    try {
+        data_.commit();
+    } catch (const store::EngineError&) {
+        resumeDraft();
+        throw;
+    }
 }
 
 /// @param turnsTab for a missing name the first tab is turned to. A missing catalogue number never
 /// does that.
 bool FrmKlientUdaj::saves(bool turnsTab) {
+    keepDraft();
     const SaveResult result = cycle_->zapisZaklad();
     if (result == SaveResult::Saved)
         return true;
@@ -304,6 +343,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
     buttons_[cmdZaklUd]->hide();
     reopen(data_.datZaklad(), QStringLiteral("select * from k_zaklad  order by priezv,meno"));
     reopen(data_.datMemo(), data_.datMemo().RecordSource());
+    commit();
     entry_->focusElement(0);
 }
 
@@ -330,6 +370,7 @@ void FrmKlientUdaj::CmdZapClick() {
         return;
     data_.datZaklad().Refresh();
     data_.datMemo().Refresh();
+    commit();
     modKontrola::gAkcia = 0;
     tellNotWritten();
     accept();
@@ -341,6 +382,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
     modKontrola::gIdKod.clear();
     modKontrola::gMenoKlienta.clear();
     data_.otvorZaznamy(QString());
+    commit();
     openNew();
     modKontrola::gAkcia = 1;
     turnTo(0);
@@ -349,8 +391,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
 
 void FrmKlientUdaj::cmdStornoClick() {
     for (store::DataSource* source : {&data_.datZaklad(), &data_.datMemo()}) {
-        if (source->isOpen())
-            source->Recordset().CancelUpdate();
+        dropOpenRow(*source);
         source->Refresh();
     }
     modKontrola::gAkcia = 0;
@@ -414,8 +455,8 @@ bool FrmKlientUdaj::endsByFrame() {
                 : QMessageBox::Yes;
         if (answer != QMessageBox::Yes)
             return false;
-        data_.datZaklad().Recordset().CancelUpdate();
-        data_.datMemo().Recordset().CancelUpdate();
+        dropOpenRow(data_.datZaklad());
+        dropOpenRow(data_.datMemo());
     } else if (!forms::moveFocus(SSTab1_)) {
         return false;
     }

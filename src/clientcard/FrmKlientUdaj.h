@@ -56,6 +56,14 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
         buttonCount
     };
 
+    struct Draft {
+        quint8 akcia = 0;
+        QString idKod;
+        QString menoKlienta;
+        bool isNew = false;
+        std::vector<std::function<void()>> putBack;
+    };
+
     QDialog& window() override { return *this; }
     CardData& data() override { return data_; }
     forms::FocusGuard& guard() override { return guard_; }
@@ -89,6 +97,9 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void cmdZapNewClick();
     void cmdStornoClick();
     void reopen(store::DataSource& source, const QString& recordSource);
+    void keepDraft();
+    void resumeDraft();
+    void commit();
     void tellNotWritten();
     bool recordIsOpen();
     bool endsByFrame();
@@ -105,6 +116,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     TabFamily* entry_ = nullptr;
     std::optional<SaveCycle> cycle_;
     std::function<void(int)> print_;
+    /// What the card was about when the last save began.
+    Draft draft_;
     bool wasShown_ = false;
 };
 

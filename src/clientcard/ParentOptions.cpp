@@ -7,6 +7,10 @@
 #include <QButtonGroup>
 #include <QRadioButton>
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 namespace clientcard {
 
 namespace {
@@ -89,6 +93,15 @@ void ParentOptions::nastavVolby(store::Recordset& client) {
         option(fromMother)->setChecked(true);
     else if (who == u"otec")
         option(fromFather)->setChecked(true);
+}
+
+std::function<void()> ParentOptions::keepChosen() const {
+    std::vector<QRadioButton*> chosen;
+    std::ranges::copy_if(options_, std::back_inserter(chosen), &QRadioButton::isChecked);
+    return [chosen = std::move(chosen)] {
+        for (QRadioButton* option : chosen)
+            option->setChecked(true);
+    };
 }
 
 bool ParentOptions::differ(store::Recordset& client) const {

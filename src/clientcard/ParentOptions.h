@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 class QRadioButton;
 class QWidget;
@@ -28,6 +29,8 @@ class ParentOptions {
     /// Puts the flags into the open row. @throws store::EngineError
     void put(store::Recordset& client) const;
 
+    /// Remembers what is chosen; calling the result chooses it again, and copies nothing.
+    std::function<void()> keepChosen() const;
     /// The flags are not those of the row. @throws store::EngineError
     bool differ(store::Recordset& client) const;
 

@@ -61,6 +61,11 @@ class RecordKind {
 
     /// Checks a field whose rule is the kind's own. @return true to keep the focus
     virtual bool holds(int /*field*/) { return false; }
+    /// Remembers what no field is bound to; calling the result shows it again.
+    virtual std::function<void()> keepTyped() {
+        return [] {
+        };
+    }
     /// Puts what no field is bound to into the open record. @throws store::EngineError
     virtual void complete(store::Recordset& /*rows*/) {}
     /// Where the client's records are read from after a new one was written.

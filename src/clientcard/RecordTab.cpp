@@ -250,11 +250,40 @@ bool RecordTab::zapis() {
     if (!isComplete())
         return false;
     kind_->complete(records());
+    const auto reopen = keepOpenRecord();
     if (records().EditMode() == store::EditState::Edit)
         writeEdited();
     else if (records().EditMode() == store::EditState::Add)
         writeNew();
+    commit(reopen);
     return true;
+}
+
+/// The disk may be full only now.
+/// @param resume what is to be done before the error is reported
+void RecordTab::commit(const std::function<void()>& resume) {
+    try {
+        frame_.data().commit();
+    } catch (const store::EngineError&) {
+        resume();
+        throw;
+    }
+}
+
+/// @return opens the record again and puts in what was typed
+std::function<void()> RecordTab::keepOpenRecord() {
+    return [this, mode = records().EditMode(), place = records().AbsolutePosition(),
+            fields = binding_->keepTyped(), own = kind_->keepTyped()] {
+        source_.Refresh();
+        if (mode == store::EditState::Edit) {
+            records().setAbsolutePosition(place);
+            records().Edit();
+        } else {
+            records().AddNew();
+        }
+        fields();
+        own();
+    };
 }
 
 bool RecordTab::isComplete() {
@@ -298,6 +327,7 @@ void RecordTab::vymaz() {
         return;
     records().Delete();
     source_.Refresh();
+    commit([this] { source_.Refresh(); });
 }
 
 QString RecordTab::question() const {

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -71,6 +72,8 @@ class RecordTab : public forms::FieldEvents {
     bool isComplete();
     void writeEdited();
     void writeNew();
+    void commit(const std::function<void()>& resume);
+    std::function<void()> keepOpenRecord();
     QString question() const;
     void showBrowsing();
 

@@ -33,6 +33,11 @@ class SiblingKind : public RecordKind {
     void enableInput(bool enabled) override;
     void rowShown(store::Recordset& rows) override;
     bool holds(int field) override;
+    std::function<void()> keepTyped() override {
+        return [this, codes = impairments_.joined()] {
+            impairments_.show(codes);
+        };
+    }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override { return siblingsOf(key); }
 
@@ -85,8 +90,7 @@ void SiblingKind::enableInput(bool enabled) {
 /// The row that is open as a new one counts as a row here, so that it shows nothing of the one
 /// before.
 void SiblingKind::rowShown(store::Recordset& rows) {
-    const bool isRow =
-        rows.AbsolutePosition() >= 0 || rows.EditMode() == store::EditState::Add;
+    const bool isRow = rows.AbsolutePosition() >= 0 || rows.EditMode() == store::EditState::Add;
     impairments_.show(isRow ? trimBlanks(rows.Fields(u"postih").Value().toText()) : QString());
     sexPick_.pick().setPick(-1);
 }

@@ -56,6 +56,12 @@ class TabFamily {
     virtual void focusElement(int /*element*/) {}
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
+    /// Remembers what isChanged(). Calling the result puts it into the fields of the rows that are
+    /// open then.
+    virtual std::function<void()> keepTyped() {
+        return [] {
+        };
+    }
     /// Writes what is changed in open rows, as the end of their sources does.
     virtual void writeBack() {}
     /// What could not be written since the last call.

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace forms {
 
@@ -89,6 +90,27 @@ bool Binding::dataChanged() const {
     return source_ != nullptr && source_->isOpen() &&
            source_->Recordset().EditMode() != store::EditState::None &&
            std::ranges::any_of(ties_, [this](const Tie& tie) { return differs(tie); });
+}
+
+std::function<void()> Binding::keepTyped() {
+    std::vector<std::pair<const QWidget*, QString>> typed;
+    for (const Tie& tie : ties_) {
+        if (differs(tie))
+            typed.emplace_back(tie.widget, tie.bound->boundText());
+    }
+    return [this, typed = std::move(typed)] {
+        for (const auto& [widget, text] : typed)
+            enter(widget, text);
+    };
+}
+
+void Binding::enter(const QWidget* widget, const QString& text) {
+    const auto tie = std::ranges::find(ties_, widget, &Tie::widget);
+    if (tie == ties_.end())
+        return;
+    if (std::exchange(tie->owed, false))
+        tie->bound->showBound(valueOf(tie->column).toText());
+    tie->bound->enter(text);
 }
 
 void Binding::putAll() {

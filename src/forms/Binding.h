@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <concepts>
+#include <functional>
 #include <vector>
 
 namespace store {
@@ -62,6 +63,10 @@ class Binding : public QObject {
     /// Writes the open row if dataChanged(). @return false when something was not written
     bool writeBack();
 
+    /// Remembers what differs from the row. Calling the result puts it into the fields again, as if
+    /// the user had typed it; not to be called after the end of the binding.
+    std::function<void()> keepTyped();
+
     /// What was not written since the last call.
     std::vector<NotWritten> takeErrors();
     /// Keeps an error of Update that the caller passes over, to be told with the others.
@@ -91,6 +96,7 @@ class Binding : public QObject {
     void putAll();
     void put(Tie& tie);
     bool differs(const Tie& tie) const;
+    void enter(const QWidget* widget, const QString& text);
     void note(NotWritten error);
 
     QPointer<store::DataSource> source_;

@@ -13,6 +13,8 @@ class Bound {
     virtual QString boundText() const = 0;
     /// Shows the text without any event of the user.
     virtual void showBound(const QString& text) = 0;
+    /// Puts a text in as if the user had typed it, without any event of the user.
+    virtual void enter(const QString& text) = 0;
     /// The column's width in characters, 0 when it is free.
     virtual void limitTo(int characters) = 0;
     /// A field of long text, whose column is read only when the field is in sight.

@@ -48,6 +48,7 @@ class DropDown : public QComboBox, public Bound {
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
     void showBound(const QString& text) override;
+    void enter(const QString& text) override { setText(text); }
     void limitTo(int characters) override;
 
     void showPopup() override;

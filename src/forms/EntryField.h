@@ -20,6 +20,7 @@ class EntryField : public QLineEdit, public Bound {
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
     void showBound(const QString& text) override;
+    void enter(const QString& text) override { setText(text); }
     void limitTo(int characters) override;
 
     /// Takes the blanks off both ends and selects the whole text.

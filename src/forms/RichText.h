@@ -29,6 +29,7 @@ class RichText : public QWidget, public Bound {
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
     void showBound(const QString& text) override;
+    void enter(const QString& text) override { setText(text); }
     void limitTo(int /*characters*/) override {}
     bool showsLate() const override { return true; }
 

@@ -1,0 +1,119 @@
+#include "CardScreen.h"
+#include "forms/RichText.h"
+#include "forms/RowList.h"
+#include "store/FaultVfs.h"
+
+#include <QRadioButton>
+#include <QTextEdit>
+
+using cardtest::CardTest;
+using cardtest::text;
+using faults::Plan;
+
+namespace {
+
+struct FaultLayer {
+    FaultLayer() { faults::install({}); }
+    ~FaultLayer() { faults::install({}); }
+};
+
+/// What is written finds only at its end that the disk doesn't take it.
+class LateFaultTest : private FaultLayer, public CardTest {
+  protected:
+    /// Presses a button while the disk refuses; what was typed must stay.
+    void pressInVain(const char* button) {
+        reg.engine.commitPending();
+        faults::install({Plan::Fault::SyncFails, 1});
+        boxes.expect({.text = text("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň."),
+                      .icon = QMessageBox::Critical});
+        press(at<QPushButton>(button));
+        boxes.allCame();
+        faults::install({});
+        EXPECT_TRUE(card->isVisible());
+    }
+    void typeInto(const char* name, const char* typed) {
+        at(name).setFocus();
+        at(name).selectAll();
+        type(typed);
+    }
+    void turnTo(int tab) { tabs().setCurrentRow(tab); }
+};
+
+} // namespace
+
+TEST_F(LateFaultTest, AClientStaysInTheCardUntilTheDiskTakesAllOfIt) {
+    for (const char* button : {"cmdZaklUd", "CmdZap", "cmdZapNew"}) {
+        SCOPED_TRACE(button);
+        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        open();
+        enter("jana");
+        enter("novotna");
+        typeInto("textKrz(6)", "17");
+        goTo(18);
+        enter("3");
+        pressInVain(button);
+        EXPECT_EQ(reg.count(text("k_zaklad")) + reg.count(text("k_memo")), 0);
+        EXPECT_FALSE(isEnabled(1));
+        press(at<QPushButton>(button));
+        EXPECT_EQ(stored("idkod") + stored("priezv") + stored("katcis") + stored("postih"),
+                  text("NOVOTNJA00Novotna173        "));
+        EXPECT_EQ(reg.count(text("k_memo")), 1);
+    }
+}
+
+TEST_F(LateFaultTest, AnEditedClientKeepsKeyOptionsAndTexts) {
+    insertClient("NOVOTNEV00", "postih = '5'");
+    open(text("NOVOTNEV00"));
+    typeInto("textKrz(1)", "mala");
+    turnTo(1);
+    at<QRadioButton>("optKrz(0)").setChecked(true);
+    turnTo(7);
+    type("dolezite");
+    turnTo(0);
+    pressInVain("CmdZap");
+    EXPECT_EQ(stored("idkod") + stored("idkod", "k_memo"), text("NOVOTNEV00NOVOTNEV00"));
+    press(at<QPushButton>("CmdZap"));
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(stored("idkod") + stored("idkod", "k_memo"), text("MALAEV00MALAEV00"));
+    EXPECT_EQ(stored("postih"), text("5"));
+    EXPECT_EQ(reg.count(text("select * from k_zaklad where matvla = true")), 1);
+    EXPECT_TRUE(stored("poznamky", "k_memo").contains(text("dolezite")));
+}
+
+TEST_F(LateFaultTest, ARecordStaysOpenWithWhatWasTyped) {
+    insertClient("NOVOTNEV00");
+    reg.execute({text("insert into k_surodenci (idkod, meno) values ('NOVOTNEV00', 'Adam')"),
+                 text("insert into k_surodenci (idkod, meno) values ('NOVOTNEV00', 'Eva')")});
+    open(text("NOVOTNEV00"));
+    turnTo(2);
+    key(Qt::Key_Down);
+    for (const char* opened : {"cmdSurOpr", "cmdSurNovy"}) {
+        SCOPED_TRACE(opened);
+        press(at<QPushButton>(opened));
+        typeInto("textSur(0)", "zora");
+        typeInto("textSur(4)", "7");
+        enter();
+        pressInVain("cmdSurZap");
+        EXPECT_EQ(reg.count(text("select * from k_surodenci where meno = 'Zora'")), 0);
+        EXPECT_FALSE(at<QPushButton>("cmdStorno").isEnabled());
+        press(at<QPushButton>("cmdSurZap"));
+        EXPECT_EQ(reg.text(text("select * from k_surodenci where meno = 'Zora'"), text("postih")),
+                  text("7        "));
+        EXPECT_EQ(reg.count(text("select * from k_surodenci where meno = 'Adam'")), 1);
+        reg.execute({text("delete from k_surodenci where meno = 'Zora'")});
+    }
+}
+
+TEST_F(LateFaultTest, ARecordThatCouldNotBeDeletedIsStillInTheList) {
+    insertClient("NOVOTNEV00");
+    reg.execute({text("insert into k_surodenci (idkod, meno) values ('NOVOTNEV00', 'Adam')")});
+    open(text("NOVOTNEV00"));
+    turnTo(2);
+    boxes.expect({.text = text("Naozaj chceš vymazať súrodenca : Adam ?"),
+                  .icon = QMessageBox::Question,
+                  .buttons = QMessageBox::Yes | QMessageBox::No,
+                  .answer = QMessageBox::Yes});
+    pressInVain("CmdSurVym");
+    EXPECT_EQ(at<forms::RowList>("DBList1").count(), 1);
+    EXPECT_EQ(at("textSur(0)").text(), text("Adam"));
+}
