@@ -13,7 +13,14 @@ void setWidth(QWidget& field, int characters) {
     field.setFixedWidth(metrics.averageCharWidth() * characters + 16);
 }
 
-FieldGrid::FieldGrid(QBoxLayout& frame) : grid_(new QGridLayout) {
+void keepPlace(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
+FieldGrid::FieldGrid(QBoxLayout& frame, Qt::Alignment labels)
+    : grid_(new QGridLayout), labels_(labels) {
     frame.setContentsMargins(8, 6, 8, 6);
     frame.addLayout(grid_);
     grid_->setHorizontalSpacing(6);
@@ -29,7 +36,7 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     if (pick != nullptr)
         line->addWidget(pick);
     line->addStretch();
-    grid_->addWidget(caption, place.row, 2 * place.pair, Qt::AlignRight | Qt::AlignVCenter);
+    grid_->addWidget(caption, place.row, 2 * place.pair, labels_ | Qt::AlignVCenter);
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);
 }
 

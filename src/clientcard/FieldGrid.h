@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtCore/qnamespace.h>
 
 class QBoxLayout;
 class QGridLayout;
@@ -10,6 +11,9 @@ namespace clientcard {
 
 /// Gives a field the width of that many characters.
 void setWidth(QWidget& field, int characters);
+
+/// What lies around the control does not move when it is hidden.
+void keepPlace(QWidget& control);
 
 /// A dense grid of fields, each behind its label and with its drop-down beside it.
 class FieldGrid {
@@ -22,13 +26,15 @@ class FieldGrid {
         int pairs = 1;
     };
 
-    explicit FieldGrid(QBoxLayout& frame);
+    /// @param labels how the labels stand in their columns
+    explicit FieldGrid(QBoxLayout& frame, Qt::Alignment labels = Qt::AlignRight);
     /// @param pick may be null
     void add(const Place& place, const QString& label, QWidget& field, QWidget* pick);
     QGridLayout& grid() { return *grid_; }
 
   private:
     QGridLayout* grid_;
+    Qt::Alignment labels_;
 };
 
 } // namespace clientcard

@@ -1,5 +1,6 @@
 #include "clientcard/ImpairmentFields.h"
 
+#include "clientcard/FieldGrid.h"
 #include "clientcard/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/DropDown.h"
@@ -53,13 +54,6 @@ QLabel* captionOf(QWidget* control, const QString& text) {
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
     return label;
-}
-
-/// What lies around must not move when the control is hidden.
-void keepPlace(QWidget& control) {
-    QSizePolicy policy = control.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control.setSizePolicy(policy);
 }
 
 } // namespace

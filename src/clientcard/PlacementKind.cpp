@@ -1,5 +1,6 @@
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
+#include "clientcard/FieldGrid.h"
 #include "clientcard/RecordKind.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
@@ -100,9 +101,7 @@ PlacementKind::PlacementKind(const RecordParts& parts)
 
 void PlacementKind::makeOptions() {
     Frame4_->setObjectName(QStringLiteral("Frame4"));
-    QSizePolicy keepsPlace = Frame4_->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    Frame4_->setSizePolicy(keepsPlace);
+    keepPlace(*Frame4_);
     auto* line = new QHBoxLayout(Frame4_);
     line->setSpacing(16);
     for (std::size_t i = 0; i < views.size(); ++i) {

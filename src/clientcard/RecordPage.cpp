@@ -32,15 +32,21 @@ QVBoxLayout* layOutList(const RecordControls& controls) {
     return column;
 }
 
+/// Labels that carry blanks at their ends would be ragged on the right.
+Qt::Alignment labelsOf(const RecordRow& row) {
+    const bool isRagged = std::ranges::any_of(row.fields, [](const RecordField& field) {
+        return QString::fromUtf16(field.label).endsWith(u' ');
+    });
+    return isRagged ? Qt::AlignLeft : Qt::AlignRight;
+}
+
 void layOutFields(const RecordControls& controls, QBoxLayout& frame) {
-    FieldGrid grid(frame);
-    int pairs = 1;
+    FieldGrid grid(frame, labelsOf(controls.row));
     for (std::size_t i = 0; i < controls.row.fields.size(); ++i) {
         const RecordField& field = controls.row.fields[i];
         if (field.characters == 0)
             continue;
         setWidth(*controls.fields[i], field.characters);
-        pairs = std::max(pairs, field.pair + 1);
         // What stands alone in its row may reach over all columns.
         const bool isAlone =
             std::ranges::count(controls.row.fields, field.row, &RecordField::row) == 1;
@@ -59,16 +65,21 @@ QGroupBox* makeFrame(const RecordControls& controls, QWidget* parent) {
     if (controls.richText != nullptr) {
         lines->addWidget(labelOf(*controls.richText, controls.row.richLabel));
         lines->addWidget(controls.richText, 1);
-    } else {
-        lines->addStretch(1);
     }
     return frame;
 }
 
+/// What opens or deletes a record, and apart from it what ends its edit.
 QHBoxLayout* layOutButtons(const RecordControls& controls) {
+    constexpr std::size_t opening = 3;
     auto* line = new QHBoxLayout;
-    for (QPushButton* button : controls.buttons)
+    for (std::size_t i = 0; i < controls.buttons.size(); ++i) {
+        QPushButton* button = controls.buttons[i];
+        button->setMinimumSize(button->sizeHint() + QSize(16, 4));
+        if (i == opening)
+            line->addSpacing(20);
         line->addWidget(button);
+    }
     line->addStretch();
     return line;
 }
@@ -98,8 +109,10 @@ QWidget* makeRecordPage(const RecordControls& controls, QWidget* parent) {
     auto* columns = new QHBoxLayout;
     columns->addLayout(layOutList(controls));
     auto* record = new QVBoxLayout;
-    record->addWidget(makeFrame(controls, page), 1);
+    record->addWidget(makeFrame(controls, page), controls.richText != nullptr ? 1 : 0);
     record->addLayout(layOutButtons(controls));
+    if (controls.richText == nullptr)
+        record->addStretch(1);
     columns->addLayout(record, 1);
     lines->addLayout(columns, 1);
     chain(controls);

@@ -53,6 +53,7 @@ SiblingKind::SiblingKind(const RecordParts& parts)
       impairments_(impairmentTraits(Person::Sibling), *fields_[dominant], *fields_[associated],
                    parts.workshop, parts.frame.guard()) {
     sexPick_.pick().setFixedWidth(sexPickWidth);
+    keepPlace(sexPick_.pick());
     sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
     for (const int field : {dominant, associated})
         setWidth(*fields_[std::size_t(field)], 2);

@@ -25,7 +25,9 @@ void EntryField::limitTo(int characters) {
 void EntryField::showBound(const QString& text) {
     shown_ = text;
     applyLimit();
-    setText(text);
+    // What is selected stays so when the row is shown anew, as when it is opened for an edit.
+    if (text != this->text())
+        setText(text);
 }
 
 void EntryField::trimAndSelect() {
@@ -42,7 +44,9 @@ void EntryField::applyLimit() {
     if (columnLimit_ > 0)
         limit = std::min(limit, columnLimit_);
     // A stored text that is longer than the field must not lose its end by being shown.
-    setMaxLength(std::max(limit, int(shown_.size())));
+    limit = std::max(limit, int(shown_.size()));
+    if (limit != maxLength())
+        setMaxLength(limit);
 }
 
 } // namespace forms

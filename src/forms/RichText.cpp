@@ -209,6 +209,10 @@ void RichText::showBound(const QString& text) {
 
 void RichText::setReadOnly(bool readOnly) {
     editor_->setReadOnly(readOnly);
+    QPalette ground = palette();
+    if (readOnly)
+        ground.setColor(QPalette::Base, ground.color(QPalette::Disabled, QPalette::Base));
+    editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
         tool->setDisabled(readOnly);
 }

@@ -4,11 +4,27 @@
 
 #include <QFocusEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
 namespace forms {
 
+namespace {
+
+/// Lines that don't stick together.
+class Lines : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int space = 6;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, space);
+    }
+};
+
+} // namespace
+
 RowList::RowList(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
+    setItemDelegate(new Lines(this));
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);

@@ -91,6 +91,7 @@ TEST_F(RecordTest, PlacementsAreShownByKind) {
                              "isnull(vzar_od) and isnull(vzar_do)")),
               1);
     press("Opr");
+    EXPECT_EQ(entry(0).selectedText(), text("21"));
     fill({{3, "30.6.06"}});
     press("Zap");
     press("Opr");
