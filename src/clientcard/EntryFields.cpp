@@ -228,11 +228,8 @@ Checked EntryFields::checkParentsYear(int element) {
         return Checked::Passed;
     }
     const QString whose = element == 21 ? QStringLiteral("matky") : QStringLiteral("otca");
-    forms::showMessage(
-        &frame_.window(),
-        {.text = QStringLiteral("Logicky chybne zadané dátumy %1 a klienta !").arg(whose),
-         .title = QStringLiteral("Chybová správa"),
-         .icon = QMessageBox::Warning});
+    refuse(frame_.window(),
+           QStringLiteral("Logicky chybne zadané dátumy %1 a klienta !").arg(whose));
     forms::Control(&field(element)).setTag(QStringLiteral("BK"));
     // The date lies on the first tab.
     frame_.turnTo(0);

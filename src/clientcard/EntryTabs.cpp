@@ -4,6 +4,7 @@
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryLayout.h"
 #include "clientcard/ImpairmentFields.h"
+#include "clientcard/KeyRules.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
@@ -11,7 +12,6 @@
 #include "clientcard/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
-#include "forms/MessageBox.h"
 
 #include <QDialog>
 
@@ -136,9 +136,7 @@ void EntryTabs::zapisPostih() {
 }
 
 void EntryTabs::tellMissing(const QString& message) {
-    forms::showMessage(
-        &frame_.window(),
-        {.text = message, .title = QStringLiteral("Chybová správa"), .icon = QMessageBox::Warning});
+    refuse(frame_.window(), message);
 }
 
 bool EntryTabs::isChanged() const {

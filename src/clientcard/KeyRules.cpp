@@ -16,12 +16,16 @@ bool opensPicker(int key, Qt::KeyboardModifiers modifiers) {
     return key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers == Qt::AltModifier);
 }
 
+void refuse(QWidget& window, const QString& message) {
+    forms::showMessage(
+        &window,
+        {.text = message, .title = QStringLiteral("Chybová správa"), .icon = QMessageBox::Warning});
+}
+
 void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character) {
     if (character == u'\r' || character == u'\b' || (character >= u'0' && character <= u'9'))
         return;
-    forms::showMessage(&window, {.text = QStringLiteral("Zadávaj len číselné hodnoty !"),
-                                 .title = QStringLiteral("Chybová správa"),
-                                 .icon = QMessageBox::Warning});
+    refuse(window, QStringLiteral("Zadávaj len číselné hodnoty !"));
     character = QChar::Null;
     control.widget()->setFocus();
 }

@@ -3,13 +3,14 @@
 #include <QChar>
 #include <QtCore/qnamespace.h>
 
+class QString;
 class QWidget;
 
 namespace forms {
 class Control;
 }
 
-/// What the keys mean in all entry fields of the card.
+/// What all entry fields of the card do alike.
 namespace clientcard {
 
 /// The key leads to another field: Enter, Up, Down, PageUp, PageDown.
@@ -17,6 +18,9 @@ bool walks(int key, Qt::KeyboardModifiers modifiers);
 
 /// The key opens the drop-down beside the field.
 bool opensPicker(int key, Qt::KeyboardModifiers modifiers);
+
+/// Says that what was entered is not taken.
+void refuse(QWidget& window, const QString& message);
 
 /// Drops a character that is no digit, and says so; the field keeps the focus.
 void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character);

@@ -8,7 +8,6 @@
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
-#include "forms/MessageBox.h"
 #include "store/Sql.h"
 #include "validation/Validators.h"
 
@@ -133,40 +132,44 @@ bool RecordFields::sparedTowards(const forms::Control& control, const forms::Con
     return true;
 }
 
+/// What the rule of a field makes of its text before it is checked.
+void RecordFields::tidy(int index, bool byKey) {
+    forms::EntryField& entry = field(index);
+    switch (rowOf(index).rule) {
+    case RecordRule::Hour:
+        return rewrite(entry, entry.text().left(2));
+    case RecordRule::Address:
+        return byKey ? rewrite(entry, capitalised(entry.text())) : void();
+    case RecordRule::Worker:
+    case RecordRule::SiblingName:
+        return rewrite(entry, capitalisedName(entry.text()));
+    case RecordRule::Year:
+        return entry.text().isEmpty() ? entry.setText(QStringLiteral("0")) : void();
+    default:
+        return;
+    }
+}
+
 bool RecordFields::holds(int index, bool byKey) {
+    tidy(index, byKey);
     forms::EntryField& entry = field(index);
     switch (rowOf(index).rule) {
     case RecordRule::Date:
         return modKontrola::kontrolaDatum(entry);
     case RecordRule::RecordDate:
         return modKontrola::kontrolaDatum(entry) || dateIsTaken(entry);
-    case RecordRule::Hour:
-        rewrite(entry, entry.text().left(2));
-        break;
-    case RecordRule::Address:
-        if (byKey)
-            rewrite(entry, capitalised(entry.text()));
-        break;
-    case RecordRule::Year:
-        if (!byKey && entry.text().isEmpty())
-            entry.setText(QStringLiteral("0"));
-        break;
     case RecordRule::SiblingName:
-        rewrite(entry, capitalisedName(entry.text()));
         return nameIsTaken(entry);
     case RecordRule::Sex:
         return modKontrola::kontrolaPohlavie(entry);
     case RecordRule::Worker:
-        rewrite(entry, capitalisedName(entry.text()));
-        return kind_->holds(index);
     case RecordRule::Facility:
     case RecordRule::Dominant:
     case RecordRule::Associated:
         return kind_->holds(index);
-    case RecordRule::None:
-        break;
+    default:
+        return false;
     }
-    return false;
 }
 
 /// `kontrolaDatumu`. A text that is no calendar date is nobody's.
@@ -175,7 +178,8 @@ bool RecordFields::dateIsTaken(forms::EntryField& date) {
     if (text.isEmpty() ||
         !anotherHas(QStringLiteral("datum = datevalue(%1)").arg(store::quoted(text))))
         return false;
-    refuse(QStringLiteral("Našiel sa záznam s rovnakým dátumom :") + trimBlanks(text));
+    refuse(frame_.window(),
+           QStringLiteral("Našiel sa záznam s rovnakým dátumom :") + trimBlanks(text));
     return true;
 }
 
@@ -184,8 +188,8 @@ bool RecordFields::nameIsTaken(forms::EntryField& name) {
     const QString text = name.text();
     if (text.isEmpty() || !anotherHas(QStringLiteral("meno = ") + store::quoted(text)))
         return false;
-    refuse(QStringLiteral("Súrodenec s rovnakým menom :") + trimBlanks(text) +
-           QStringLiteral(" už je zapísaný"));
+    refuse(frame_.window(), QStringLiteral("Súrodenec s rovnakým menom :") + trimBlanks(text) +
+                                QStringLiteral(" už je zapísaný"));
     return true;
 }
 
@@ -199,12 +203,6 @@ bool RecordFields::anotherHas(const QString& criterion) const {
         return false;
     return rows.EditMode() == store::EditState::Add ||
            (rows.EditMode() == store::EditState::Edit && clone->Bookmark() != rows.Bookmark());
-}
-
-void RecordFields::refuse(const QString& message) {
-    forms::showMessage(
-        &frame_.window(),
-        {.text = message, .title = QStringLiteral("Chybová správa"), .icon = QMessageBox::Warning});
 }
 
 } // namespace clientcard

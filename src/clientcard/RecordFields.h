@@ -42,6 +42,7 @@ class RecordFields : public forms::FieldEvents {
 
   private:
     const RecordField& rowOf(int index) const { return row_.fields[std::size_t(index)]; }
+    void tidy(int index, bool byKey);
     bool holds(int index, bool byKey);
     bool dateIsTaken(forms::EntryField& date);
     bool nameIsTaken(forms::EntryField& name);
@@ -50,7 +51,6 @@ class RecordFields : public forms::FieldEvents {
     void openPick(int index);
     void walk(int index, int key);
     void goTo(int index);
-    void refuse(const QString& message);
 
     CardFrame& frame_;
     const RecordRow& row_;

@@ -2,6 +2,7 @@
 
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
+#include "clientcard/KeyRules.h"
 #include "clientcard/RecordPage.h"
 #include "clientcard/TabFamily.h"
 #include "clientcard/TextRules.h"
@@ -290,9 +291,7 @@ bool RecordTab::isComplete() {
     for (const MandatoryField& mandatory : row_.mandatory) {
         if (mandatory.field < 0 || !trimBlanks(fields_.field(mandatory.field).text()).isEmpty())
             continue;
-        forms::showMessage(&frame_.window(), {.text = QString::fromUtf16(mandatory.message),
-                                              .title = QStringLiteral("Chybová správa"),
-                                              .icon = QMessageBox::Warning});
+        refuse(frame_.window(), QString::fromUtf16(mandatory.message));
         fields_.field(mandatory.field).setFocus();
         return false;
     }

@@ -18,7 +18,7 @@ enum class RecordRule {
     /// The first letter in upper case, when the field is left by a key.
     Address,
     SiblingName,
-    /// An empty year becomes 0, when the field is left otherwise than by a key.
+    /// An empty year becomes 0.
     Year,
     Sex,
     Dominant,

@@ -191,6 +191,8 @@ TEST_F(RecordTest, SiblingsAreKnownByName) {
     press("Opr");
     entry(1).setFocus();
     EXPECT_EQ(entry(1).text(), QString());
+    key(Qt::Key_Return);
+    EXPECT_EQ(entry(1).text(), text("0"));
 }
 
 TEST_F(RecordTest, ImpairmentsOfASibling) {
