@@ -14,6 +14,12 @@ target_compile_options(
               -Wold-style-cast
               -Wcast-qual
               -Werror)
+if(CMAKE_UNITY_BUILD)
+    # Files compiled as one look as if they shadowed each other, or included each other.
+    target_compile_options(tvk_flags INTERFACE -Wno-shadow)
+    target_compile_options(tvk_flags
+                           INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=.*address")
     # Under the sanitizers GCC takes members of a variant for uninitialised.
     target_compile_options(tvk_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)

@@ -10,7 +10,7 @@ namespace mainwindow {
 namespace {
 
 constexpr int pictureSize = 52;
-constexpr int margin = 7;
+constexpr int padding = 7;
 constexpr int gap = 3;
 constexpr qreal roundness = 7;
 constexpr QColor outline(104, 104, 164);
@@ -35,7 +35,7 @@ PictureButton::PictureButton(const QString& picture, std::vector<PictureLabel*> 
     setMouseTracking(true);
     setCursor(Qt::PointingHandCursor);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(1);
     layout->addStretch();
     layout->addSpacing(pictureSize + gap);
@@ -61,7 +61,7 @@ void PictureButton::setColour(const QColor& colour) {
 
 QSize PictureButton::sizeHint() const {
     const QSize texts = layout()->sizeHint();
-    return {std::max(texts.width(), pictureSize + 2 * margin), texts.height()};
+    return {std::max(texts.width(), pictureSize + 2 * padding), texts.height()};
 }
 
 QRectF PictureButton::pictureRect() const {

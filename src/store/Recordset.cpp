@@ -16,10 +16,6 @@ namespace {
                       QStringLiteral("Nie je žiadny aktuálny záznam."));
 }
 
-[[noreturn]] void refuseDeleted() {
-    throw EngineError(ErrorNumber::RecordDeleted, QStringLiteral("Záznam bol vymazaný."));
-}
-
 [[noreturn]] void refuseNoEdit() {
     throw EngineError(ErrorNumber::NoOpenEdit,
                       QStringLiteral("Záznam nie je otvorený na zmenu (AddNew alebo Edit)."));

@@ -15,7 +15,7 @@ namespace store {
 
 namespace {
 
-[[noreturn]] void refuse(const QString& path, const QString& why) {
+[[noreturn]] void refuseReport(const QString& path, const QString& why) {
     throw EngineError(ErrorNumber::ReportSourceUnreadable,
                       QStringLiteral("Zostava nemôže čítať databázu. %1").arg(why), path);
 }
@@ -26,7 +26,7 @@ std::unique_ptr<Connection> openForReport(const QString& path) {
         checkIdentity(*connection);
         return connection;
     } catch (const EngineError& error) {
-        refuse(path, error.description());
+        refuseReport(path, error.description());
     }
 }
 
@@ -69,7 +69,7 @@ QString ReportRows::text(QStringView column) const {
 ReportConnection::ReportConnection(DBEngine& engine, const QString& path) {
     engine.commitPending();
     if (engine.holdsReplacedFile(path))
-        refuse(path, QStringLiteral("Súbor bol medzitým nahradený."));
+        refuseReport(path, QStringLiteral("Súbor bol medzitým nahradený."));
     connection_ = openForReport(QFileInfo(path).absoluteFilePath());
 }
 
@@ -86,7 +86,7 @@ ReportRows ReportConnection::open(const QString& source) {
     } catch (const EngineError& error) {
         if (isOfStatement(error.number()))
             throw;
-        refuse(connection_->path(), error.description());
+        refuseReport(connection_->path(), error.description());
     }
 }
 

@@ -15,10 +15,6 @@ namespace {
                       QStringLiteral("Riadky tohto výberu sa nedajú meniť."), place);
 }
 
-[[noreturn]] void refuseDeleted() {
-    throw EngineError(ErrorNumber::RecordDeleted, QStringLiteral("Záznam bol vymazaný."));
-}
-
 void addMissingFlags(const SourceTable& source, QStringList& names, std::vector<Cell>& values) {
     for (const ColumnDef& column : findTable(source.table)->columns) {
         const QString name = sqlName(column.name);
@@ -30,6 +26,10 @@ void addMissingFlags(const SourceTable& source, QStringList& names, std::vector<
 }
 
 } // namespace
+
+void refuseDeleted() {
+    throw EngineError(ErrorNumber::RecordDeleted, QStringLiteral("Záznam bol vymazaný."));
+}
 
 Rowset::Rowset(std::shared_ptr<Connection> connection, const QString& source)
     : connection_(std::move(connection)),

@@ -16,6 +16,9 @@ namespace store {
 
 class Connection;
 
+/// @throws EngineError 3167, always
+[[noreturn]] void refuseDeleted();
+
 /// The rows of a query, which a recordset shares with its clones.
 class Rowset {
   public:

@@ -13,7 +13,6 @@ using mainwindow::Screen;
 
 namespace {
 
-constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 constexpr std::array clientTables = {"k_zaklad",     "k_memo",   "k_navstevy",   "k_surodenci",
                                      "k_vysetrenie", "k_zariad", "k_zaznam_spc", "k_zaznam_zmeny"};
 

@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+inline constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
+
 /// The real main window over a register of its own, used by clicks and keys. The screens that it
 /// opens are noted, and may be played by the test.
 class MainWindow : public testing::Test {

@@ -20,7 +20,6 @@ namespace {
 
 constexpr auto missing = "V adresári - chýba súbor -tvk.mdb-, pokúste sa o obnovu archívu !";
 constexpr auto unusable = "Program nemôže pracovať, je nutný reštart počítača !";
-constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 constexpr QPoint corner(6, 6);
 
 QByteArray contents(const QString& path) {

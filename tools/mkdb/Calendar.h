@@ -13,6 +13,8 @@ namespace mkdb {
 QDate schoolYearStart(const QDate& day);
 /// Last day of that school year: 31 August.
 QDate schoolYearEnd(const QDate& day);
+/// Age in completed years at which school begins.
+inline constexpr int schoolAge = 6;
 /// Completed years at a day.
 int ageAt(const QDate& born, const QDate& day);
 

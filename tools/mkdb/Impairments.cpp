@@ -1,5 +1,7 @@
 #include "Impairments.h"
 
+#include "Calendar.h"
+
 #include <array>
 
 namespace mkdb {
@@ -15,7 +17,6 @@ constexpr Weights beforeSchool{14, 20, 6, 6, 34, 10, 4, 0, 6};
 constexpr Weights atSchool{8, 19, 4, 4, 11, 5, 12, 32, 5};
 // Shares of 0, 1, 2 … associated impairments.
 constexpr std::array<int, 5> associated{60, 26, 10, 3, 1};
-constexpr int schoolAge = 6;
 
 QString drawCodes(Weights weights, int count, Random& random) {
     QString codes;

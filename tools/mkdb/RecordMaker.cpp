@@ -7,7 +7,6 @@ namespace mkdb {
 namespace {
 
 constexpr int goesOnPercent = 86;
-constexpr int schoolAge = 6;
 
 /// A day for the next visit on which there was none.
 QDate nextVisit(const QDate& date, const std::vector<QDate>& taken, Random& random) {

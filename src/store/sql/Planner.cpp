@@ -15,7 +15,7 @@ namespace {
 constexpr int mostTables = 32;
 constexpr std::size_t mostColumns = 255;
 constexpr qsizetype deepestQueries = 8;
-constexpr qsizetype longestStatement = 1'000'000;
+constexpr qsizetype longestTranslation = 1'000'000;
 /// SQLite's parser has a stack of 100.
 constexpr int greatestLoad = 90;
 /// Names of columns without a name are numbered from here.
@@ -424,7 +424,7 @@ SelectPlan planSelect(const QString& sql, Translation& translation) {
 }
 
 void checkComplexity(const QString& sqlite, const QString& sql) {
-    if (sqlite.size() > longestStatement || parserLoad(sqlite) > greatestLoad)
+    if (sqlite.size() > longestTranslation || parserLoad(sqlite) > greatestLoad)
         throw errorAt(sql, 0, messages::tooComplex, ErrorNumber::TooComplex);
 }
 
