@@ -103,6 +103,7 @@ class FrameMaker {
     QWidget* pickOf(int element, const EntryRow& row) {
         if (element == sexElement) {
             controls_.cmbSex.setFixedWidth(46);
+            controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.caption));
             return &controls_.cmbSex;
         }
         if (row.picker < 0)

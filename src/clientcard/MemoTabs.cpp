@@ -6,6 +6,7 @@
 #include "forms/RichText.h"
 
 #include <QGroupBox>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 #include <map>
@@ -49,6 +50,7 @@ QWidget* MemoTabs::makePage(int tab, QWidget* parent) {
     auto* page = new QGroupBox(QString::fromUtf16(row.caption), parent);
     auto* field = new forms::RichText(page);
     field->setObjectName(forms::elementName(QStringLiteral("rtbDUK"), row.element));
+    field->editor().setAccessibleName(QString::fromUtf16(row.caption));
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(field);
     binding_.bind(*field, QString::fromUtf16(row.column));

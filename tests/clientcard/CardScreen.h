@@ -90,6 +90,11 @@ class CardTest : public testing::Test {
         type(typed);
         key(Qt::Key_Return);
     }
+    /// Forth by Ctrl and PageDown, or back.
+    void turnTabs(int tabs) {
+        for (int i = 0; i < qAbs(tabs); ++i)
+            key(tabs > 0 ? Qt::Key_PageDown : Qt::Key_PageUp, Qt::ControlModifier);
+    }
     void goTo(int element) {
         field(element).setFocus();
         ASSERT_EQ(focused(), QStringLiteral("textKrz(%1)").arg(element));

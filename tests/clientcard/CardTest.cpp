@@ -78,6 +78,52 @@ TEST_F(CardTest, ANameChangedBehindItsSixthLetterIsWrittenOnClosing) {
     EXPECT_EQ(stored("idkod"), text("NOVOTNEV00"));
 }
 
+TEST_F(CardTest, ASurnameChangedAtItsStartTakesAllRowsAndTheTypedTextWithIt) {
+    insertClient("NOVOTNEV00");
+    const std::initializer_list<const char*> dependents = {
+        "k_navstevy", "k_surodenci", "k_vysetrenie", "k_zariad", "k_zaznam_spc", "k_zaznam_zmeny"};
+    for (const char* table : dependents)
+        reg.execute({text("insert into %1 (idkod) values ('NOVOTNEV00')").arg(text(table))});
+    open(text("NOVOTNEV00"));
+    turnTabs(7);
+    type("pozn");
+    turnTabs(-7);
+    key(Qt::Key_Return);
+    enter("o'hara");
+    pressByKeys("CmdZap");
+    EXPECT_EQ(modKontrola::gIdKod, text("NOVOTNEV00"));
+    for (const char* table : dependents)
+        EXPECT_EQ(stored("idkod", table), text("O'HARAEV00")) << table;
+    EXPECT_EQ(stored("priezv"), text("O'hara"));
+    EXPECT_EQ(stored("idkod"), text("O'HARAEV00"));
+    EXPECT_EQ(stored("idkod", "k_memo"), text("O'HARAEV00"));
+    EXPECT_TRUE(stored("poznamky", "k_memo").contains(text("pozn")));
+}
+
+TEST_F(CardTest, AClientSavedOnTheWayAndRenamedLeavesTheRecordsBehind) {
+    insertClient("NOVOTNJA00");
+    open();
+    enter("jana");
+    enter("novotna");
+    goTo(6);
+    enter("9");
+    pressByKeys("cmdZaklUd");
+    EXPECT_EQ(modKontrola::gIdKod, text("NOVOTNJA01"));
+    reg.execute({text("insert into k_navstevy (idkod) values ('NOVOTNJA01')")});
+    key(Qt::Key_Return);
+    enter("mala");
+    turnTabs(7);
+    type("pozn");
+    turnTabs(-7);
+    pressByKeys("CmdZap");
+    EXPECT_EQ(reg.count(text("select * from k_zaklad where idkod = 'MALAJA00'")), 1);
+    EXPECT_EQ(reg.count(text("k_zaklad")), 2);
+    const QString memo = text("select * from k_memo where idkod = 'MALAJA00'");
+    ASSERT_EQ(reg.count(memo), 1);
+    EXPECT_TRUE(reg.text(memo, text("poznamky")).contains(text("pozn")));
+    EXPECT_EQ(stored("idkod", "k_navstevy"), text("NOVOTNJA01"));
+}
+
 TEST_F(CardTest, MandatoryFieldsAreAskedForWhereTheyLie) {
     struct Case {
         int emptied;
@@ -152,6 +198,16 @@ TEST_F(CardTest, SavingForTheNextClientEmptiesTheCard) {
     EXPECT_EQ(reg.count(text("select * from k_zaklad where idkod = 'MALAEM00' and katcis = '6'")),
               1);
     EXPECT_EQ(reg.count(text("select * from k_zaklad where postih = '35'")), 1);
+    // What was saved for the next client stays when that one is given up.
+    open(text("MALAEM00"));
+    enter("ela");
+    pressByKeys("cmdZapNew");
+    enter("ina");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(reg.count(text("select * from k_zaklad where meno = 'Ela'")), 1);
+    EXPECT_EQ(reg.count(text("k_zaklad")), 2);
+    EXPECT_EQ(reg.count(text("k_memo")), 2);
 }
 
 TEST_F(CardTest, ClosingByTheFrameWritesAClientWhoHasAKey) {
@@ -223,6 +279,8 @@ TEST_F(CardTest, TheWalkThroughTheFields) {
           {17, Qt::Key_Down, "textKrz(18)"},
           {17, Qt::Key_Tab, "cmbPos(2)"},
           {18, Qt::Key_Return, "textKrz(18)"},
+          {5, Qt::Key_Tab, "cmdZapNew"},
+          {0, Qt::Key_Backtab, "SSTab1"},
           {9, Qt::Key_PageUp, "CmdZap"}});
     key(Qt::Key_PageDown, Qt::ControlModifier);
     walk({{20, Qt::Key_Up, "textKrz(20)"},
@@ -283,7 +341,8 @@ TEST_F(CardTest, ImpairmentsInTheColumnAfterPicksAndTyping) {
         const char *before, *keys;
         const char* after;
     };
-    const auto run = [&](const char* column, int dominant, const char* pick, const Case& c) {
+    const auto run = [&](const char* column, int dominant, const char* pick, const char* associated,
+                         const Case& c) {
         SCOPED_TRACE(QStringLiteral("%1: %2 by %3")
                          .arg(text(column), text(c.before), text(c.keys))
                          .toStdString());
@@ -292,14 +351,15 @@ TEST_F(CardTest, ImpairmentsInTheColumnAfterPicksAndTyping) {
         open(text("NOVOTNEV00"));
         if (dominant != 18)
             key(Qt::Key_PageDown, Qt::ControlModifier);
-        // d and a stand for the two fields, P for the dominant picker; digits are typed.
+        // d and a stand for the two fields, P and S for their pickers, where ^ takes the first
+        // line and > the one that was found; digits are typed.
         for (const QChar k : text(c.keys)) {
             if (k == u'd' || k == u'a') {
                 goTo(dominant + (k == u'a' ? 1 : 0));
-            } else if (k == u'P') {
-                at<forms::DropDown>(pick).setFocus();
-            } else if (k == u'^') {
-                key(Qt::Key_Home);
+            } else if (k == u'P' || k == u'S') {
+                at<forms::DropDown>(k == u'P' ? pick : associated).setFocus();
+            } else if (k == u'^' || k == u'>') {
+                k == u'^' ? key(Qt::Key_Home) : void();
                 key(Qt::Key_Return);
             } else {
                 QTest::keyClick(card->focusWidget(), k.toLatin1());
@@ -310,13 +370,16 @@ TEST_F(CardTest, ImpairmentsInTheColumnAfterPicksAndTyping) {
         press(at<QPushButton>("CmdZap"));
         EXPECT_EQ(stored(column), text(c.after));
     };
-    for (const Case& c : {Case{"35", "", "35"}, Case{"", "d3a5", "35       "},
-                          Case{"357", "P^", "        "}, Case{"        ", "", ""},
-                          Case{"357", "a0", "3        "}, Case{"357", "d6a3", "63       "}})
-        run("postih", 18, "cmbPos(2)", c);
+    for (const Case& c :
+         {Case{"35", "", "35"}, Case{"", "d3a5", "35       "}, Case{"357", "P^", "        "},
+          Case{"        ", "", ""}, Case{"357", "a0", "3        "},
+          Case{"357", "d6a3", "63       "}, Case{"35", "P7>", "7        "},
+          Case{"35", "S7>S8>", "3578"}, Case{"357", "S^", "3        "}})
+        run("postih", 18, "cmbPos(2)", "cmbSek(0)", c);
     // For the parents a typed 0 is a code like any other, until the next one takes its place.
     for (const Case& c : {Case{"35", "a0", "350"}, Case{"35", "a0a6", "356"}})
-        run("matpos", 33, "cmbPos(1)", c);
+        run("matpos", 33, "cmbPos(1)", "cmbSek(1)", c);
+    run("otepos", 48, "cmbPos(0)", "cmbSek(2)", {"", "P2>S9>", "29       "});
 }
 
 TEST_F(CardTest, ADuplicateImpairmentIsRefused) {

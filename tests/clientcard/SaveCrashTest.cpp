@@ -19,7 +19,7 @@ namespace {
 
 using Action = std::function<void(PlayedCard&)>;
 
-/// The keys and names in all tables of clients.
+/// The keys in all tables of clients, and what the saves below write beside them.
 QStringList contents(const store::ProgramFolder& folder) {
     store::DBEngine engine;
     auto database = engine.OpenDatabase(folder.database());
@@ -30,7 +30,10 @@ QStringList contents(const store::ProgramFolder& folder) {
             continue;
         const auto rows = database.OpenRecordset(name);
         for (; !rows->Eof(); rows->MoveNext())
-            all << name + u' ' + rows->Fields(u"idkod").Value().toText();
+            all << name + u' ' + rows->Fields(u"idkod").Value().toText() + u' ' +
+                       (name == u"k_zaklad" ? rows->Fields(u"katcis").Value().toText()
+                        : name == u"k_memo" ? rows->Fields(u"poznamky").Value().toText()
+                                            : QString());
     }
     return all;
 }
@@ -100,4 +103,18 @@ TEST(SaveCrash, ANewClientHasBothRowsOrNone) {
             card.cycle.zapisZaklad();
         },
         text("MALIKJA00"));
+}
+
+TEST(SaveCrash, AClientsRowAndTextAreSavedBothOrNeither) {
+    killEverywhere(
+        [](PlayedCard& card) {
+            card.open(text("NOVAKJA00"));
+            card.type("Novak", "Jan", "9");
+            card.data.datMemo().Recordset().Fields(u"poznamky").setValue(text("<p>9</p>"));
+            card.cycle.zapisZaklad();
+            // As the button that closes the card does it.
+            card.data.datZaklad().Refresh();
+            card.data.datMemo().Recordset().Update();
+        },
+        text("NOVAKJA00"));
 }
