@@ -196,36 +196,47 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 }
 
 void RecordTab::act(Button button) {
-    frame_.perform([&] {
-        switch (button) {
-        case Novy:
-            return novy();
-        case Opr:
-            return oprava();
-        case Vym:
-            vymaz();
-            return showBrowsing();
-        case Zap:
-            return zapis() ? showBrowsing() : void();
-        case ZapNew:
-            if (zapis()) {
-                records().AddNew();
-                forms::moveFocus(openingField());
-            }
-            return;
-        case Sto:
-            return storno();
-        case buttonCount:
-            return;
-        }
-    });
+    frame_.perform([&] { press(button); });
+    frame_.perform([this] { closeLostRecord(); });
     forms::showNotWritten(&frame_.window(), takeErrors());
+}
+
+void RecordTab::press(Button button) {
+    switch (button) {
+    case Novy:
+        return novy();
+    case Opr:
+        return oprava();
+    case Vym:
+        vymaz();
+        return showBrowsing();
+    case Zap:
+        return zapis() ? showBrowsing() : void();
+    case ZapNew:
+        return zapis() ? beginNext() : void();
+    case Sto:
+        return storno();
+    case buttonCount:
+        return;
+    }
+}
+
+/// What is typed into a record that could not be opened would go nowhere.
+void RecordTab::closeLostRecord() {
+    const bool isOpen = source_.isOpen() && records().EditMode() != store::EditState::None;
+    if (buttons_[Sto]->isEnabled() && !isOpen)
+        showBrowsing();
 }
 
 void RecordTab::novy() {
     otvorVstup();
     stavEdit();
     records().AddNew();
+}
+
+void RecordTab::beginNext() {
+    records().AddNew();
+    forms::moveFocus(openingField());
 }
 
 void RecordTab::oprava() {

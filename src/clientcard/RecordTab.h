@@ -66,7 +66,10 @@ class RecordTab : public forms::FieldEvents {
     void vymaz();
 
     void act(Button button);
+    void press(Button button);
+    void closeLostRecord();
     void novy();
+    void beginNext();
     void oprava();
     void storno();
     bool isComplete();

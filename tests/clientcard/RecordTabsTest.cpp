@@ -272,6 +272,19 @@ TEST_F(RecordTest, ARecordThatIsNotWrittenStaysOpenAsItWas) {
     }
 }
 
+TEST_F(RecordTest, ARecordThatIsGoneIsNotOpened) {
+    turnTo(10);
+    add(m->first);
+    reg.execute({text("delete from k_vysetrenie")});
+    boxes.expect({.text = text("Chyba č. 3167\n\nZáznam bol vymazaný."),
+                  .icon = QMessageBox::Critical});
+    press("Opr");
+    boxes.allCame();
+    EXPECT_FALSE(button("Zap").isEnabled());
+    EXPECT_FALSE(entry(0).isEnabled());
+    EXPECT_TRUE(isEnabled(0));
+}
+
 TEST_F(RecordTest, HoursKeepTwoCharacters) {
     turnTo(11);
     press("Novy");
