@@ -25,13 +25,13 @@ constexpr int pickWidth = 276;
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
     {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
-     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, u'0'},
+     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, u'0'},
     {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, u' '},
     {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, u' '},
     {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true,
+     u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true, true,
      u'0'},
 }};
 
@@ -169,7 +169,8 @@ bool ImpairmentFields::takeDominant() {
     const auto& taken = state_.slotTexts();
     const bool held =
         modKontrola::kontrolaPostih(dominant_, false, QStringList(taken.begin(), taken.end()));
-    if (!held)
+    const bool repeats = taken[0] == QString::number(code);
+    if (!held && !(repeats && traits_.sparesOnRepeat))
         nastavDominantne(code);
     dominant_.clear();
     enableAssociated(state_.hasDominant());

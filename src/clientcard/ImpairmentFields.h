@@ -33,6 +33,8 @@ struct ImpairmentTraits {
     const char16_t* toolTip;
     /// Pickers that can't be used are hidden, not merely disabled.
     bool hidesPicks;
+    /// The dominant code typed anew leaves the associated ones as they are.
+    bool sparesOnRepeat;
     /// What, typed into the associated field, clears the associated codes.
     char16_t clearing;
 };

@@ -201,9 +201,10 @@ TEST_F(RecordTest, ImpairmentsOfASibling) {
     };
     // d and a stand for the two fields and Enter for the digits typed there, N for "none" picked as
     // the dominant one, 0 clears the associated ones.
-    for (const Case& c : {Case{"", "d3a5", "35       "}, Case{"357", "", "357"},
-                          Case{"357", "a0", "3        "}, Case{"357", "N", "        "},
-                          Case{"35", "d6", "6        "}, Case{"", "d4", "4        "}}) {
+    for (const Case& c :
+         {Case{"", "d3a5", "35       "}, Case{"357", "", "357"}, Case{"357", "a0", "3        "},
+          Case{"357", "N", "        "}, Case{"35", "d6", "6        "}, Case{"35", "d3", "35"},
+          Case{"", "d4", "4        "}}) {
         SCOPED_TRACE(testing::Message() << c.before << " by " << c.keys);
         reg.execute({text("delete from k_surodenci"),
                      text("insert into k_surodenci (idkod, meno, postih) values "
