@@ -147,6 +147,10 @@ int EntryFields::previous(int element) const {
     return before;
 }
 
+void EntryFields::change(const forms::Control& control) {
+    pickers_.dropPick(control.index());
+}
+
 forms::Leave EntryFields::lostFocus(const forms::Control& control, const forms::Control& now) {
     const int element = control.index();
     if (!control.isEnabled())

@@ -51,6 +51,12 @@ void Pickers::openFor(int element) {
         picker(index).showPopup();
 }
 
+void Pickers::dropPick(int element) {
+    const int index = entryTable()[std::size_t(element)].picker;
+    if (index >= 0 && picker(index).pick() >= 0)
+        picker(index).setText(picker(index).text());
+}
+
 bool Pickers::lookUp(int element, forms::EntryField& field, bool byName) {
     const int index = entryTable()[std::size_t(element)].picker;
     const PickerRow& row = rowOf(index);

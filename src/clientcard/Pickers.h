@@ -30,6 +30,8 @@ class Pickers : public forms::FieldEvents {
     forms::DropDown& picker(int index) const { return *pickers_.at(std::size_t(index)); }
     /// Goes to the picker of a field and opens it; nothing for a field without one.
     void openFor(int element);
+    /// Something was typed into a field: what was picked for it before counts no longer.
+    void dropPick(int element);
     /// Looks a field's text up in its code-list. @return true to keep the focus
     bool lookUp(int element, forms::EntryField& field, bool byName);
     /// Shows beside each code what it means. @throws store::EngineError

@@ -151,10 +151,10 @@ TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld)
 }
 
 TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
-    open();
+    reg.execute({text("insert into c_narodn (kod, nazov) values ('02', 'madarska')"),
+                 text("insert into c_zdrpoi (kod, nazov) values ('21', 'Ina')")});
     for (const auto& [element, picked, typed] :
          {std::tuple{2, "n", "Bab"}, std::tuple{8, "0", "02"}}) {
-        reg.execute({text("insert into c_narodn (kod, nazov) values ('02', 'madarska')")});
         open();
         goTo(element);
         key(Qt::Key_F4);
@@ -165,6 +165,14 @@ TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
         enter(typed);
         EXPECT_EQ(field(element).text(), text(typed));
     }
+    // The picker of insurers gives the focus back at once, with a line picked.
+    open();
+    goTo(7);
+    key(Qt::Key_F4);
+    type("2");
+    EXPECT_EQ(focused(), text("textKrz(7)"));
+    enter("25");
+    EXPECT_EQ(field(7).text(), text("25"));
 }
 
 TEST_F(CardTroubleTest, ClosingByTheFrameChecksTheFieldInFocus) {
