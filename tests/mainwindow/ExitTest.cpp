@@ -1,8 +1,7 @@
 #include "mainwindow/MainWindow.h"
-#include "store/EngineError.h"
+#include "store/FileBytes.h"
 
 #include <QAction>
-#include <QDir>
 #include <QFile>
 #include <QMenuBar>
 #include <QPushButton>
@@ -10,23 +9,14 @@
 
 namespace {
 
-QStringList filesIn(const support::TemporaryRegister& reg) {
-    return QDir(reg.directory.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
-
-void leave(const QString& path) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("zvysok");
-}
+using namespace Qt::StringLiterals;
 
 class ExitTest : public MainWindow {
   protected:
     void fillAndEmpty() {
         for (int i = 0; i < 200; ++i)
-            reg.add(QStringLiteral("k_memo"),
-                    {{u"idkod", QStringLiteral("K%1").arg(i)}, {u"poznamky", QString(4000, u'x')}});
-        reg.execute({QStringLiteral("delete * from k_memo")});
+            reg.add(u"k_memo"_s, {{u"idkod", u"K%1"_s.arg(i)}, {u"poznamky", QString(4000, u'x')}});
+        reg.execute({u"delete * from k_memo"_s});
         reg.engine.commitPending();
     }
     qint64 size() const { return QFileInfo(reg.folder.database()).size(); }
@@ -37,20 +27,20 @@ TEST_F(ExitTest, menuAndButtonCompactTheFile) {
         fillAndEmpty();
         addClient(byMenu ? "A" : "B", "Ján", "Novák");
         reg.engine.commitPending();
-        leave(reg.folder.path(u"arch_tmp.zip"));
+        files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
         const qint64 before = size();
         open();
         if (byMenu)
-            window->findChild<QAction*>(QStringLiteral("mnuKoniec"))->trigger();
+            window->findChild<QAction*>(u"mnuKoniec"_s)->trigger();
         else
             click("Label4");
         EXPECT_FALSE(window->isVisible());
         EXPECT_LT(size(), before / 2);
-        EXPECT_EQ(filesIn(reg), QStringList{QStringLiteral("tvk.mdb")});
+        EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
         EXPECT_EQ(QFile::permissions(reg.folder.database()) &
                       (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther),
                   QFile::Permissions());
-        EXPECT_EQ(reg.count(QStringLiteral("k_zaklad")), byMenu ? 1 : 2);
+        EXPECT_EQ(reg.count(u"k_zaklad"_s), byMenu ? 1 : 2);
     }
     EXPECT_EQ(runsEnded, 2);
 }
@@ -58,8 +48,7 @@ TEST_F(ExitTest, menuAndButtonCompactTheFile) {
 TEST_F(ExitTest, menuActsOnItsOwnClickAndKey) {
     open();
     const QMenuBar* bar = window->menuBar();
-    const QRect place =
-        bar->actionGeometry(window->findChild<QAction*>(QStringLiteral("mnuKoniec")));
+    const QRect place = bar->actionGeometry(window->findChild<QAction*>(u"mnuKoniec"_s));
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
                       bar->mapTo(window.get(), place.center()));
     EXPECT_EQ(runsEnded, 1);
@@ -71,26 +60,23 @@ TEST_F(ExitTest, menuActsOnItsOwnClickAndKey) {
 TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {
     addClient("A", "Ján", "Novák");
     reg.engine.commitPending();
-    leave(reg.folder.path(u"tmp.mdb"));
-    leave(reg.folder.path(u"arch_tmp.zip"));
+    files::write(reg.folder.path(u"tmp.mdb"), "zvysok");
+    files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
     open();
-    QFile live(reg.folder.database());
-    ASSERT_TRUE(live.open(QIODevice::ReadOnly));
-    const QByteArray before = live.readAll();
-    boxes.expect(support::ExpectedWindow{
-        .name = QStringLiteral("QMessageBox"), .drive = [](QWidget& shown) {
-            auto& box = dynamic_cast<QMessageBox&>(shown);
-            EXPECT_TRUE(box.text().contains(QStringLiteral("3204"))) << box.text().toStdString();
-            EXPECT_EQ(box.icon(), QMessageBox::Critical);
-            box.button(QMessageBox::Ok)->click();
-        }});
+    const QByteArray before = files::read(reg.folder.database());
+    boxes.expect(support::ExpectedWindow{.name = u"QMessageBox"_s, .drive = [](QWidget& shown) {
+                                             auto& box = dynamic_cast<QMessageBox&>(shown);
+                                             EXPECT_TRUE(box.text().contains(u"3204"_s))
+                                                 << box.text().toStdString();
+                                             EXPECT_EQ(box.icon(), QMessageBox::Critical);
+                                             box.button(QMessageBox::Ok)->click();
+                                         }});
     click("Label4");
     EXPECT_EQ(runsEnded, 1);
     EXPECT_FALSE(window->isVisible());
-    live.seek(0);
-    EXPECT_EQ(live.readAll(), before);
-    EXPECT_EQ(filesIn(reg), QStringList({QStringLiteral("arch_tmp.zip"), QStringLiteral("tmp.mdb"),
-                                         QStringLiteral("tvk.mdb")}));
+    EXPECT_EQ(files::read(reg.folder.database()), before);
+    EXPECT_EQ(files::namesIn(reg.directory.path()),
+              QStringList({u"arch_tmp.zip"_s, u"tmp.mdb"_s, u"tvk.mdb"_s}));
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <QTest>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 MainWindow::MainWindow()
     : around{reg.engine, reg.folder, [this] { return today; },
              [this](mainwindow::Screen screen, mainwindow::FrmUvod&) {
@@ -61,20 +63,19 @@ QString MainWindow::row(const char* grid, int row) {
 void MainWindow::addClient(const char* key, const char* firstName, const char* surname,
                            const char* number, const char* born) {
     const QDate day = QDate::fromString(QString::fromUtf8(born), Qt::ISODate);
-    reg.add(QStringLiteral("k_zaklad"),
-            {{u"idkod", QString::fromUtf8(key)},
-             {u"meno", QString::fromUtf8(firstName)},
-             {u"priezv", QString::fromUtf8(surname)},
-             {u"katcis", QString::fromUtf8(number)},
-             {u"datnar", day.isValid() ? store::Value(day) : store::Value()}});
+    reg.add(u"k_zaklad"_s, {{u"idkod", QString::fromUtf8(key)},
+                            {u"meno", QString::fromUtf8(firstName)},
+                            {u"priezv", QString::fromUtf8(surname)},
+                            {u"katcis", QString::fromUtf8(number)},
+                            {u"datnar", day.isValid() ? store::Value(day) : store::Value()}});
 }
 
 void MainWindow::addEmployee(const char* key, const char* firstName, const char* surname,
                              int function) {
-    reg.add(QStringLiteral("zamestnanci"), {{u"idkod", QString::fromUtf8(key)},
-                                            {u"meno", QString::fromUtf8(firstName)},
-                                            {u"priezv", QString::fromUtf8(surname)},
-                                            {u"prac_zar", function}});
+    reg.add(u"zamestnanci"_s, {{u"idkod", QString::fromUtf8(key)},
+                               {u"meno", QString::fromUtf8(firstName)},
+                               {u"priezv", QString::fromUtf8(surname)},
+                               {u"prac_zar", function}});
 }
 
 void MainWindow::expectBox(const char* text, const char* title, QMessageBox::Icon icon,
@@ -87,9 +88,11 @@ void MainWindow::expectBox(const char* text, const char* title, QMessageBox::Ico
                                       .answer = answer});
 }
 
-void MainWindow::expectInput(const char* prompt, const char* title, const char* answer) {
+void MainWindow::expectInput(const char* prompt, const char* title, const char* answer,
+                             const char* initial) {
     boxes.expect(support::ExpectedInput{
         .prompt = QString::fromUtf8(prompt),
         .title = QString::fromUtf8(title),
+        .initial = QString::fromUtf8(initial),
         .answer = answer != nullptr ? std::optional(QString::fromUtf8(answer)) : std::nullopt});
 }

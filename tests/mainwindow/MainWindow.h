@@ -34,7 +34,6 @@ class MainWindow : public testing::Test {
     void clickAt(const char* name, const QPoint& at);
     void moveTo(const char* name, const QPoint& at);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    void typeInto(QWidget& widget, Qt::Key key);
     QString focused();
     /// The texts of a row of a grid, joined by "|"; of the current row without a number.
     QString row(const char* grid, int row = -1);
@@ -45,7 +44,8 @@ class MainWindow : public testing::Test {
     void expectBox(const char* text, const char* title, QMessageBox::Icon icon,
                    QMessageBox::StandardButtons buttons = QMessageBox::Ok,
                    QMessageBox::StandardButton answer = QMessageBox::Ok);
-    void expectInput(const char* prompt, const char* title, const char* answer);
+    void expectInput(const char* prompt, const char* title, const char* answer,
+                     const char* initial = "");
 
     support::TemporaryRegister reg;
     QDate today{2006, 10, 1};
