@@ -17,6 +17,7 @@
 #include <stdexcept>
 
 using support::ScriptedBoxes;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,9 +39,7 @@ void expectReport(ScriptedBoxes& boxes, const char* text) {
 TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
     ScriptedBoxes boxes;
     expectReport(boxes, "Chyba č. 3024\n\nSúbor chýba");
-    inLoop([] {
-        throw store::EngineError(store::ErrorNumber::FileNotFound, QStringLiteral("Súbor chýba"));
-    });
+    inLoop([] { throw store::EngineError(store::ErrorNumber::FileNotFound, u"Súbor chýba"_s); });
     QTest::qWait(0);
     boxes.allCame();
     expectReport(boxes, "Chyba č. 3000\n\nmimo");
@@ -59,13 +58,11 @@ class DurableTest : public testing::Test {
     }
     ~DurableTest() override { application->beforeWaiting({}); }
 
-    void write() { reg_.execute({QStringLiteral("insert into k_memo (idkod) values ('A')")}); }
+    void write() { reg_.execute({u"insert into k_memo (idkod) values ('A')"_s}); }
     /// What another process would read now.
     qint64 durableRows() const {
         store::DBEngine other;
-        return other.OpenDatabase(reg_.folder.database())
-            .OpenRecordset(QStringLiteral("k_memo"))
-            ->RecordCount();
+        return other.OpenDatabase(reg_.folder.database()).OpenRecordset(u"k_memo"_s)->RecordCount();
     }
 
     support::TemporaryRegister reg_;
@@ -85,12 +82,12 @@ TEST_F(DurableTest, anActionIsDurableWhenTheProgramWaits) {
 TEST_F(DurableTest, aMessageBoxWaitsToo) {
     qint64 meanwhile = -1;
     ScriptedBoxes boxes;
-    boxes.expect(support::ExpectedBox{.text = QStringLiteral("?"), .meanwhile = [&] {
+    boxes.expect(support::ExpectedBox{.text = u"?"_s, .meanwhile = [&] {
                                           meanwhile = durableRows();
                                       }});
     inLoop([this] {
         write();
-        forms::showMessage(nullptr, {.text = QStringLiteral("?")});
+        forms::showMessage(nullptr, {.text = u"?"_s});
     });
     EXPECT_EQ(meanwhile, 1);
 }
@@ -108,24 +105,24 @@ class WholeProgramTest : public testing::Test {
 
 TEST_F(WholeProgramTest, whatIsNotThereYetSaysSo) {
     window.open();
-    boxes.expect(support::ExpectedBox{.text = QStringLiteral("Táto časť programu sa pripravuje."),
-                                      .title = QStringLiteral("Informácia"),
+    boxes.expect(support::ExpectedBox{.text = u"Táto časť programu sa pripravuje."_s,
+                                      .title = u"Informácia"_s,
                                       .icon = QMessageBox::Information});
-    window.findChild<QAction*>(QStringLiteral("mniZam"))->trigger();
+    window.findChild<QAction*>(u"mniZam"_s)->trigger();
 }
 
 TEST_F(WholeProgramTest, tableOneComesInAPreview) {
     window.open();
     int previews = 0;
-    boxes.expect(support::ExpectedWindow{.name = QStringLiteral("PreviewDialog"),
-                                         .drive = [&](QWidget& preview) {
-                                             ++previews;
-                                             EXPECT_EQ(reg.count(QStringLiteral("z_vek")), 19);
-                                             preview.close();
-                                         }});
-    window.findChild<QAction*>(QStringLiteral("mniVek"))->trigger();
+    boxes.expect(
+        support::ExpectedWindow{.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
+                                    ++previews;
+                                    EXPECT_EQ(reg.count(u"z_vek"_s), 19);
+                                    preview.close();
+                                }});
+    window.findChild<QAction*>(u"mniVek"_s)->trigger();
     EXPECT_EQ(previews, 1);
-    EXPECT_EQ(reg.count(QStringLiteral("z_vek")), 0);
+    EXPECT_EQ(reg.count(u"z_vek"_s), 0);
 }
 
 } // namespace

@@ -22,6 +22,8 @@
 
 namespace kittest {
 
+using namespace Qt::StringLiterals;
+
 /// A screen with one control of each kind, whose rules write down what they are told:
 /// "got text(0)", "lost text(0) to text(1)", "validate text(0)", "key 16777220", "char 7".
 class KitScreen : public QDialog, public forms::FieldEvents {
@@ -29,26 +31,26 @@ class KitScreen : public QDialog, public forms::FieldEvents {
     KitScreen() : guard(this), esc(this) {
         auto* grid = new QGridLayout(this);
         for (int i = 0; i < 3; ++i) {
-            guard.watch(&text[i], QStringLiteral("text"), i, *this);
+            guard.watch(&text[i], u"text"_s, i, *this);
             grid->addWidget(&text[i], i, 0);
         }
-        save.setText(QStringLiteral("&Zapíš"));
-        save.setObjectName(QStringLiteral("save"));
-        storno.setObjectName(QStringLiteral("storno"));
-        list.setObjectName(QStringLiteral("list"));
-        list.addItems({QStringLiteral("prvý"), QStringLiteral("druhý")});
+        save.setText(u"&Zapíš"_s);
+        save.setObjectName(u"save"_s);
+        storno.setObjectName(u"storno"_s);
+        list.setObjectName(u"list"_s);
+        list.addItems({u"prvý"_s, u"druhý"_s});
         list.setCurrentRow(0);
-        combo.setObjectName(QStringLiteral("combo"));
-        combo.addItems({QStringLiteral("M"), QStringLiteral("Z")});
-        tabs.setObjectName(QStringLiteral("tabs"));
-        tabs.addTab(QStringLiteral("Prvá"));
-        tabs.addTab(QStringLiteral("Druhá"));
+        combo.setObjectName(u"combo"_s);
+        combo.addItems({u"M"_s, u"Z"_s});
+        tabs.setObjectName(u"tabs"_s);
+        tabs.addTab(u"Prvá"_s);
+        tabs.addTab(u"Druhá"_s);
         int row = 0;
         for (QWidget* widget :
              std::initializer_list<QWidget*>{&save, &storno, &list, &combo, &tabs})
             grid->addWidget(widget, row++, 1);
-        connect(&save, &QPushButton::clicked, this, [this] { log(QStringLiteral("save")); });
-        connect(&storno, &QPushButton::clicked, this, [this] { log(QStringLiteral("storno")); });
+        connect(&save, &QPushButton::clicked, this, [this] { log(u"save"_s); });
+        connect(&storno, &QPushButton::clicked, this, [this] { log(u"storno"_s); });
         esc.set(&storno);
         show();
         activateWindow();
@@ -57,11 +59,9 @@ class KitScreen : public QDialog, public forms::FieldEvents {
         told.clear();
     }
 
-    void gotFocus(const forms::Control& control) override {
-        log(QStringLiteral("got ") + describe(control));
-    }
+    void gotFocus(const forms::Control& control) override { log(u"got "_s + describe(control)); }
     forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override {
-        log(QStringLiteral("lost %1 to %2").arg(describe(control), describe(now)));
+        log(u"lost %1 to %2"_s.arg(describe(control), describe(now)));
         return rule ? rule(control, now) : forms::Leave::Go;
     }
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers /*m*/) override {
@@ -76,15 +76,15 @@ class KitScreen : public QDialog, public forms::FieldEvents {
         return validateRule != nullptr;
     }
     bool validate(const forms::Control& control) override {
-        log(QStringLiteral("validate %1, focus %2")
-                .arg(describe(control), QApplication::focusWidget()->objectName()));
+        log(u"validate %1, focus %2"_s.arg(describe(control),
+                                           QApplication::focusWidget()->objectName()));
         return validateRule(control);
     }
-    void change(const forms::Control& control) override {
-        log(QStringLiteral("change ") + describe(control));
-    }
+    void change(const forms::Control& control) override { log(u"change "_s + describe(control)); }
 
     void log(const QString& line) { told += line; }
+    /// All that was told since, one behind the other.
+    QString heard() const { return told.join(u"; "_s); }
     /// The control in focus once the windows have settled.
     QString focused() {
         EXPECT_TRUE(QTest::qWaitFor(

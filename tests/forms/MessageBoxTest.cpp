@@ -13,66 +13,43 @@
 #include <gtest/gtest.h>
 
 using support::ScriptedBoxes;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-struct EscCase {
-    QMessageBox::StandardButtons buttons;
-    QMessageBox::StandardButton expected;
-};
-
-class EscTest : public testing::TestWithParam<EscCase> {};
-
-TEST_P(EscTest, refuses) {
-    ScriptedBoxes boxes;
-    boxes.expect({.text = QStringLiteral("?"), .buttons = GetParam().buttons, .byEscape = true});
-    const auto pressed =
-        forms::showMessage(nullptr, {.text = QStringLiteral("?"), .buttons = GetParam().buttons});
-    EXPECT_EQ(pressed, GetParam().expected);
+TEST(MessageBoxTest, escRefuses) {
+    using B = QMessageBox;
+    const std::pair<B::StandardButtons, B::StandardButton> cases[] = {
+        {B::Ok, B::Ok},
+        {B::Yes | B::No, B::No},
+        {B::Yes | B::No | B::Cancel, B::Cancel},
+        {B::Retry | B::Cancel, B::Cancel},
+        {B::Abort | B::Retry | B::Ignore, B::Abort},
+    };
+    for (const auto& [buttons, expected] : cases) {
+        ScriptedBoxes boxes;
+        boxes.expect({.text = u"?"_s, .buttons = buttons, .byEscape = true});
+        EXPECT_EQ(forms::showMessage(nullptr, {.text = u"?"_s, .buttons = buttons}), expected);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    MessageBox, EscTest,
-    testing::Values(EscCase{QMessageBox::Ok, QMessageBox::Ok},
-                    EscCase{QMessageBox::Yes | QMessageBox::No, QMessageBox::No},
-                    EscCase{QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                            QMessageBox::Cancel},
-                    EscCase{QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Cancel},
-                    EscCase{QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
-                            QMessageBox::Abort}));
-
-TEST(MessageBoxTest, standardButtonsAreSlovak) {
-    QStringList captions;
-    ScriptedBoxes boxes;
+TEST(MessageBoxTest, standardButtonsAreSlovakAndTextsPlain) {
+    const QString text = u"<b>Novák</b> & <img src='x'>\ndruhý riadok"_s;
     const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel |
                          QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    QStringList captions;
     const auto note = [&captions] {
         const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         for (const QAbstractButton* button : box->buttons())
             captions << button->text().remove(u'&');
         captions.sort();
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
     };
-    boxes.expect({.text = QStringLiteral("?"),
-                  .buttons = buttons,
-                  .answer = QMessageBox::Retry,
-                  .meanwhile = note});
-    forms::showMessage(nullptr, {.text = QStringLiteral("?"), .buttons = buttons});
-    EXPECT_EQ(captions, QStringList({QStringLiteral("Ignorovať"), QStringLiteral("Nie"),
-                                     QStringLiteral("Opakovať"), QStringLiteral("Prerušiť"),
-                                     QStringLiteral("Zrušiť"), QStringLiteral("Áno")}));
-}
-
-TEST(MessageBoxTest, textsArePlain) {
-    const QString text = QStringLiteral("<b>Novák</b> & <img src='x'>\ndruhý riadok");
-    bool plain = false;
     ScriptedBoxes boxes;
-    boxes.expect({.text = text, .meanwhile = [&plain] {
-                      const auto* box =
-                          qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                      plain = box->textFormat() == Qt::PlainText;
-                  }});
-    forms::showMessage(nullptr, {.text = text});
-    EXPECT_TRUE(plain);
+    boxes.expect(
+        {.text = text, .buttons = buttons, .answer = QMessageBox::Retry, .meanwhile = note});
+    forms::showMessage(nullptr, {.text = text, .buttons = buttons});
+    EXPECT_EQ(captions.join(u' '), u"Ignorovať Nie Opakovať Prerušiť Zrušiť Áno"_s);
 }
 
 TEST(MessageBoxTest, givesTheWindowItsActivationBack) {
@@ -81,59 +58,46 @@ TEST(MessageBoxTest, givesTheWindowItsActivationBack) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     ScriptedBoxes boxes;
-    boxes.expect({.text = QStringLiteral("?")});
-    forms::showMessage(&window, {.text = QStringLiteral("?")});
+    boxes.expect({.text = u"?"_s});
+    forms::showMessage(&window, {.text = u"?"_s});
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 TEST(MessageBoxTest, engineErrorTellsNumberAndDescription) {
     ScriptedBoxes boxes;
-    boxes.expect({.text = QStringLiteral("Chyba č. 3204\n\nSúbor už existuje"),
-                  .icon = QMessageBox::Critical});
-    forms::showEngineError(
-        nullptr, {store::ErrorNumber::TargetExists, QStringLiteral("Súbor už existuje"), {}});
+    boxes.expect({.text = u"Chyba č. 3204\n\nSúbor už existuje"_s, .icon = QMessageBox::Critical});
+    forms::showEngineError(nullptr, {store::ErrorNumber::TargetExists, u"Súbor už existuje"_s, {}});
 }
 
 TEST(AskTextTest, givesTheAnswerOrNothing) {
-    const QString prompt = QStringLiteral("Zadaj <rok>");
-    const QString title = QStringLiteral("Školský rok");
+    const QString prompt = u"Zadaj <rok>"_s;
+    const QString title = u"Školský rok"_s;
     ScriptedBoxes boxes;
-    boxes.expect({.prompt = prompt,
-                  .title = title,
-                  .initial = QStringLiteral("05/06"),
-                  .answer = QStringLiteral("Čižmár")});
+    boxes.expect({.prompt = prompt, .title = title, .initial = u"05/06"_s, .answer = u"Čižmár"_s});
     boxes.expect({.prompt = prompt, .title = title, .initial = {}, .answer = std::nullopt});
-    EXPECT_EQ(forms::askText(nullptr, prompt, title, QStringLiteral("05/06")),
-              QStringLiteral("Čižmár"));
+    EXPECT_EQ(forms::askText(nullptr, prompt, title, u"05/06"_s), u"Čižmár"_s);
     EXPECT_EQ(forms::askText(nullptr, prompt, title), std::nullopt);
-    boxes.expect(support::ExpectedWindow{
-        .name = QStringLiteral("QInputDialog"), .drive = [](QWidget& shown) {
-            EXPECT_GE(shown.width(), 340) << "too narrow for a name";
-            dynamic_cast<QInputDialog&>(shown).reject();
-        }});
-    EXPECT_EQ(forms::askText(nullptr, QStringLiteral("?"), title), std::nullopt);
+    boxes.expect(support::ExpectedWindow{.name = u"QInputDialog"_s, .drive = [](QWidget& shown) {
+                                             EXPECT_GE(shown.width(), 340)
+                                                 << "too narrow for a name";
+                                             dynamic_cast<QInputDialog&>(shown).reject();
+                                         }});
+    EXPECT_EQ(forms::askText(nullptr, u"?"_s, title), std::nullopt);
 }
 
-void showUnexpectedBox() {
-    const ScriptedBoxes boxes;
-    forms::showMessage(nullptr, {.text = QStringLiteral("?")});
-}
-
-void expectInVain() {
+/// Expects one box and shows another; none for an empty text.
+void expectAndShow(const QString& expected, const QString& shown) {
     ScriptedBoxes boxes;
-    boxes.expect({.text = QStringLiteral("?")});
-}
-
-void expectAnotherText() {
-    ScriptedBoxes boxes;
-    boxes.expect({.text = QStringLiteral("!")});
-    forms::showMessage(nullptr, {.text = QStringLiteral("?")});
+    if (!expected.isEmpty())
+        boxes.expect({.text = expected});
+    if (!shown.isEmpty())
+        forms::showMessage(nullptr, {.text = shown});
 }
 
 TEST(ScriptedBoxesTest, failsOnSurplusShortageAndDifference) {
-    EXPECT_NONFATAL_FAILURE(showUnexpectedBox(), "not expected");
-    EXPECT_NONFATAL_FAILURE(expectInVain(), "did not come");
-    EXPECT_NONFATAL_FAILURE(expectAnotherText(), "box->text()");
+    EXPECT_NONFATAL_FAILURE(expectAndShow({}, u"?"_s), "not expected");
+    EXPECT_NONFATAL_FAILURE(expectAndShow(u"?"_s, {}), "did not come");
+    EXPECT_NONFATAL_FAILURE(expectAndShow(u"!"_s, u"?"_s), "box->text()");
 }
 
 } // namespace

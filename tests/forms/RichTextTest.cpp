@@ -14,6 +14,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class RichTextTest : public testing::Test {
   protected:
     RichTextTest() {
@@ -61,9 +63,9 @@ TEST(RichHtml, PlainAndBrokenTextsAreShownAsFarAsTheyGo) {
 }
 
 TEST(RichHtml, WordsAloneForPlainPlaces) {
-    EXPECT_EQ(forms::plainText(QStringLiteral("<p>a<br>b</p><ul><li>c</li></ul><ol><li>d</li><li>"
-                                              "<b>e</b></li></ol>")),
-              QStringLiteral("a\nb\n• c\n1. d\n2. e"));
+    EXPECT_EQ(forms::plainText(u"<p>a<br>b</p><ul><li>c</li></ul><ol><li>d</li><li>"
+                               "<b>e</b></li></ol>"_s),
+              u"a\nb\n• c\n1. d\n2. e"_s);
     EXPECT_EQ(forms::plainText(QString()), QString());
 }
 
@@ -84,8 +86,8 @@ TEST_F(RichTextTest, KeysMakeBoldItalicUnderlinedAndLists) {
     key(Qt::Key_Return);
     type("e");
     key(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(field.text(), QStringLiteral("<p><b>a</b><i>b</i><u>c</u></p><ul><li>d</li></ul>"
-                                           "<ol><li>e</li></ol>"));
+    EXPECT_EQ(field.text(), u"<p><b>a</b><i>b</i><u>c</u></p><ul><li>d</li></ul>"
+                            "<ol><li>e</li></ol>"_s);
     for (int i = 0; i < 12; ++i)
         key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(field.text(), QString());
@@ -97,26 +99,25 @@ TEST_F(RichTextTest, ToolsActOnTheSelectionAndKeepTheFocus) {
     for (auto* tool : field.findChildren<QToolButton*>().mid(0, 3))
         QTest::mouseClick(field.windowHandle(), Qt::LeftButton, {},
                           tool->mapTo(&field, tool->rect().center()));
-    EXPECT_EQ(field.text(), QStringLiteral("<p><b><i><u>slovo</u></i></b></p>"));
+    EXPECT_EQ(field.text(), u"<p><b><i><u>slovo</u></i></b></p>"_s);
     EXPECT_EQ(QApplication::focusWidget(), &field.editor());
     EXPECT_TRUE(field.findChildren<QToolButton*>().first()->isChecked());
 }
 
 TEST_F(RichTextTest, WhatIsPastedIsReduced) {
     auto* mime = new QMimeData;
-    mime->setHtml(QStringLiteral(
-        "<html xmlns:o='urn:x'><head><style>p{color:red}</style></head><body>"
+    mime->setHtml(
+        u"<html xmlns:o='urn:x'><head><style>p{color:red}</style></head><body>"
         "<!--StartFragment--><p class=MsoNormal style='font-size:20pt;color:red'>Text "
         "<span style='font-weight:700'>tučný</span><o:p></o:p></p>"
         "<table><tr><td>bunka</td></tr></table><img src='file:///x.png'>"
-        "<ul><li>položka <a href='http://x/'>odkaz</a></li></ul><!--EndFragment--></body></html>"));
+        "<ul><li>položka <a href='http://x/'>odkaz</a></li></ul><!--EndFragment--></body></html>"_s);
     QApplication::clipboard()->setMimeData(mime);
     key(Qt::Key_V, Qt::ControlModifier);
     const QString text = field.text();
-    EXPECT_TRUE(text.contains(QStringLiteral("<p>Text <b>tučný</b></p>"))) << text.toStdString();
-    EXPECT_TRUE(text.contains(QStringLiteral("<p>bunka</p>"))) << text.toStdString();
-    EXPECT_TRUE(text.contains(QStringLiteral("<ul><li>položka odkaz</li></ul>")))
-        << text.toStdString();
+    EXPECT_TRUE(text.contains(u"<p>Text <b>tučný</b></p>"_s)) << text.toStdString();
+    EXPECT_TRUE(text.contains(u"<p>bunka</p>"_s)) << text.toStdString();
+    EXPECT_TRUE(text.contains(u"<ul><li>položka odkaz</li></ul>"_s)) << text.toStdString();
     for (const char16_t* lost : {u"style", u"img", u"\ufffc", u"font", u"table"})
         EXPECT_FALSE(text.contains(QString::fromUtf16(lost))) << text.toStdString();
     field.showBound(text);
@@ -126,7 +127,7 @@ TEST_F(RichTextTest, WhatIsPastedIsReduced) {
 TEST_F(RichTextTest, OnlyTheUserChangesIt) {
     int edits = 0;
     QObject::connect(&field, &forms::RichText::textEdited, &field, [&] { ++edits; });
-    field.showBound(QStringLiteral("obyčajný text"));
+    field.showBound(u"obyčajný text"_s);
     EXPECT_FALSE(field.dataChanged());
     EXPECT_EQ(edits, 0);
     key(Qt::Key_Z, Qt::ControlModifier);
