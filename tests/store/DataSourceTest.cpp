@@ -11,22 +11,22 @@
 #include <gtest/gtest.h>
 
 using store::DataSource;
-using store::EditState;
 using support::TemporaryRegister;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class DataSourceTest : public testing::Test, public TemporaryRegister {
   protected:
     DataSourceTest() {
-        execute({QStringLiteral("insert into k_zaklad (idkod,meno) values ('A','Anna')"),
-                 QStringLiteral("insert into k_zaklad (idkod,meno) values ('B','Berta')")});
+        execute({u"insert into k_zaklad (idkod,meno) values ('A','Anna')"_s,
+                 u"insert into k_zaklad (idkod,meno) values ('B','Berta')"_s});
         point(source);
     }
 
     void point(DataSource& any) const {
         any.setDatabaseName(folder.database());
-        any.setRecordSource(QStringLiteral("select * from k_zaklad"));
+        any.setRecordSource(u"select * from k_zaklad"_s);
     }
 
     /// Writes down the signals of the source as they come.
@@ -47,7 +47,6 @@ class DataSourceTest : public testing::Test, public TemporaryRegister {
         return words;
     }
     QString name() { return source.Recordset().Fields(u"meno").Value().toText(); }
-    void setName(const QString& text) { source.Recordset().Fields(u"meno").setValue(text); }
 
     QStringList heard;
     DataSource source{engine};
@@ -57,70 +56,28 @@ class DataSourceTest : public testing::Test, public TemporaryRegister {
 
 TEST_F(DataSourceTest, TellsWhatHappens) {
     listen();
-    struct Step {
-        const char* name;
-        std::function<void(store::Recordset&)> act;
-        const char* heard;
-    };
-    const Step steps[] = {
+    using Act = std::function<void(store::Recordset&)>;
+    const std::tuple<const char*, Act, const char*> steps[] = {
         {"move", [](auto& r) { r.MoveNext(); }, "leave moved"},
         {"first", [](auto& r) { r.MoveFirst(); }, "leave moved"},
         {"edit", [](auto& r) { r.Edit(); }, "moved"},
         {"cancel", [](auto& r) { r.CancelUpdate(); }, "moved"},
         {"cancel nothing", [](auto& r) { r.CancelUpdate(); }, ""},
-        {"find", [](auto& r) { r.FindFirst(QStringLiteral("idkod='B'")); }, "leave moved"},
-        {"find none", [](auto& r) { r.FindFirst(QStringLiteral("idkod='X'")); }, ""},
+        {"find", [](auto& r) { r.FindFirst(u"idkod='B'"_s); }, "leave moved"},
+        {"find none", [](auto& r) { r.FindFirst(u"idkod='X'"_s); }, ""},
         {"add", [](auto& r) { r.AddNew(); }, "leave moved"},
         {"write", [](auto& r) { r.Update(); }, "write moved"},
         {"delete", [](auto& r) { r.Delete(); }, "moved"},
         {"move from the gap", [](auto& r) { r.MoveNext(); }, "moved"},
     };
     source.Refresh();
-    EXPECT_EQ(taken(), QStringLiteral("refreshed moved"));
-    for (const Step& step : steps) {
-        step.act(source.Recordset());
-        EXPECT_EQ(taken(), QString::fromLatin1(step.heard)) << step.name;
+    EXPECT_EQ(taken(), u"refreshed moved"_s);
+    for (const auto& [name, act, words] : steps) {
+        act(source.Recordset());
+        EXPECT_EQ(taken(), QString::fromLatin1(words)) << name;
     }
     source.Refresh();
-    EXPECT_EQ(taken(), QStringLiteral("leave refreshed moved"));
-}
-
-TEST_F(DataSourceTest, ARowLeftOpenIsCompletedOrDropped) {
-    source.Refresh();
-    source.Recordset().Edit();
-    setName(QStringLiteral("Adela"));
-    source.Refresh();
-    EXPECT_EQ(name(), QStringLiteral("Anna")) << "nobody completed it";
-
-    QObject::connect(&source, &DataSource::aboutToLeave, [this] {
-        if (source.Recordset().EditMode() != EditState::None)
-            source.Recordset().Update();
-    });
-    source.Recordset().Edit();
-    setName(QStringLiteral("Adela"));
-    source.Refresh();
-    EXPECT_EQ(name(), QStringLiteral("Adela"));
-}
-
-TEST_F(DataSourceTest, FieldsWriteThemselvesWithTheRow) {
-    QObject::connect(&source, &DataSource::aboutToWrite,
-                     [this] { setName(QStringLiteral("Agáta")); });
-    source.Refresh();
-    source.Recordset().Edit();
-    source.Recordset().Update();
-    EXPECT_EQ(name(), QStringLiteral("Agáta"));
-}
-
-TEST_F(DataSourceTest, TheEndOfASourceCompletesItsRow) {
-    {
-        DataSource ending(engine);
-        point(ending);
-        ending.Refresh();
-        QObject::connect(&ending, &DataSource::aboutToLeave, [&] { ending.Recordset().Update(); });
-        ending.Recordset().Edit();
-        ending.Recordset().Fields(u"meno").setValue(QStringLiteral("Adela"));
-    }
-    EXPECT_EQ(text(QStringLiteral("k_zaklad"), QStringLiteral("meno")), QStringLiteral("Adela"));
+    EXPECT_EQ(taken(), u"leave refreshed moved"_s);
 }
 
 TEST_F(DataSourceTest, AnErrorAtTheEndIsToldLater) {
@@ -130,7 +87,7 @@ TEST_F(DataSourceTest, AnErrorAtTheEndIsToldLater) {
         ending.Refresh();
         QObject::connect(&ending, &DataSource::aboutToLeave, [&] { ending.Recordset().Update(); });
         ending.Recordset().Edit();
-        ending.Recordset().Fields(u"idkod").setValue(QStringLiteral("B"));
+        ending.Recordset().Fields(u"idkod").setValue(u"B"_s);
     }
     EXPECT_ENGINE_ERROR(engine.commitPending(), 3022);
     engine.commitPending();
@@ -142,7 +99,7 @@ TEST_F(DataSourceTest, AFailedRefreshEndsTheOldRows) {
     EXPECT_ENGINE_ERROR(source.Database(), 3021);
     source.Refresh();
     EXPECT_TRUE(source.isOpen());
-    source.setRecordSource(QStringLiteral("niet"));
+    source.setRecordSource(u"niet"_s);
     EXPECT_ENGINE_ERROR(source.Refresh(), 3078);
     EXPECT_FALSE(source.isOpen());
     point(source);
@@ -157,30 +114,29 @@ TEST_F(DataSourceTest, TwoSourcesSeeEachOther) {
     source.Refresh();
     other.Refresh();
     other.Recordset().Edit();
-    other.Recordset().Fields(u"meno").setValue(QStringLiteral("Adela"));
-    EXPECT_EQ(name(), QStringLiteral("Anna"));
+    other.Recordset().Fields(u"meno").setValue(u"Adela"_s);
+    EXPECT_EQ(name(), u"Anna"_s);
     other.Recordset().Update();
-    EXPECT_EQ(name(), QStringLiteral("Adela"));
-    other.Database().Execute(QStringLiteral("delete from k_zaklad where idkod='A'"));
+    EXPECT_EQ(name(), u"Adela"_s);
+    other.Database().Execute(u"delete from k_zaklad where idkod='A'"_s);
     EXPECT_ENGINE_ERROR(name(), 3167);
 }
 
 TEST_F(DataSourceTest, AReportReadsTheFileAnew) {
     source.Refresh();
-    source.Database().Execute(QStringLiteral("update k_zaklad set datnar=datevalue('1.2.2003')"));
+    source.Database().Execute(u"update k_zaklad set datnar=datevalue('1.2.2003')"_s);
     store::ReportConnection report(engine, folder.database());
-    auto rows = report.open(QStringLiteral("select * from k_zaklad order by meno desc"));
+    auto rows = report.open(u"select * from k_zaklad order by meno desc"_s);
     ASSERT_EQ(rows.count(), 2);
     EXPECT_ENGINE_ERROR(rows.text(u"meno"), 3021);
     ASSERT_TRUE(rows.next());
-    EXPECT_EQ(rows.text(u"MENO") + rows.text(u"datnar"), QStringLiteral("Berta01.02.2003"));
+    EXPECT_EQ(rows.text(u"MENO") + rows.text(u"datnar"), u"Berta01.02.2003"_s);
     EXPECT_ENGINE_ERROR(rows.text(u"niet"), 3265);
     EXPECT_TRUE(rows.next());
     EXPECT_FALSE(rows.next());
     EXPECT_FALSE(rows.next());
-    EXPECT_ENGINE_ERROR(report.open(QStringLiteral("select")), 3075);
-    EXPECT_ENGINE_ERROR(report.open(QStringLiteral("select meno from k_zaklad group by vek")),
-                        3122);
+    EXPECT_ENGINE_ERROR(report.open(u"select"_s), 3075);
+    EXPECT_ENGINE_ERROR(report.open(u"select meno from k_zaklad group by vek"_s), 3122);
 }
 
 TEST_F(DataSourceTest, AReportSaysThatItCannotRead) {
@@ -195,9 +151,8 @@ TEST_F(DataSourceTest, AReportSaysThatItCannotRead) {
     EXPECT_ENGINE_ERROR(store::ReportConnection(engine, path), 3025);
     letGo();
     source.Refresh();
-    EXPECT_EQ(store::ReportConnection(engine, path).open(QStringLiteral("k_zaklad")).count(), 2);
+    EXPECT_EQ(store::ReportConnection(engine, path).open(u"k_zaklad"_s).count(), 2);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.resize(5000));
-    EXPECT_ENGINE_ERROR(store::ReportConnection(engine, path).open(QStringLiteral("k_zaklad")),
-                        3025);
+    EXPECT_ENGINE_ERROR(store::ReportConnection(engine, path).open(u"k_zaklad"_s), 3025);
 }

