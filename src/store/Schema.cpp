@@ -255,15 +255,6 @@ QStringList createStatements() {
     return statements;
 }
 
-QStringList recreateIndexStatements() {
-    QStringList statements;
-    for (const IndexDef& index : allIndexes) {
-        statements << QStringLiteral("DROP INDEX IF EXISTS %1").arg(sqlName(index.name));
-        statements << createIndex(index);
-    }
-    return statements;
-}
-
 QString sqlName(QStringView name) {
     QString escaped = name.toString();
     escaped.replace(QLatin1Char('"'), QStringLiteral("\"\""));

@@ -51,9 +51,6 @@ const TableDef* findTable(QStringView name);
 /// Texts lie as they were given, without a collation on the column, so that other tools can read
 /// the file; Booleans are -1 or 0; dates as dateToColumn() and nonDateToColumn() give them.
 QStringList createStatements();
-/// The part of createStatements() that depends on the order of texts: drops all indexes and makes
-/// them anew.
-QStringList recreateIndexStatements();
 
 /// A name in SQLite's quotes.
 QString sqlName(QStringView name);
