@@ -56,6 +56,7 @@ TEST(TextOrder, KnowsOneTextInSeveralWritings) {
     EXPECT_LT(order.compare("O'Neil", "Onz"), 0);
     EXPECT_GT(order.compare("O'Neil", "ONeil"), 0);
     EXPECT_LT(store::compareTexts(u"hora", u"chata"), 0);
+    EXPECT_FALSE(store::textOrderVersion().isEmpty());
 }
 
 std::string randomText(std::mt19937& random, const std::vector<std::string>& signs) {
