@@ -32,8 +32,7 @@ void inLoop(const std::function<void()>& action) {
 }
 
 void expectReport(ScriptedBoxes& boxes, const char* text) {
-    boxes.expect(
-        support::ExpectedBox{.text = QString::fromUtf8(text), .icon = QMessageBox::Critical});
+    boxes.expect({.text = QString::fromUtf8(text), .icon = QMessageBox::Critical});
 }
 
 TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
@@ -82,9 +81,9 @@ TEST_F(DurableTest, anActionIsDurableWhenTheProgramWaits) {
 TEST_F(DurableTest, aMessageBoxWaitsToo) {
     qint64 meanwhile = -1;
     ScriptedBoxes boxes;
-    boxes.expect(support::ExpectedBox{.text = u"?"_s, .meanwhile = [&] {
-                                          meanwhile = durableRows();
-                                      }});
+    boxes.expect({.text = u"?"_s, .meanwhile = [&] {
+                      meanwhile = durableRows();
+                  }});
     inLoop([this] {
         write();
         forms::showMessage(nullptr, {.text = u"?"_s});
@@ -105,21 +104,20 @@ class WholeProgramTest : public testing::Test {
 
 TEST_F(WholeProgramTest, whatIsNotThereYetSaysSo) {
     window.open();
-    boxes.expect(support::ExpectedBox{.text = u"Táto časť programu sa pripravuje."_s,
-                                      .title = u"Informácia"_s,
-                                      .icon = QMessageBox::Information});
+    boxes.expect({.text = u"Táto časť programu sa pripravuje."_s,
+                  .title = u"Informácia"_s,
+                  .icon = QMessageBox::Information});
     window.findChild<QAction*>(u"mniZam"_s)->trigger();
 }
 
 TEST_F(WholeProgramTest, tableOneComesInAPreview) {
     window.open();
     int previews = 0;
-    boxes.expect(
-        support::ExpectedWindow{.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
-                                    ++previews;
-                                    EXPECT_EQ(reg.count(u"z_vek"_s), 19);
-                                    preview.close();
-                                }});
+    boxes.expect({.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
+                      ++previews;
+                      EXPECT_EQ(reg.count(u"z_vek"_s), 19);
+                      preview.close();
+                  }});
     window.findChild<QAction*>(u"mniVek"_s)->trigger();
     EXPECT_EQ(previews, 1);
     EXPECT_EQ(reg.count(u"z_vek"_s), 0);

@@ -55,30 +55,21 @@ class LeavingTest : public testing::TestWithParam<Way> {
     support::ScriptedBoxes boxes;
 };
 
-/// What a press does besides moving the focus.
-struct Effects {
-    bool saved, rowMoved, tabTurned, opened, picked;
-};
-
-Effects effectsOn(KitScreen& screen) {
+/// Whether a press did more than move the focus.
+bool acted(KitScreen& screen) {
     // A button pressed by its letter stays down for a moment.
     EXPECT_TRUE(QTest::qWaitFor([&] { return !screen.save.isDown(); }));
     const bool opened = QApplication::activePopupWidget() != nullptr;
     screen.combo.hidePopup();
-    return {screen.told.contains(u"save"_s), screen.list.currentRow() == 1,
-            screen.tabs.currentIndex() == 1, opened, screen.combo.currentIndex() == 1};
-}
-
-bool isAny(const Effects& e) {
-    return e.saved || e.rowMoved || e.tabTurned || e.opened || e.picked;
+    return opened || screen.told.contains(u"save"_s) || screen.list.currentRow() == 1 ||
+           screen.tabs.currentIndex() == 1 || screen.combo.currentIndex() == 1;
 }
 
 const forms::Message question{.text = u"Chybný dátum"_s,
                               .buttons = QMessageBox::Retry | QMessageBox::Cancel};
 
 void expectQuestion(support::ScriptedBoxes& boxes, QMessageBox::StandardButton answer) {
-    boxes.expect(
-        support::ExpectedBox{.text = question.text, .buttons = question.buttons, .answer = answer});
+    boxes.expect({.text = question.text, .buttons = question.buttons, .answer = answer});
 }
 
 } // namespace
@@ -97,7 +88,7 @@ TEST_P(LeavingTest, PassesWithOneCheckThatKnowsWhoHasTheFocus) {
     const QString got = u"got "_s + to;
     EXPECT_EQ(screen.told.count(got), to.startsWith(u"text") ? 1 : 0);
     const bool actsOnly = GetParam().name == std::string("Tab") || to.startsWith(u"text");
-    EXPECT_EQ(isAny(effectsOn(screen)), !actsOnly) << "the press itself got lost";
+    EXPECT_EQ(acted(screen), !actsOnly) << "the press itself got lost";
 }
 
 TEST_P(LeavingTest, HeldByABoxActsOnNothing) {
@@ -109,7 +100,7 @@ TEST_P(LeavingTest, HeldByABoxActsOnNothing) {
     GetParam().leave(screen);
     boxes.allCame();
     EXPECT_EQ(screen.focused(), u"text(0)"_s);
-    EXPECT_FALSE(isAny(effectsOn(screen)));
+    EXPECT_FALSE(acted(screen));
     EXPECT_TRUE(screen.told.filter(u"got"_s).isEmpty()) << qPrintable(screen.heard());
     EXPECT_FALSE(screen.save.isDown());
     // The field is alive and the next leaving is asked again.
@@ -129,7 +120,7 @@ TEST_P(LeavingTest, HeldSilentlyOrSentElsewhereActsOnNothing) {
     };
     GetParam().leave(screen);
     EXPECT_EQ(screen.focused(), u"text(0)"_s);
-    EXPECT_FALSE(isAny(effectsOn(screen)));
+    EXPECT_FALSE(acted(screen));
     EXPECT_EQ(screen.told.size(), 1) << qPrintable(screen.heard());
 }
 
@@ -154,7 +145,7 @@ TEST_P(LeavingTest, ValidateRunsBeforeTheFocusMovesAndCanHoldIt) {
     GetParam().leave(screen);
     EXPECT_EQ(screen.told, QStringList(asked));
     EXPECT_EQ(screen.focused(), u"text(0)"_s);
-    EXPECT_FALSE(isAny(effectsOn(screen)));
+    EXPECT_FALSE(acted(screen));
     holds = false;
     screen.told.clear();
     GetParam().leave(screen);
@@ -347,8 +338,7 @@ TEST_F(FocusGuardTest, AnEngineErrorInARuleIsReportedAndNothingIsHeld) {
     screen.rule = [](const Control&, const Control&) -> Leave {
         throw store::EngineError(store::ErrorNumber::SyntaxError, u"Chyba."_s);
     };
-    boxes.expect(
-        support::ExpectedBox{.text = u"Chyba č. 3075\n\nChyba."_s, .icon = QMessageBox::Critical});
+    boxes.expect({.text = u"Chyba č. 3075\n\nChyba."_s, .icon = QMessageBox::Critical});
     screen.key(Qt::Key_Tab);
     EXPECT_EQ(screen.focused(), u"text(1)"_s);
 }

@@ -8,11 +8,9 @@
 
 #include "store/Database.h"
 #include "store/EngineError.h"
+#include "store/FileBytes.h"
 #include "store/Schema.h"
 
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -30,17 +28,6 @@ using Bytes = std::span<const std::uint8_t>;
 
 constexpr qsizetype pageSize = 4096;
 
-QByteArray readAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
-        std::abort();
-}
-
 QByteArray wholeRegister() {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("tvk.mdb"));
@@ -52,7 +39,7 @@ QByteArray wholeRegister() {
             QStringLiteral("insert into k_zaklad (idkod,meno,priezv) values ('K%1','Ján','Čapek')")
                 .arg(row));
     database.Close();
-    return readAll(path);
+    return files::read(path);
 }
 
 void patch(QByteArray& file, Bytes five) {
@@ -101,15 +88,15 @@ void use(DBEngine& engine, Database& database) {
 
 void open(const QString& folder, const QByteArray& bytes) {
     const QString path = folder + QStringLiteral("/tvk.mdb");
-    writeAll(path, bytes);
+    files::write(path, bytes);
     DBEngine engine;
     const bool opened = endsWell([&] {
         Database database = engine.OpenDatabase(path);
         use(engine, database);
     });
-    if (!opened && readAll(path) != bytes)
+    if (!opened && files::read(path) != bytes)
         std::abort();
-    if (QDir(folder).entryList(QDir::Files | QDir::Hidden).size() != 1)
+    if (files::namesIn(folder).size() != 1)
         std::abort();
 }
 

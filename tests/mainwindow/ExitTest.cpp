@@ -64,13 +64,12 @@ TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {
     files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
     open();
     const QByteArray before = files::read(reg.folder.database());
-    boxes.expect(support::ExpectedWindow{.name = u"QMessageBox"_s, .drive = [](QWidget& shown) {
-                                             auto& box = dynamic_cast<QMessageBox&>(shown);
-                                             EXPECT_TRUE(box.text().contains(u"3204"_s))
-                                                 << box.text().toStdString();
-                                             EXPECT_EQ(box.icon(), QMessageBox::Critical);
-                                             box.button(QMessageBox::Ok)->click();
-                                         }});
+    boxes.expect({.name = u"QMessageBox"_s, .drive = [](QWidget& shown) {
+                      auto& box = dynamic_cast<QMessageBox&>(shown);
+                      EXPECT_TRUE(box.text().contains(u"3204"_s)) << box.text().toStdString();
+                      EXPECT_EQ(box.icon(), QMessageBox::Critical);
+                      box.button(QMessageBox::Ok)->click();
+                  }});
     click("Label4");
     EXPECT_EQ(runsEnded, 1);
     EXPECT_FALSE(window->isVisible());

@@ -81,18 +81,18 @@ void MainWindow::addEmployee(const char* key, const char* firstName, const char*
 void MainWindow::expectBox(const char* text, const char* title, QMessageBox::Icon icon,
                            QMessageBox::StandardButtons buttons,
                            QMessageBox::StandardButton answer) {
-    boxes.expect(support::ExpectedBox{.text = QString::fromUtf8(text),
-                                      .title = QString::fromUtf8(title),
-                                      .icon = icon,
-                                      .buttons = buttons,
-                                      .answer = answer});
+    boxes.expect({.text = QString::fromUtf8(text),
+                  .title = QString::fromUtf8(title),
+                  .icon = icon,
+                  .buttons = buttons,
+                  .answer = answer});
 }
 
 void MainWindow::expectInput(const char* prompt, const char* title, const char* answer,
                              const char* initial) {
-    boxes.expect(support::ExpectedInput{
-        .prompt = QString::fromUtf8(prompt),
-        .title = QString::fromUtf8(title),
-        .initial = QString::fromUtf8(initial),
-        .answer = answer != nullptr ? std::optional(QString::fromUtf8(answer)) : std::nullopt});
+    boxes.expect(
+        {.prompt = QString::fromUtf8(prompt),
+         .title = QString::fromUtf8(title),
+         .initial = QString::fromUtf8(initial),
+         .answer = answer != nullptr ? std::optional(QString::fromUtf8(answer)) : std::nullopt});
 }

@@ -43,16 +43,16 @@ TEST(SchoolYear, isReadOrRefused) {
 class AskYearTest : public testing::Test {
   protected:
     void answer(const char* typed) {
-        boxes_.expect(support::ExpectedInput{
-            .prompt = u"Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje "_s,
-            .title = u"Školský rok"_s,
-            .initial = u"2006/2007"_s,
-            .answer = typed != nullptr ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
+        boxes_.expect(
+            {.prompt = u"Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje "_s,
+             .title = u"Školský rok"_s,
+             .initial = u"2006/2007"_s,
+             .answer = typed != nullptr ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
     }
     void complaint(const char* text) {
-        boxes_.expect(support::ExpectedBox{.text = QString::fromUtf8(text),
-                                           .title = u"Chybová správa"_s,
-                                           .icon = QMessageBox::Warning});
+        boxes_.expect({.text = QString::fromUtf8(text),
+                       .title = u"Chybová správa"_s,
+                       .icon = QMessageBox::Warning});
     }
     std::optional<QString> ask() { return mainwindow::askSchoolYear(nullptr, {2006, 10, 1}); }
 

@@ -16,27 +16,26 @@ namespace support {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString describe(const QWidget& window) {
     if (const auto* box = qobject_cast<const QMessageBox*>(&window))
-        return QStringLiteral("box \"%1\": \"%2\"").arg(box->windowTitle(), box->text());
+        return u"box \"%1\": \"%2\""_s.arg(box->windowTitle(), box->text());
     if (const auto* dialog = qobject_cast<const QInputDialog*>(&window))
-        return QStringLiteral("prompt \"%1\"").arg(dialog->labelText());
-    return QStringLiteral("window %1 \"%2\"")
-        .arg(QLatin1String(window.metaObject()->className()), window.windowTitle());
+        return u"prompt \"%1\""_s.arg(dialog->labelText());
+    return u"window %1 \"%2\""_s.arg(QLatin1String(window.metaObject()->className()),
+                                     window.windowTitle());
 }
 
 struct Describe {
-    QString operator()(const ExpectedBox& box) const { return QStringLiteral("box: ") + box.text; }
-    QString operator()(const ExpectedInput& input) const {
-        return QStringLiteral("prompt: ") + input.prompt;
-    }
-    QString operator()(const ExpectedWindow& window) const {
-        return QStringLiteral("window: ") + window.name;
-    }
+    QString operator()(const ExpectedBox& box) const { return u"box: "_s + box.text; }
+    QString operator()(const ExpectedInput& input) const { return u"prompt: "_s + input.prompt; }
+    QString operator()(const ExpectedWindow& window) const { return u"window: "_s + window.name; }
 };
 
-/// Ends a window that nobody expected, so that the test goes on to its end.
-void dismiss(QWidget& window) {
+/// Ends a window that the test did not end, so that it goes on to its end.
+void dismiss(QWidget& window, const char* fault) {
+    ADD_FAILURE() << fault << describe(window).toStdString();
     if (auto* dialog = qobject_cast<QDialog*>(&window))
         dialog->done(QDialog::Rejected);
     else
@@ -86,32 +85,28 @@ bool ScriptedBoxes::eventFilter(QObject* watched, QEvent* event) {
 
 void ScriptedBoxes::answer(QWidget& window) {
     if (expected_.empty()) {
-        ADD_FAILURE() << "not expected: " << describe(window).toStdString();
-        dismiss(window);
+        dismiss(window, "not expected: ");
         return;
     }
     const Expected expected = std::move(expected_.front());
     expected_.pop_front();
     const QPointer<QWidget> open(&window);
+    SCOPED_TRACE(std::visit(Describe{}, expected).toStdString());
     std::visit([&](const auto& one) { meet(one, window); }, expected);
     if (open != nullptr && open->isVisible() && !std::holds_alternative<ExpectedWindow>(expected)) {
-        ADD_FAILURE() << "still open: " << describe(window).toStdString();
-        dismiss(window);
+        dismiss(window, "still open: ");
     }
 }
 
 void ScriptedBoxes::meet(const ExpectedBox& expected, QWidget& window) {
     auto* box = qobject_cast<QMessageBox*>(&window);
-    if (box == nullptr) {
-        ADD_FAILURE() << "expected " << Describe{}(expected).toStdString() << ", came "
-                      << describe(window).toStdString();
-        return;
-    }
+    if (box == nullptr)
+        return dismiss(window, "another came: ");
     EXPECT_EQ(box->text(), expected.text);
     EXPECT_EQ(box->windowTitle(),
               expected.title.isEmpty() ? QCoreApplication::applicationName() : expected.title);
-    EXPECT_EQ(box->icon(), expected.icon) << expected.text.toStdString();
-    EXPECT_EQ(box->standardButtons(), expected.buttons) << expected.text.toStdString();
+    EXPECT_EQ(box->icon(), expected.icon);
+    EXPECT_EQ(box->standardButtons(), expected.buttons);
     if (expected.meanwhile)
         expected.meanwhile();
     QAbstractButton* button = box->button(expected.answer);
@@ -123,11 +118,8 @@ void ScriptedBoxes::meet(const ExpectedBox& expected, QWidget& window) {
 
 void ScriptedBoxes::meet(const ExpectedInput& expected, QWidget& window) {
     auto* dialog = qobject_cast<QInputDialog*>(&window);
-    if (dialog == nullptr) {
-        ADD_FAILURE() << "expected " << Describe{}(expected).toStdString() << ", came "
-                      << describe(window).toStdString();
-        return;
-    }
+    if (dialog == nullptr)
+        return dismiss(window, "another came: ");
     EXPECT_EQ(dialog->labelText(), expected.prompt);
     EXPECT_EQ(dialog->windowTitle(), expected.title);
     EXPECT_EQ(dialog->textValue(), expected.initial);
@@ -146,14 +138,9 @@ void ScriptedBoxes::meet(const ExpectedInput& expected, QWidget& window) {
 void ScriptedBoxes::meet(const ExpectedWindow& expected, QWidget& window) {
     const bool named =
         window.objectName() == expected.name ||
-        QString::fromLatin1(window.metaObject()->className()).section(QStringLiteral("::"), -1) ==
-            expected.name;
-    if (!named) {
-        ADD_FAILURE() << "expected window " << expected.name.toStdString() << ", came "
-                      << describe(window).toStdString();
-        dismiss(window);
-        return;
-    }
+        QString::fromLatin1(window.metaObject()->className()).section(u"::"_s, -1) == expected.name;
+    if (!named)
+        return dismiss(window, "another came: ");
     expected.drive(window);
 }
 
