@@ -1,23 +1,13 @@
 #include "forms/DropDown.h"
 
-#include "forms/EntryField.h"
-#include "forms/EscButton.h"
-#include "forms/FocusGuard.h"
+#include "forms/KitScreen.h"
 #include "forms/RowList.h"
 #include "store/DataSource.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QDialog>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QVBoxLayout>
-#include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -27,28 +17,27 @@ using forms::Area;
 using forms::Control;
 using forms::DropDown;
 
-/// A field with a pick beside it, and rules in the manner of the cards: the pick's text goes into
-/// the field, a chosen line and Enter send the focus there, Esc too.
-class PickScreen : public QDialog, public forms::FieldEvents {
+/// Two picks beside the fields of the kit, and rules in the manner of the cards: a chosen line and
+/// Enter send the focus to the first field, Esc too.
+class PickScreen : public kittest::KitScreen {
   public:
-    PickScreen() : drop(this, DropDown::Kind::Editable), fixed(this), guard(this), esc(this) {
-        auto* column = new QVBoxLayout(this);
-        for (QWidget* widget : std::initializer_list<QWidget*>{&drop, &fixed, &field, &storno})
-            column->addWidget(widget);
+    PickScreen() : drop(this, DropDown::Kind::Editable), fixed(this) {
         guard.watch(&drop, u"pick"_s, 0, *this);
         guard.watch(&fixed, u"pick"_s, 1, *this);
-        guard.watch(&field, u"field"_s, -1, *this);
-        esc.set(&storno);
-        connect(&storno, &QPushButton::clicked, this, [this] { told += u"storno"_s; });
+        for (DropDown* pick : {&drop, &fixed}) {
+            layout()->addWidget(pick);
+            pick->setVisible(true);
+        }
     }
     void start() {
-        show();
-        activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(this));
         drop.setFocus();
         told.clear();
     }
 
+    void gotFocus(const Control& /*control*/) override {}
+    forms::Leave lostFocus(const Control& /*control*/, const Control& /*now*/) override {
+        return forms::Leave::Go;
+    }
     void change(const Control& control) override {
         told += u"change "_s + textOf(control);
         if (onChange)
@@ -70,7 +59,7 @@ class PickScreen : public QDialog, public forms::FieldEvents {
         field.setFocus();
     }
 
-    void press(QWidget& widget, QPoint inside) {
+    static void press(QWidget& widget, QPoint inside) {
         QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
                           widget.mapTo(widget.window(), inside));
     }
@@ -81,7 +70,6 @@ class PickScreen : public QDialog, public forms::FieldEvents {
         QTest::keyClick((popup != nullptr ? popup : this)->windowHandle(), Qt::Key(code),
                         modifiers);
     }
-    QString heard() const { return told.join(u"; "_s); }
     void type(const char* keys) {
         for (const char* at = keys; *at != 0; ++at)
             key(*at == ' ' ? int{Qt::Key_Space} : Qt::Key_A + *at - 'a');
@@ -90,13 +78,9 @@ class PickScreen : public QDialog, public forms::FieldEvents {
     static bool isOpened() { return QApplication::activePopupWidget() != nullptr; }
 
     DropDown drop, fixed;
-    forms::EntryField field;
-    QPushButton storno;
-    QStringList told;
+    forms::EntryField& field = text[0];
     std::function<void()> onChange, onButton;
     bool takesKeys = true;
-    forms::FocusGuard guard;
-    forms::EscButton esc;
 
   private:
     static QString textOf(const Control& control) {
