@@ -118,6 +118,8 @@ QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
 void EntryTabs::showRow() {
     if (row().Eof() && row().EditMode() != store::EditState::Add)
         return;
+    if (row().EditMode() == store::EditState::Add)
+        options_.forgetRepresentative();
     options_.nastavVolby(row());
     for (std::size_t i = 0; i < impairments_.size(); ++i)
         impairments_[i].show(

@@ -52,12 +52,10 @@ bool isEntry(TabKind kind) {
 /// A disabled text must still be read on the coloured ground.
 constexpr QColor disabledText(112, 112, 148);
 
-QLabel* makeKeysHint() {
-    auto* hint = new QLabel(QStringLiteral("Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown "
-                                           "ďalšia záložka  ·  PageDown na zápis"));
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    return hint;
-}
+constexpr auto entryKeys =
+    u"Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown ďalšia záložka  ·  "
+    "PageDown na zápis";
+constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia záložka";
 
 void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
     QPalette palette = widget.palette();
@@ -77,7 +75,7 @@ void dropOpenRow(store::DataSource& source) {
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
     : QDialog(parent), data_(engine, folder), guard_(this), esc_(this), SSTab1_(new TabList(this)),
-      pages_(new QStackedWidget(this)) {
+      pages_(new QStackedWidget(this)), keys_(new QLabel(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + trimBlanks(modKontrola::gMenoKlienta));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -89,6 +87,8 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     tabs->addWidget(pages_, 1);
     auto* buttons = new QHBoxLayout;
     makeButtons(*buttons);
+    keys_->setForegroundRole(QPalette::PlaceholderText);
+    showKeys(0);
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(tabs, 1);
     lines->addLayout(buttons);
@@ -146,7 +146,7 @@ void FrmKlientUdaj::makeButtons(QHBoxLayout& line) {
         connect(button, &QPushButton::clicked, this, [this, i] { act(Button(i)); });
         button->setMinimumSize(button->sizeHint() + QSize(16, 4));
         if (i == cmdTlac)
-            line.addWidget(makeKeysHint(), 1, Qt::AlignCenter);
+            line.addWidget(keys_, 1, Qt::AlignCenter);
         line.addWidget(button);
         buttons_[std::size_t(i)] = button;
     }
@@ -215,8 +215,15 @@ void FrmKlientUdaj::zalozkaKlik(int tab) {
     if (tab < 0)
         return;
     esc_.set(buttons_[cmdStorno]);
+    showKeys(tab);
     pages_->setCurrentIndex(tab);
     familyOf(tab).turnedTo(tab);
+}
+
+/// Which keys lead on from the tab.
+void FrmKlientUdaj::showKeys(int tab) {
+    const bool walksByEnter = isEntry(tabTable()[std::size_t(tab)].kind);
+    keys_->setText(QString::fromUtf16(walksByEnter ? entryKeys : otherKeys));
 }
 
 /// To the next tab that is enabled, if the field in focus lets go and no record is open.

@@ -16,6 +16,7 @@
 #include <vector>
 
 class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QStackedWidget;
 
@@ -84,6 +85,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void openNew();
     void zamkniZalozky();
     void zalozkaKlik(int tab);
+    void showKeys(int tab);
     void turnBy(int step);
     void enableTabs(int from, bool enabled);
 
@@ -111,6 +113,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     forms::EscButton esc_;
     TabList* SSTab1_;
     QStackedWidget* pages_;
+    QLabel* keys_;
     std::array<QPushButton*, buttonCount> buttons_{};
     std::map<int, TabFamily*> familyOfTab_;
     TabFamily* entry_ = nullptr;

@@ -104,6 +104,14 @@ std::function<void()> ParentOptions::keepChosen() const {
     };
 }
 
+void ParentOptions::forgetRepresentative() {
+    QButtonGroup* group = option(fromMother)->group();
+    group->setExclusive(false);
+    for (int i = fromMother; i < count; ++i)
+        option(i)->setChecked(false);
+    group->setExclusive(true);
+}
+
 bool ParentOptions::differ(store::Recordset& client) const {
     return client.Fields(u"matvla").Value().toBool() != option(ownMother)->isChecked() ||
            client.Fields(u"otevla").Value().toBool() != option(ownFather)->isChecked();

@@ -26,6 +26,8 @@ class ParentOptions {
     /// Sets the options from the current row (`nastavVolby`). A representative who is neither
     /// parent leaves them as they stand. @throws store::EngineError
     void nastavVolby(store::Recordset& client);
+    /// Nobody is chosen to fill the representative from.
+    void forgetRepresentative();
     /// Puts the flags into the open row. @throws store::EngineError
     void put(store::Recordset& client) const;
 

@@ -436,6 +436,11 @@ TEST_F(CardTest, TheRepresentativeIsFilledFromAParent) {
     at<QRadioButton>("optKrz(0)").setFocus();
     key(Qt::Key_Space);
     press(at<QPushButton>("CmdZap"));
+    // Who is entered next has nobody to be filled from, whatever holds for the first client.
+    reg.execute({text("update k_zaklad set kon_pomer = 'matka'")});
+    open();
+    for (const char* option : {"optKrz(4)", "optKrz(5)", "optKrz(6)"})
+        EXPECT_FALSE(at<QRadioButton>(option).isChecked()) << option;
     EXPECT_EQ(stored("kon_tel"), text("ot"));
     EXPECT_EQ(stored("matvla"), text("-1"));
     EXPECT_EQ(stored("otevla"), text("0"));
