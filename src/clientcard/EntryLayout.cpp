@@ -187,7 +187,8 @@ void layOutRepresentative(const EntryControls& controls, QBoxLayout& line) {
         if (half.front().element == 50)
             addOptions(maker.grid(), controls.options, 4, 6, 0, 1);
         else
-            maker.grid().addItem(new QSpacerItem(0, rowHeight), 0, 0);
+            // An empty row has no spacing below it.
+            maker.grid().setRowMinimumHeight(0, rowHeight + maker.grid().verticalSpacing());
     }
 }
 
