@@ -43,17 +43,22 @@ bool CodePick::lookUp() {
 }
 
 void CodePick::showMeaning() {
-    const QString code = field_.text().trimmed();
+    showMeaningOf(field_.text(), *pick_, codes_, row_.codeColumn);
+}
+
+void showMeaningOf(const QString& code, forms::DropDown& pick, store::DataSource& codes,
+                   QStringView codeColumn) {
+    const QString sought = code.trimmed();
     QString meaning;
-    if (!code.isEmpty() && codes_.isOpen()) {
-        const auto rows = codes_.Recordset().Clone();
-        rows->FindFirst(QString::fromUtf16(row_.codeColumn) + QStringLiteral(" =") +
-                        store::quoted(code));
+    // The client's rows are there before the code-lists are.
+    if (!sought.isEmpty() && codes.isOpen()) {
+        const auto rows = codes.Recordset().Clone();
+        rows->FindFirst(QStringLiteral("%1 =%2").arg(codeColumn, store::quoted(sought)));
         if (!rows->NoMatch())
             meaning = rows->Fields(u"roleta").Value().toText();
     }
-    pick_->setText(meaning);
-    pick_->lineEdit()->setCursorPosition(0);
+    pick.setText(meaning);
+    pick.lineEdit()->setCursorPosition(0);
 }
 
 void CodePick::click(const forms::Control& /*control*/, forms::Area area) {

@@ -2,6 +2,9 @@
 
 #include "forms/FieldEvents.h"
 
+#include <QString>
+#include <QStringView>
+
 class QWidget;
 
 namespace forms {
@@ -16,6 +19,11 @@ class DataSource;
 namespace clientcard {
 
 class CardFrame;
+
+/// Shows in a code-list's drop-down what a code means; empty for an unknown one. Drops the pick.
+/// @throws store::EngineError
+void showMeaningOf(const QString& code, forms::DropDown& pick, store::DataSource& codes,
+                   QStringView codeColumn);
 
 /// Which code-list a record's pick shows, and by which columns it is looked up.
 struct CodePickRow {

@@ -228,7 +228,7 @@ void FrmKlientUdaj::showKeys(int tab) {
 
 /// To the next tab that is enabled, if the field in focus lets go and no record is open.
 void FrmKlientUdaj::turnBy(int step) {
-    if (QApplication::activePopupWidget() != nullptr || !buttons_[cmdStorno]->isEnabled() ||
+    if (QApplication::activePopupWidget() != nullptr || recordIsOpen() ||
         !forms::moveFocus(SSTab1_))
         return;
     const int tab = SSTab1_->reachableFrom(SSTab1_->currentRow(), step);
@@ -425,16 +425,21 @@ void FrmKlientUdaj::showEvent(QShowEvent* event) {
 }
 
 void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
-    if (isVisible() && (recordIsOpen() || !endsByFrame())) {
+    if (isVisible() && (staysForRecord() || !endsByFrame())) {
         event->ignore();
         return;
     }
     QDialog::closeEvent(event);
 }
 
+/// While a record is open Esc is its Storno's.
+bool FrmKlientUdaj::recordIsOpen() const {
+    return esc_.button() != buttons_[cmdStorno];
+}
+
 /// A record that is open belongs to its tab alone: only its own buttons write or drop it.
-bool FrmKlientUdaj::recordIsOpen() {
-    if (esc_.button() == buttons_[cmdStorno])
+bool FrmKlientUdaj::staysForRecord() {
+    if (!recordIsOpen())
         return false;
     forms::showMessage(
         this, {.text = QStringLiteral("Záznam je otvorený, najprv ho zapíš alebo stornuj !"),

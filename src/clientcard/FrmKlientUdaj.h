@@ -103,7 +103,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void resumeDraft();
     void commit();
     void tellNotWritten();
-    bool recordIsOpen();
+    bool recordIsOpen() const;
+    bool staysForRecord();
     bool endsByFrame();
 
     // The tabs are told of events by the guard, and bound to the data.

@@ -2,15 +2,13 @@
 
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
+#include "clientcard/CodePick.h"
 #include "clientcard/EntryFields.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
-#include "store/Sql.h"
 #include "validation/Validators.h"
 #include "validation/modKontrola.h"
-
-#include <QLineEdit>
 
 namespace clientcard {
 
@@ -81,19 +79,8 @@ void Pickers::showMeanings() {
 }
 
 void Pickers::showMeaning(int index) {
-    const PickerRow& row = rowOf(index);
-    store::DataSource& codes = frame_.data().source(row.dataSource);
-    const QString code = fieldOf(index).text().trimmed();
-    QString meaning;
-    // The client's row is there before the code-lists are.
-    if (!code.isEmpty() && codes.isOpen()) {
-        const auto rows = codes.Recordset().Clone();
-        rows->FindFirst(QStringLiteral("kod =%1").arg(store::quoted(code)));
-        if (!rows->NoMatch())
-            meaning = rows->Fields(row.shownColumn).Value().toText();
-    }
-    picker(index).setText(meaning);
-    picker(index).lineEdit()->setCursorPosition(0);
+    showMeaningOf(fieldOf(index).text(), picker(index),
+                  frame_.data().source(rowOf(index).dataSource), u"kod");
 }
 
 void Pickers::take(int index, int characters) const {

@@ -15,6 +15,8 @@
 
 #include <QDialog>
 #include <QPushButton>
+#include <QSignalBlocker>
+#include <QTextEdit>
 
 namespace clientcard {
 
@@ -45,6 +47,7 @@ RecordTab::RecordTab(CardFrame& frame, int tab)
 /// A record that is still open is dropped: it has no client yet, or the user has not said that it
 /// is to be written.
 RecordTab::~RecordTab() {
+    const QSignalBlocker silent(source_);
     if (source_.isOpen())
         source_.Recordset().CancelUpdate();
 }
@@ -65,6 +68,7 @@ void RecordTab::makeRichText() {
         return;
     richText_ = new forms::RichText(&workshop_);
     richText_->setObjectName(QString::fromUtf16(row_.richText));
+    richText_->editor().setAccessibleName(QString::fromUtf16(row_.richLabel));
     if (row_.upFromFirst == UpFromFirst::RichText)
         fields_.setAbove(richText_);
 }

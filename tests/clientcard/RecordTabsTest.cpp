@@ -43,8 +43,10 @@ TEST_F(RecordTest, AllTabsRunOneMachine) {
             2);
         EXPECT_EQ(list().row(), 0);
 
-        key(Qt::Key_Down);
+        const QString first = entry(0).text();
+        pressLine(1);
         const QString second = entry(0).text();
+        EXPECT_NE(first, second);
         press("Opr");
         expectEdit();
         entry(0).setFocus();
@@ -294,4 +296,23 @@ TEST_F(RecordTest, HoursKeepTwoCharacters) {
     EXPECT_EQ(entry(1).text() + entry(2).text(), text("089."));
     press("Zap");
     EXPECT_EQ(value("hod_od") + value("hod_do"), text("089."));
+}
+
+TEST_F(RecordTest, TheSecondMandatoryField) {
+    const char* noWorker = "Meno psychológa je povinný údaj !";
+    for (const auto& [tab, field, message] :
+         {std::tuple{10, 1, noWorker},
+          {11, 3, noWorker},
+          {12, 1, noWorker},
+          {13, 1, "Dátum budúcej návštevy je povinný údaj !"}}) {
+        SCOPED_TRACE(tab);
+        turnTo(tab);
+        press("Novy");
+        fill({{0, "1.9.2005"}, {field, ""}});
+        expect(message);
+        press("ZapNew");
+        boxes.allCame();
+        expectState(true, entry(field).objectName());
+        EXPECT_EQ(count(), 0);
+    }
 }
