@@ -107,6 +107,13 @@ void RecordFields::goTo(int index) {
         forms::moveFocus(&field(index));
 }
 
+/// What is typed counts, not what was picked for the field before.
+void RecordFields::change(const forms::Control& control) {
+    forms::DropDown* pick = kind_->pickOf(control.index());
+    if (pick != nullptr && pick->pick() >= 0)
+        pick->setText(pick->text());
+}
+
 forms::Leave RecordFields::lostFocus(const forms::Control& control, const forms::Control& now) {
     if (!control.isEnabled())
         return forms::Leave::Go;

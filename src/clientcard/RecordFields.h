@@ -38,6 +38,7 @@ class RecordFields : public forms::FieldEvents {
     void gotFocus(const forms::Control& control) override;
     void keyPress(const forms::Control& control, QChar& character) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
+    void change(const forms::Control& control) override;
     forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
 
   private:

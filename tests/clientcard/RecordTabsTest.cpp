@@ -204,6 +204,17 @@ TEST_F(RecordTest, TheWorkerOfARecord) {
             reg.count(
                 text("select * from %1 where idkod_p = '%2'").arg(text(m->table), text(worker))),
             1);
+        press("Novy");
+        fill({{0, "3.9.2005"}, {field, ""}});
+        key(Qt::Key_F4);
+        type("nov");
+        key(Qt::Key_Return);
+        fill({{field, "ADAMOVEV00"}});
+        key(Qt::Key_Return);
+        press("Zap");
+        EXPECT_EQ(
+            reg.count(text("select * from %1 where idkod_p = 'ADAMOVEV00'").arg(text(m->table))), 1)
+            << "typed behind a pick";
         // Esc in the pick gives the focus back and leaves the record open.
         press("Novy");
         entry(field).setFocus();
@@ -278,8 +289,8 @@ TEST_F(RecordTest, ARecordThatIsGoneIsNotOpened) {
     turnTo(10);
     add(m->first);
     reg.execute({text("delete from k_vysetrenie")});
-    boxes.expect({.text = text("Chyba č. 3167\n\nZáznam bol vymazaný."),
-                  .icon = QMessageBox::Critical});
+    boxes.expect(
+        {.text = text("Chyba č. 3167\n\nZáznam bol vymazaný."), .icon = QMessageBox::Critical});
     press("Opr");
     boxes.allCame();
     EXPECT_FALSE(button("Zap").isEnabled());
