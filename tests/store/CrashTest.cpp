@@ -1,46 +1,19 @@
 #include "store/Database.h"
 #include "store/FaultVfs.h"
-#include "store/FileBytes.h"
 #include "store/Files.h"
-#include "store/OpenCheck.h"
-#include "store/Schema.h"
+#include "store/KillEverywhere.h"
 #include "support/TemporaryRegister.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
-#include <functional>
-#include <limits>
-
-using faults::Plan;
 using support::TemporaryRegister;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int clients = 60;
-
-/// What a user sees in all tables, in their order.
-QStringList contents(const QString& path) {
-    store::DBEngine engine;
-    auto database = engine.OpenDatabase(path);
-    QStringList all;
-    for (const store::TableDef& table : store::schema()) {
-        const QString name = QString::fromUtf16(table.name);
-        const auto rows = database.OpenRecordset(name);
-        for (; !rows->Eof(); rows->MoveNext()) {
-            QStringList row{name};
-            for (const auto& column : rows->columns())
-                row << rows->Fields(column.name).Value().toText();
-            all << row.join(QLatin1Char('|'));
-        }
-    }
-    return all;
-}
 
 const QString tablesOfAClient[] = {u"k_memo"_s,        u"k_navstevy"_s, u"k_surodenci"_s,
                                    u"k_vysetrenie"_s,  u"k_zariad"_s,   u"k_zaznam_spc"_s,
@@ -82,6 +55,7 @@ void stampAges(store::DBEngine& engine, const QString& path) {
 
 void compactAsAtExit(store::DBEngine& engine, const QString& path) {
     const QString compacted = path + u".tmp"_s;
+    QFile::remove(compacted);
     engine.CompactDatabase(path, compacted, {});
     store::DBEngine::verifyDatabase(compacted);
     faults::step();
@@ -89,71 +63,23 @@ void compactAsAtExit(store::DBEngine& engine, const QString& path) {
     faults::step();
 }
 
-using Action = std::function<void(store::DBEngine&, const QString&)>;
+using Action = void (*)(store::DBEngine&, const QString&);
 
-/// Spares this process the waiting for the disk: no computer fails in these tests.
-struct NoSync {
-    NoSync() { faults::install({Plan::Fault::Kill, std::numeric_limits<int>::max()}); }
-    ~NoSync() { faults::install({}); }
-    NoSync(const NoSync&) = delete;
-    NoSync& operator=(const NoSync&) = delete;
-};
-
-/// Runs an action in a child process. @return true when it was killed on the way
-bool isKilledAt(int call, const Action& action, const QString& path) {
-    const pid_t child = fork();
-    if (child == 0) {
-        faults::install({Plan::Fault::Kill, call});
+faults::Outcome kill(Action action) {
+    TemporaryRegister file;
+    fill(file);
+    const QString path = file.folder.database();
+    return faults::killEverywhere(path, [&] {
         store::DBEngine engine;
         action(engine, path);
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE((WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) ||
-                (WIFEXITED(status) && WEXITSTATUS(status) == 0))
-        << status;
-    return WIFSIGNALED(status);
-}
-
-struct Outcome {
-    int kills = 0;
-    int before = 0;
-    int hotJournals = 0;
-};
-
-/// Kills the action at its first writing call, its second one and so on until it gets through;
-/// expects the file to hold the state before or the one of the run that got through.
-Outcome killEverywhere(const Action& action) {
-    const NoSync quick;
-    TemporaryRegister model;
-    fill(model);
-    const QByteArray bytes = files::read(model.folder.database());
-    const QStringList before = contents(model.folder.database());
-    const QString path = model.folder.path(u"obet.mdb");
-    Outcome outcome;
-    QList<QStringList> states;
-    for (bool killed = true; killed;) {
-        QFile::remove(path + u".tmp"_s);
-        files::write(path, bytes);
-        killed = isKilledAt(static_cast<int>(states.size()) + 1, action, path);
-        outcome.kills += killed ? 1 : 0;
-        outcome.hotJournals += store::hasHotJournal(path) ? 1 : 0;
-        states << contents(path);
-        EXPECT_FALSE(QFile::exists(path + u"-journal"_s)) << states.size();
-        outcome.before += states.last() == before ? 1 : 0;
-    }
-    for (qsizetype call = 0; call < states.size(); ++call)
-        EXPECT_TRUE(states[call] == before || states[call] == states.last())
-            << "torn at call " << call + 1;
-    return outcome;
+    });
 }
 
 } // namespace
 
 TEST(Crash, ADeletionAndAStampingHappenWhollyOrNotAtAll) {
-    for (const Action& action : {Action(deleteClient), Action(stampAges)}) {
-        const Outcome outcome = killEverywhere(action);
+    for (const Action action : {deleteClient, stampAges}) {
+        const faults::Outcome outcome = kill(action);
         EXPECT_GT(outcome.kills, 10);
         EXPECT_GT(outcome.hotJournals, 5);
         EXPECT_GT(outcome.before, 5);
@@ -161,7 +87,7 @@ TEST(Crash, ADeletionAndAStampingHappenWhollyOrNotAtAll) {
 }
 
 TEST(Crash, CompactionAtExitLosesNothing) {
-    const Outcome outcome = killEverywhere(compactAsAtExit);
+    const faults::Outcome outcome = kill(compactAsAtExit);
     EXPECT_GT(outcome.kills, 30);
     EXPECT_EQ(outcome.before, outcome.kills + 1) << "the contents are the same all the time";
 }
