@@ -12,17 +12,15 @@ struct Outcome {
     /// How often the file held the state before.
     int before = 0;
     int hotJournals = 0;
-    /// The rows after the run that got through.
+    /// The rows of all tables after the run that got through: the table, then the columns, behind
+    /// "|".
     QStringList after;
 };
 
-/// What a user sees in all tables, in their order: the table, then the columns, behind "|".
-QStringList contents(const QString& path);
-
 /// Kills the action, which runs in a process of its own, at its first writing call, its second one
 /// and so on until it gets through. Expects the file to be sound each time and to hold the state
-/// before, or the one of the run that got through. What this process has open on the file it must
-/// have let go of.
+/// before, or the one of the run that got through; leaves it as it was. This process must have let
+/// go of the file.
 Outcome killEverywhere(const QString& path, const std::function<void()>& action);
 
 } // namespace faults
