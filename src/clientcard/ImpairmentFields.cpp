@@ -50,6 +50,12 @@ void setGround(QWidget& widget, const QColor& colour) {
     widget.setPalette(palette);
 }
 
+/// Empty for what is no code.
+QString meaningOf(const QString& code) {
+    const int number = code.toInt();
+    return number > 0 ? impairmentTexts()[std::size_t(number) - 1] : QString();
+}
+
 QLabel* captionOf(QWidget* control, const QString& text) {
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
@@ -129,8 +135,10 @@ bool ImpairmentFields::isPending() const {
 
 void ImpairmentFields::showSlots() {
     const auto& texts = state_.slotTexts();
-    for (std::size_t i = 0; i < slots_.size(); ++i)
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
         slots_[i]->setText(texts[i]);
+        slots_[i]->setToolTip(meaningOf(texts[i]));
+    }
     associatedPick_->setItems(state_.associatedRows());
 }
 

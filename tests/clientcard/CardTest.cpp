@@ -397,6 +397,7 @@ TEST_F(CardTest, ADuplicateImpairmentIsRefused) {
         boxes.allCame();
         EXPECT_EQ(field(19).text(), answer == QMessageBox::Retry ? text("7") : QString());
     }
+    EXPECT_EQ(at("textPosK(0)").toolTip(), text("3 ¦ sluchové"));
     // The associated picker offers what is left.
     auto& pick = at<forms::DropDown>("cmbSek(0)");
     pick.setFocus();
