@@ -49,6 +49,7 @@ DropDown::DropDown(QWidget* parent, Kind kind) : QComboBox(parent), kind_(kind) 
         // The box would look for the text among all lines, and choose it, when it is left.
         disconnect(lineEdit(), nullptr, this, nullptr);
         connect(lineEdit(), &QLineEdit::textEdited, this, &DropDown::textTyped);
+        lineEdit()->installEventFilter(this);
     }
     connect(this, &QComboBox::activated, this, &DropDown::chosen);
 }
@@ -155,6 +156,8 @@ void DropDown::showPopup() {
 }
 
 bool DropDown::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease)
+        Q_EMIT clicked(Area::Edit);
     if (watched != view() || !isOpened())
         return QComboBox::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress)

@@ -56,7 +56,8 @@ class DropDown : public QComboBox, public Bound {
   Q_SIGNALS:
     /// The user changed the text, by typing or by moving in the list.
     void textEdited();
-    /// Area::Button before the list opens, Area::Item when a line was chosen.
+    /// Area::Button before the list opens, Area::Edit when the text was clicked, Area::Item when a
+    /// line was chosen.
     void clicked(forms::Area area);
 
   protected:

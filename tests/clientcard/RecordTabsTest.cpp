@@ -232,10 +232,15 @@ TEST_F(RecordTest, ThePickNeedsEmployees) {
     turnTo(10);
     press("Novy");
     entry(1).setFocus();
-    boxes.expect({.text = text("Chýba zoznam zamestnancov ! "), .icon = QMessageBox::Warning});
-    key(Qt::Key_F4);
-    boxes.allCame();
-    EXPECT_EQ(focused(), entry(1).objectName());
+    for (const bool byKey : {true, false}) {
+        boxes.expect({.text = text("Chýba zoznam zamestnancov ! "), .icon = QMessageBox::Warning});
+        if (byKey)
+            key(Qt::Key_F4);
+        else
+            press(at<forms::DropDown>("DBCPza"));
+        boxes.allCame();
+        EXPECT_EQ(focused(), entry(1).objectName());
+    }
 }
 
 TEST_F(RecordTest, TheTextOfARecordIsReadWhenShownAndWrittenWithIt) {
