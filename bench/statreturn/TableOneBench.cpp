@@ -130,16 +130,11 @@ qint64 byHand(Bare& bare, const QDate& today) {
                            "' < substr(datnar, 6)))";
     bare.run("update k_zaklad as k set vek = " + age + " where datnar is not null and vek is not " +
              age + " and " + inCare);
-    QByteArray columns;
-    for (int code = 1; code <= 9; ++code) {
-        const QByteArray single = "substr(postih, 2, 1) in ('', ' ', '0') and postih like '" +
-                                  QByteArray::number(code) + "%'";
-        columns += ", sum(" + single + "), sum(" + single + " and pohlav = 'Z')";
-    }
-    return bare.read("select count(*), sum(pohlav = 'Z')" + columns +
-                     ", sum(substr(postih, 2, 1) between '1' and '9') from k_zaklad k where "
+    // A row for each cell of the table; adding some of them up is left to the caller.
+    return bare.read("select count(*), vek, substr(postih, 1, 1), "
+                     "substr(postih, 2, 1) between '1' and '9', pohlav from k_zaklad k where "
                      "datnar is not null and vek between 0 and 18 and postih >= '1' and " +
-                     inCare + " group by vek");
+                     QByteArray(inCare) + " group by 2, 3, 4, 5");
 }
 
 /// @return the median of Table I in milliseconds
