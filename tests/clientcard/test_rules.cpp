@@ -1,6 +1,8 @@
 #include "clientcard/ClientKey.h"
 #include "clientcard/Impairments.h"
+#include "clientcard/SchoolTypes.h"
 #include "clientcard/TextRules.h"
+#include "forms/DropDown.h"
 
 #include <gtest/gtest.h>
 
@@ -102,4 +104,13 @@ TEST(Impairments, AZeroInASlotIsOverwrittenAndFullSlotsDropACode) {
     impairments.read(QStringLiteral("123456789"));
     impairments.addAssociated(QStringLiteral("4"));
     EXPECT_EQ(impairments.joined(), QStringLiteral("123456789"));
+}
+
+TEST(SchoolTypes, SpecialPrimarySchoolsStandTwice) {
+    forms::DropDown list;
+    naplnTypSkoly(list);
+    ASSERT_EQ(list.count(), 16);
+    for (int type = 0; type < list.count(); ++type)
+        EXPECT_EQ(list.itemText(type).left(2).toInt(), type + 1);
+    EXPECT_EQ(list.itemText(6).mid(2), list.itemText(13).mid(2));
 }
