@@ -23,19 +23,23 @@ CodePick::CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& 
                    QWidget* parent)
     : frame_(frame), row_(row), field_(field), codes_(frame.data().source(row.source)),
       pick_(new forms::DropDown(parent, forms::DropDown::Kind::Editable)) {
-    pick_->setSource(codes_, QStringLiteral("roleta"));
+    pick_->setSource(codes_, QString::fromUtf16(row.shownColumn));
     pick_->setToolTip(QString::fromUtf16(row.toolTip));
     pick_->setAccessibleName(pick_->toolTip());
     pick_->setDroppedWidth(droppedWidth);
     pick_->setFixedWidth(droppedWidth);
-    frame.guard().watch(pick_, QString::fromUtf16(row.name), -1, *this);
+    frame.guard().watch(pick_, QString::fromUtf16(row.name), row.index, *this);
     // Tab leads from field to field; the pick is reached from its field by Alt and Down.
     pick_->setFocusPolicy(Qt::ClickFocus);
 }
 
+bool CodePick::holdsNames() const {
+    return QStringView(row_.shownColumn) == row_.nameColumn;
+}
+
 bool CodePick::lookUp() {
     const bool held = modKontrola::kontrolaCiselnik(
-        *pick_, field_, codes_, false, QString::fromUtf16(row_.table),
+        *pick_, field_, codes_, holdsNames(), QString::fromUtf16(row_.table),
         QString::fromUtf16(row_.codeColumn), QString::fromUtf16(row_.nameColumn));
     if (!held)
         showMeaning();
@@ -43,22 +47,20 @@ bool CodePick::lookUp() {
 }
 
 void CodePick::showMeaning() {
-    showMeaningOf(field_.text(), *pick_, codes_, row_.codeColumn);
+    pick_->setText(holdsNames() ? field_.text() : meaning());
+    pick_->lineEdit()->setCursorPosition(0);
 }
 
-void showMeaningOf(const QString& code, forms::DropDown& pick, store::DataSource& codes,
-                   QStringView codeColumn) {
-    const QString sought = code.trimmed();
-    QString meaning;
-    // The client's rows are there before the code-lists are.
-    if (!sought.isEmpty() && codes.isOpen()) {
-        const auto rows = codes.Recordset().Clone();
-        rows->FindFirst(QStringLiteral("%1 =%2").arg(codeColumn, store::quoted(sought)));
-        if (!rows->NoMatch())
-            meaning = rows->Fields(u"roleta").Value().toText();
-    }
-    pick.setText(meaning);
-    pick.lineEdit()->setCursorPosition(0);
+/// Empty for an unknown code.
+QString CodePick::meaning() const {
+    const QString code = field_.text().trimmed();
+    // The client's row is there before the code-lists are.
+    if (code.isEmpty() || !codes_.isOpen())
+        return {};
+    const auto rows = codes_.Recordset().Clone();
+    rows->FindFirst(
+        QStringLiteral("%1 =%2").arg(QStringView(row_.codeColumn), store::quoted(code)));
+    return rows->NoMatch() ? QString() : rows->Fields(row_.shownColumn).Value().toText();
 }
 
 void CodePick::click(const forms::Control& /*control*/, forms::Area area) {

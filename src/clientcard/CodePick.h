@@ -2,9 +2,6 @@
 
 #include "forms/FieldEvents.h"
 
-#include <QString>
-#include <QStringView>
-
 class QWidget;
 
 namespace forms {
@@ -20,30 +17,31 @@ namespace clientcard {
 
 class CardFrame;
 
-/// Shows in a code-list's drop-down what a code means; empty for an unknown one. Drops the pick.
-/// @throws store::EngineError
-void showMeaningOf(const QString& code, forms::DropDown& pick, store::DataSource& codes,
-                   QStringView codeColumn);
-
-/// Which code-list a record's pick shows, and by which columns it is looked up.
+/// Which code-list a pick shows, and by which columns it is looked up.
 struct CodePickRow {
     const char16_t* name;
-    const char16_t* toolTip;
+    /// Its place in the array of that name, -1 for a lone pick.
+    int index = -1;
+    const char16_t* toolTip = u"";
     const char16_t* source;
     const char16_t* table;
+    /// The name's column when the field holds names and not codes.
+    const char16_t* shownColumn = u"roleta";
     const char16_t* codeColumn;
     const char16_t* nameColumn;
 };
 
-/// The drop-down of a code-list beside the field that it writes the code into.
+/// The drop-down of a code-list beside the field that it writes into. What the field holds is what
+/// is saved.
 class CodePick : public forms::FieldEvents {
   public:
     CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& field, QWidget* parent);
 
     forms::DropDown& pick() const { return *pick_; }
-    /// Looks the field's code up. @return true to keep the focus
+    /// Looks the field's text up. @return true to keep the focus
     bool lookUp();
-    /// Shows beside the code what it means. @throws store::EngineError
+    /// Shows beside the field what its text means, and drops the pick: what is typed later must not
+    /// meet an old one. @throws store::EngineError
     void showMeaning();
 
     void click(const forms::Control& control, forms::Area area) override;
@@ -60,8 +58,11 @@ class CodePick : public forms::FieldEvents {
     store::DataSource& codes() const { return codes_; }
 
   private:
+    bool holdsNames() const;
+    QString meaning() const;
+
     CardFrame& frame_;
-    const CodePickRow& row_;
+    const CodePickRow row_;
     forms::EntryField& field_;
     store::DataSource& codes_;
     forms::DropDown* pick_;

@@ -67,10 +67,10 @@ void WorkerPick::take() {
 /// Examinations, changes, care and visits. Visits have no worker.
 class DatedKind : public RecordKind {
   public:
-    explicit DatedKind(const RecordParts& parts) : row_(parts.row), pickRow_(workers(parts.row)) {
+    explicit DatedKind(const RecordParts& parts) : row_(parts.row) {
         if (row_.pickedField >= 0)
-            worker_.emplace(parts.frame, pickRow_, *parts.fields[std::size_t(row_.pickedField)],
-                            parts.workshop);
+            worker_.emplace(parts.frame, workers(row_),
+                            *parts.fields[std::size_t(row_.pickedField)], parts.workshop);
     }
 
     forms::DropDown* pickOf(int field) const override {
@@ -96,7 +96,6 @@ class DatedKind : public RecordKind {
 
   private:
     const RecordRow& row_;
-    const CodePickRow pickRow_;
     std::optional<WorkerPick> worker_;
 };
 

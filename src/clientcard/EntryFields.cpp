@@ -175,9 +175,9 @@ Checked EntryFields::check(int element) {
         return Checked::Passed;
     case Rule::NameLookup:
         capitalise(entry, capitalised);
-        return lookUp(element, true);
+        return answer(pickers_.lookUp(element));
     case Rule::CodeLookup:
-        return lookUp(element, false);
+        return answer(pickers_.lookUp(element));
     case Rule::BirthNumber:
         return answer(
             modKontrola::kontrolaRodCis(entry, field(sex), pickers_.picker(0), field(birthDate)));
@@ -198,10 +198,6 @@ Checked EntryFields::check(int element) {
         break;
     }
     return Checked::Passed;
-}
-
-Checked EntryFields::lookUp(int element, bool byName) {
-    return answer(pickers_.lookUp(element, field(element), byName));
 }
 
 /// A client written on the way still counts as new, so the search would find the client's own row

@@ -43,7 +43,6 @@ class EntryFields : public forms::FieldEvents {
 
   private:
     Checked check(int element);
-    Checked lookUp(int element, bool byName);
     bool isOwnNumber(int element) const;
     Checked checkCatalogueNumber(int element);
     Checked checkParentsYear(int element);

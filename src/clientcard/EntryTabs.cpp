@@ -77,7 +77,7 @@ class EntryTabs : public TabFamily, public KeyFields {
 };
 
 EntryTabs::EntryTabs(CardFrame& frame)
-    : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())), pickers_(frame, &workshop_),
+    : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())),
       fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
       sexPick_(frame.guard(), fields_.field(sex), QStringLiteral("cmbPos"), 3,
                QStringLiteral("výber z číselnika"), &workshop_),
@@ -86,7 +86,7 @@ EntryTabs::EntryTabs(CardFrame& frame)
       binding_(frame.data().datZaklad()) {
     txtIdKod_->setObjectName(QStringLiteral("txtIdKod"));
     txtIdKod_->hide();
-    pickers_.serve(fields_);
+    pickers_.serve(frame, fields_, &workshop_);
     fields_.setImpairments(impairments_[0], impairments_[1], impairments_[2]);
     bindAll();
     QObject::connect(&frame.data().datZaklad(), &store::DataSource::repositioned, &binding_,

@@ -1,118 +1,88 @@
 #include "clientcard/Pickers.h"
 
-#include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
 #include "clientcard/CodePick.h"
 #include "clientcard/EntryFields.h"
-#include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
+#include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
-#include "validation/Validators.h"
-#include "validation/modKontrola.h"
 
 namespace clientcard {
 
 namespace {
 
-constexpr int droppedWidth = 320;
-
-const PickerRow& rowOf(int index) {
-    return pickerTable()[std::size_t(index)];
+CodePickRow codePickRow(int index, const PickerRow& row) {
+    return {.name = u"dbcvolby",
+            .index = index,
+            .source = row.dataSource,
+            .table = row.table,
+            .shownColumn = row.shownColumn,
+            .codeColumn = u"kod",
+            .nameColumn = u"nazov"};
 }
 
-bool listsCodes(const PickerRow& row) {
-    return QStringView(row.shownColumn) == u"roleta";
-}
+/// Takes the first characters of its text, more or fewer while the user still moves in the list.
+class Picker : public CodePick {
+  public:
+    Picker(CardFrame& frame, int index, EntryFields& fields, QWidget* parent)
+        : Picker(frame, index, pickerTable()[std::size_t(index)], fields, parent) {}
+
+    void change(const forms::Control& /*control*/) override {
+        if (row_.takenOnChange > 0)
+            take(row_.takenOnChange);
+        else
+            forms::moveFocus(&field());
+    }
+
+  protected:
+    void take() override { take(row_.taken); }
+
+  private:
+    Picker(CardFrame& frame, int index, const PickerRow& row, EntryFields& fields, QWidget* parent)
+        : CodePick(frame, codePickRow(index, row), fields.field(row.element), parent), row_(row) {}
+
+    void take(int characters) { field().setText(pick().text().left(characters)); }
+
+    const PickerRow& row_;
+};
 
 } // namespace
 
-Pickers::Pickers(CardFrame& frame, QWidget* parent) : frame_(frame) {
-    for (int i = 0; i < count; ++i) {
-        const PickerRow& row = rowOf(i);
-        auto* made = new forms::DropDown(parent, forms::DropDown::Kind::Editable);
-        made->setSource(frame.data().source(row.dataSource), QString::fromUtf16(row.shownColumn));
-        made->setDroppedWidth(droppedWidth);
-        frame.guard().watch(made, QStringLiteral("dbcvolby"), i, *this);
-        // Tab leads from field to field; a picker is reached from its field by Alt and Down.
-        made->setFocusPolicy(Qt::ClickFocus);
-        pickers_[std::size_t(i)] = made;
-    }
+Pickers::Pickers() = default;
+Pickers::~Pickers() = default;
+
+void Pickers::serve(CardFrame& frame, EntryFields& fields, QWidget* parent) {
+    for (int i = 0; i < int(pickerTable().size()); ++i)
+        picks_.push_back(std::make_unique<Picker>(frame, i, fields, parent));
 }
 
-forms::EntryField& Pickers::fieldOf(int index) const {
-    return fields_->field(rowOf(index).element);
+forms::DropDown& Pickers::picker(int index) const {
+    return picks_.at(std::size_t(index))->pick();
+}
+
+CodePick* Pickers::pickOf(int element) const {
+    const int index = entryTable()[std::size_t(element)].picker;
+    return index < 0 ? nullptr : picks_.at(std::size_t(index)).get();
 }
 
 void Pickers::openFor(int element) {
-    const int index = entryTable()[std::size_t(element)].picker;
-    if (index >= 0 && forms::moveFocus(&picker(index)))
-        picker(index).showPopup();
+    const CodePick* const pick = pickOf(element);
+    if (pick != nullptr && forms::moveFocus(&pick->pick()))
+        pick->pick().showPopup();
 }
 
 void Pickers::dropPick(int element) {
-    const int index = entryTable()[std::size_t(element)].picker;
-    if (index >= 0 && picker(index).pick() >= 0)
-        picker(index).setText(picker(index).text());
+    if (const CodePick* pick = pickOf(element))
+        pick->pick().dropPick();
 }
 
-bool Pickers::lookUp(int element, forms::EntryField& field, bool byName) {
-    const int index = entryTable()[std::size_t(element)].picker;
-    const PickerRow& row = rowOf(index);
-    const bool held = modKontrola::kontrolaCiselnik(
-        picker(index), field, frame_.data().source(row.dataSource), byName,
-        QString::fromUtf16(row.table), QStringLiteral("kod"), QStringLiteral("nazov"));
-    if (held)
-        return true;
-    // What is typed into the field later must not meet an old pick again.
-    if (byName)
-        picker(index).setText(field.text());
-    else
-        showMeaning(index);
-    return false;
+bool Pickers::lookUp(int element) {
+    return pickOf(element)->lookUp();
 }
 
 void Pickers::showMeanings() {
-    for (int i = 0; i < count; ++i) {
-        if (listsCodes(rowOf(i)))
-            showMeaning(i);
-    }
-}
-
-void Pickers::showMeaning(int index) {
-    showMeaningOf(fieldOf(index).text(), picker(index),
-                  frame_.data().source(rowOf(index).dataSource), u"kod");
-}
-
-void Pickers::take(int index, int characters) const {
-    fieldOf(index).setText(picker(index).text().left(characters));
-}
-
-void Pickers::change(const forms::Control& control) {
-    const PickerRow& row = rowOf(control.index());
-    if (row.takenOnChange > 0)
-        take(control.index(), row.takenOnChange);
-    else
-        forms::moveFocus(&fieldOf(control.index()));
-}
-
-void Pickers::click(const forms::Control& control, forms::Area area) {
-    if (area != forms::Area::Item)
-        return;
-    take(control.index(), rowOf(control.index()).taken);
-    forms::moveFocus(&fieldOf(control.index()));
-    picker(control.index()).refill();
-}
-
-void Pickers::keyDown(const forms::Control& control, int& key,
-                      Qt::KeyboardModifiers /*modifiers*/) {
-    if (key != Qt::Key_Return && key != Qt::Key_Escape)
-        return;
-    if (key == Qt::Key_Return)
-        take(control.index(), rowOf(control.index()).taken);
-    else
-        modKontrola::gZVyberu = true;
-    key = 0;
-    forms::moveFocus(&fieldOf(control.index()));
+    for (const auto& pick : picks_)
+        pick->showMeaning();
 }
 
 } // namespace clientcard

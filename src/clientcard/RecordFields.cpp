@@ -109,9 +109,8 @@ void RecordFields::goTo(int index) {
 
 /// What is typed counts, not what was picked for the field before.
 void RecordFields::change(const forms::Control& control) {
-    forms::DropDown* pick = kind_->pickOf(control.index());
-    if (pick != nullptr && pick->pick() >= 0)
-        pick->setText(pick->text());
+    if (forms::DropDown* pick = kind_->pickOf(control.index()))
+        pick->dropPick();
 }
 
 forms::Leave RecordFields::lostFocus(const forms::Control& control, const forms::Control& now) {

@@ -32,6 +32,8 @@ class DropDown : public QComboBox, public Bound {
     QString text() const;
     /// Drops the pick. No event of the user.
     void setText(const QString& text);
+    /// As setText(), and keeps the text.
+    void dropPick() { setText(text()); }
     /// Line of the pick, -1 without one.
     int pick() const { return pick_; }
     /// Picks a line, or none by -1, and shows its text. No event of the user.
