@@ -12,10 +12,6 @@
 #include <QApplication>
 #include <QTest>
 
-#include <algorithm>
-#include <array>
-#include <chrono>
-
 namespace {
 
 using bench::Screen;
@@ -140,30 +136,14 @@ const Step steps[] = {
      }},
 };
 
-double timed(const Step& step, Screen& screen) {
-    step.prepare(screen);
-    const auto begin = std::chrono::steady_clock::now();
-    step.act(screen);
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin)
-        .count();
-}
-
-double middle(std::array<double, runs>& times) {
-    std::ranges::nth_element(times, times.begin() + runs / 2);
-    return times[runs / 2];
-}
-
-/// Times both in turn, so that what slows the machine down for a while slows both.
 void compare(const Step& step, Screen& small, Screen& large, bench::Figures& figures) {
-    timed(step, small);
-    timed(step, large);
-    std::array<double, runs> smallTimes{};
-    std::array<double, runs> largeTimes{};
-    for (int run = 0; run < runs; ++run) {
-        smallTimes[run] = timed(step, small);
-        largeTimes[run] = timed(step, large);
-    }
-    figures.ratio(step.name, middle(largeTimes), middle(smallTimes), wanted);
+    const auto on = [&step](Screen& screen) {
+        return bench::PreparedWork{[&] { step.prepare(screen); },
+                                   [&] {
+                                       step.act(screen);
+                                   }};
+    };
+    figures.compare(step.name, on(large), on(small), wanted, runs);
 }
 
 } // namespace

@@ -19,6 +19,7 @@ class Screen {
 
     /// Opens the card of the next client, or of a new one.
     void openClient();
+    void openClient(const QString& key) { open(2, key); }
     void openNew();
     /// Puts a text into a field as if it had been typed.
     void type(int element, const QString& text) const { field(element).setText(text); }
@@ -33,6 +34,7 @@ class Screen {
     Widget& find(const QString& name) const {
         return *card->findChild<Widget*>(name);
     }
+    store::Database& database() { return *database_; }
     /// A number that no client has.
     QString freeNumber() { return QString::number(++number_); }
 

@@ -34,13 +34,24 @@ double median(const Work& work, int runs) {
 
 double Figures::compare(const std::string& name, const Work& ours, const Work& baseline,
                         std::optional<double> wanted, int runs) {
-    ours();
-    baseline();
+    const auto nothing = [] {
+    };
+    return compare(name, PreparedWork{nothing, ours}, PreparedWork{nothing, baseline}, wanted,
+                   runs);
+}
+
+double Figures::compare(const std::string& name, const PreparedWork& ours,
+                        const PreparedWork& baseline, std::optional<double> wanted, int runs) {
     std::vector<double> oursTimes;
     std::vector<double> baselineTimes;
-    for (int run = 0; run < runs; ++run) {
-        oursTimes.push_back(timed(ours));
-        baselineTimes.push_back(timed(baseline));
+    for (int run = -1; run < runs; ++run) {
+        for (const auto& [work, times] :
+             {std::pair{&ours, &oursTimes}, std::pair{&baseline, &baselineTimes}}) {
+            work->prepare();
+            const double time = timed(work->act);
+            if (run >= 0)
+                times->push_back(time);
+        }
     }
     lines_.push_back({name, middle(oursTimes), middle(baselineTimes), wanted});
     return lines_.back().ours;

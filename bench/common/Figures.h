@@ -10,6 +10,12 @@ namespace bench {
 /// What is timed. Called several times; each call does the whole work anew.
 using Work = std::function<void()>;
 
+/// Work that needs something done before each call, which is not timed.
+struct PreparedWork {
+    Work prepare;
+    Work act;
+};
+
 /// Median of several timed calls, in milliseconds, after one that is not counted.
 double median(const Work& work, int runs);
 
@@ -22,6 +28,8 @@ class Figures {
     /// @param wanted greatest ratio of ours to the baseline; nothing where none is asked for
     /// @return the median of ours, in milliseconds
     double compare(const std::string& name, const Work& ours, const Work& baseline,
+                   std::optional<double> wanted = {}, int runs = 9);
+    double compare(const std::string& name, const PreparedWork& ours, const PreparedWork& baseline,
                    std::optional<double> wanted = {}, int runs = 9);
     /// A ratio of two times measured before, such as the same work at two sizes.
     void ratio(const std::string& name, double ours, double baseline,
