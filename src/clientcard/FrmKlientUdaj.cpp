@@ -55,6 +55,7 @@ constexpr QColor disabledText(112, 112, 148);
 constexpr auto entryKeys =
     u"Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown ďalšia záložka  ·  "
     "PageDown na zápis";
+constexpr auto recordKeys = u"Enter ďalšie pole  ·  F4 číselník  ·  Esc storno záznamu";
 constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia záložka";
 
 void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
@@ -223,7 +224,9 @@ void FrmKlientUdaj::zalozkaKlik(int tab) {
 /// Which keys lead on from the tab.
 void FrmKlientUdaj::showKeys(int tab) {
     const bool walksByEnter = isEntry(tabTable()[std::size_t(tab)].kind);
-    keys_->setText(QString::fromUtf16(walksByEnter ? entryKeys : otherKeys));
+    keys_->setText(QString::fromUtf16(recordIsOpen() ? recordKeys
+                                      : walksByEnter ? entryKeys
+                                                     : otherKeys));
 }
 
 /// To the next tab that is enabled, if the field in focus lets go and no record is open.
@@ -244,6 +247,7 @@ void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno, cmdTlac})
         buttons_[button]->setEnabled(false);
     esc_.set(&storno);
+    showKeys(tab);
 }
 
 void FrmKlientUdaj::endEdit() {
@@ -252,6 +256,7 @@ void FrmKlientUdaj::endEdit() {
         buttons_[button]->setEnabled(true);
     buttons_[cmdTlac]->setEnabled(print_ != nullptr);
     esc_.set(buttons_[cmdStorno]);
+    showKeys(SSTab1_->currentRow());
 }
 
 void FrmKlientUdaj::act(Button button) {
