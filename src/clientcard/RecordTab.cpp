@@ -341,7 +341,10 @@ void RecordTab::vymaz() {
         return;
     records().Delete();
     source_.Refresh();
-    commit([this] { source_.Refresh(); });
+    commit([this] {
+        source_.Refresh();
+        showBrowsing();
+    });
 }
 
 QString RecordTab::question() const {

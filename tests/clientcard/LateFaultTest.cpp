@@ -115,5 +115,6 @@ TEST_F(LateFaultTest, ARecordThatCouldNotBeDeletedIsStillInTheList) {
                   .answer = QMessageBox::Yes});
     pressInVain("CmdSurVym");
     EXPECT_EQ(at<forms::RowList>("DBList1").count(), 1);
+    EXPECT_EQ(at<forms::RowList>("DBList1").row(), 0);
     EXPECT_EQ(at("textSur(0)").text(), text("Adam"));
 }
