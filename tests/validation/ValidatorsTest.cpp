@@ -15,40 +15,50 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
+using namespace modKontrola;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using Button = QMessageBox::StandardButton;
+using enum QMessageBox::StandardButton;
 
-QString q(const char16_t* text) {
-    return QString::fromUtf16(text);
-}
+/// A value that passes, and what it becomes.
+using Passing = std::pair<QString, QString>;
+/// A box that refuses a value: its words, its buttons and the one that Enter presses.
+struct Refusal {
+    QString text;
+    QMessageBox::StandardButtons buttons;
+    Button byDefault;
+};
 
 void expectDefault(Button button) {
     const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->standardButton(box->defaultButton()), button);
 }
 
-/// The box that a refusal shows, and the answer to it.
-support::ExpectedBox refusal(const QString& text, QMessageBox::StandardButtons buttons,
-                             Button answer, Button byDefault) {
-    return {.text = text,
-            .title = QStringLiteral("Chybová správa"),
-            .icon = QMessageBox::Warning,
-            .buttons = buttons,
-            .answer = answer,
-            .meanwhile = [byDefault] {
-                expectDefault(byDefault);
-            }};
-}
-
-constexpr auto retryCancel = QMessageBox::Retry | QMessageBox::Cancel;
-constexpr auto abortRetryIgnore = QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
-
 class ValidatorsTest : public testing::Test {
   protected:
+    /// Types a text and checks it. The box that refuses it, if it is to come, gets the answer; that
+    /// alone tells whether the focus stays, and whether the refused text does.
+    void check(const QString& typed, const Refusal& refusal, Button answer,
+               const std::function<bool()>& validator) {
+        SCOPED_TRACE(typed.toStdString());
+        field.setText(typed);
+        if (answer != NoButton)
+            boxes.expect({.text = refusal.text,
+                          .title = u"Chybová správa"_s,
+                          .icon = QMessageBox::Warning,
+                          .buttons = refusal.buttons,
+                          .answer = answer,
+                          .meanwhile = std::bind(expectDefault, refusal.byDefault)});
+        EXPECT_EQ(validator(), answer == Retry);
+        boxes.allCame();
+        EXPECT_TRUE(answer == NoButton ||
+                    field.text() == (answer == Retry || answer == Ignore ? typed : QString()))
+            << field.text().toStdString();
+    }
+
     support::ScriptedBoxes boxes;
     forms::EntryField field, sex, date;
     forms::DropDown holder{nullptr, forms::DropDown::Kind::Editable};
@@ -57,165 +67,102 @@ class ValidatorsTest : public testing::Test {
 } // namespace
 
 TEST(Val, ReadsLeadingDigits) {
-    const std::pair<const char16_t*, qint64> cases[] = {
-        {u"", 0},
-        {u"  42", 42},
-        {u"123X", 123},
-        {u"x1", 0},
-        {u"-5", 0},
-        {u"1 2", 1},
-        {u"007", 7},
-        {u"8055120007", 8055120007},
-        {u"3.7", 3},
-        {u"\t1", 0},
-        {u"99999999999999999999", std::numeric_limits<qint64>::max()},
-    };
-    for (const auto& [text, number] : cases)
-        EXPECT_EQ(modKontrola::Val(text), number) << q(text).toStdString();
+    using Case = std::pair<QString, qint64>;
+    for (const auto& [text, number] :
+         {Case{u""_s, 0}, Case{u"  42"_s, 42}, Case{u"123X"_s, 123}, Case{u"x1"_s, 0},
+          Case{u"-5"_s, 0}, Case{u"1 2"_s, 1}, Case{u"007"_s, 7}, Case{u"\t1"_s, 0},
+          Case{u"3.7"_s, 3}, Case{u"8055120007"_s, 8055120007},
+          Case{u"99999999999999999999"_s, std::numeric_limits<qint64>::max()}})
+        EXPECT_EQ(Val(text), number) << text.toStdString();
 }
 
-TEST_F(ValidatorsTest, DatesThatPass) {
-    const std::pair<const char16_t*, const char16_t*> cases[] = {
-        {u"", u""},
-        {u"   ", u""},
-        {u"7 . 5 . 04", u"7.5.2004"},
-        {u" 1.2.99 ", u"1.2.1999"},
-        {u"01.01.70", u"01.01.2070"},
-        {u"01.01.71", u"01.01.1971"},
-        {u"31.02.2005", u"31.02.2005"},
-        {u"31.12.0001", u"31.12.0001"},
-    };
-    for (const auto& [typed, written] : cases) {
-        date.setText(q(typed));
-        EXPECT_FALSE(modKontrola::kontrolaDatum(date));
-        EXPECT_EQ(date.text(), q(written));
+TEST_F(ValidatorsTest, Dates) {
+    const Refusal wrong{u"Chybný dátum, zadaj v tvare dd.mm.rrrr!"_s, Retry | Cancel, Retry};
+    for (const auto& [typed, written] :
+         {Passing{u""_s, u""_s}, Passing{u"   "_s, u""_s}, Passing{u"7 . 5 . 04"_s, u"7.5.2004"_s},
+          Passing{u" 1.2.99 "_s, u"1.2.1999"_s}, Passing{u"01.01.70"_s, u"01.01.2070"_s},
+          Passing{u"01.01.71"_s, u"01.01.1971"_s}, Passing{u"31.02.2005"_s, u"31.02.2005"_s},
+          Passing{u"31.12.0001"_s, u"31.12.0001"_s}}) {
+        check(typed, wrong, NoButton, [this] { return kontrolaDatum(field); });
+        EXPECT_EQ(field.text(), written);
     }
+    for (const QString& typed :
+         u"32.1.2000 0.1.2000 00.1.2000 1.13.2000 1.0.2000 1.1.204 .1.2000 100.1.2000 1..2000 1.1 "
+         u"1.1. 1.1.20000 a.1.2000 1.b.2000 1.1.2x 1.1.-100 112000 1.1.1.1"_s.split(u' '))
+        for (const Button answer : {Retry, Cancel})
+            check(typed, wrong, answer, [this] { return kontrolaDatum(field); });
 }
 
-TEST_F(ValidatorsTest, DatesThatAreRefused) {
-    for (const char16_t* typed :
-         {u"32.1.2000", u"0.1.2000", u"00.1.2000", u"1.13.2000", u"1.0.2000", u"1.1.204",
-          u".1.2000", u"100.1.2000", u"1..2000", u"1.1", u"1.1.", u"1.1.20000", u"a.1.2000",
-          u"1.b.2000", u"1.1.2x", u"1.1.-100", u"112000", u"1.1.1.1"}) {
-        for (const Button answer : {QMessageBox::Retry, QMessageBox::Cancel}) {
-            SCOPED_TRACE(q(typed).toStdString());
-            date.setText(q(typed));
-            boxes.expect(refusal(q(u"Chybný dátum, zadaj v tvare dd.mm.rrrr!"), retryCancel, answer,
-                                 QMessageBox::Retry));
-            EXPECT_EQ(modKontrola::kontrolaDatum(date), answer == QMessageBox::Retry);
-            EXPECT_EQ(date.text(), answer == QMessageBox::Retry ? q(typed) : QString());
-            boxes.allCame();
-        }
-    }
-}
-
-TEST_F(ValidatorsTest, BirthNumbersThatPass) {
-    struct Case {
-        const char16_t *number, *dateBefore, *sex, *date;
+TEST_F(ValidatorsTest, BirthNumbers) {
+    const auto validator = [this] {
+        return kontrolaRodCis(field, sex, holder, date);
     };
-    const Case cases[] = {
-        {u"8055120007", u"", u"Z", u"12.05.1980"},  {u"8055120007", u"1.1.1999", u"Z", u"1.1.1999"},
-        {u"8013320007", u"", u"Z", u"32.-37.1980"}, {u"0457310007", u"", u"Z", u"31.07.2004"},
-        {u"4912010004", u"", u"M", u"01.12.2049"},  {u"5001010014", u"", u"M", u"01.01.1950"},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(q(one.number).toStdString());
-        field.setText(q(one.number));
-        sex.setText(QStringLiteral("?"));
-        date.setText(q(one.dateBefore));
-        EXPECT_FALSE(modKontrola::kontrolaRodCis(field, sex, holder, date));
-        EXPECT_EQ(sex.text(), q(one.sex));
-        EXPECT_EQ(holder.text(), q(one.sex));
-        EXPECT_EQ(date.text(), q(one.date));
-    }
-}
+    const Refusal wrong{u"Nesprávne rodné číslo ,opraviť ?"_s, Abort | Retry | Ignore, Abort};
+    for (const QString& number : {u"8055120008"_s, u"805512000"_s, u"123X"_s, u"80551200X7"_s})
+        for (const Button answer : {Retry, Abort, Ignore})
+            check(number, wrong, answer, validator);
+    check(u""_s, wrong, NoButton, validator);
+    field.showBound(u"1"_s);
+    EXPECT_FALSE(validator()) << "unchanged";
+    EXPECT_EQ(sex.text() + date.text() + holder.text(), QString());
 
-TEST_F(ValidatorsTest, WrongBirthNumbersByAnswer) {
-    struct Case {
-        Button answer;
-        bool stays, kept;
-    };
-    for (const char16_t* number : {u"8055120008", u"805512000", u"123X", u"80551200X7"}) {
-        for (const Case& one : {Case{QMessageBox::Retry, true, true},
-                                {QMessageBox::Abort, false, false},
-                                {QMessageBox::Ignore, false, true}}) {
-            field.setText(q(number));
-            boxes.expect(refusal(q(u"Nesprávne rodné číslo ,opraviť ?"), abortRetryIgnore,
-                                 one.answer, QMessageBox::Abort));
-            EXPECT_EQ(modKontrola::kontrolaRodCis(field, sex, holder, date), one.stays);
-            EXPECT_EQ(field.text(), one.kept ? q(number) : QString());
-            EXPECT_EQ(sex.text() + date.text() + holder.text(), QString());
-            boxes.allCame();
-        }
+    using Case = std::tuple<QString, QString, QString, QString>;
+    for (const auto& [number, dateBefore, itsSex, itsDate] :
+         {Case{u"8055120007"_s, u""_s, u"Z"_s, u"12.05.1980"_s},
+          Case{u"8055120007"_s, u"1.1.1999"_s, u"Z"_s, u"1.1.1999"_s},
+          Case{u"8013320007"_s, u""_s, u"Z"_s, u"32.-37.1980"_s},
+          Case{u"0457310007"_s, u""_s, u"Z"_s, u"31.07.2004"_s},
+          Case{u"4912010004"_s, u""_s, u"M"_s, u"01.12.2049"_s},
+          Case{u"5001010014"_s, u""_s, u"M"_s, u"01.01.1950"_s}}) {
+        date.setText(dateBefore);
+        check(number, wrong, NoButton, validator);
+        EXPECT_EQ(sex.text() + holder.text(), itsSex + itsSex);
+        EXPECT_EQ(date.text(), itsDate);
     }
-}
-
-TEST_F(ValidatorsTest, AnEmptyOrUnchangedBirthNumberIsLeftAlone) {
-    EXPECT_FALSE(modKontrola::kontrolaRodCis(field, sex, holder, date));
-    field.showBound(QStringLiteral("1"));
-    EXPECT_FALSE(modKontrola::kontrolaRodCis(field, sex, holder, date));
-    EXPECT_EQ(sex.text(), QString());
 }
 
 TEST_F(ValidatorsTest, TheSex) {
-    const std::pair<const char16_t*, const char16_t*> passing[] = {
-        {u"m", u"M"}, {u"Muž", u"M"}, {u"z", u"Z"}, {u"žena", u""}, {u"", u""}};
-    field.showBound(QStringLiteral("?"));
-    EXPECT_FALSE(modKontrola::kontrolaPohlavie(field)) << "unchanged";
-    for (const auto& [typed, written] : passing) {
-        field.setText(q(typed));
-        if (q(written).isEmpty() && !q(typed).isEmpty())
-            boxes.expect(refusal(q(u"Pohlavie môže nadobudnúť len hodnotu M alebo Z!"), retryCancel,
-                                 QMessageBox::Cancel, QMessageBox::Cancel));
-        EXPECT_FALSE(modKontrola::kontrolaPohlavie(field));
-        EXPECT_EQ(field.text(), q(written));
+    const std::function validator = [this] {
+        return kontrolaPohlavie(field);
+    };
+    const Refusal wrong{u"Pohlavie môže nadobudnúť len hodnotu M alebo Z!"_s, Retry | Cancel,
+                        Cancel};
+    for (const auto& [typed, written] : {Passing{u"m"_s, u"M"_s}, Passing{u"Muž"_s, u"M"_s},
+                                         Passing{u"z"_s, u"Z"_s}, Passing{u""_s, u""_s}}) {
+        check(typed, wrong, NoButton, validator);
+        EXPECT_EQ(field.text(), written);
     }
-    field.setText(QStringLiteral("x"));
-    boxes.expect(refusal(q(u"Pohlavie môže nadobudnúť len hodnotu M alebo Z!"), retryCancel,
-                         QMessageBox::Retry, QMessageBox::Cancel));
-    EXPECT_TRUE(modKontrola::kontrolaPohlavie(field));
-    EXPECT_EQ(field.text(), QStringLiteral("x"));
+    for (const Button answer : {Retry, Cancel})
+        check(u"žena"_s, wrong, answer, validator);
+    field.showBound(u"?"_s);
+    EXPECT_FALSE(validator()) << "unchanged";
 }
 
 TEST_F(ValidatorsTest, OnlyATakenImpairmentIsRefusedAndOnlyWhenDuplicatesMatter) {
-    const QStringList taken{q(u"3"), q(u" "), q(u"5"), q(u""), q(u"0")};
-    struct Case {
-        const char16_t* code;
-        bool duplicates;
-        std::optional<Button> answer;
-    };
-    for (const Case& one : {Case{u"3", false, {}},
-                            {u"12", false, {}},
-                            {u"7", true, {}},
-                            {u"12", true, {}},
-                            {u"0", true, {}},
-                            {u"", true, {}},
-                            {u" 5 ", true, QMessageBox::Retry},
-                            {u"3", true, QMessageBox::Cancel}}) {
-        SCOPED_TRACE(q(one.code).toStdString());
-        field.setText(q(one.code));
-        if (one.answer)
-            boxes.expect(
-                refusal(q(u"Postihnutie môže nadobudnúť len hodnotu 1 až 9 bez duplicít !"),
-                        retryCancel, *one.answer, QMessageBox::Cancel));
-        EXPECT_EQ(modKontrola::kontrolaPostih(field, one.duplicates, taken),
-                  one.answer == QMessageBox::Retry);
-        EXPECT_EQ(field.text(), one.answer == QMessageBox::Cancel ? QString() : q(one.code));
-        boxes.allCame();
+    const QStringList taken{u"3"_s, u" "_s, u"5"_s, u""_s, u"0"_s};
+    const Refusal wrong{u"Postihnutie môže nadobudnúť len hodnotu 1 až 9 bez duplicít !"_s,
+                        Retry | Cancel, Cancel};
+    using Case = std::tuple<QString, bool, Button>;
+    for (const auto& [code, duplicates, answer] :
+         {Case{u"3"_s, false, NoButton}, Case{u"12"_s, false, NoButton},
+          Case{u"7"_s, true, NoButton}, Case{u"12"_s, true, NoButton}, Case{u"0"_s, true, NoButton},
+          Case{u""_s, true, NoButton}, Case{u" 5 "_s, true, Retry}, Case{u"3"_s, true, Cancel}}) {
+        const bool matter = duplicates;
+        check(code, wrong, answer, [&] { return kontrolaPostih(field, matter, taken); });
+        EXPECT_EQ(field.text(), answer == Cancel ? QString() : code);
     }
-    field.showBound(QStringLiteral("3"));
-    EXPECT_FALSE(modKontrola::kontrolaPostih(field, true, taken)) << "unchanged";
+    field.showBound(u"3"_s);
+    EXPECT_FALSE(kontrolaPostih(field, true, taken)) << "unchanged";
 }
 
 TEST_F(ValidatorsTest, ThePromptOfErrors) {
-    for (const Button answer : {QMessageBox::Yes, QMessageBox::No}) {
-        boxes.expect(support::ExpectedBox{.text = q(u"Nesedí kontrolný súčet ! Opraviť ?"),
-                                          .title = q(u"Chyba !"),
+    for (const Button answer : {Yes, No}) {
+        boxes.expect(support::ExpectedBox{.text = u"Nesedí kontrolný súčet ! Opraviť ?"_s,
+                                          .title = u"Chyba !"_s,
                                           .icon = QMessageBox::Critical,
-                                          .buttons = QMessageBox::Yes | QMessageBox::No,
+                                          .buttons = Yes | No,
                                           .answer = answer});
-        EXPECT_EQ(modKontrola::opravit(nullptr, q(u"Nesedí kontrolný súčet !")),
-                  answer == QMessageBox::Yes);
+        EXPECT_EQ(opravit(nullptr, u"Nesedí kontrolný súčet !"_s), answer == Yes);
     }
 }
 
@@ -229,15 +176,15 @@ TEST(EnterNaTab, ActsAsTabWouldAndLeavesOtherKeys) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    first.setFocus();
-    int key = Qt::Key_Down;
-    modKontrola::enterNaTab(key);
-    EXPECT_EQ(key, Qt::Key_Down);
-    EXPECT_TRUE(first.hasFocus());
-    key = Qt::Key_Return;
-    modKontrola::enterNaTab(key);
-    EXPECT_EQ(key, 0);
-    EXPECT_TRUE(second.hasFocus());
+    for (const auto& [pressed, left, focus] : {std::tuple{Qt::Key_Down, int(Qt::Key_Down), &first},
+                                               {Qt::Key_Return, 0, &second},
+                                               {Qt::Key_Enter, 0, &second}}) {
+        first.setFocus();
+        int key = pressed;
+        enterNaTab(key);
+        EXPECT_EQ(key, left);
+        EXPECT_TRUE(focus->hasFocus());
+    }
 }
 
 namespace {
@@ -245,17 +192,28 @@ namespace {
 class LookUpTest : public ValidatorsTest {
   protected:
     LookUpTest() {
-        reg.execute({QStringLiteral("insert into c_iczuj (kod, nazov) values ('01', 'Žilina')"),
-                     QStringLiteral("insert into c_iczuj (kod, nazov) values ('02', 'L''Aquila')"),
-                     QStringLiteral("insert into c_iczuj (kod, nazov) values ('03', 'Bardejov')")});
+        addPlace(u"01"_s, u"Žilina"_s);
+        addPlace(u"02"_s, u"L'Aquila"_s);
+        addPlace(u"03"_s, u"Bardejov"_s);
         source.setDatabaseName(reg.folder.database());
-        source.setRecordSource(QStringLiteral("select * from c_iczuj order by kod"));
+        source.setRecordSource(u"select * from c_iczuj order by kod"_s);
         source.Refresh();
-        list.setSource(source, QStringLiteral("nazov"));
+        list.setSource(source, u"nazov"_s);
     }
-    bool lookUp(bool byName) {
-        return modKontrola::kontrolaCiselnik(list, field, source, byName, QStringLiteral("c_iczuj"),
-                                             QStringLiteral("kod"), QStringLiteral("nazov"));
+    void addPlace(const QString& code, const QString& name) {
+        reg.add(u"c_iczuj"_s, {{u"kod", code}, {u"nazov", name}});
+    }
+    bool lookUp(bool byName, const QString& nameColumn = u"nazov"_s) {
+        return kontrolaCiselnik(list, field, source, byName, u"c_iczuj"_s, u"kod"_s, nameColumn);
+    }
+    /// Types a name or a code and looks it up.
+    void lookUpTyped(const QString& typed, bool byName, Button answer) {
+        const auto& [words, buttons, byDefault] =
+            byName
+                ? Refusal{u"Zadaný reťazec :%1 nie je v číselníku"_s, Abort | Retry | Ignore, Retry}
+                : Refusal{u"Zadaný kód :%1 sa nenašiel v číselníku"_s, Retry | Cancel, Cancel};
+        check(typed, {words.arg(typed.trimmed()), buttons, byDefault}, answer,
+              [&] { return lookUp(byName); });
     }
 
     support::TemporaryRegister reg;
@@ -265,81 +223,54 @@ class LookUpTest : public ValidatorsTest {
 
 } // namespace
 
-TEST_F(LookUpTest, TypedTexts) {
-    struct Case {
-        const char16_t* typed;
-        bool byName;
-        std::optional<Button> answer;
-        /// Code of the source's row afterwards when found.
-        const char16_t* found;
-    };
-    for (const Case& one : {Case{u"", true, {}, nullptr},
-                            {u"Žilina", true, {}, u"01"},
-                            {u" žilina ", true, {}, u"01"},
-                            {u"L'Aquila", true, {}, u"02"},
-                            {u"Žilina                           x", true, {}, u"01"},
-                            {u"Zilin'", true, QMessageBox::Ignore, nullptr},
-                            {u" Nitra ", true, QMessageBox::Retry, nullptr},
-                            {u"Nitra", true, QMessageBox::Abort, nullptr},
-                            {u" 03 ", false, {}, u"03"},
-                            {u"0'", false, QMessageBox::Retry, nullptr},
-                            {u"99", false, QMessageBox::Cancel, nullptr}}) {
-        SCOPED_TRACE(q(one.typed).toStdString());
-        field.setText(q(one.typed));
-        const QString words = one.byName ? q(u"Zadaný reťazec :%1 nie je v číselníku")
-                                         : q(u"Zadaný kód :%1 sa nenašiel v číselníku");
-        if (one.answer)
-            boxes.expect(refusal(words.arg(field.text().trimmed()),
-                                 one.byName ? abortRetryIgnore : retryCancel, *one.answer,
-                                 one.byName ? QMessageBox::Retry : QMessageBox::Cancel));
-        EXPECT_EQ(lookUp(one.byName), one.answer == QMessageBox::Retry);
-        const bool emptied = one.answer == QMessageBox::Abort || one.answer == QMessageBox::Cancel;
-        EXPECT_EQ(field.text(), emptied ? QString() : q(one.typed));
-        if (one.found != nullptr) {
-            EXPECT_EQ(source.Recordset().Fields(u"kod").Value().toText(), q(one.found));
-        }
-        boxes.allCame();
+TEST_F(LookUpTest, ATypedTextIsFoundOrRefused) {
+    using Case = std::tuple<QString, bool, QString>;
+    for (const auto& [typed, byName, found] :
+         {Case{u"Žilina"_s, true, u"01"_s}, Case{u" žilina "_s, true, u"01"_s},
+          Case{u"L'Aquila"_s, true, u"02"_s},
+          Case{u"Žilina                           x"_s, true, u"01"_s},
+          Case{u" 03 "_s, false, u"03"_s}}) {
+        lookUpTyped(typed, byName, NoButton);
+        EXPECT_EQ(field.text(), typed);
+        EXPECT_EQ(source.Recordset().Fields(u"kod").Value().toText(), found);
     }
+    lookUpTyped(u""_s, true, NoButton);
+    lookUpTyped(u"Zilin'"_s, true, Ignore);
+    lookUpTyped(u" Nitra "_s, true, Retry);
+    lookUpTyped(u"Nitra"_s, true, Abort);
+    lookUpTyped(u"0'"_s, false, Retry);
+    lookUpTyped(u"99"_s, false, Cancel);
 }
 
 TEST_F(LookUpTest, ANameIsSoughtInAFreshQueryAndACodeInTheRowsThatAreThere) {
-    reg.execute({QStringLiteral("insert into c_iczuj (kod, nazov) values ('04', 'Nitra')")});
-    field.setText(QStringLiteral("04"));
-    boxes.expect(refusal(q(u"Zadaný kód :04 sa nenašiel v číselníku"), retryCancel,
-                         QMessageBox::Retry, QMessageBox::Cancel));
-    EXPECT_TRUE(lookUp(false));
-    field.setText(QStringLiteral("Nitra"));
-    EXPECT_FALSE(lookUp(true));
-    EXPECT_EQ(source.RecordSource(), QStringLiteral("select * from c_iczuj order by nazov"));
+    addPlace(u"04"_s, u"Nitra"_s);
+    lookUpTyped(u"04"_s, false, Retry);
+    lookUpTyped(u"Nitra"_s, true, NoButton);
+    EXPECT_EQ(source.RecordSource(), u"select * from c_iczuj order by nazov"_s);
 }
 
 TEST_F(LookUpTest, APickIsWrittenIntoTheFieldAndMovesTheSource) {
     for (const bool byName : {false, true}) {
         list.setPick(2);
-        field.setText(QStringLiteral("?"));
-        EXPECT_FALSE(lookUp(byName));
-        EXPECT_EQ(field.text(), byName ? QStringLiteral("Bardejov") : QStringLiteral("03"));
+        lookUpTyped(u"?"_s, byName, NoButton);
+        EXPECT_EQ(field.text(), byName ? u"Bardejov"_s : u"03"_s);
         EXPECT_EQ(source.Recordset().AbsolutePosition(), 2);
     }
 }
 
 TEST_F(LookUpTest, EscInThePickSparesTheFieldOnce) {
     list.setPick(1);
-    field.setText(QStringLiteral("?"));
-    modKontrola::gZVyberu = true;
-    EXPECT_FALSE(lookUp(false));
-    EXPECT_EQ(field.text(), QStringLiteral("?"));
-    EXPECT_FALSE(modKontrola::gZVyberu);
-    EXPECT_FALSE(lookUp(false));
-    EXPECT_EQ(field.text(), QStringLiteral("02"));
+    gZVyberu = true;
+    for (const QString& left : {u"?"_s, u"02"_s}) {
+        lookUpTyped(u"?"_s, false, NoButton);
+        EXPECT_EQ(field.text(), left);
+        EXPECT_FALSE(gZVyberu);
+    }
 }
 
 TEST_F(LookUpTest, ADisabledFieldIsNotLookedUpAndErrorsGoToTheCaller) {
-    field.setText(QStringLiteral("99"));
     field.setEnabled(false);
-    EXPECT_FALSE(lookUp(false));
+    lookUpTyped(u"99"_s, false, NoButton);
     field.setEnabled(true);
-    EXPECT_THROW(modKontrola::kontrolaCiselnik(list, field, source, true, QStringLiteral("c_iczuj"),
-                                               QStringLiteral("kod"), QStringLiteral("iné")),
-                 store::EngineError);
+    EXPECT_THROW(lookUp(true, u"iné"_s), store::EngineError);
 }
