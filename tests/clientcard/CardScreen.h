@@ -8,6 +8,7 @@
 #include "validation/modKontrola.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QListView>
 #include <QListWidget>
 #include <QPushButton>
@@ -29,12 +30,15 @@ inline QString text(const char* utf8) {
 class CardTest : public testing::Test {
   protected:
     CardTest() {
-        reg.execute({text("insert into c_iczuj (kod, nazov) values ('500011', 'Nitra')"),
-                     text("insert into c_iczuj (kod, nazov) values ('500046', 'Bab')"),
-                     text("insert into c_zdrpoi (kod, nazov) values ('25', 'Poistovna')"),
-                     text("insert into c_narodn (kod, nazov) values ('01', 'slovenska')"),
-                     text("insert into c_iczeme (kod, nazov) values ('SK', 'Slovensko')"),
-                     text("insert into c_jazyk (kod, nazov) values ('sk', 'slovencina')")});
+        addCode("c_iczuj", "500011", "Nitra");
+        addCode("c_iczuj", "500046", "Bab");
+        addCode("c_zdrpoi", "25", "Poistovna");
+        addCode("c_narodn", "01", "slovenska");
+        addCode("c_iczeme", "SK", "Slovensko");
+        addCode("c_jazyk", "sk", "slovencina");
+    }
+    void addCode(const char* table, const char* code, const char* name) {
+        reg.add(text(table), {{u"kod", text(code)}, {u"nazov", text(name)}});
     }
 
     /// Opens the card as the list of clients does: on a client, or for a new one.
@@ -48,13 +52,29 @@ class CardTest : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&*card));
     }
     void insertClient(const char* key, const char* values = "") {
-        reg.execute({text("insert into k_zaklad (idkod, meno, priezv, katcis) values "
-                          "('%1', 'Eva', 'Novotna', '5')")
-                         .arg(text(key)),
-                     text("insert into k_memo (idkod) values ('%1')").arg(text(key))});
+        reg.add(text("k_zaklad"), {{u"idkod", text(key)},
+                                   {u"meno", text("Eva")},
+                                   {u"priezv", text("Novotna")},
+                                   {u"katcis", text("5")}});
+        reg.add(text("k_memo"), {{u"idkod", text(key)}});
         if (*values != '\0')
             reg.execute(
                 {text("update k_zaklad set %1 where idkod = '%2'").arg(text(values), text(key))});
+    }
+    /// Opens the card on the only client of the register, Eva Novotna with these values.
+    void openClient(const char* values = "") {
+        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        insertClient("NOVOTNEV00", values);
+        open(text("NOVOTNEV00"));
+    }
+    /// Opens the card for a new client and enters what is mandatory.
+    void enterClient(const char* name = "jana", const char* surname = "novotna",
+                     const char* number = "17") {
+        open();
+        for (const char* typed : {name, surname})
+            enter(typed);
+        goTo(6);
+        enter(number);
     }
 
     template <typename Widget = forms::EntryField>
@@ -85,7 +105,13 @@ class CardTest : public testing::Test {
         focused();
         QTest::keyClick(keyboard(), Qt::Key(code), modifiers);
     }
-    void type(const char* typed) { QTest::keyClicks(keyboard(), QLatin1String(typed)); }
+    /// Types a text; what no simulated key can type is pasted.
+    void type(const char* typed) {
+        if (text(typed).toLatin1() == QByteArray(typed))
+            return QTest::keyClicks(keyboard(), QLatin1String(typed));
+        QApplication::clipboard()->setText(text(typed));
+        key(Qt::Key_V, Qt::ControlModifier);
+    }
     void enter(const char* typed = "") {
         type(typed);
         key(Qt::Key_Return);
@@ -103,6 +129,7 @@ class CardTest : public testing::Test {
         QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
                           widget.mapTo(&*card, widget.rect().center()));
     }
+    void click(const char* button) { press(at<QPushButton>(button)); }
     /// Goes to a button by Tab and presses it by Enter.
     void pressByKeys(const char* name) {
         key(Qt::Key_PageDown);
@@ -115,8 +142,32 @@ class CardTest : public testing::Test {
                 QMessageBox::Icon icon = QMessageBox::Warning) {
         boxes.expect({.text = text(message), .title = text(title), .icon = icon});
     }
+    /// A box that lets the wrong text stay for correction, or empties the field.
+    void expectRefusal(const char* message, QMessageBox::StandardButton answer) {
+        boxes.expect({.text = text(message),
+                      .title = text("Chybová správa"),
+                      .icon = QMessageBox::Warning,
+                      .buttons = QMessageBox::Retry | QMessageBox::Cancel,
+                      .answer = answer});
+    }
+    void expectWrongDate(QMessageBox::StandardButton answer) {
+        expectRefusal("Chybný dátum, zadaj v tvare dd.mm.rrrr!", answer);
+    }
+    void expectQuestion(const QString& question, const QString& title,
+                        QMessageBox::StandardButton answer) {
+        boxes.expect({.text = question,
+                      .title = title,
+                      .icon = QMessageBox::Question,
+                      .buttons = QMessageBox::Yes | QMessageBox::No,
+                      .answer = answer});
+    }
+    void expectEngineError(const char* message) { expect(message, "", QMessageBox::Critical); }
     QString stored(const char* column, const char* table = "k_zaklad") {
         return reg.text(text(table), text(column));
+    }
+    /// How many clients there are, or those that meet a condition.
+    qint64 clients(const char* condition = "true") {
+        return reg.count(text("select * from k_zaklad where ") + text(condition));
     }
     /// From now on the file refuses an action, as "insert on k_zaklad".
     void refuse(const char* action) {
