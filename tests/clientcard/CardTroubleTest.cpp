@@ -5,23 +5,15 @@
 
 using cardtest::CardTest;
 using cardtest::text;
+using enum QMessageBox::StandardButton;
 
 namespace {
 
 class CardTroubleTest : public CardTest {
   protected:
     void expectNotWritten() {
-        boxes.expect({.text = text("Tieto údaje sa nezapísali:\n\nzáznam\n"
-                                   "Chyba č. 3000: Chyba databázového stroja: refused."),
-                      .title = text("Chybová správa"),
-                      .icon = QMessageBox::Warning});
-    }
-    void enterNewClient() {
-        open();
-        enter("jana");
-        enter("novotna");
-        goTo(6);
-        enter("17");
+        expect("Tieto údaje sa nezapísali:\n\nzáznam\nChyba č. 3000: Chyba databázového stroja: "
+               "refused.");
     }
 };
 
@@ -43,10 +35,9 @@ TEST_F(CardTroubleTest, WhoHasGoneFromTheRegisterIsNotOpened) {
 
 TEST_F(CardTroubleTest, AClientWithoutAMemoRowIsReportedAndTheRestCanBeEdited) {
     insertClient("NOVOTNEV00");
-    reg.execute({text("delete from k_memo"), text("insert into k_navstevy (idkod) values "
-                                                  "('NOVOTNEV00')")});
-    boxes.expect({.text = text("Chyba č. 3021\n\nNie je žiadny aktuálny záznam."),
-                  .icon = QMessageBox::Critical});
+    reg.execute({text("delete from k_memo")});
+    reg.add(text("k_navstevy"), {{u"idkod", text("NOVOTNEV00")}});
+    expectEngineError("Chyba č. 3021\n\nNie je žiadny aktuálny záznam.");
     open(text("NOVOTNEV00"));
     boxes.allCame();
     EXPECT_FALSE(at<QWidget>("rtbDUK(1)").isEnabled()) << "the text would go nowhere";
@@ -60,11 +51,10 @@ TEST_F(CardTroubleTest, AClientWithoutAMemoRowIsReportedAndTheRestCanBeEdited) {
 }
 
 TEST_F(CardTroubleTest, WhatTheSavePassesOverIsToldOnceAfterIt) {
-    insertClient("NOVOTNEV00");
-    refuse("update on k_zaklad");
-    open(text("NOVOTNEV00"));
+    openClient();
     goTo(12);
     enter("Dlha 1");
+    refuse("update on k_zaklad");
     expectNotWritten();
     pressByKeys("CmdZap");
     EXPECT_FALSE(card->isVisible());
@@ -74,7 +64,7 @@ TEST_F(CardTroubleTest, WhatTheSavePassesOverIsToldOnceAfterIt) {
 TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) {
     insertClient("NOVOTNEV00");
     refuse("insert on k_zaklad");
-    enterNewClient();
+    enterClient();
     expectNotWritten();
     pressByKeys("cmdZaklUd");
     boxes.allCame();
@@ -82,12 +72,12 @@ TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) 
     EXPECT_EQ(field(1).text(), text("Novotna"));
     EXPECT_FALSE(isEnabled(1));
     EXPECT_TRUE(at<QPushButton>("cmdZaklUd").isVisible());
-    EXPECT_EQ(reg.count(text("k_zaklad")), 1);
+    EXPECT_EQ(clients(), 1);
 }
 
 TEST_F(CardTroubleTest, TheNumberOfAClientSavedOnTheWayIsOnlyAskedAboutWhenItIsChanged) {
-    reg.execute({text("insert into k_zaklad (idkod, katcis) values ('MALYJA00', '7')")});
-    enterNewClient();
+    reg.add(text("k_zaklad"), {{u"idkod", text("MALYJA00")}, {u"katcis", text("7")}});
+    enterClient();
     pressByKeys("cmdZaklUd");
     const auto leaves = [&](const char* number) {
         goTo(6);
@@ -112,14 +102,12 @@ TEST_F(CardTroubleTest, DigitsThatWereNotTakenOverYetAreSaved) {
     for (const Case& c :
          {Case{"3", Qt::Key_Tab, "3        "}, Case{"\r3", Qt::Key_F6, "3        "},
           Case{"3\r5\r7", Qt::Key_F6, "357      "}, Case{"3\r5\r3", Qt::Key_Tab, "35       "}}) {
-        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
-        insertClient("NOVOTNEV00");
-        open(text("NOVOTNEV00"));
+        openClient();
         goTo(18);
         for (const char* k = c.typed; *k != '\0'; ++k)
             *k == '\r' ? key(Qt::Key_Return) : QTest::keyClick(keyboard(), *k);
         key(c.key);
-        press(at<QPushButton>("CmdZap"));
+        click("CmdZap");
         EXPECT_EQ(stored("postih"), text(c.stored)) << c.typed;
     }
 }
@@ -134,32 +122,26 @@ TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld)
         return focused();
     };
     EXPECT_EQ(clickTab(3), text("textKrz(4)"));
-    insertClient("NOVOTNEV00");
-    open(text("NOVOTNEV00"));
+    openClient();
     EXPECT_EQ(clickTab(3), text("rtbDUK(3)"));
     EXPECT_EQ(clickTab(1), text("textKrz(20)"));
     EXPECT_EQ(clickTab(0), text("textKrz(0)"));
     goTo(4);
     type("x");
-    boxes.expect({.text = text("Chybný dátum, zadaj v tvare dd.mm.rrrr!"),
-                  .title = text("Chybová správa"),
-                  .icon = QMessageBox::Warning,
-                  .buttons = QMessageBox::Retry | QMessageBox::Cancel,
-                  .answer = QMessageBox::Retry});
+    expectWrongDate(Retry);
     EXPECT_EQ(clickTab(3), text("textKrz(4)"));
     EXPECT_EQ(tabs().currentRow(), 0);
 }
 
 TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
-    reg.execute({text("insert into c_narodn (kod, nazov) values ('02', 'madarska')"),
-                 text("insert into c_zdrpoi (kod, nazov) values ('21', 'Ina')")});
+    addCode("c_narodn", "02", "madarska");
+    addCode("c_zdrpoi", "21", "Ina");
     for (const auto& [element, picked, typed] :
          {std::tuple{2, "n", "Bab"}, std::tuple{8, "0", "02"}}) {
         open();
         goTo(element);
         key(Qt::Key_F4);
-        type(picked);
-        key(Qt::Key_Return);
+        enter(picked);
         enter();
         goTo(element);
         enter(typed);
@@ -176,19 +158,14 @@ TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
 }
 
 TEST_F(CardTroubleTest, ClosingByTheFrameChecksTheFieldInFocus) {
-    insertClient("NOVOTNEV00");
-    open(text("NOVOTNEV00"));
+    openClient();
     goTo(4);
     type("1.13.2000");
-    for (const auto answer : {QMessageBox::Retry, QMessageBox::Cancel}) {
-        boxes.expect({.text = text("Chybný dátum, zadaj v tvare dd.mm.rrrr!"),
-                      .title = text("Chybová správa"),
-                      .icon = QMessageBox::Warning,
-                      .buttons = QMessageBox::Retry | QMessageBox::Cancel,
-                      .answer = answer});
+    for (const auto answer : {Retry, Cancel}) {
+        expectWrongDate(answer);
         EXPECT_EQ(focused(), text("textKrz(4)"));
         card->close();
-        EXPECT_EQ(card->isVisible(), answer == QMessageBox::Retry);
+        EXPECT_EQ(card->isVisible(), answer == Retry);
     }
     EXPECT_EQ(stored("datnar"), QString());
 }
