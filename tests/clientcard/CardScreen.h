@@ -26,6 +26,10 @@ inline QString text(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
 
+/// The tables of a client's records.
+inline constexpr const char* recordTables[] = {"k_navstevy", "k_surodenci",  "k_vysetrenie",
+                                               "k_zariad",   "k_zaznam_spc", "k_zaznam_zmeny"};
+
 /// A register with a few code-lists, and a card on it that is driven by keys as a user does.
 class CardTest : public testing::Test {
   protected:
@@ -60,6 +64,13 @@ class CardTest : public testing::Test {
         if (*values != '\0')
             reg.execute(
                 {text("update k_zaklad set %1 where idkod = '%2'").arg(text(values), text(key))});
+    }
+    /// Leaves the client one record of each kind.
+    void insertRecords(const char* key) {
+        for (const char* table : recordTables) {
+            reg.execute({text("delete from ") + text(table)});
+            reg.add(text(table), {{u"idkod", text(key)}});
+        }
     }
     /// Opens the card on the only client of the register, Eva Novotna with these values.
     void openClient(const char* values = "") {
@@ -120,6 +131,12 @@ class CardTest : public testing::Test {
     void turnTabs(int tabs) {
         for (int i = 0; i < qAbs(tabs); ++i)
             key(tabs > 0 ? Qt::Key_PageDown : Qt::Key_PageUp, Qt::ControlModifier);
+    }
+    /// Types a note on a tab of texts, and comes back.
+    void typeNote(const char* note) {
+        turnTabs(7);
+        type(note);
+        turnTabs(-7);
     }
     void goTo(int element) {
         field(element).setFocus();
