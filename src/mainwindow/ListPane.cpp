@@ -275,8 +275,21 @@ void ListPane::vymaz() {
         return;
     const bool deleted =
         list->number == clientList.number ? vymazKlienta(place()) : vymazZamestnanca(place());
-    if (deleted && sources_->datGrid.Recordset().Eof())
+    if (!deleted)
+        return;
+    commit();
+    if (sources_->datGrid.Recordset().Eof())
         tlacidlaPrazdne();
+}
+
+/// Whom the disk does not let go is in the list again.
+void ListPane::commit() {
+    try {
+        place().around.engine.commitPending();
+    } catch (const store::EngineError&) {
+        sources_->datGrid.Refresh();
+        throw;
+    }
 }
 
 void ListPane::hladajOsobu() {

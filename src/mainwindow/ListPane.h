@@ -56,6 +56,7 @@ class ListPane : public QWidget {
     void novy();
     void oprava();
     void vymaz();
+    void commit();
     void hladajOsobu();
     void tried();
 

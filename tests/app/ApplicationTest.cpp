@@ -3,12 +3,14 @@
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "store/FaultVfs.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
 #include <QAction>
 #include <QEventLoop>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -91,8 +93,15 @@ TEST_F(DurableTest, aMessageBoxWaitsToo) {
     EXPECT_EQ(meanwhile, 1);
 }
 
-class WholeProgramTest : public testing::Test {
+struct FaultLayer {
+    FaultLayer() { faults::install({}); }
+    ~FaultLayer() { faults::install({}); }
+};
+
+class WholeProgramTest : private FaultLayer, public testing::Test {
   protected:
+    WholeProgramTest() { window.open(); }
+
     support::TemporaryRegister reg;
     ScriptedBoxes boxes;
     mainwindow::Surroundings around{reg.engine, reg.folder, [] { return QDate(2006, 10, 1); },
@@ -103,15 +112,36 @@ class WholeProgramTest : public testing::Test {
 };
 
 TEST_F(WholeProgramTest, whatIsNotThereYetSaysSo) {
-    window.open();
     boxes.expect({.text = u"Táto časť programu sa pripravuje."_s,
                   .title = u"Informácia"_s,
                   .icon = QMessageBox::Information});
     window.findChild<QAction*>(u"mniZam"_s)->trigger();
 }
 
+TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
+    reg.execute({u"insert into k_zaklad (idkod, meno, priezv) values ('A', 'Eva', 'Malá')"_s});
+    window.show();
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
+    };
+    press(Qt::Key_1);
+    reg.engine.commitPending();
+    boxes.expect({.text = u"Naozaj chceš vymazať klienta : Eva  Malá ?"_s,
+                  .title = u"Výmaz klienta"_s,
+                  .buttons = QMessageBox::Yes | QMessageBox::No,
+                  .answer = QMessageBox::Yes,
+                  .meanwhile = [] {
+                      faults::install({faults::Plan::Fault::SyncFails, 1});
+                  }});
+    expectReport(boxes, "Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+    press(Qt::Key_D);
+    QTest::qWait(0);
+    boxes.allCame();
+    EXPECT_EQ(window.findChild<QTableView*>(u"dbgKlient"_s)->model()->rowCount(), 1);
+    EXPECT_TRUE(window.findChild<QPushButton*>(u"cmdVymaz"_s)->isEnabled());
+}
+
 TEST_F(WholeProgramTest, tableOneComesInAPreview) {
-    window.open();
     int previews = 0;
     boxes.expect({.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
                       ++previews;
