@@ -41,6 +41,8 @@ class CardTest : public testing::Test {
         addCode("c_iczeme", "SK", "Slovensko");
         addCode("c_jazyk", "sk", "slovencina");
     }
+    /// Adds a row, as "k_zaklad (idkod) values ('1')".
+    void insert(const char* row) { reg.execute({text("insert into ") + text(row)}); }
     void addCode(const char* table, const char* code, const char* name) {
         reg.add(text(table), {{u"kod", text(code)}, {u"nazov", text(name)}});
     }

@@ -33,12 +33,7 @@ class RecordCrashTest : public cardtest::RecordTest {
     }
     void remove() {
         // The list of facilities, by which the question names one, stands on its first.
-        boxes.expect(
-            {.text = text(m->question).replace(text("Skola"), text("Trieda")),
-             .title = *m->title == '\0' ? QString() : text(m->title) + modKontrola::gMenoKlienta,
-             .icon = QMessageBox::Question,
-             .buttons = QMessageBox::Yes | QMessageBox::No,
-             .answer = QMessageBox::Yes});
+        expectDeletion(QMessageBox::Yes, "Trieda");
         press("Vym");
     }
 };
@@ -66,7 +61,7 @@ TEST_F(RecordCrashTest, ARecordIsWrittenOrDeletedWhollyOrNotAtAll) {
               "'05', datevalue('1.9.2005'), datevalue('30.6.2006'))"},
           {2, "k_surodenci (idkod, meno, roknar) values ('NOVOTNEV00', 'Adam Mal', '1999')"}}) {
         m = &*std::ranges::find(cardtest::members, tab, &cardtest::Member::tab);
-        reg.execute({text("insert into ") + text(first)});
+        insert(first);
         reg.letGo();
         reg.engine.commitPending();
         for (const Action& action : actions) {

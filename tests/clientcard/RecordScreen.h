@@ -70,16 +70,11 @@ class RecordTest : public CardTest {
   protected:
     RecordTest() {
         insertClient("NOVOTNEV00");
-        reg.execute({text("insert into zamestnanci (idkod, meno, priezv) values "
-                          "('ADAMOVEV00', 'Eva', 'Adamova')"),
-                     text("insert into zamestnanci (idkod, meno, priezv) values "
-                          "('NOVAKJA00', 'Jan', 'Novak')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('05', 'Trieda', 'VYCH')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('07', 'Skola', 'VYCH')"),
-                     text("insert into c_zariad (kod, nazov, akronym) values "
-                          "('21', 'Poradna', 'TVK')")});
+        insert("zamestnanci (idkod, meno, priezv) values ('ADAMOVEV00', 'Eva', 'Adamova')");
+        insert("zamestnanci (idkod, meno, priezv) values ('NOVAKJA00', 'Jan', 'Novak')");
+        insert("c_zariad (kod, nazov, akronym) values ('05', 'Trieda', 'VYCH')");
+        insert("c_zariad (kod, nazov, akronym) values ('07', 'Skola', 'VYCH')");
+        insert("c_zariad (kod, nazov, akronym) values ('21', 'Poradna', 'TVK')");
         modKontrola::gMenoKlienta = text(" : Eva  Novotna");
     }
 
@@ -89,7 +84,7 @@ class RecordTest : public CardTest {
         m = &to;
         open(text("NOVOTNEV00"));
         while (tabs().currentRow() < to.tab)
-            key(Qt::Key_PageDown, Qt::ControlModifier);
+            turnTabs(1);
     }
     QPushButton& button(const char* name) {
         const bool isDelete = text(name) == text("Vym") && m->tab == 2;
@@ -129,13 +124,20 @@ class RecordTest : public CardTest {
         fill(record);
         press("Zap");
     }
-    qint64 count() { return reg.count(text(m->table)); }
-    QString value(const char* column) { return reg.text(text(m->table), text(column)); }
+    /// How many records there are, or those that meet a condition.
+    qint64 count(const char* condition = "true") {
+        return reg.count(text("select * from %1 where %2").arg(text(m->table), text(condition)));
+    }
+    QString value(const char* column) { return stored(column, m->table); }
+    /// The question before the first record is deleted.
+    void expectDeletion(QMessageBox::StandardButton answer, const char* facility = "Skola") {
+        const QString title = text(m->title);
+        expectQuestion(text(m->question).replace(text("Skola"), text(facility)),
+                       title.isEmpty() ? title : title + modKontrola::gMenoKlienta, answer);
+    }
     /// All that must be on or off, and where the focus is.
     void expectState(bool editing, const QString& focus) {
-        expectState(editing, focus, count() > 0);
-    }
-    void expectState(bool editing, const QString& focus, bool rows) {
+        const bool rows = list().count() > 0;
         for (const auto& [name, on] : {std::pair{"Novy", !editing},
                                        {"Opr", !editing && rows},
                                        {"Vym", !editing && rows},
