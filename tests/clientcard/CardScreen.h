@@ -86,8 +86,7 @@ class CardTest : public testing::Test {
         open();
         for (const char* typed : {name, surname})
             enter(typed);
-        goTo(6);
-        enter(number);
+        enterInto(6, number);
     }
 
     template <typename Widget = forms::EntryField>
@@ -114,9 +113,11 @@ class CardTest : public testing::Test {
         QWidget* popup = QApplication::activePopupWidget();
         return popup != nullptr ? popup->findChild<QListView*>() : card->focusWidget();
     }
+    /// Presses a key; the boxes expected must have come by then, as behind each press.
     void key(int code, Qt::KeyboardModifiers modifiers = {}) {
         focused();
         QTest::keyClick(keyboard(), Qt::Key(code), modifiers);
+        boxes.allCame();
     }
     /// Types a text; what no simulated key can type is pasted.
     void type(const char* typed) {
@@ -144,16 +145,21 @@ class CardTest : public testing::Test {
         field(element).setFocus();
         ASSERT_EQ(focused(), QStringLiteral("textKrz(%1)").arg(element));
     }
+    void enterInto(int element, const char* typed) {
+        goTo(element);
+        enter(typed);
+    }
     void press(QWidget& widget) {
         QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
                           widget.mapTo(&*card, widget.rect().center()));
+        boxes.allCame();
     }
     void click(const char* button) { press(at<QPushButton>(button)); }
     /// Goes to a button by Tab and presses it by Enter.
     void pressByKeys(const char* name) {
-        key(Qt::Key_PageDown);
+        QTest::keyClick(keyboard(), Qt::Key_PageDown);
         for (int i = 0; i < 12 && focused() != text(name); ++i)
-            key(Qt::Key_Tab, Qt::ShiftModifier);
+            QTest::keyClick(keyboard(), Qt::Key_Tab, Qt::ShiftModifier);
         ASSERT_EQ(focused(), text(name));
         key(Qt::Key_Return);
     }

@@ -97,8 +97,7 @@ TEST_F(CardTest, AChangedNameTakesTheRecordsAndTheTypedTextWithItWhenTheKeyChang
         insertRecords("NOVOTNEV01");
         open(text("NOVOTNEV01"));
         typeNote("pozn");
-        goTo(1);
-        enter(typed);
+        enterInto(1, typed);
         pressByKeys("CmdZap");
         EXPECT_EQ(modKontrola::gIdKod, text("NOVOTNEV01"));
         EXPECT_EQ(stored("priezv"), text(typed));
@@ -119,8 +118,7 @@ TEST_F(CardTest, AClientSavedOnTheWayAndRenamedLeavesTheRecordsBehind) {
         pressByKeys("cmdZaklUd");
         EXPECT_EQ(modKontrola::gIdKod, text("NOVOTNJA01"));
         reg.add(text("k_navstevy"), {{u"idkod", text("NOVOTNJA01")}});
-        goTo(1);
-        enter(surname);
+        enterInto(1, surname);
         typeNote("pozn");
         pressByKeys("CmdZap");
         EXPECT_EQ(modKontrola::gIdKod, text(key));
@@ -151,14 +149,12 @@ TEST_F(CardTest, MandatoryFieldsAreAskedForWhereTheyLie) {
         turnTabs(1);
         expect(c.message);
         click("CmdZap");
-        boxes.allCame();
         EXPECT_EQ(stored("meno") + stored("priezv") + stored("katcis"), text("EvaNovotna5"));
         // A missing catalogue number does not turn the tab.
         EXPECT_EQ(tabs().currentRow(), c.field == 6 ? 1 : 0);
         EXPECT_TRUE(c.field == 6 || focused() == field(c.field).objectName());
         turnTabs(-tabs().currentRow());
-        goTo(c.field);
-        enter(c.typed);
+        enterInto(c.field, c.typed);
     }
     click("CmdZap");
     EXPECT_EQ(stored("idkod") + stored("katcis"), text("MALAIV008"));
@@ -249,7 +245,6 @@ TEST_F(CardTest, TheCatalogueNumberOfAnotherClientHoldsTheField) {
         for (const bool byKey : {true, false}) {
             expect(taken, "Upozornenie", QMessageBox::Information);
             byKey ? key(Qt::Key_Return) : press(field(12));
-            boxes.allCame();
             EXPECT_EQ(focused(), text("textKrz(6)"));
         }
         enter("8");
@@ -381,7 +376,6 @@ TEST_F(CardTest, ADuplicateImpairmentIsRefused) {
     for (const auto answer : {Retry, Cancel}) {
         expectRefusal("Postihnutie môže nadobudnúť len hodnotu 1 až 9 bez duplicít !", answer);
         key(Qt::Key_Return);
-        boxes.allCame();
         EXPECT_EQ(field(19).text(), answer == Retry ? text("7") : QString());
     }
     EXPECT_EQ(at("textPosK(0)").toolTip(), text("3 ¦ sluchové"));
@@ -431,8 +425,7 @@ TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
     turnTabs(1);
     // A year of two digits gives an age of two of its four.
     for (const auto& [year, age] : {std::pair{"90", "18"}, {"1984", "1"}}) {
-        goTo(36);
-        enter(year);
+        enterInto(36, year);
         EXPECT_EQ(field(37).text(), text(age));
         EXPECT_EQ(focused(), text("textKrz(37)"));
     }
@@ -445,7 +438,6 @@ TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
         goTo(21);
         expect("Logicky chybne zadané dátumy matky a klienta !");
         enter(year);
-        boxes.allCame();
         EXPECT_EQ(focused(), text("textKrz(4)"));
         EXPECT_EQ(field(21).text(), text(year));
         EXPECT_EQ(field(22).text(), QString());

@@ -41,8 +41,7 @@ TEST_F(CardTroubleTest, AClientWithoutAMemoRowIsReportedAndTheRestCanBeEdited) {
     open(text("NOVOTNEV00"));
     boxes.allCame();
     EXPECT_FALSE(at<QWidget>("rtbDUK(1)").isEnabled()) << "the text would go nowhere";
-    goTo(1);
-    enter("Mala");
+    enterInto(1, "Mala");
     pressByKeys("CmdZap");
     EXPECT_FALSE(card->isVisible());
     EXPECT_EQ(stored("idkod"), text("MALAEV00"));
@@ -52,8 +51,7 @@ TEST_F(CardTroubleTest, AClientWithoutAMemoRowIsReportedAndTheRestCanBeEdited) {
 
 TEST_F(CardTroubleTest, WhatTheSavePassesOverIsToldOnceAfterIt) {
     openClient();
-    goTo(12);
-    enter("Dlha 1");
+    enterInto(12, "Dlha 1");
     refuse("update on k_zaklad");
     expectNotWritten();
     pressByKeys("CmdZap");
@@ -67,7 +65,6 @@ TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) 
     enterClient();
     expectNotWritten();
     pressByKeys("cmdZaklUd");
-    boxes.allCame();
     EXPECT_EQ(focused(), text("textKrz(0)"));
     EXPECT_EQ(field(1).text(), text("Novotna"));
     EXPECT_FALSE(isEnabled(1));
@@ -80,8 +77,7 @@ TEST_F(CardTroubleTest, TheNumberOfAClientSavedOnTheWayIsOnlyAskedAboutWhenItIsC
     enterClient();
     pressByKeys("cmdZaklUd");
     const auto leaves = [&](const char* number) {
-        goTo(6);
-        enter(number);
+        enterInto(6, number);
         return focused() == text("textKrz(7)");
     };
     EXPECT_TRUE(leaves(""));
@@ -143,8 +139,7 @@ TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
         key(Qt::Key_F4);
         enter(picked);
         enter();
-        goTo(element);
-        enter(typed);
+        enterInto(element, typed);
         EXPECT_EQ(field(element).text(), text(typed));
     }
     // The picker of insurers gives the focus back at once, with a line picked.

@@ -26,7 +26,6 @@ class LateFaultTest : private FaultLayer, public CardTest {
         faults::install({Plan::Fault::SyncFails, 1});
         expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
         click(button);
-        boxes.allCame();
         faults::install({});
         EXPECT_TRUE(card->isVisible());
     }
@@ -51,8 +50,7 @@ TEST_F(LateFaultTest, AClientStaysInTheCardUntilTheDiskTakesAllOfIt) {
         SCOPED_TRACE(button);
         reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
         enterClient();
-        goTo(18);
-        enter("3");
+        enterInto(18, "3");
         pressInVain(button);
         EXPECT_EQ(clients() + reg.count(text("k_memo")), 0);
         EXPECT_FALSE(isEnabled(1));

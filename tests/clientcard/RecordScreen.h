@@ -119,8 +119,10 @@ class RecordTest : public CardTest {
             type(typed.text);
         }
     }
-    void add(const Record& record) {
-        press("Novy");
+    void add(const Record& record) { save("Novy", record); }
+    void edit(const Record& record) { save("Opr", record); }
+    void save(const char* openedBy, const Record& record) {
+        press(openedBy);
         fill(record);
         press("Zap");
     }

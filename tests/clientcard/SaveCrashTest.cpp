@@ -32,8 +32,7 @@ class SaveCrashTest : public cardtest::CardTest {
 TEST_F(SaveCrashTest, AKeyChangesInAllTablesOrInNone) {
     const QStringList after = killSaving([this] {
         open(text("NOVAKJA00"));
-        goTo(1);
-        enter("Malik");
+        enterInto(1, "Malik");
     });
     EXPECT_EQ(after.filter(text("MALIKJA00")).size(), 8);
 }
@@ -46,8 +45,7 @@ TEST_F(SaveCrashTest, ANewClientHasBothRowsOrNone) {
 TEST_F(SaveCrashTest, AClientsRowAndTextAreSavedBothOrNeither) {
     const QStringList after = killSaving([this] {
         open(text("NOVAKJA00"));
-        goTo(6);
-        enter("19");
+        enterInto(6, "19");
         turnTabs(7);
         type("pozn");
     });
