@@ -40,6 +40,8 @@ endfunction()
 function(tvk_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
+    # Tests repeat small names of their own.
+    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     target_link_libraries(${name} PRIVATE tvk_flags ${ARG_LINK})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name})
