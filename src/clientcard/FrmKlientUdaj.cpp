@@ -19,6 +19,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace clientcard {
 
 namespace {
@@ -47,6 +50,13 @@ constexpr int tabCount = 14;
 
 bool isEntry(TabKind kind) {
     return kind == TabKind::Basic || kind == TabKind::Parents;
+}
+
+/// The place of the family that fills a tab of the kind.
+std::size_t familyOfKind(TabKind kind) {
+    if (isEntry(kind))
+        return 0;
+    return kind == TabKind::Memo ? 1 : 2;
 }
 
 /// A disabled text must still be read on the coloured ground.
@@ -114,10 +124,7 @@ void FrmKlientUdaj::makeTabs() {
         const TabRow& row = tabTable()[std::size_t(tab)];
         auto* item = new QListWidgetItem(QString::fromUtf16(row.caption), SSTab1_);
         item->setSizeHint({SSTab1_->fontMetrics().horizontalAdvance(item->text()) + 16, 28});
-        familyOfTab_[tab] = families_[isEntry(row.kind)           ? 0
-                                      : row.kind == TabKind::Memo ? 1
-                                                                  : 2]
-                                .get();
+        familyOfTab_[tab] = families_[familyOfKind(row.kind)].get();
         pages_->addWidget(familyOf(tab).makePage(tab, pages_));
     }
     SSTab1_->fitWidth();
@@ -293,12 +300,15 @@ void FrmKlientUdaj::recoverNew() {
         resumeDraft();
 }
 
+/// Never written so far.
+bool FrmKlientUdaj::clientIsNew() const {
+    return data_.datZaklad().isOpen() &&
+           data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
+}
+
 void FrmKlientUdaj::keepDraft() {
-    draft_ = {modKontrola::gAkcia,
-              modKontrola::gIdKod,
-              modKontrola::gMenoKlienta,
-              data_.datZaklad().Recordset().EditMode() == store::EditState::Add,
-              {}};
+    draft_ = {
+        modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, clientIsNew(), {}};
     for (const auto& family : families_)
         draft_.putBack.push_back(family->keepTyped());
 }
@@ -413,9 +423,7 @@ void FrmKlientUdaj::cmdStornoClick() {
 void FrmKlientUdaj::tellNotWritten() {
     std::vector<forms::NotWritten> errors;
     for (const auto& family : families_) {
-        auto more = family->takeErrors();
-        errors.insert(errors.end(), std::make_move_iterator(more.begin()),
-                      std::make_move_iterator(more.end()));
+        std::ranges::move(family->takeErrors(), std::back_inserter(errors));
     }
     forms::showNotWritten(this, errors);
 }
@@ -457,9 +465,7 @@ bool FrmKlientUdaj::staysForRecord() {
 /// one who was never saved.
 /// @return false to stay open
 bool FrmKlientUdaj::endsByFrame() {
-    const bool isNew = data_.datZaklad().isOpen() &&
-                       data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
-    if (isNew) {
+    if (clientIsNew()) {
         const auto answer =
             entry_->isChanged()
                 ? forms::showMessage(this,

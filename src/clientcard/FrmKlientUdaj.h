@@ -99,6 +99,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void cmdZapNewClick();
     void cmdStornoClick();
     void reopen(store::DataSource& source, const QString& recordSource);
+    bool clientIsNew() const;
     void keepDraft();
     void resumeDraft();
     void commit();

@@ -2,6 +2,7 @@
 
 #include "clientcard/RecordTab.h"
 
+#include <algorithm>
 #include <iterator>
 #include <map>
 
@@ -27,9 +28,7 @@ class RecordTabs : public TabFamily {
 std::vector<forms::NotWritten> RecordTabs::takeErrors() {
     std::vector<forms::NotWritten> errors;
     for (auto& [number, tab] : tabs_) {
-        auto more = tab.takeErrors();
-        errors.insert(errors.end(), std::make_move_iterator(more.begin()),
-                      std::make_move_iterator(more.end()));
+        std::ranges::move(tab.takeErrors(), std::back_inserter(errors));
     }
     return errors;
 }

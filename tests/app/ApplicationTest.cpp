@@ -93,12 +93,7 @@ TEST_F(DurableTest, aMessageBoxWaitsToo) {
     EXPECT_EQ(meanwhile, 1);
 }
 
-struct FaultLayer {
-    FaultLayer() { faults::install({}); }
-    ~FaultLayer() { faults::install({}); }
-};
-
-class WholeProgramTest : private FaultLayer, public testing::Test {
+class WholeProgramTest : private faults::Layer, public testing::Test {
   protected:
     WholeProgramTest() { window.open(); }
 

@@ -12,13 +12,8 @@ using faults::Plan;
 
 namespace {
 
-struct FaultLayer {
-    FaultLayer() { faults::install({}); }
-    ~FaultLayer() { faults::install({}); }
-};
-
 /// What is written finds only at its end that the disk doesn't take it.
-class LateFaultTest : private FaultLayer, public CardTest {
+class LateFaultTest : private faults::Layer, public CardTest {
   protected:
     /// Presses a button while the disk refuses; what was typed must stay.
     void pressInVain(const char* button) {

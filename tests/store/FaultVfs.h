@@ -20,6 +20,11 @@ struct Plan {
 
 /// Puts a layer under all connections opened from now on; calls count from 1 again.
 void install(const Plan& plan);
+/// Puts the layer under what is made after it, and takes the faults away at its end.
+struct Layer {
+    Layer() { install({}); }
+    ~Layer() { install({}); }
+};
 /// Writes, syncs, truncations and deletions since install().
 int callCount();
 /// Counts a step of the program's own as a call.
