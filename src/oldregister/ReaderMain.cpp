@@ -1,0 +1,125 @@
+#include "oldregister/ReaderMain.h"
+
+#include "oldregister/FileKind.h"
+#include "oldregister/Messages.h"
+#include "oldregister/OldRows.h"
+#include "store/Schema.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <deque>
+
+namespace oldregister {
+
+namespace {
+
+/// The pipe to the program, kept from whatever the library prints.
+class Pipe {
+  public:
+    Pipe() : number_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        ::dup2(nowhere, STDOUT_FILENO);
+        ::dup2(nowhere, STDERR_FILENO);
+    }
+    void send(const Message& message) {
+        buffer_ += packed(message);
+        if (buffer_.size() > enough)
+            flush();
+    }
+    /// Nobody who listens is left once writing fails.
+    void flush() {
+        qsizetype sent = 0;
+        while (sent < buffer_.size()) {
+            const auto now = ::write(number_, buffer_.constData() + sent,
+                                     static_cast<size_t>(buffer_.size() - sent));
+            if (now <= 0)
+                ::_exit(1);
+            sent += now;
+        }
+        buffer_.clear();
+    }
+
+  private:
+    static constexpr qsizetype enough = 60'000;
+    int number_;
+    QByteArray buffer_;
+};
+
+/// The tables of a register that were found in the file.
+struct Found {
+    TableList list;
+    std::deque<OldTableReader> readers;
+};
+
+bool isListed(const TableList& list, const QString& name) {
+    for (const OldTable& table : list.tables)
+        if (table.name.compare(name, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+void look(MdbCatalogEntry& entry, Found& found) {
+    const bool isTable = mdb_is_user_table(&entry) != 0;
+    if (!isTable && entry.object_type != MDB_LINKED_TABLE)
+        return;
+    const QString name = QString::fromUtf8(entry.object_name);
+    if (!isTable || store::findTable(name) == nullptr || isListed(found.list, name)) {
+        found.list.foreign.push_back(name);
+        return;
+    }
+    OldTableReader reader(entry);
+    if (!reader.isOpen()) {
+        found.list.unreadable.push_back(name);
+        return;
+    }
+    found.list.tables.push_back(reader.describe());
+    found.readers.push_back(std::move(reader));
+}
+
+void sendRows(const OldTableReader& reader, quint32 table, Pipe& pipe) {
+    OldRows rows(
+        reader,
+        [&](std::vector<OldValue> values) {
+            pipe.send(OldRow{table, std::move(values)});
+        },
+        [&](quint32 page, quint32 lost) {
+            pipe.send(BrokenPage{table, page, lost});
+        });
+    rows.readAll();
+}
+
+std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
+    OldFile file(path);
+    if (!file.isOpen())
+        return QStringLiteral("Hlavička súboru je poškodená.");
+    const auto catalogue = file.catalogue();
+    if (catalogue.empty())
+        return QStringLiteral("Súbor je poškodený: zoznam jeho tabuliek sa nedá prečítať.");
+    Found found;
+    for (MdbCatalogEntry* entry : catalogue)
+        look(*entry, found);
+    pipe.send(found.list);
+    for (quint32 table = 0; table < found.readers.size(); ++table)
+        sendRows(found.readers[table], table, pipe);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<int> runAsReader(int argc, char** argv) {
+    if (argc != 3 || std::strcmp(argv[1], readerWord) != 0)
+        return std::nullopt;
+    Pipe pipe;
+    if (const auto refused = sendAll(argv[2], pipe))
+        pipe.send(Refusal{*refused});
+    else
+        pipe.send(EndOfFile());
+    pipe.flush();
+    return 0;
+}
+
+} // namespace oldregister
