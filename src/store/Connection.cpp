@@ -3,11 +3,6 @@
 #include "store/SqlFunctions.h"
 #include "store/SqliteErrors.h"
 
-#include <QFile>
-
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Exception.h>
-
 namespace store {
 
 namespace {
@@ -22,24 +17,25 @@ FileIdentity identityOf(const QString& path) {
     return *identity;
 }
 
-std::unique_ptr<SQLite::Database> openFile(const QString& path, Connection::Access access) {
-    // The engine lives in one thread.
+/// Opens for a connection that is used by one thread at a time. @return also what failed to open
+sqlite3* openFile(const QString& path, Connection::Access access, int& code) {
     const int flags =
         SQLITE_OPEN_NOMUTEX |
         (access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
-    try {
-        return std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), flags,
-                                                  Connection::usualPatienceMs);
-    } catch (const SQLite::Exception& failure) {
-        throw sqliteError(failure.getExtendedErrorCode(), nullptr, path);
-    }
+    sqlite3* file = nullptr;
+    code = sqlite3_open_v2(path.toUtf8().constData(), &file, flags, nullptr);
+    return file;
 }
 
 } // namespace
 
 Connection::Connection(const QString& path, Access access, std::shared_ptr<DeferredErrors> deferred)
-    : path_(path), identity_(identityOf(path)), deferred_(std::move(deferred)),
-      database_(openFile(path, access)) {
+    : path_(path), identity_(identityOf(path)), deferred_(std::move(deferred)) {
+    int code = SQLITE_OK;
+    file_.reset(openFile(path, access, code));
+    if (code != SQLITE_OK)
+        throw sqliteError(code, nullptr, path);
+    setPatience(usualPatienceMs);
     sqlite3_extended_result_codes(handle(), 1);
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     registerSqlFunctions(handle());
@@ -54,10 +50,6 @@ Connection::~Connection() {
             deferred_->add(error);
     }
     lookup_.reset();
-}
-
-sqlite3* Connection::handle() const {
-    return database_->getHandle();
 }
 
 void Connection::setPatience(int milliseconds) {

@@ -10,10 +10,6 @@
 #include <memory>
 #include <optional>
 
-namespace SQLite {
-class Database;
-}
-
 namespace store {
 
 /// Errors that came up where nothing could throw; the next commit of the engine throws the first.
@@ -39,7 +35,7 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    sqlite3* handle() const;
+    sqlite3* handle() const { return file_.get(); }
     const QString& path() const { return path_; }
     const FileIdentity& identity() const { return identity_; }
 
@@ -114,7 +110,10 @@ class Connection {
     QString path_;
     FileIdentity identity_;
     std::shared_ptr<DeferredErrors> deferred_;
-    std::unique_ptr<SQLite::Database> database_;
+    struct Closer {
+        void operator()(sqlite3* file) const { sqlite3_close_v2(file); }
+    };
+    std::unique_ptr<sqlite3, Closer> file_;
     std::optional<Query> lookup_;
     /// The open transaction may write.
     bool writing_ = false;

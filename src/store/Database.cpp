@@ -133,8 +133,9 @@ std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     checkIdentity(*connection);
     checkPages(*connection, Depth::Quick);
     connection->execute(
-        "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA cache_size=-65536");
+        "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
     removeColdJournal(*connection);
+    upgradeSchema(*connection);
     updateTextOrder(*connection);
     std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
     connections_.push_back(connection);

@@ -109,10 +109,6 @@ qint64 Keyset::size() {
 }
 
 void Keyset::append(RowKeyView key) {
-    // The number of a last row that others have deleted goes to the next row that is added.
-    if (key[0] <= bound_)
-        if (const auto hole = indexOf(key))
-            remove(*hole);
     added_.insert(added_.end(), key.begin(), key.end());
     if (!complete_)
         return;

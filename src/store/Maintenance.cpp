@@ -122,19 +122,51 @@ void fillFigures(Connection& connection) {
     }
 }
 
+void run(Connection& connection, const QString& sql) {
+    connection.execute(sql.toUtf8().constData());
+}
+
+void run(Connection& connection, const QStringList& statements) {
+    for (const QString& statement : statements)
+        run(connection, statement);
+}
+
+void noteVersion(Connection& connection) {
+    run(connection, QStringLiteral("PRAGMA user_version=%1").arg(schemaVersion));
+}
+
 void fillDatabase(Connection& connection) {
     connection.execute("PRAGMA journal_mode=MEMORY; BEGIN;"
                        "CREATE TABLE tvk_queries (name TEXT COLLATE NOCASE PRIMARY KEY, sql TEXT);"
                        "CREATE TABLE tvk_meta (name TEXT PRIMARY KEY, value TEXT)");
-    for (const QString& statement : createStatements())
-        connection.execute(statement.toUtf8().constData());
+    run(connection, createStatements());
     fillMeta(connection);
     fillFigures(connection);
-    connection.execute(QStringLiteral("PRAGMA application_id=%1; PRAGMA user_version=%2; COMMIT")
-                           .arg(applicationId)
-                           .arg(schemaVersion)
-                           .toUtf8()
-                           .constData());
+    noteVersion(connection);
+    run(connection, QStringLiteral("PRAGMA application_id=%1; COMMIT").arg(applicationId));
+}
+
+/// Makes a table anew as the schema has it now; its rows keep their numbers.
+void makeAnew(Connection& connection, const TableDef& table) {
+    const QString beside = QString::fromUtf16(table.name) + QStringLiteral("_nova");
+    QStringList columns{rowNumber.toString()};
+    for (const ColumnDef& column : table.columns)
+        columns << sqlName(column.name);
+    const QString list = columns.join(QStringLiteral(", "));
+    run(connection,
+        {createTable(table, beside),
+         QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM %3")
+             .arg(sqlName(beside), list, sqlName(table.name)),
+         QStringLiteral("DROP TABLE ") + sqlName(table.name),
+         QStringLiteral("ALTER TABLE %1 RENAME TO %2").arg(sqlName(beside), sqlName(table.name))});
+}
+
+void makeAllAnew(Connection& connection) {
+    for (const TableDef& table : schema())
+        makeAnew(connection, table);
+    run(connection, createIndexes());
+    fillFigures(connection);
+    noteVersion(connection);
 }
 
 void vacuumInto(const QString& source, const QString& target) {
@@ -177,6 +209,22 @@ void verifyDatabase(const QString& path) {
         checkPages(connection, Depth::Full);
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
+    }
+}
+
+void upgradeSchema(Connection& connection) {
+    if (versionOf(connection) == schemaVersion ||
+        sqlite3_db_readonly(connection.handle(), "main") != 0)
+        return;
+    try {
+        connection.writeAll([&] {
+            makeAllAnew(connection);
+            return true;
+        });
+        connection.commit();
+    } catch (const EngineError& error) {
+        if (error.number() != ErrorNumber::ReadOnly)
+            throw;
     }
 }
 

@@ -58,7 +58,7 @@ void checkOwner(const QString& path, quint32 application, quint32 version) {
         refuse(path, QStringLiteral("Súbor je databáza iného programu."));
     if (version > schemaVersion)
         refuse(path, QStringLiteral("Súbor je z novšej verzie programu."));
-    if (version < schemaVersion)
+    if (version < oldestVersion)
         refuse(path, QStringLiteral("Súbor je z nepodporovanej verzie programu."));
 }
 
@@ -89,6 +89,7 @@ bool hasTable(Connection& connection, const QString& name, const QStringList& co
     QStringList found;
     while (query.step())
         found << query.text(0);
+    found.removeOne(rowNumber);
     return found == columns;
 }
 
@@ -168,9 +169,13 @@ void checkHeader(const QString& path) {
 void checkIdentity(Connection& connection) {
     asUnrecognized(connection, [&] {
         checkOwner(connection.path(), pragma(connection, QStringLiteral("application_id")),
-                   pragma(connection, QStringLiteral("user_version")));
+                   versionOf(connection));
         checkTables(connection);
     });
+}
+
+quint32 versionOf(Connection& connection) {
+    return pragma(connection, QStringLiteral("user_version"));
 }
 
 void checkPages(Connection& connection, Depth depth) {

@@ -10,8 +10,10 @@ class Connection;
 
 /// What tells our files from those of other programs: "TVK1".
 inline constexpr quint32 applicationId = 0x54564B31;
-/// Grows with every change of the tables.
-inline constexpr quint32 schemaVersion = 1;
+/// Grows with every change of the tables. 2: no number of a row is given twice.
+inline constexpr quint32 schemaVersion = 2;
+/// The oldest version that is still read, and brought to the present one where it can be written.
+inline constexpr quint32 oldestVersion = 1;
 
 /// Looks at a file before SQLite opens it and refuses what can't be a whole register of this
 /// version. A file whose last write was cut off is let pass, as it heals when it is read.
@@ -24,6 +26,9 @@ void checkHeader(const QString& path);
 /// Refuses a file with foreign tables or another version, as far as SQLite's own reading tells.
 /// @throws EngineError 3343
 void checkIdentity(Connection& connection);
+
+/// The version of the tables that a file holds. @throws EngineError
+quint32 versionOf(Connection& connection);
 
 enum class Depth { Quick, Full };
 /// Reads every page, with Depth::Full also every index entry. @throws EngineError 3343

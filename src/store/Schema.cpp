@@ -9,10 +9,16 @@ namespace {
 
 /// Width of a Text column whose entry field sets no limit: the engine's widest.
 constexpr int freeWidth = 255;
-constexpr int keyWidth = 10;
+/// Eight letters and a sequence of two digits, or of as many more as it needs.
+constexpr int keyWidth = 12;
+/// The longest name of a municipality has 31 letters.
+constexpr int townWidth = 40;
 
 constexpr ColumnDef text(const char16_t* name, int width = freeWidth) {
     return {name, ColumnType::Text, width};
+}
+constexpr ColumnDef town(const char16_t* name) {
+    return text(name, townWidth);
 }
 constexpr ColumnDef memo(const char16_t* name) {
     return {name, ColumnType::Memo};
@@ -28,20 +34,20 @@ constexpr ColumnDef whole(const char16_t* name) {
 }
 
 constexpr ColumnDef zaklad[] = {
-    text(u"idkod", keyWidth), text(u"Meno", 20),    text(u"Priezv", 30),  text(u"mienar", 30),
+    text(u"idkod", keyWidth), text(u"Meno", 20),    text(u"Priezv", 30),  town(u"mienar"),
     text(u"rodcis", 10),      date(u"datnar"),      text(u"pohlav", 1),   text(u"katcis"),
     text(u"zdrpoi", 50),      text(u"narodn", 30),  text(u"stprisl", 30), text(u"jazyk", 30),
-    text(u"jaz_doma"),        text(u"ulica", 25),   text(u"obec", 30),    text(u"psc", 5),
+    text(u"jaz_doma"),        text(u"ulica", 25),   town(u"obec"),        text(u"psc", 5),
     text(u"skola", 70),       text(u"odporu", 30),  date(u"datevi"),      whole(u"vek"),
     text(u"postih"),          text(u"matka", 50),   flag(u"matvla"),      text(u"matnar", 4),
-    text(u"matvek", 2),       text(u"matvzd", 20),  text(u"matuli", 25),  text(u"matobe", 30),
+    text(u"matvek", 2),       text(u"matvzd", 20),  text(u"matuli", 25),  town(u"matobe"),
     text(u"matpsc", 5),       text(u"mattel", 15),  text(u"matmail"),     text(u"matzam", 20),
     text(u"mataza", 50),      text(u"mattza", 15),  text(u"matchor", 50), text(u"matpos"),
     text(u"otec", 50),        flag(u"otevla"),      text(u"otenar", 4),   text(u"otevek", 2),
-    text(u"otevzd", 20),      text(u"oteuli", 25),  text(u"oteobe", 30),  text(u"otepsc", 5),
+    text(u"otevzd", 20),      text(u"oteuli", 25),  town(u"oteobe"),      text(u"otepsc", 5),
     text(u"otetel", 15),      text(u"otemail"),     text(u"otezam", 30),  text(u"oteaza", 50),
     text(u"otetza", 15),      text(u"otechor", 50), text(u"otepos"),      text(u"kon_meno", 50),
-    text(u"kon_pomer", 20),   text(u"kon_obe", 30), text(u"kon_uli", 25), text(u"kon_psc"),
+    text(u"kon_pomer", 20),   town(u"kon_obe"),     text(u"kon_uli", 25), text(u"kon_psc"),
     text(u"kon_tel", 15),     text(u"kon_mail"),
 };
 
@@ -206,12 +212,11 @@ const char* storageOf(ColumnType type) {
     return "TEXT";
 }
 
-QString createTable(const TableDef& table) {
-    QStringList columns;
+QString columnsOf(const TableDef& table) {
+    QStringList columns{sqlName(rowNumber) + QStringLiteral(" INTEGER PRIMARY KEY AUTOINCREMENT")};
     for (const ColumnDef& column : table.columns)
         columns << sqlName(column.name) + QLatin1Char(' ') + QLatin1String(storageOf(column.type));
-    return QStringLiteral("CREATE TABLE %1 (%2) STRICT")
-        .arg(sqlName(table.name), columns.join(QStringLiteral(", ")));
+    return columns.join(QStringLiteral(", "));
 }
 
 QString createIndex(const IndexDef& index) {
@@ -246,13 +251,22 @@ const TableDef* findTable(QStringView name) {
     return found == std::end(tables) ? nullptr : found;
 }
 
-QStringList createStatements() {
+QString createTable(const TableDef& table, QStringView name) {
+    return QStringLiteral("CREATE TABLE %1 (%2) STRICT").arg(sqlName(name), columnsOf(table));
+}
+
+QStringList createIndexes() {
     QStringList statements;
-    for (const TableDef& table : tables)
-        statements << createTable(table);
     for (const IndexDef& index : allIndexes)
         statements << createIndex(index);
     return statements;
+}
+
+QStringList createStatements() {
+    QStringList statements;
+    for (const TableDef& table : tables)
+        statements << createTable(table, table.name);
+    return statements + createIndexes();
 }
 
 QString sqlName(QStringView name) {

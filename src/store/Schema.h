@@ -45,6 +45,14 @@ std::span<const IndexDef> indexes();
 /// The table of that name, whatever its case; null when there is none.
 const TableDef* findTable(QStringView name);
 
+/// The column that SQLite numbers rows by. It is declared so that the number of a deleted row is
+/// never given to another one; no statement of the program sees it.
+inline constexpr QStringView rowNumber = u"rowid";
+
+/// SQLite's statement that makes a table under a name.
+QString createTable(const TableDef& table, QStringView name);
+/// The statements that make all indexes.
+QStringList createIndexes();
 /// SQLite's statements that make all tables, then all indexes, of an empty register. The functions
 /// and the collation of registerSqlFunctions() must be known to the connection.
 ///

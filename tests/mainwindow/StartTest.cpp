@@ -1,6 +1,7 @@
 #include "mainwindow/ButtonColours.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/PictureButton.h"
+#include "store/Connection.h"
 #include "store/EngineError.h"
 #include "store/FileBytes.h"
 #include "validation/modKontrola.h"
@@ -11,8 +12,6 @@
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
-
-#include <SQLiteCpp/Database.h>
 
 using mainwindow::PictureButton;
 using mainwindow::Screen;
@@ -227,13 +226,13 @@ TEST_F(MainWindow, aDamagedFileIsTheLastMessageAndStaysAsItIs) {
 }
 
 TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
-    SQLite::Database other(reg.folder.database().toStdString(), SQLite::OPEN_READWRITE);
-    other.exec("begin exclusive");
+    store::Connection other(reg.folder.database(), store::Connection::Access::ReadWrite);
+    other.execute("begin exclusive");
     open();
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->schoolYear(), QString());
     EXPECT_EQ(runsEnded, 0);
-    other.exec("rollback");
+    other.execute("rollback");
     click("Label1");
     EXPECT_EQ(focused(), u"CmdNovy"_s);
 }

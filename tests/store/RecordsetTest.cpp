@@ -248,21 +248,6 @@ TEST_F(RecordsetTest, DeletesAndLeavesNoRowUntilAMove) {
     EXPECT_EQ(at(*other, u"idkod"), u"NOVAKJA00"_s);
 }
 
-TEST_F(RecordsetTest, ARowAddedAfterOthersDeletedTheLastComesOnce) {
-    for (const QString& source : {QStringLiteral("k_zaklad"), byName}) {
-        SCOPED_TRACE(qPrintable(source));
-        auto rows = open(source);
-        EXPECT_EQ(rows->RecordCount(), 4);
-        database.Execute(QStringLiteral("delete from k_zaklad where idkod='CAPOLA00'"));
-        rows->AddNew();
-        rows->Fields(u"idkod").setValue(QStringLiteral("CAPOLA00"));
-        rows->Update();
-        rows->MoveFirst();
-        EXPECT_EQ(column(*rows, u"idkod").count(QStringLiteral("CAPOLA00")), 1);
-        EXPECT_EQ(rows->RecordCount(), 4);
-    }
-}
-
 TEST_F(RecordsetTest, EditsThroughAJoin) {
     auto rows = open(joined);
     for (int age = 5; !rows->Eof(); rows->MoveNext(), ++age) {
