@@ -1,11 +1,13 @@
 #include "forms/RichText.h"
 
-#include "forms/RichHtml.h"
+#include "forms/RichDocument.h"
+#include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QSignalBlocker>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTextList>
 #include <QToolButton>
@@ -28,6 +30,19 @@ constexpr std::array<ToolDef, 5> toolDefs = {{
     {u"•", u"Odrážky (Ctrl+Shift+L)", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
     {u"1.", u"Číslovanie (Ctrl+Shift+N)", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
 }};
+
+/// What one field gives another: the stored form, in which each blank counts.
+constexpr QLatin1String ownFormat("application/x-tvk-text");
+
+QString storedHtml(const QTextDocument& document) {
+    return report::storedText(paragraphsOf(document));
+}
+
+report::RichParagraphs pasted(const QMimeData& source) {
+    if (source.hasFormat(ownFormat))
+        return report::readStored(QString::fromUtf8(source.data(ownFormat)));
+    return report::readHtml(source.html());
+}
 
 } // namespace
 
@@ -73,14 +88,22 @@ class RichText::Editor : public QTextEdit {
         return source->hasText() || source->hasHtml();
     }
 
+    QMimeData* createMimeDataFromSelection() const override {
+        QTextDocument chosen;
+        QTextCursor(&chosen).insertFragment(textCursor().selection());
+        auto* copied = new QMimeData;
+        copied->setData(ownFormat, storedHtml(chosen).toUtf8());
+        copied->setHtml(storedHtml(chosen));
+        copied->setText(chosen.toPlainText());
+        return copied;
+    }
+
     void insertFromMimeData(const QMimeData* source) override {
-        if (!source->hasHtml()) {
+        if (source->hasHtml() || source->hasFormat(ownFormat))
+            insertParagraphs(pasted(*source), textCursor());
+        else
             textCursor().insertText(source->text(), QTextCharFormat());
-            return;
-        }
-        QTextDocument reduced;
-        readStored(reducedHtml(source->html()), reduced);
-        textCursor().insertFragment(QTextDocumentFragment(&reduced));
+        ensureCursorVisible();
     }
 
     bool event(QEvent* event) override {
@@ -194,7 +217,8 @@ void RichText::setText(const QString& stored) {
     {
         const QSignalBlocker silent(editor_);
         editor_->setUndoRedoEnabled(false);
-        readStored(stored, *editor_->document());
+        editor_->document()->clear();
+        insertParagraphs(report::readStored(stored), QTextCursor(editor_->document()));
         editor_->setUndoRedoEnabled(true);
         editor_->moveCursor(QTextCursor::Start);
     }
@@ -202,7 +226,9 @@ void RichText::setText(const QString& stored) {
 }
 
 void RichText::showBound(const QString& text) {
-    setText(text);
+    // What can be undone stays so when the row is shown anew, as when it is opened for an edit.
+    if (text != this->text())
+        setText(text);
     // As the field would store it: a text of another making is no change of the user's.
     shown_ = this->text();
 }

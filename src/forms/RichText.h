@@ -13,7 +13,8 @@ namespace forms {
 
 /// A field of rich text: bold, italic, underlined, lists, with a small tool bar and the usual keys
 /// (Ctrl+B, Ctrl+I, Ctrl+U, Ctrl+Shift+L, Ctrl+Shift+N). Tab leaves the field. What is pasted is
-/// reduced to what the field keeps. Its text in store is told in RichHtml.h.
+/// reduced to what the field keeps. Its text in store is told in
+/// report/StoredText.h.
 class RichText : public QWidget, public Bound {
     Q_OBJECT
   public:

@@ -1,9 +1,8 @@
 #include "report/Paragraphs.h"
 
-#include <QRegularExpression>
-#include <QTextBlock>
-#include <QTextDocument>
-#include <QTextList>
+#include "report/StoredText.h"
+
+#include <QStringList>
 
 namespace report {
 
@@ -15,25 +14,11 @@ QString cleaned(QString text) {
     return text.replace(u'\t', u' ').remove(u'\r').remove(QChar::ObjectReplacementCharacter);
 }
 
-TextStyle styleOf(const QTextCharFormat& format, TextStyle style) {
-    style.bold = style.bold || format.fontWeight() >= QFont::DemiBold;
-    style.italic = style.italic || format.fontItalic();
-    style.underline = style.underline || format.fontUnderline();
+TextStyle styleOf(const Marks& marks, TextStyle style) {
+    style.bold = style.bold || marks.bold;
+    style.italic = style.italic || marks.italic;
+    style.underline = style.underline || marks.underlined;
     return style;
-}
-
-QString bulletOf(const QTextBlock& block) {
-    const QTextList* list = block.textList();
-    if (!list)
-        return {};
-    const bool numbered = list->format().style() <= QTextListFormat::ListDecimal;
-    return numbered ? list->itemText(block) : QStringLiteral("•");
-}
-
-double indentOf(const QTextBlock& block) {
-    const int levels =
-        block.blockFormat().indent() + (block.textList() ? block.textList()->format().indent() : 0);
-    return levels * listIndent;
 }
 
 /// Appends a text, whose forced line breaks begin new paragraphs of the same indent.
@@ -46,20 +31,20 @@ void append(std::vector<Paragraph>& paragraphs, const QString& text, const TextS
     }
 }
 
-void appendBlock(std::vector<Paragraph>& paragraphs, const QTextBlock& block,
-                 const TextStyle& style) {
-    paragraphs.push_back({{}, indentOf(block), bulletOf(block)});
-    for (auto it = block.begin(); it != block.end(); ++it)
-        append(paragraphs, it.fragment().text(), styleOf(it.fragment().charFormat(), style));
-    if (paragraphs.back().runs.empty())
-        paragraphs.back().runs.push_back({{}, style});
+QString bulletOf(Lead lead, int number) {
+    if (lead == Lead::None)
+        return {};
+    return lead == Lead::Number ? QStringLiteral("%1.").arg(number) : QStringLiteral("•");
 }
 
-/// Marks paragraphs and items without a text, which the reader of HTML would drop.
-QString withBlankParagraphs(QString html) {
-    static const QRegularExpression blank(QStringLiteral("<(p|li)></\\1>"));
-    return html.replace(blank,
-                        QStringLiteral("<\\1 style=\"-qt-paragraph-type:empty\"><br></\\1>"));
+void appendRich(std::vector<Paragraph>& paragraphs, const RichParagraph& rich, int number,
+                const TextStyle& style) {
+    const double indent = rich.lead == Lead::None ? 0 : listIndent;
+    paragraphs.push_back({{}, indent, bulletOf(rich.lead, number)});
+    for (const MarkedWords& words : rich.words)
+        append(paragraphs, words.text, styleOf(words.marks, style));
+    if (paragraphs.back().runs.empty())
+        paragraphs.back().runs.push_back({{}, style});
 }
 
 } // namespace
@@ -72,15 +57,13 @@ std::vector<Paragraph> plainParagraphs(const QString& text, const TextStyle& sty
 }
 
 std::vector<Paragraph> richParagraphs(const QString& text, const TextStyle& style) {
-    if (!Qt::mightBeRichText(text))
-        return plainParagraphs(text, style);
-    QTextDocument document;
-    document.setDefaultStyleSheet(QStringLiteral("p, li { white-space: pre-wrap }"));
-    document.setHtml(withBlankParagraphs(text));
     std::vector<Paragraph> paragraphs;
-    for (auto block = document.begin(); block.isValid(); block = block.next())
-        appendBlock(paragraphs, block, style);
-    return paragraphs;
+    int number = 0;
+    for (const RichParagraph& rich : readStored(text)) {
+        number = rich.lead == Lead::Number ? number + 1 : 0;
+        appendRich(paragraphs, rich, number, style);
+    }
+    return paragraphs.empty() ? plainParagraphs({}, style) : paragraphs;
 }
 
 } // namespace report

@@ -29,7 +29,7 @@ struct Paragraph {
 /// Splits a plain text at its line feeds. Each paragraph has at least one run, be it empty.
 std::vector<Paragraph> plainParagraphs(const QString& text, const TextStyle& style);
 
-/// Reads HTML; a text without any markup is taken as plain. Needs a QGuiApplication.
+/// A stored rich text (see StoredText.h). Needs a QGuiApplication.
 /// @param style size of all texts, and the style of what has no other
 std::vector<Paragraph> richParagraphs(const QString& text, const TextStyle& style);
 
