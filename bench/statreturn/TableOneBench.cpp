@@ -118,7 +118,7 @@ qint64 tableOne(Registers& registers, const QDate& today) {
     const auto totals = statreturn::makeTableOne(*registers.datTlac, database, period(), today);
     database.Execute(QStringLiteral("delete * from z_vek"));
     registers.engine.commitPending();
-    return statreturn::countOf(totals, u"spolu");
+    return totals[0];
 }
 
 constexpr const char* inCare = "exists (select 1 from k_zaznam_spc s where s.idkod = k.idkod and "

@@ -3,7 +3,7 @@
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
-#include "statreturn/TableOneReturn.h"
+#include "statreturn/ReturnPrints.h"
 
 #include <map>
 
@@ -18,8 +18,8 @@ using Opener = void (*)(FrmUvod&);
 void printVek(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
     window.connectDB();
-    statreturn::TableOneReturn table({around.engine, window.datTlac(), around.folder});
-    table.run(window.schoolYear(), around.today(), &window);
+    const statreturn::ReturnTools tools{{around.engine, around.folder}, window.datTlac()};
+    statreturn::printVek(tools, window.schoolYear(), around.today(), &window);
 }
 
 void openClientCard(FrmUvod& window) {

@@ -6,6 +6,7 @@
 #include "mainwindow/Exit.h"
 #include "mainwindow/ListPane.h"
 #include "mainwindow/SchoolYear.h"
+#include "statreturn/ReturnPrints.h"
 #include "store/EngineError.h"
 #include "validation/modKontrola.h"
 
@@ -86,6 +87,7 @@ void FrmUvod::load() {
         panel_->resetColours();
         nastavSkolskyRok();
         modKontrola::gSpusteny = true;
+        emptyLeftScratchTables();
     } catch (const store::EngineError& error) {
         // Any other fault leaves the window as far as it had got.
         loadFailed(static_cast<int>(error.number()));
@@ -124,6 +126,16 @@ void FrmUvod::openData() {
     point(sources_->datGrid, QStringLiteral("select * from k_zaklad"));
     point(sources_->datTlac, QStringLiteral("select * from k_zaklad"));
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
+}
+
+/// Print-outs that a program left when it was killed are nobody's. What this run leaves is its own,
+/// so that a file is looked at once.
+void FrmUvod::emptyLeftScratchTables() {
+    const auto file = store::fileIdentity(around_.folder.database());
+    if (file == lookedAt_)
+        return;
+    statreturn::emptyScratchTables(sources_->datTlac.Database());
+    lookedAt_ = file;
 }
 
 void FrmUvod::loadFailed(int number) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mainwindow/ListRows.h"
+#include "store/Files.h"
 
 #include <QMainWindow>
 
@@ -53,6 +54,7 @@ class FrmUvod : public QMainWindow {
     void load();
     bool fileFound();
     void openData();
+    void emptyLeftScratchTables();
     void loadFailed(int number);
     void setControlsEnabled(bool enabled);
     void nastavSkolskyRok();
@@ -67,6 +69,7 @@ class FrmUvod : public QMainWindow {
     const Surroundings& around_;
     std::unique_ptr<MainSources> sources_;
     std::optional<store::Database> connection_;
+    std::optional<store::FileIdentity> lookedAt_;
     ButtonPanel* panel_;
     ListPane* lists_;
     bool ukoncit_ = false;

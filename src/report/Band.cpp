@@ -116,7 +116,7 @@ class BandSetter {
     }
 
     void placeLines(const Control& control, const QRectF& box, const std::vector<TextLine>& lines) {
-        double top = box.top();
+        double top = box.top() + (control.middle ? (box.height() - heightOf(lines)) / 2 : 0);
         for (const auto& line : lines) {
             const double left = box.left() + indentOf(control, line);
             for (const auto& run : line.runs)

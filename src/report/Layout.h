@@ -36,6 +36,8 @@ struct Control {
     QString dataField{};
     Align align = Align::Left;
     TextStyle style{};
+    /// Centres the text between the top and the bottom of its box.
+    bool middle = false;
     /// Wraps its text and pushes down what begins at its bottom edge or below when the text needs
     /// more height. Lines and boxes that reach past its bottom edge stretch.
     bool canGrow = false;

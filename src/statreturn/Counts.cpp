@@ -1,22 +1,10 @@
 #include "statreturn/Counts.h"
 
-#include <algorithm>
-#include <stdexcept>
+#include "store/Sql.h"
 
 namespace statreturn {
 
 namespace {
-
-/// Blanks only: other white space is part of the value.
-QStringView withoutBlanks(QStringView text) {
-    while (text.startsWith(u' ')) {
-        text = text.mid(1);
-    }
-    while (text.endsWith(u' ')) {
-        text.chop(1);
-    }
-    return text;
-}
 
 bool isCounted(const CountPair& pair, const CountedClient& client, bool several) {
     switch (pair.by) {
@@ -42,9 +30,14 @@ void countClient(Counts& counts, const CountedClient& client, bool several) {
     }
 }
 
-bool hasSecondImpairment(const QString& post) {
-    const QStringView second = withoutBlanks(post).mid(1, 1);
-    return !second.isEmpty() && second.front() >= u'1' && second.front() <= u'9';
+QStringView withoutBlanks(QStringView text) {
+    while (text.startsWith(u' ')) {
+        text = text.mid(1);
+    }
+    while (text.endsWith(u' ')) {
+        text.chop(1);
+    }
+    return text;
 }
 
 void addCounts(Counts& totals, const Counts& row) {
@@ -53,34 +46,31 @@ void addCounts(Counts& totals, const Counts& row) {
     }
 }
 
-int countOf(const Counts& counts, QStringView column) {
-    for (std::size_t i = 0; i < countPairs.size(); ++i) {
-        if (column.compare(countPairs[i].all, Qt::CaseInsensitive) == 0) {
-            return counts[2 * i];
-        }
-        if (column.compare(countPairs[i].girls, Qt::CaseInsensitive) == 0) {
-            return counts[2 * i + 1];
-        }
-    }
-    throw std::out_of_range("no such column of counts: " + column.toString().toStdString());
-}
-
 QString countText(int count) {
     return count == 0 ? QString() : QString::number(count);
 }
 
-QString insertStatement(QStringView table, const QStringList& leadingColumns,
-                        const QStringList& leadingValues, const Counts& counts) {
-    QStringList columns = leadingColumns;
-    QStringList values = leadingValues;
+QStringList countCells(const Counts& counts) {
+    QStringList cells;
     for (std::size_t i = 0; i < countPairs.size(); ++i) {
-        columns << countPairs[i].all.toString() << countPairs[i].girls.toString();
-        values << countText(counts[2 * i]) + countPairs[i].tail.toString()
-               << countText(counts[2 * i + 1]);
+        cells << countText(counts[2 * i]) + countPairs[i].tail.toString()
+              << countText(counts[2 * i + 1]);
     }
-    return QStringLiteral("Insert Into ") + table.toString() + QLatin1Char('(') +
-           columns.join(QLatin1Char(',')) + QStringLiteral(") values ('") +
-           values.join(QStringLiteral("','")) + QStringLiteral("')");
+    return cells;
+}
+
+QString insertStatement(QStringView table, const QStringList& leadingColumns,
+                        const QStringList& leadingValues, const QStringList& cells) {
+    QStringList columns = leadingColumns;
+    for (const CountPair& pair : countPairs) {
+        columns << pair.all.toString() << pair.girls.toString();
+    }
+    QStringList values;
+    for (const QString& value : leadingValues + cells) {
+        values << store::quoted(value);
+    }
+    return QStringLiteral("Insert Into %1(%2) values (%3)")
+        .arg(table, columns.join(QLatin1Char(',')), values.join(QLatin1Char(',')));
 }
 
 } // namespace statreturn

@@ -12,45 +12,22 @@ namespace {
 
 constexpr int oldestAge = 18;
 
-store::Recordset& select(store::DataSource& source, const QString& statement) {
-    source.setRecordSource(statement);
-    source.Refresh();
-    return source.Recordset();
-}
-
 void stampAges(store::DataSource& datTlac, const Period& period, const QDate& today) {
-    store::Recordset& records = select(datTlac, stampSelection(period));
+    datTlac.setRecordSource(stampSelection(period));
+    datTlac.Refresh();
+    store::Recordset& records = datTlac.Recordset();
     const store::Field dat = records.Fields(u"dat");
     store::Field vek = records.Fields(u"Vek");
     for (; !records.Eof(); records.MoveNext()) {
         const QDate birth = dat.Value().toDate();
-        // A text that is no calendar date gives no age.
-        const auto age = birth.isValid() ? store::Value(ageOn(today, birth)) : vek.Value();
+        // A text that is no calendar date gives no age, and the one of an earlier run is none.
+        const auto age = birth.isValid() ? store::Value(ageOn(today, birth)) : store::Value();
         if (vek.Value() != age) {
             records.Edit();
             vek.setValue(age);
             records.Update();
         }
     }
-}
-
-/// The rows of one client stand together, so that a client is counted at the first of them.
-Counts countAge(store::DataSource& datTlac, int age, const Period& period) {
-    Counts counts{};
-    QString previousKey = QStringLiteral(" ");
-    store::Recordset& records = select(datTlac, ageSelection(age, period));
-    const store::Field idk = records.Fields(u"idk");
-    const store::Field pohl = records.Fields(u"pohl");
-    const store::Field post = records.Fields(u"post");
-    for (; !records.Eof(); records.MoveNext()) {
-        QString key = idk.Value().toText();
-        if (key != previousKey) {
-            previousKey = std::move(key);
-            const CountedClient client{pohl.Value().toText(), post.Value().toText()};
-            countClient(counts, client, hasSecondImpairment(client.post));
-        }
-    }
-    return counts;
 }
 
 } // namespace
@@ -84,22 +61,19 @@ QString ageSelection(int age, const Period& period) {
            dateText(period.end) + QStringLiteral("') order by k_zaklad.idkod");
 }
 
-QString ageRowStatement(int age, const Counts& counts) {
-    static const QStringList columns{QStringLiteral("stlpec"), QStringLiteral("vek"),
-                                     QStringLiteral("c_riad")};
-    const AgeRow& row = ageRows.at(static_cast<std::size_t>(age));
-    return insertStatement(u"z_vek", columns,
-                           {row.stlpec.toString(), row.vek.toString(), row.c_riad.toString()},
-                           counts);
-}
-
 Counts makeTableOne(store::DataSource& datTlac, store::Database& database, const Period& period,
                     const QDate& today) {
+    static const QStringList columns{QStringLiteral("stlpec"), QStringLiteral("vek"),
+                                     QStringLiteral("c_riad")};
     stampAges(datTlac, period, today);
     Counts totals{};
     for (int age = 0; age <= oldestAge; ++age) {
-        const Counts counts = countAge(datTlac, age, period);
-        database.Execute(ageRowStatement(age, counts));
+        const Counts counts = countClients(datTlac, ageSelection(age, period), tableOne);
+        const AgeRow& row = ageRows[static_cast<std::size_t>(age)];
+        database.Execute(
+            insertStatement(tableOne.scratchTable, columns,
+                            {row.stlpec.toString(), row.vek.toString(), row.c_riad.toString()},
+                            countCells(counts)));
         addCounts(totals, counts);
     }
     return totals;

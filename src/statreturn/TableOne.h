@@ -1,6 +1,6 @@
 #pragma once
 
-#include "statreturn/Counts.h"
+#include "statreturn/ImpairmentTable.h"
 #include "statreturn/SchoolYear.h"
 
 #include <QDate>
@@ -44,8 +44,6 @@ int ageOn(const QDate& today, const QDate& birth);
 QString stampSelection(const Period& period);
 /// The same for the clients of one stamped age, in the order of their keys.
 QString ageSelection(int age, const Period& period);
-/// The statement that writes the row of an age into z_vek.
-QString ageRowStatement(int age, const Counts& counts);
 
 /// Makes Table I: stamps the ages of all clients in care in the period, counts them, and appends
 /// the 19 rows to z_vek.

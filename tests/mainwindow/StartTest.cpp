@@ -96,6 +96,17 @@ TEST_F(MainWindow, everyPartAndKeyOfAButtonActs) {
     EXPECT_EQ(opened, std::vector<Screen>{Screen::TableV});
 }
 
+TEST_F(MainWindow, rowsThatAKilledPrintOutLeftAreGoneAndThoseOfThisRunStay) {
+    const auto leaveRow = u"insert into z_vek (vek) values ('1')"_s;
+    reg.execute({leaveRow});
+    open();
+    EXPECT_EQ(reg.count(u"z_vek"_s), 0);
+    reg.execute({leaveRow});
+    window->zavri();
+    window->open();
+    EXPECT_EQ(reg.count(u"z_vek"_s), 1);
+}
+
 TEST_F(MainWindow, schoolYearIsSetByItsButton) {
     open();
     const auto answer = [this](const char* year) {

@@ -5,14 +5,19 @@
 #include <QString>
 #include <QStringView>
 
-namespace statreturn {
+#include <vector>
 
-/// Height in twips that a line of text of this size needs.
+/// The parts that printed forms are put together from. All lengths are twips.
+namespace printing {
+
+using Controls = std::vector<report::Control>;
+
+/// Height that a line of text of this size needs.
 constexpr int lineHeight(double points) {
     return static_cast<int>(points * 23) + 2;
 }
 
-/// A text that begins at a place.
+/// A text of one line that begins at a place.
 struct FormText {
     int left = 0;
     int top = 0;
@@ -36,12 +41,35 @@ inline report::Control label(const FormText& text, QStringView name = {}) {
     return control;
 }
 
-/// A field printing `column`, which is its name, too; `place.text` is not used.
-inline report::Control field(const FormText& place, QStringView column) {
-    report::Control control = label(place, column);
+/// Makes a label the field of a column, which is its name, too.
+inline report::Control fieldOf(report::Control control, QStringView column) {
     control.kind = report::ControlKind::Field;
+    control.name = column.toString();
     control.caption.clear();
     control.dataField = column.toString();
+    return control;
+}
+
+/// A field printing `column`; `place.text` is not used.
+inline report::Control field(const FormText& place, QStringView column) {
+    return fieldOf(label(place), column);
+}
+
+/// The room between two lines across and two lines down.
+struct Cell {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+/// A text in the middle of a cell, whose lines '\n' divides.
+inline report::Control inCell(const Cell& cell, QStringView text, const report::TextStyle& style,
+                              report::Align align = report::Align::Center) {
+    report::Control control =
+        label({cell.left, cell.top, cell.right - cell.left, text, style, align});
+    control.height = cell.bottom - cell.top;
+    control.middle = true;
     return control;
 }
 
@@ -63,8 +91,9 @@ inline report::Control vertical(int left, int top, int bottom) {
     return rule(report::ControlKind::Line, left, top, 0, bottom - top);
 }
 
-inline report::Control box(int left, int top, int right, int bottom) {
-    return rule(report::ControlKind::Box, left, top, right - left, bottom - top);
+inline report::Control box(const Cell& cell) {
+    return rule(report::ControlKind::Box, cell.left, cell.top, cell.right - cell.left,
+                cell.bottom - cell.top);
 }
 
-} // namespace statreturn
+} // namespace printing

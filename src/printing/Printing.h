@@ -1,0 +1,36 @@
+#pragma once
+
+#include "report/Pages.h"
+#include "store/ProgramFolder.h"
+
+#include <QString>
+
+#include <functional>
+
+class QDate;
+class QWidget;
+
+namespace store {
+class DBEngine;
+}
+
+namespace printing {
+
+/// What print-outs work with. The engine must outlive whoever holds it.
+struct PrintTools {
+    store::DBEngine& engine;
+    store::ProgramFolder folder;
+    /// Shows the pages and returns when the user has closed them; the real preview if empty.
+    std::function<void(const report::Pages&, QWidget*)> showPreview = {};
+};
+
+/// Shows a form, its captions set, over the rows of a table, a stored query or a select statement,
+/// and returns when the user has closed it. What the user's action has written so far is made
+/// durable first: the rows are read through a connection of their own, and the preview waits.
+/// @param today the date that a form's "%d" stands for
+/// @param parent the window over which the preview stands
+/// @throws store::EngineError 3025 when that connection can't read the register
+void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
+                const QDate& today, QWidget* parent);
+
+} // namespace printing

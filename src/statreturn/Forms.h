@@ -1,0 +1,12 @@
+#pragma once
+
+#include "report/Layout.h"
+
+/// The printed forms of the return, "Škol (MŠ SR) 5 - 01": the texts and their places are the
+/// ministry's.
+namespace statreturn {
+
+/// Table I with the return's head, one page of A4 landscape.
+report::Layout rptVek();
+
+} // namespace statreturn

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "printing/Printing.h"
+
+#include <QString>
+
+class QDate;
+class QWidget;
+
+namespace store {
+class Database;
+class DataSource;
+} // namespace store
+
+namespace statreturn {
+
+/// What the tables of the return work with. The references must outlive whoever holds it.
+struct ReturnTools {
+    printing::PrintTools print;
+    /// Runs the selections; its screen has pointed it to the register.
+    store::DataSource& datTlac;
+};
+
+/// The operation behind the menu entry `mniVek`: makes Table I and shows it.
+/// @param schoolYear as the main window shows it, "RRRR/RRRR"
+/// @param parent the window over which the preview and a message stand
+/// @throws store::EngineError what fails before the report is shown; failures of the report itself
+/// end the run in a message or silently and leave the scratch table filled
+void printVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+              QWidget* parent);
+
+/// Empties the scratch tables of the return: their rows live as long as the run that made them, and
+/// a run that was killed could not do it. Writes nothing when they are empty.
+/// @throws store::EngineError
+void emptyScratchTables(store::Database& database);
+
+} // namespace statreturn
