@@ -2,22 +2,27 @@
 # Sourced by ./run, ./test and .ci/run: installs the Debian packages that are missing, and says so.
 
 build_packages=(g++ cmake ninja-build ccache mold pkg-config
-    qt6-base-dev libqt6svg6-dev qt6-translations-l10n
+    qt6-base-dev qt6-svg-dev qt6-translations-l10n
     libsqlite3-dev libicu-dev mdbtools-dev fonts-liberation)
 run_packages=(libqt6svg6 qt6-qpa-plugins)
 test_packages=(libgtest-dev poppler-utils)
-ci_packages=(git clang clang-format libclang-rt-14-dev)
+ci_packages=(git clang clang-format clang-tidy libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
 
 is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-need_packages() {
-    local missing=() package
+missing_of() {
+    local package
     for package in "$@"; do
-        is_installed "$package" || missing+=("$package")
+        is_installed "$package" || echo "$package"
     done
+}
+
+need_packages() {
+    local missing
+    mapfile -t missing < <(missing_of "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
     echo "Installing missing packages: ${missing[*]}"
     local as_root=()
@@ -30,7 +35,13 @@ need_packages() {
     fi
     "${as_root[@]}" apt-get update -qq || return 1
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" || return 1
+    # A virtual name is never installed itself: it would be asked for again and again.
+    mapfile -t missing < <(missing_of "${missing[@]}")
+    [ ${#missing[@]} -eq 0 ] || {
+        echo "No packages by these names: ${missing[*]}" >&2
+        return 1
+    }
 }
 
 # configure_and_build PRESET [TARGET ...]
