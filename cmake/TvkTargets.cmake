@@ -28,11 +28,34 @@ target_compile_definitions(tvk_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_
                                                QT_NO_KEYWORDS)
 target_include_directories(tvk_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
+# The headers that most files share, compiled once. It is made with the definitions of the lowest
+# room, so that every room's own only add to them; files include what they need all the same.
+set(TVK_PRECOMPILE OFF)
+if(TVK_PRECOMPILED_HEADER AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    set(TVK_PRECOMPILE ON)
+    add_library(tvk_precompiled OBJECT ${CMAKE_SOURCE_DIR}/cmake/precompiled.cpp)
+    target_link_libraries(tvk_precompiled PRIVATE tvk_flags Qt6::Core)
+    foreach(module Gui Widgets)
+        target_include_directories(
+            tvk_precompiled SYSTEM
+            PRIVATE $<TARGET_PROPERTY:Qt6::${module},INTERFACE_INCLUDE_DIRECTORIES>)
+    endforeach()
+    target_precompile_headers(tvk_precompiled PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
+endif()
+
+function(tvk_precompile target)
+    if(TVK_PRECOMPILE)
+        target_precompile_headers(${target} REUSE_FROM tvk_precompiled)
+    endif()
+endfunction()
+
 # A room is one static library named tvk_<room>; its headers are included as "<room>/Name.h".
 function(tvk_room name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_library(tvk_${name} STATIC ${ARG_SOURCES})
+    set_target_properties(tvk_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(tvk_${name} PUBLIC tvk_flags ${ARG_LINK})
+    tvk_precompile(tvk_${name})
 endfunction()
 
 # A test program runs without a screen; one program is one ctest entry,
@@ -40,10 +63,9 @@ endfunction()
 function(tvk_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
-    # Tests repeat small names of their own.
-    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     target_link_libraries(${name} PRIVATE tvk_flags ${ARG_LINK})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    tvk_precompile(${name})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 600)
 endfunction()

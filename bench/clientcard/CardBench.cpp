@@ -149,6 +149,7 @@ void compare(const Step& step, Screen& small, Screen& large, bench::Figures& fig
 } // namespace
 
 int main(int argc, char** argv) {
+    bench::needNoDisplay();
     QApplication application(argc, argv);
     forms::dress(application);
     Screen small(1000);

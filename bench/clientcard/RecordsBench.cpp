@@ -154,6 +154,7 @@ void compare(bench::Figures& figures, const Step& step, Screen& screen, const QS
 } // namespace
 
 int main(int argc, char** argv) {
+    bench::needNoDisplay();
     QApplication application(argc, argv);
     forms::dress(application);
     const auto many = QStringLiteral("MNOHO00");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 namespace bench {
 
@@ -78,6 +79,11 @@ int Figures::print() const {
                        [](const Line& line) { return line.isMissed(); })
                ? 1
                : 0;
+}
+
+void needNoDisplay() {
+    constexpr int keep = 0;
+    setenv("QT_QPA_PLATFORM", "offscreen", keep);
 }
 
 } // namespace bench

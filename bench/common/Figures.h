@@ -54,4 +54,7 @@ class Figures {
     std::vector<Line> lines_;
 };
 
+/// Lets a program with windows run where there is no display; to be called before its QApplication.
+void needNoDisplay();
+
 } // namespace bench

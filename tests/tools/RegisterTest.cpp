@@ -74,10 +74,10 @@ Rows makeRows(const mkdb::RegisterPlan& plan) {
 }
 
 constexpr int clients = 300;
-const QDate today(2026, 11, 23);
+const QDate ageDay(2026, 11, 23);
 
 const std::vector<Row>& table(const char* name) {
-    static const Rows rows = makeRows({clients, 1, today});
+    static const Rows rows = makeRows({clients, 1, ageDay});
     return rows.tables.at(QString::fromUtf8(name));
 }
 
@@ -96,15 +96,15 @@ QSet<QString> codes(const char16_t* list, const char16_t* column = u"kod") {
 TEST(Register, hasAsManyClientsAsAskedFor) {
     EXPECT_EQ(table("k_memo").size(), std::size_t{clients});
     for (const int count : {0, 1, 20})
-        EXPECT_EQ(makeRows({count, 1, today}).tables[u"k_zaklad"_s].size(), std::size_t(count));
+        EXPECT_EQ(makeRows({count, 1, ageDay}).tables[u"k_zaklad"_s].size(), std::size_t(count));
 }
 
 TEST(Register, isTheSameForTheSameSeedAlone) {
-    const mkdb::RegisterPlan plan{40, 5, today};
+    const mkdb::RegisterPlan plan{40, 5, ageDay};
     const Rows first = makeRows(plan);
     EXPECT_EQ(first.tables, makeRows(plan).tables);
-    EXPECT_NE(first.tables, makeRows({40, 6, today}).tables);
-    EXPECT_NE(first.tables, makeRows({40, 5, today.addYears(-3)}).tables);
+    EXPECT_NE(first.tables, makeRows({40, 6, ageDay}).tables);
+    EXPECT_NE(first.tables, makeRows({40, 5, ageDay.addYears(-3)}).tables);
     mkdb::Random onEveryMachine(1, 0);
     for (const int drawn : {2, 598, 53, 794, 558})
         EXPECT_EQ(onEveryMachine.below(1000), drawn);
@@ -207,7 +207,7 @@ TEST(Register, keepsDaysInOrderOverSeveralSchoolYears) {
     for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc", "k_navstevy"}) {
         for (const Row& row : table(name)) {
             const QDate day = row.date("datum");
-            EXPECT_TRUE(day >= since[row.text("idkod")] && day <= today) << name;
+            EXPECT_TRUE(day >= since[row.text("idkod")] && day <= ageDay) << name;
             years.insert(mkdb::schoolYearStart(day));
         }
     }
@@ -231,7 +231,7 @@ TEST(Register, fillsEveryRowOfTheReturnForBothSexes) {
         dominant << impairments.trimmed().left(1);
         const QDate born = row.date("datnar");
         if (cared.contains(row.text("idkod")) && born.isValid() && impairments.trimmed() != u"")
-            filled.insert({std::min(mkdb::ageAt(born, today), 18), row.text("pohlav")});
+            filled.insert({std::min(mkdb::ageAt(born, ageDay), 18), row.text("pohlav")});
     }
     EXPECT_EQ(filled.size(), 38U);
     EXPECT_EQ(dominant.size(), 10) << "the nine, and none";
