@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <map>
 #include <set>
 
@@ -199,19 +201,25 @@ TEST(Register, pointsOnlyToWhatIsThere) {
     }
 }
 
-TEST(Register, keepsDaysInOrderOverSeveralSchoolYears) {
+TEST(Register, spreadsRecordsEvenlyOverSixSchoolYearsAndThisOne) {
     QHash<QString, QDate> since;
     for (const Row& row : table("k_zaklad"))
         since[row.text("idkod")] = row.date("datevi");
-    std::set<QDate> years;
     for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc", "k_navstevy"}) {
+        std::map<QDate, int> years;
         for (const Row& row : table(name)) {
             const QDate day = row.date("datum");
             EXPECT_TRUE(day >= since[row.text("idkod")] && day <= ageDay) << name;
-            years.insert(mkdb::schoolYearStart(day));
+            ++years[mkdb::schoolYearStart(day)];
         }
+        EXPECT_EQ(years.size(), 7U);
+        EXPECT_LT(years.extract(mkdb::schoolYearStart(ageDay)).mapped(), years.begin()->second);
+        const auto [fewest, most] =
+            std::minmax_element(years.begin(), years.end(), [](const auto& one, const auto& other) {
+                return one.second < other.second;
+            });
+        EXPECT_LT(most->second, 2 * fewest->second) << name;
     }
-    EXPECT_GE(years.size(), 5U);
     for (const Row& row : table("k_navstevy"))
         EXPECT_GT(row.date("dat_budn"), row.date("datum"));
 }
@@ -247,6 +255,41 @@ TEST(Register, leavesOnePlacementOpenAndClosesTheOthers) {
     }
     EXPECT_EQ(open.size(), clients);
     EXPECT_EQ(open.removeDuplicates(), 0);
+}
+
+TEST(Register, sendsToSpecialSchoolsWhoNeedsThem) {
+    const QSet<QString> special{u"02"_s, u"06"_s, u"07"_s, u"13"_s, u"14"_s, u"15"_s};
+    QHash<QString, QString> dominant;
+    for (const Row& row : table("k_zaklad"))
+        dominant[row.text("idkod")] = row.text("postih").left(1);
+    std::map<bool, std::array<int, 2>> placed;
+    for (const Row& row : table("k_zariad")) {
+        const QString& code = dominant[row.text("idkod")];
+        const bool grave = code == u"1" || code == u"2";
+        if (row.text("akronym") == u"VYCH")
+            ++placed[grave][special.contains(row.text("nazzar")) ? 1 : 0];
+        const bool ofSpecialSchool = row.text("nazzar") == u"07" || row.text("nazzar") == u"14";
+        EXPECT_TRUE(!ofSpecialSchool || grave || QStringView(u"346").contains(code));
+    }
+    EXPECT_GT(placed[true][1], placed[true][0]);
+    EXPECT_LT(4 * placed[false][1], placed[false][0]);
+}
+
+TEST(Register, hasNoMotherUnderSixteen) {
+    QHash<QString, int> mothersYear;
+    for (const Row& row : table("k_zaklad")) {
+        EXPECT_GE(row.number("matvek"), 16);
+        mothersYear[row.text("idkod")] = row.number("matnar");
+    }
+    for (const Row& row : table("k_surodenci"))
+        EXPECT_GE(row.number("roknar") - mothersYear[row.text("idkod")], 16);
+}
+
+TEST(Register, hasAFewEmployeesWithoutRecords) {
+    QSet<QString> idle = texts("zamestnanci", "idkod");
+    for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc"})
+        idle -= texts(name, "idkod_p");
+    EXPECT_TRUE(idle.size() >= 2 && idle.size() <= 6) << idle.size();
 }
 
 TEST(Register, writesTextsWithoutHoles) {

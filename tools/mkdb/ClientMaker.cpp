@@ -11,7 +11,9 @@ namespace mkdb {
 namespace {
 
 constexpr int nameTries = 1000;
-constexpr int longestCare = 6;
+constexpr int yearsOfRegister = 6;
+constexpr int firstPercent = 50;
+constexpr int firstDays = 60;
 
 /// Codes of the health insurers of today, and their shares.
 constexpr const char16_t* insurers[] = {u"25", u"24", u"27"};
@@ -53,10 +55,12 @@ QStringList codesOfKind(const std::vector<CodeList>& lists, const QString& kind)
     return wanted;
 }
 
-/// From when a client may be in the register.
-Span registrationSpan(const QDate& born, const QDate& today) {
-    const QDate earliest = std::max(born.addDays(60), today.addYears(-longestCare));
-    return {std::min(earliest, today), today};
+/// From when a client may be in the register. Many were the centre's clients when it was begun.
+Span registrationSpan(const QDate& born, const QDate& today, Random& random) {
+    const QDate begun = schoolYearStart(today).addYears(-yearsOfRegister);
+    const QDate earliest = std::min(std::max(born.addDays(60), begun), today);
+    const QDate soonest = begun.addDays(firstDays);
+    return {earliest, earliest < soonest && random.percent(firstPercent) ? soonest : today};
 }
 
 } // namespace
@@ -75,7 +79,7 @@ Client ClientMaker::make(const AgeSlot& slot, int number, Random& random) {
     giveBirth(client, slot, random);
     giveOrigin(client, random);
     giveImpairments(client, slot, random);
-    client.since = registrationSpan(client.born, today_).drawWorkingDay(random);
+    client.since = registrationSpan(client.born, today_, random).drawWorkingDay(random);
     client.referredBy = random.percent(90) ? random.pick(people_.words().referrers) : QString();
     families_.make(client, family, today_, random);
     placements_.make(client, today_, random);

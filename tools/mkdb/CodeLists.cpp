@@ -41,6 +41,11 @@ store::Value cell(const CsvTable& csv, std::size_t row, const store::ColumnDef& 
     return text;
 }
 
+void requireRows(const CodeList& list, const CsvTable& csv) {
+    if (list.rows.empty())
+        throw CsvError(QStringLiteral("%1: číselník nemá nijaký záznam").arg(csv.source));
+}
+
 /// The code is the first column of every list; placements have codes of their own by kind.
 QString identity(const CodeList& list, const std::vector<store::Value>& row) {
     const bool hasKind = list.table->column(u"akronym") != nullptr;
@@ -113,6 +118,7 @@ CodeList toCodeList(const CsvTable& csv, const QString& tableName) {
             values.push_back(
                 cell(csv, row, list.table->columns[index], csv.rows[row][sources[index]]));
     }
+    requireRows(list, csv);
     requireCodes(list, csv);
     requireRoom(list, csv);
     return list;

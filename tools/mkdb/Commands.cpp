@@ -1,7 +1,6 @@
 #include "Commands.h"
 
 #include "DatabaseSink.h"
-#include "ReturnTables.h"
 #include "store/EngineError.h"
 
 #include <QFile>
@@ -62,10 +61,7 @@ void writeLists(const std::vector<CodeList>& lists, RowSink& sink) {
 
 QString makeEmpty(const Arguments& arguments) {
     const auto lists = readCodeLists(arguments.listsFolder);
-    makeFile(arguments.file, [&](RowSink& sink) {
-        writeLists(lists, sink);
-        writeEmptyReturn(sink);
-    });
+    makeFile(arguments.file, [&](RowSink& sink) { writeLists(lists, sink); });
     return QStringLiteral("Vytvorená prázdna databáza %1.").arg(arguments.file);
 }
 

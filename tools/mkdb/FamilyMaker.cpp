@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::array<int, 5> siblingShares{30, 40, 20, 7, 3};
 constexpr int widestGap = 9;
+constexpr int youngestMother = 16;
 
 const QString& nameOf(const Surname& surname, bool woman) {
     return woman ? surname.woman : surname.man;
@@ -86,8 +87,8 @@ std::vector<Sibling> FamilyMaker::makeSiblings(const Client& client, const Surna
             continue;
         taken.append(firstName);
         sibling.name = firstName + u' ' + nameOf(family, sibling.girl);
-        sibling.bornYear =
-            std::min(client.born.year() + random.between(-widestGap, widestGap), today.year());
+        sibling.bornYear = std::clamp(client.born.year() + random.between(-widestGap, widestGap),
+                                      client.mother.bornYear + youngestMother, today.year());
         if (random.percent(15))
             sibling.illness = random.pick(people_.words().illnesses);
         if (random.percent(12))

@@ -29,6 +29,8 @@ struct Employee {
     bool woman = false;
     bool internal = false;
     bool qualified = false;
+    /// Works with clients and so writes records of it.
+    bool keepsRecords = false;
 };
 
 struct Parent {

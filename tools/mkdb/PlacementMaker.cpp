@@ -9,18 +9,33 @@ namespace mkdb {
 
 namespace {
 
-/// A kind of placement and its share within its stage.
+/// How much of an ordinary school a dominant impairment lets a child manage.
+enum Need { Slight, Bodily, Grave, needs };
+
+/// By the codes 1 to 9: autism and mental, hearing, sight and bodily, and the others. No code is
+/// slight.
+Need needOf(const QString& impairments) {
+    const QChar dominant = impairments.isEmpty() ? QChar(u' ') : impairments[0];
+    if (dominant == u'1' || dominant == u'2')
+        return Grave;
+    return dominant == u'3' || dominant == u'4' || dominant == u'6' ? Bodily : Slight;
+}
+
+/// A kind of placement and its share within its stage, by need.
 struct Kind {
     const char16_t* code;
-    int share;
+    std::array<int, needs> shares;
 };
 
-constexpr Kind atHome[] = {{u"04", 75}, {u"03", 25}};
-constexpr Kind kindergarten[] = {{u"01", 66}, {u"02", 22}, {u"03", 4}, {u"04", 8}};
-constexpr Kind postponed[] = {{u"08", 90}, {u"11", 10}};
-constexpr Kind elementary[] = {{u"05", 56}, {u"06", 18}, {u"07", 15}, {u"14", 6},
-                               {u"09", 1},  {u"10", 2},  {u"11", 2}};
-constexpr Kind secondary[] = {{u"12", 42}, {u"13", 30}, {u"15", 20}, {u"16", 8}};
+constexpr Kind atHome[] = {{u"04", {75, 70, 60}}, {u"03", {25, 30, 40}}};
+constexpr Kind kindergarten[] = {
+    {u"01", {86, 50, 30}}, {u"02", {6, 40, 52}}, {u"03", {2, 4, 8}}, {u"04", {6, 6, 10}}};
+constexpr Kind postponed[] = {{u"08", {92, 90, 85}}, {u"11", {8, 10, 15}}};
+constexpr Kind elementary[] = {{u"05", {90, 54, 12}}, {u"06", {10, 12, 27}}, {u"07", {0, 28, 36}},
+                               {u"14", {0, 0, 16}},   {u"09", {0, 3, 2}},    {u"10", {0, 2, 4}},
+                               {u"11", {0, 1, 3}}};
+constexpr Kind secondary[] = {
+    {u"12", {84, 52, 4}}, {u"13", {12, 38, 42}}, {u"15", {0, 2, 44}}, {u"16", {4, 8, 10}}};
 
 /// From the school year in which the child reaches `age` at its beginning.
 struct Stage {
@@ -33,10 +48,10 @@ constexpr Stage lateStages[] = {
 
 constexpr int postponedPercent = 15;
 
-QString drawCode(std::span<const Kind> kinds, Random& random) {
+QString drawCode(std::span<const Kind> kinds, Need need, Random& random) {
     std::vector<int> shares;
     for (const Kind& kind : kinds)
-        shares.push_back(kind.share);
+        shares.push_back(kind.shares[need]);
     return QString::fromUtf16(kinds[random.weighted(shares)].code);
 }
 
@@ -70,7 +85,7 @@ void PlacementMaker::addSchools(Client& client, const QDate& today, Random& rand
         const QDate next = last ? QDate() : stageBegin(client.born, course[index + 1].age);
         const bool lasts = last || next > today;
         if (from <= today && (lasts || next > client.since))
-            addSchool(client, drawCode(course[index].kinds, random),
+            addSchool(client, drawCode(course[index].kinds, needOf(client.impairments), random),
                       {from, lasts ? QDate() : next.addDays(-1)}, random);
     }
 }

@@ -6,7 +6,35 @@ namespace mkdb {
 
 namespace {
 
-constexpr int goesOnPercent = 86;
+/// How many of the clients in care stay for the next school year.
+constexpr int goesOnPercent = 85;
+/// Records of care within a whole school year.
+constexpr int mostCare = 6;
+constexpr int fewestCare = 2;
+constexpr int mostVisits = 3;
+constexpr int examinedPercent = 60;
+constexpr int changedPercent = 40;
+constexpr int schoolDays = 304;
+
+/// The part of what a whole school year brings that falls into a span of it.
+int partOf(const Span& span, int ofYear, Random& random) {
+    const auto days = static_cast<int>(span.first.daysTo(span.last)) + 1;
+    const int hundredths = std::min(ofYear * days * 100 / schoolDays, ofYear * 100);
+    return hundredths / 100 + (random.percent(hundredths % 100) ? 1 : 0);
+}
+
+/// The school years in which a client is in care, the first and the last of them cut off.
+std::vector<Span> yearsOfCare(const QDate& since, bool toTheEnd, const QDate& today,
+                              Random& random) {
+    std::vector<Span> years;
+    QDate first = since;
+    do {
+        const QDate last = std::min(schoolYearEnd(first), today);
+        years.push_back({first, last});
+        first = last.addDays(1);
+    } while (first <= today && (toTheEnd || random.percent(goesOnPercent)));
+    return years;
+}
 
 /// A day for the next visit on which there was none.
 QDate nextVisit(const QDate& date, const std::vector<QDate>& taken, Random& random) {
@@ -18,27 +46,27 @@ QDate nextVisit(const QDate& date, const std::vector<QDate>& taken, Random& rand
 
 } // namespace
 
-void RecordMaker::make(Client& client, bool counted, const QDate& today, Random& random) const {
-    const Span span{client.since, today};
-    addAllCare(client, counted || random.percent(goesOnPercent), today, random);
-    client.examinations =
-        makeNotes(client, QStringLiteral("vysetrenie"), span, random.between(1, 3), random);
-    client.changes = makeNotes(client, QStringLiteral("zmeny"), span, random.between(0, 2), random);
-    addVisits(client, span, random.between(0, 4), random);
-    client.memo = makeMemo(client, today, random);
+RecordMaker::RecordMaker(const TextMaker& texts, const std::vector<Employee>& staff)
+    : texts_(texts) {
+    for (const Employee& employee : staff) {
+        if (employee.keepsRecords)
+            workers_.push_back(employee.key);
+    }
 }
 
-void RecordMaker::addAllCare(Client& client, bool goesOn, const QDate& today,
-                             Random& random) const {
-    const QDate thisYear = schoolYearStart(today);
-    QDate first = client.since;
-    while (first < thisYear) {
-        const QDate last = schoolYearEnd(first);
-        addCare(client, {first, last}, random.between(1, 4), random);
-        first = last.addDays(1);
-    }
-    if (goesOn)
-        addCare(client, {first, today}, random.between(1, 4), random);
+void RecordMaker::make(Client& client, bool counted, const QDate& today, Random& random) const {
+    for (const Span& year : yearsOfCare(client.since, counted, today, random))
+        addYear(client, year, counted && year.last == today ? 1 : 0, random);
+    client.memo = makeMemo(client, today, random);
+}
+void RecordMaker::addYear(Client& client, const Span& year, int leastCare, Random& random) const {
+    const int care = partOf(year, random.between(fewestCare, mostCare), random);
+    addCare(client, year, std::max(leastCare, care), random);
+    addNotes(client.examinations, client, QStringLiteral("vysetrenie"), year,
+             random.percent(examinedPercent) ? partOf(year, 1, random) : 0, random);
+    addNotes(client.changes, client, QStringLiteral("zmeny"), year,
+             random.percent(changedPercent) ? partOf(year, 1, random) : 0, random);
+    addVisits(client, year, partOf(year, random.between(0, mostVisits), random), random);
 }
 
 void RecordMaker::addCare(Client& client, const Span& span, int count, Random& random) const {
@@ -54,13 +82,11 @@ void RecordMaker::addCare(Client& client, const Span& span, int count, Random& r
     }
 }
 
-std::vector<Note> RecordMaker::makeNotes(const Client& client, const QString& kind,
-                                         const Span& span, int count, Random& random) const {
-    std::vector<Note> notes;
+void RecordMaker::addNotes(std::vector<Note>& notes, const Client& client, const QString& kind,
+                           const Span& span, int count, Random& random) const {
     for (const QDate& day : drawDays(span, count, random))
         notes.push_back(
             {client.key, day, worker(random), texts_.make(kind, 1, client, day, random)});
-    return notes;
 }
 
 void RecordMaker::addVisits(Client& client, const Span& span, int count, Random& random) const {

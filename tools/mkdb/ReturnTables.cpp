@@ -120,11 +120,6 @@ void writeIndicators(const std::vector<store::Value>& values, RowSink& sink) {
 
 } // namespace
 
-void writeEmptyReturn(RowSink& sink) {
-    writeIndicators(std::vector<store::Value>(indicators + 1), sink);
-    writeCare({}, sink);
-}
-
 void writeFilledReturn(Random& random, RowSink& sink) {
     const int rooms = random.between(7, 14);
     const Indicators numbers{rooms, random.between(0, 2), random.between(3, 20),

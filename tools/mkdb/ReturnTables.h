@@ -5,10 +5,8 @@
 
 namespace mkdb {
 
-/// The two tables of the return that are typed in by hand, with their rows and nothing typed yet.
-void writeEmptyReturn(RowSink& sink);
-
-/// The same with numbers whose sums agree.
+/// The two tables of the return that are typed in by hand, with numbers whose sums agree. In an
+/// empty register they have no rows: the first saving of their screens makes them.
 void writeFilledReturn(Random& random, RowSink& sink);
 
 } // namespace mkdb

@@ -17,6 +17,11 @@ constexpr Post posts[] = {
 };
 constexpr int womenPercent = 80;
 
+/// Pedagogues and psychologists, by the codes of c_funkcie.
+bool worksWithClients(int function) {
+    return function >= 2 && function <= 5;
+}
+
 } // namespace
 
 std::vector<Employee> makeStaff(const PeopleMaker& people, Random& random) {
@@ -30,6 +35,7 @@ std::vector<Employee> makeStaff(const PeopleMaker& people, Random& random) {
         employee.surname = employee.woman ? surname.woman : surname.man;
         employee.key = *keys.make(employee.surname, employee.firstName);
         employee.function = post.function;
+        employee.keepsRecords = worksWithClients(post.function);
         employee.internal = post.internal;
         employee.qualified = post.qualified;
         staff.push_back(employee);
