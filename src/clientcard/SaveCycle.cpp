@@ -1,6 +1,6 @@
 #include "clientcard/SaveCycle.h"
 
-#include "clientcard/ClientKey.h"
+#include "card/Key.h"
 #include "clientcard/TextRules.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
@@ -74,16 +74,16 @@ void SaveCycle::saveExisting() {
     const auto same = [this](const QString& typed, QStringView column) {
         return trimBlanks(typed) == trimBlanks(storedText(data_.datZaklad(), column));
     };
-    const QString base = keyBase(fields_.surname(), fields_.firstName());
+    const QString base = card::keyBase(fields_.surname(), fields_.firstName());
     if (same(fields_.surname(), u"priezv") && same(fields_.firstName(), u"meno"))
         updateRefusedKey(oldKey);
-    else if (base != baseOfKey(oldKey))
+    else if (base != card::baseOfKey(oldKey))
         zmenIdKod(oldKey, updateUnderFreeKey(base));
     // A name that changed behind the letters of the key is written when the source is refreshed.
 }
 
 QString SaveCycle::saveNew() {
-    const QString key = updateUnderFreeKey(keyBase(fields_.surname(), fields_.firstName()));
+    const QString key = updateUnderFreeKey(card::keyBase(fields_.surname(), fields_.firstName()));
     data_.datZaklad().setRecordSource(QStringLiteral("select * from k_zaklad order by idkod"));
     data_.datZaklad().Refresh();
     data_.datZaklad().Recordset().FindFirst(keyCriterion(key));
@@ -92,7 +92,7 @@ QString SaveCycle::saveNew() {
 
 QString SaveCycle::updateUnderFreeKey(const QString& base) {
     for (int number = 0;; ++number) {
-        QString key = base + keySequence(number);
+        QString key = base + card::keySequence(number);
         if (!updateRefusedKey(key))
             return key;
     }

@@ -1,21 +1,12 @@
 #pragma once
 
-#include <QString>
+#include "card/TextRules.h"
 
 namespace clientcard {
 
-/// The text without the blanks (U+0020 only) at its ends.
-QString trimBlanks(const QString& text);
-
-/// The text with its first character in upper case, the rest unchanged.
-QString capitalised(const QString& text);
-
-/// A person's name: the first character and the one behind the first blank in upper case. Only the
-/// first blank counts.
-QString capitalisedName(const QString& text);
-
-/// A parent's age at the birth of the child, as the age field takes it: the first two characters of
-/// the difference of the years. The years must be in order.
-QString ageAtBirth(int childYear, int parentYear);
+using card::ageAtBirth;
+using card::capitalised;
+using card::capitalisedName;
+using card::trimBlanks;
 
 } // namespace clientcard

@@ -2,10 +2,10 @@
 
 #include <QString>
 
-namespace clientcard {
+namespace card {
 
-/// What the key of a client is made from: the first six letters of the surname and the first two of
-/// the first name, each in upper case and free of blanks at its ends.
+/// What the key of a client or an employee is made from: the first six letters of the surname and
+/// the first two of the first name, each in upper case and free of blanks at its ends.
 QString keyBase(const QString& surname, const QString& firstName);
 
 /// The sequence behind the base: two digits, three from 100 on.
@@ -15,4 +15,4 @@ QString keySequence(int number);
 /// no names have, and its owner gets a new key at the next save.
 QString baseOfKey(const QString& key);
 
-} // namespace clientcard
+} // namespace card

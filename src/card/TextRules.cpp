@@ -1,6 +1,6 @@
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 
-namespace clientcard {
+namespace card {
 
 QString trimBlanks(const QString& text) {
     qsizetype first = 0;
@@ -28,4 +28,4 @@ QString ageAtBirth(int childYear, int parentYear) {
     return QString::number(childYear - parentYear).left(2);
 }
 
-} // namespace clientcard
+} // namespace card

@@ -1,8 +1,8 @@
-#include "clientcard/ClientKey.h"
+#include "card/Key.h"
 
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 
-namespace clientcard {
+namespace card {
 
 QString keyBase(const QString& surname, const QString& firstName) {
     return trimBlanks(surname.left(6).toUpper()) + trimBlanks(firstName.left(2).toUpper());
@@ -16,4 +16,4 @@ QString baseOfKey(const QString& key) {
     return key.chopped(qMin<qsizetype>(2, key.size()));
 }
 
-} // namespace clientcard
+} // namespace card
