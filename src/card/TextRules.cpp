@@ -24,6 +24,12 @@ QString capitalisedName(const QString& text) {
     return name.left(blank + 1) + capitalised(name.mid(blank + 1));
 }
 
+QString withoutAccents(const QString& text) {
+    QString plain = text.normalized(QString::NormalizationForm_D);
+    plain.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    return plain;
+}
+
 QString ageAtBirth(int childYear, int parentYear) {
     return QString::number(childYear - parentYear).left(2);
 }

@@ -14,6 +14,9 @@ QString capitalised(const QString& text);
 /// first blank counts.
 QString capitalisedName(const QString& text);
 
+/// The text with each letter's accents taken off.
+QString withoutAccents(const QString& text);
+
 /// A parent's age at the birth of the child, as the age field takes it: the first two characters of
 /// the difference of the years. The years must be in order.
 QString ageAtBirth(int childYear, int parentYear);

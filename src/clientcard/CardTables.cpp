@@ -52,16 +52,16 @@ constexpr std::array<CodeListRow, 10> codeLists = {{
 // Picker 7 takes two characters of a municipality while the user moves through the list, the whole
 // name when it is chosen; picker 8 takes nothing then. Users are used to both.
 constexpr std::array<PickerRow, 10> pickers = {{
-    {2, u"DatCisObceN", u"c_iczuj", u"nazov", 30, 30},
-    {8, u"DatCisNar", u"c_narodn", u"roleta", 2, 2},
-    {9, u"datCisStPrisl", u"c_iczeme", u"roleta", 2, 2},
-    {10, u"DatCisJazKom", u"c_jazyk", u"roleta", 2, 2},
-    {13, u"datCisObceK", u"c_iczuj", u"nazov", 30, 30},
-    {25, u"DatCisObceM", u"c_iczuj", u"nazov", 30, 30},
-    {40, u"DatCisObceO", u"c_iczuj", u"nazov", 30, 30},
-    {52, u"DatCisObceKo", u"c_iczuj", u"nazov", 30, 2},
-    {7, u"DatCisZdrPoi", u"c_zdrpoi", u"roleta", 2, 0},
-    {11, u"DatCisJazKom", u"c_jazyk", u"roleta", 2, 2},
+    {krz::mienar, u"DatCisObceN", u"c_iczuj", u"nazov", municipalityWidth, municipalityWidth},
+    {krz::narodn, u"DatCisNar", u"c_narodn", u"roleta", 2, 2},
+    {krz::stprisl, u"datCisStPrisl", u"c_iczeme", u"roleta", 2, 2},
+    {krz::jazyk, u"DatCisJazKom", u"c_jazyk", u"roleta", 2, 2},
+    {krz::obec, u"datCisObceK", u"c_iczuj", u"nazov", municipalityWidth, municipalityWidth},
+    {krz::matobe, u"DatCisObceM", u"c_iczuj", u"nazov", municipalityWidth, municipalityWidth},
+    {krz::oteobe, u"DatCisObceO", u"c_iczuj", u"nazov", municipalityWidth, municipalityWidth},
+    {krz::kon_obe, u"DatCisObceKo", u"c_iczuj", u"nazov", municipalityWidth, 2},
+    {krz::zdrpoi, u"DatCisZdrPoi", u"c_zdrpoi", u"roleta", 2, 0},
+    {krz::jaz_doma, u"DatCisJazKom", u"c_jazyk", u"roleta", 2, 2},
 }};
 
 } // namespace

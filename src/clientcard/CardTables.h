@@ -1,5 +1,7 @@
 #pragma once
 
+#include "clientcard/EntryTable.h"
+
 #include <span>
 
 namespace clientcard {
@@ -30,7 +32,7 @@ std::span<const CodeListRow> codeListTable();
 /// A `dbcvolby` picker: the element of `textKrz` it serves, its rows, and how many characters of
 /// the row the field takes.
 struct PickerRow {
-    int element;
+    krz::Element element;
     const char16_t* dataSource;
     const char16_t* table;
     const char16_t* shownColumn;

@@ -63,6 +63,10 @@ QString CodePick::meaning() const {
     return rows->NoMatch() ? QString() : rows->Fields(row_.shownColumn).Value().toText();
 }
 
+void CodePick::gotFocus(const forms::Control& /*control*/) {
+    before_ = field_.text();
+}
+
 void CodePick::click(const forms::Control& /*control*/, forms::Area area) {
     if (!opens(area) || area != forms::Area::Item)
         return;
@@ -78,9 +82,25 @@ void CodePick::keyDown(const forms::Control& /*control*/, int& key,
     if (key == Qt::Key_Return)
         take();
     else
-        modKontrola::gZVyberu = true;
+        giveUp();
     key = 0;
     forms::moveFocus(&field_);
+}
+
+/// What was moved through has not been picked.
+void CodePick::giveUp() {
+    field_.setText(before_);
+    showMeaning();
+    modKontrola::gZVyberu = true;
+}
+
+/// A text that is no line was taken as it was typed, or not at all.
+forms::Leave CodePick::lostFocus(const forms::Control& /*control*/, const forms::Control& /*now*/) {
+    if (pick_->pick() >= 0)
+        take();
+    else
+        showMeaning();
+    return forms::Leave::Go;
 }
 
 } // namespace clientcard

@@ -2,6 +2,8 @@
 
 #include "forms/FieldEvents.h"
 
+#include <QString>
+
 class QWidget;
 
 namespace forms {
@@ -32,7 +34,7 @@ struct CodePickRow {
 };
 
 /// The drop-down of a code-list beside the field that it writes into. What the field holds is what
-/// is saved.
+/// is saved; when the pick is left, the two agree.
 class CodePick : public forms::FieldEvents {
   public:
     CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& field, QWidget* parent);
@@ -44,7 +46,9 @@ class CodePick : public forms::FieldEvents {
     /// meet an old one. @throws store::EngineError
     void showMeaning();
 
+    void gotFocus(const forms::Control& control) override;
     void click(const forms::Control& control, forms::Area area) override;
+    forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
 
   protected:
@@ -58,6 +62,7 @@ class CodePick : public forms::FieldEvents {
     store::DataSource& codes() const { return codes_; }
 
   private:
+    void giveUp();
     bool holdsNames() const;
     QString meaning() const;
 
@@ -66,6 +71,8 @@ class CodePick : public forms::FieldEvents {
     forms::EntryField& field_;
     store::DataSource& codes_;
     forms::DropDown* pick_;
+    /// What the field held when the pick got the focus.
+    QString before_;
 };
 
 } // namespace clientcard

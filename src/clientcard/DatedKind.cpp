@@ -1,14 +1,15 @@
+#include "card/TextRules.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
 #include "clientcard/RecordKind.h"
 #include "clientcard/TabFamily.h"
-#include "clientcard/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
 #include "forms/MessageBox.h"
 
 #include <QDialog>
+#include <QStringList>
 
 #include <optional>
 
@@ -35,8 +36,10 @@ class WorkerPick : public CodePick {
     const QString& idkodPracovnika() const { return idkodPracovnika_; }
     void forget() { idkodPracovnika_.clear(); }
     QString current() const { return codes().Recordset().Fields(u"idkod").Value().toText(); }
+    /// An employee's name in the field becomes the employee's key.
+    void takeName();
     /// The binding carries the worker's key into the record.
-    void putIntoField(const QString& key) { field().setText(trimBlanks(key)); }
+    void putIntoField(const QString& key) { field().setText(card::trimBlanks(key)); }
 
   protected:
     bool opens(forms::Area area) override;
@@ -64,6 +67,42 @@ void WorkerPick::take() {
     putIntoField(idkodPracovnika_);
 }
 
+/// Case, accents and the number of blanks aside, if need be.
+QString letters(const QString& name, bool withAccents) {
+    const QString folded = name.simplified().toCaseFolded();
+    return withAccents ? folded : card::withoutAccents(folded);
+}
+
+/// The keys of the employees of that name, whichever of its two parts comes first.
+QStringList employeesNamed(const QString& name, store::Recordset& employees, bool withAccents) {
+    const auto part = [&](QStringView column) {
+        return employees.Fields(column).Value().toText();
+    };
+    const auto isName = [&](const QString& whole) {
+        return letters(whole, withAccents) == letters(name, withAccents);
+    };
+    QStringList keys;
+    for (employees.MoveFirst(); !employees.Eof(); employees.MoveNext()) {
+        const QString first = part(u"meno");
+        const QString last = part(u"priezv");
+        if (isName(last + u' ' + first) || isName(first + u' ' + last))
+            keys += part(u"idkod");
+    }
+    return keys;
+}
+
+/// A name that several employees bear names nobody.
+void WorkerPick::takeName() {
+    if (pick().pick() >= 0 || field().text().trimmed().isEmpty() || codes().Recordset().Eof())
+        return;
+    const auto employees = codes().Recordset().Clone();
+    QStringList keys = employeesNamed(field().text(), *employees, true);
+    if (keys.isEmpty())
+        keys = employeesNamed(field().text(), *employees, false);
+    if (keys.size() == 1)
+        putIntoField(keys.front());
+}
+
 /// Examinations, changes, care and visits. Visits have no worker.
 class DatedKind : public RecordKind {
   public:
@@ -88,7 +127,10 @@ class DatedKind : public RecordKind {
         if (worker_)
             worker_->showMeaning();
     }
-    bool holds(int /*field*/) override { return worker_->lookUp(); }
+    bool holds(int /*field*/) override {
+        worker_->takeName();
+        return worker_->lookUp();
+    }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override {
         return datedRecordsOf(row_.table, key);
@@ -106,7 +148,7 @@ void DatedKind::complete(store::Recordset& rows) {
         return;
     if (rows.EditMode() == store::EditState::Add)
         worker_->putIntoField(worker_->current());
-    else if (!trimBlanks(worker_->idkodPracovnika()).isEmpty())
+    else if (!card::trimBlanks(worker_->idkodPracovnika()).isEmpty())
         worker_->putIntoField(worker_->idkodPracovnika());
 }
 

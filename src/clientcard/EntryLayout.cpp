@@ -1,5 +1,6 @@
 #include "clientcard/EntryLayout.h"
 
+#include "card/CalendarNote.h"
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryTable.h"
 #include "clientcard/FieldGrid.h"
@@ -34,7 +35,6 @@ struct Cell {
     int pairs = 1;
 };
 
-constexpr int sexElement = 5;
 constexpr int codePickWidth = 254;
 constexpr int impairmentCharacters = 2;
 constexpr int gap = 6;
@@ -44,38 +44,46 @@ constexpr int frameMargin = 10;
 constexpr int rowHeight = 24;
 
 constexpr Cell basicCells[] = {
-    {0, 0, 0, 20},     {1, 0, 1, 30},   {2, 1, 0, 30},   {3, 1, 1, 11},  {4, 2, 0, 12},
-    {5, 2, 1, 2},      {6, 3, 0, 10},   {7, 3, 1, 3},    {8, 4, 0, 3},   {9, 4, 1, 3},
-    {10, 5, 0, 3},     {11, 6, 0, 3},   {12, 7, 0, 25},  {13, 7, 1, 30}, {14, 8, 0, 6},
-    {15, 9, 0, 70, 2}, {16, 10, 0, 30}, {17, 10, 1, 12},
+    {krz::meno, 0, 0, 20},     {krz::priezv, 0, 1, 30},  {krz::mienar, 1, 0, 30},
+    {krz::rodcis, 1, 1, 11},   {krz::datnar, 2, 0, 12},  {krz::pohlav, 2, 1, 2},
+    {krz::katcis, 3, 0, 10},   {krz::zdrpoi, 3, 1, 3},   {krz::narodn, 4, 0, 3},
+    {krz::stprisl, 4, 1, 3},   {krz::jazyk, 5, 0, 3},    {krz::jaz_doma, 6, 0, 3},
+    {krz::ulica, 7, 0, 25},    {krz::obec, 7, 1, 30},    {krz::psc, 8, 0, 6},
+    {krz::skola, 9, 0, 70, 2}, {krz::odporu, 10, 0, 30}, {krz::datevi, 10, 1, 12},
 };
 
-/// Elements of a parent as distances from the first.
+/// From an element of the mother to that of the father.
+constexpr int toFather = krz::otec - krz::matka;
+
+/// The mother; the father's elements lie behind hers by a distance.
 constexpr Cell parentCells[] = {
-    {0, 0, 0, 43, 2},  {1, 2, 0, 5},    {2, 2, 1, 3},       {3, 3, 0, 20, 2}, {4, 4, 0, 25, 2},
-    {5, 5, 0, 30, 2},  {6, 6, 0, 6},    {7, 6, 1, 15},      {8, 7, 0, 30, 2}, {9, 8, 0, 30, 2},
-    {10, 9, 0, 43, 2}, {11, 10, 0, 15}, {12, 11, 0, 43, 2},
+    {krz::matka, 0, 0, 43, 2},    {krz::matnar, 2, 0, 5},     {krz::matvek, 2, 1, 3},
+    {krz::matvzd, 3, 0, 20, 2},   {krz::matuli, 4, 0, 25, 2}, {krz::matobe, 5, 0, 30, 2},
+    {krz::matpsc, 6, 0, 6},       {krz::mattel, 6, 1, 15},    {krz::matmail, 7, 0, 30, 2},
+    {krz::matzam, 8, 0, 30, 2},   {krz::mataza, 9, 0, 43, 2}, {krz::mattza, 10, 0, 15},
+    {krz::matchor, 11, 0, 43, 2},
 };
 
 constexpr Cell representativeCells[] = {
-    {50, 1, 0, 43},
-    {52, 2, 0, 30},
-    {54, 3, 0, 6},
-    {56, 4, 0, 30},
+    {krz::kon_meno, 1, 0, 43},
+    {krz::kon_obe, 2, 0, 30},
+    {krz::kon_psc, 3, 0, 6},
+    {krz::kon_mail, 4, 0, 30},
 };
 constexpr Cell cellsBeside[] = {
-    {51, 1, 0, 20},
-    {53, 2, 0, 25},
-    {55, 3, 0, 15},
+    {krz::kon_pomer, 1, 0, 20},
+    {krz::kon_uli, 2, 0, 25},
+    {krz::kon_tel, 3, 0, 15},
 };
 
 /// Width of the longest of the captions of these elements.
-int widestCaption(std::span<const Cell> cells, int first, int pair = 0) {
+int widestCaption(std::span<const Cell> cells, int pair = 0) {
     int widest = 0;
     for (const Cell& cell : cells) {
-        const EntryRow& row = entryTable()[std::size_t(first + cell.element)];
+        const EntryRow& row = entryTable()[std::size_t(cell.element)];
         if (cell.pair == pair)
-            widest = std::max(widest, QLabel(QString::fromUtf16(row.caption)).sizeHint().width());
+            widest =
+                std::max(widest, QLabel(QString::fromUtf16(row.field.caption)).sizeHint().width());
     }
     return widest;
 }
@@ -85,9 +93,10 @@ class FrameMaker {
     FrameMaker(const EntryControls& controls, QBoxLayout& frame)
         : controls_(controls), fields_(frame) {}
 
-    void place(std::span<const Cell> cells, int first) {
+    /// @param distance from the cells' elements to those that are meant
+    void place(std::span<const Cell> cells, int distance = 0) {
         for (const Cell& cell : cells)
-            place(cell, first + cell.element);
+            place(cell, distance + cell.element);
     }
     QGridLayout& grid() { return fields_.grid(); }
 
@@ -96,25 +105,25 @@ class FrameMaker {
         const EntryRow& row = entryTable()[std::size_t(element)];
         forms::EntryField& field = controls_.fields.field(element);
         setWidth(field, cell.characters);
-        fields_.add({cell.row, cell.pair, cell.pairs}, QString::fromUtf16(row.caption), field,
+        fields_.add({cell.row, cell.pair, cell.pairs}, QString::fromUtf16(row.field.caption), field,
                     pickOf(element, row));
     }
 
     QWidget* pickOf(int element, const EntryRow& row) {
-        if (element == sexElement) {
+        if (element == krz::pohlav) {
             controls_.cmbSex.setFixedWidth(46);
-            controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.caption));
+            controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.field.caption));
             return &controls_.cmbSex;
         }
         if (row.picker < 0)
             return nullptr;
         forms::DropDown& pick = controls_.pickers.picker(row.picker);
         // A municipality's picker would only repeat the field; that of codes says what they mean.
-        if (row.rule == Rule::NameLookup)
+        if (row.own == Own::NameLookUp)
             pick.showArrowOnly();
         else
             pick.setFixedWidth(codePickWidth);
-        pick.setAccessibleName(QString::fromUtf16(row.caption));
+        pick.setAccessibleName(QString::fromUtf16(row.field.caption));
         return &pick;
     }
 
@@ -156,15 +165,15 @@ QGridLayout& addImpairments(QGridLayout& grid, const ImpairmentFields& impairmen
 }
 
 QGroupBox* makeParentFrame(const EntryControls& controls, const QString& title, const QString& name,
-                           int first, int firstOption, const ImpairmentFields& impairments,
+                           int distance, int firstOption, const ImpairmentFields& impairments,
                            QWidget* parent) {
     auto* frame = makeFrame(title, name, parent);
     FrameMaker maker(controls, lineOf(*frame));
-    maker.place(parentCells, first);
-    for (int dominant : {13, 14})
-        setWidth(controls.fields.field(first + dominant), impairmentCharacters);
+    maker.place(parentCells, distance);
+    for (const int element : {krz::dominantM, krz::associatedM})
+        setWidth(controls.fields.field(distance + element), impairmentCharacters);
     addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1, 3);
-    const int captions = widestCaption(parentCells, first);
+    const int captions = widestCaption(parentCells);
     maker.grid().setColumnMinimumWidth(0, captions);
     addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow, captions);
     maker.grid().setColumnStretch(3, 1);
@@ -177,14 +186,14 @@ void layOutRepresentative(const EntryControls& controls, QBoxLayout& line) {
     for (const std::span<const Cell> half :
          {std::span<const Cell>(representativeCells), std::span<const Cell>(cellsBeside)}) {
         FrameMaker maker(controls, line);
-        maker.place(half, 0);
-        maker.grid().setColumnMinimumWidth(0, widestCaption(parentCells, 20));
+        maker.place(half);
+        maker.grid().setColumnMinimumWidth(0, widestCaption(parentCells));
         maker.grid().setColumnStretch(1, 1);
         for (int row = 0; row <= 4; ++row)
             maker.grid().setRowMinimumHeight(row, rowHeight);
         line.setStretch(line.count() - 1, 1);
         line.setAlignment(&maker.grid(), Qt::AlignTop);
-        if (half.front().element == 50)
+        if (half.front().element == krz::kon_meno)
             addOptions(maker.grid(), controls.options, 4, 6, 0, 1);
         else
             // An empty row has no spacing below it.
@@ -213,27 +222,27 @@ void addPicks(std::vector<QWidget*>& order, const EntryFields& fields,
 
 void chainBasic(const EntryControls& controls) {
     std::vector<QWidget*> order;
-    addElements(order, controls.fields, 0, 4);
+    addElements(order, controls.fields, krz::meno, krz::datnar);
     order.push_back(&controls.cmbSex);
-    addElements(order, controls.fields, 6, 17);
-    addPicks(order, controls.fields, controls.client, 18);
-    order.push_back(&controls.fields.field(sexElement));
+    addElements(order, controls.fields, krz::katcis, krz::datevi);
+    addPicks(order, controls.fields, controls.client, krz::dominantK);
+    order.push_back(&controls.fields.field(krz::pohlav));
     chain(order);
 }
 
 void chainParents(const EntryControls& controls) {
     std::vector<QWidget*> order;
-    const auto addParent = [&](int first, int option, const ImpairmentFields& impairments) {
+    const auto addParent = [&](int distance, int option, const ImpairmentFields& impairments) {
         order.push_back(controls.options.option(option));
         order.push_back(controls.options.option(option + 1));
-        addElements(order, controls.fields, first, first + 12);
-        addPicks(order, controls.fields, impairments, first + 13);
+        addElements(order, controls.fields, distance + krz::matka, distance + krz::matchor);
+        addPicks(order, controls.fields, impairments, distance + krz::dominantM);
     };
-    addParent(20, 0, controls.mother);
-    addParent(35, 2, controls.father);
+    addParent(0, 0, controls.mother);
+    addParent(toFather, 2, controls.father);
     for (int i = 4; i < ParentOptions::count; ++i)
         order.push_back(controls.options.option(i));
-    addElements(order, controls.fields, 50, 56);
+    addElements(order, controls.fields, krz::kon_meno, krz::kon_mail);
     chain(order);
 }
 
@@ -243,23 +252,24 @@ QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* basic = makeFrame(QStringLiteral("Základné údaje"), QStringLiteral("fraZak"), page);
     FrameMaker maker(controls, lineOf(*basic));
-    maker.place(basicCells, 0);
+    maker.place(basicCells);
     maker.grid().setColumnStretch(3, 1);
 
     auto* impaired =
         makeFrame(QStringLiteral("Postihnutia klienta"), QStringLiteral("fraZiaPos"), page);
-    for (int dominant : {18, 19})
-        setWidth(controls.fields.field(dominant), impairmentCharacters);
+    for (const int element : {krz::dominantK, krz::associatedK})
+        setWidth(controls.fields.field(element), impairmentCharacters);
     addImpairments(FrameMaker(controls, lineOf(*impaired)).grid(), controls.client, 0,
-                   ImpairmentFields::Shape::Wide, widestCaption(basicCells, 0))
-        .setColumnMinimumWidth(3, widestCaption(basicCells, 0, 1));
-    maker.grid().setColumnMinimumWidth(1, controls.fields.field(18).width() + gap +
+                   ImpairmentFields::Shape::Wide, widestCaption(basicCells))
+        .setColumnMinimumWidth(3, widestCaption(basicCells, 1));
+    maker.grid().setColumnMinimumWidth(1, controls.fields.field(krz::dominantK).width() + gap +
                                               controls.client.dominantPick().width());
 
     auto* lines = new QVBoxLayout(page);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->addWidget(basic);
     lines->addWidget(impaired);
+    lines->addWidget(&controls.fields.calendarNote());
     lines->addStretch();
     chainBasic(controls);
     return page;
@@ -267,10 +277,10 @@ QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
 
 QWidget* makeParentsPage(const EntryControls& controls, QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* mother = makeParentFrame(controls, QStringLiteral("Matka"), QStringLiteral("Frame1"), 20,
+    auto* mother = makeParentFrame(controls, QStringLiteral("Matka"), QStringLiteral("Frame1"), 0,
                                    0, controls.mother, page);
-    auto* father = makeParentFrame(controls, QStringLiteral("Otec"), QStringLiteral("Frame2"), 35,
-                                   2, controls.father, page);
+    auto* father = makeParentFrame(controls, QStringLiteral("Otec"), QStringLiteral("Frame2"),
+                                   toFather, 2, controls.father, page);
     auto* representative =
         makeFrame(QStringLiteral("Zákonný zástupca"), QStringLiteral("fraZast"), page);
     layOutRepresentative(controls, lineOf(*representative));

@@ -1,15 +1,15 @@
 #include "clientcard/EntryTabs.h"
 
+#include "card/FieldKeys.h"
+#include "card/TextRules.h"
 #include "clientcard/CardData.h"
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryLayout.h"
 #include "clientcard/ImpairmentFields.h"
-#include "clientcard/KeyRules.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
 #include "clientcard/SexPick.h"
-#include "clientcard/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
 
@@ -19,22 +19,18 @@ namespace clientcard {
 
 namespace {
 
-constexpr int firstName = 0;
-constexpr int surname = 1;
-constexpr int sex = 5;
-constexpr int catalogueNumber = 6;
-
 /// Columns of the row that no field is bound to.
 struct ImpairmentColumn {
     const char16_t* column;
     Person person;
-    int dominantElement;
+    krz::Element dominant;
+    krz::Element associated;
 };
 
 constexpr std::array<ImpairmentColumn, 3> impairmentColumns = {{
-    {u"postih", Person::Client, 18},
-    {u"matpos", Person::Mother, 33},
-    {u"otepos", Person::Father, 48},
+    {u"postih", Person::Client, krz::dominantK, krz::associatedK},
+    {u"matpos", Person::Mother, krz::dominantM, krz::associatedM},
+    {u"otepos", Person::Father, krz::dominantO, krz::associatedO},
 }};
 
 class EntryTabs : public TabFamily, public KeyFields {
@@ -42,7 +38,7 @@ class EntryTabs : public TabFamily, public KeyFields {
     explicit EntryTabs(CardFrame& frame);
 
     QWidget* makePage(int tab, QWidget* parent) override;
-    void turnedTo(int tab) override { focusElement(tab == 0 ? 0 : 20); }
+    void turnedTo(int tab) override { focusElement(tab == 0 ? krz::meno : krz::matka); }
     KeyFields* keyFields() override { return this; }
     void focusElement(int element) override { fields_.field(element).setFocus(); }
     bool isChanged() const override;
@@ -50,9 +46,9 @@ class EntryTabs : public TabFamily, public KeyFields {
     void writeBack() override;
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
-    QString firstName() const override { return fields_.text(clientcard::firstName); }
-    QString surname() const override { return fields_.text(clientcard::surname); }
-    QString catalogueNumber() const override { return fields_.text(clientcard::catalogueNumber); }
+    QString firstName() const override { return fields_.text(krz::meno); }
+    QString surname() const override { return fields_.text(krz::priezv); }
+    QString catalogueNumber() const override { return fields_.text(krz::katcis); }
     void setKey(const QString& key) override { txtIdKod_->setText(key); }
     void zapisPostih() override;
     void tellMissing(const QString& message) override;
@@ -79,7 +75,7 @@ class EntryTabs : public TabFamily, public KeyFields {
 EntryTabs::EntryTabs(CardFrame& frame)
     : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())),
       fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
-      sexPick_(frame.guard(), fields_.field(sex), QStringLiteral("cmbPos"), 3,
+      sexPick_(frame.guard(), fields_.field(krz::pohlav), QStringLiteral("cmbPos"), 3,
                QStringLiteral("výber z číselnika"), &workshop_),
       impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
                    makeImpairments(impairmentColumns[2])},
@@ -87,21 +83,21 @@ EntryTabs::EntryTabs(CardFrame& frame)
     txtIdKod_->setObjectName(QStringLiteral("txtIdKod"));
     txtIdKod_->hide();
     pickers_.serve(frame, fields_, &workshop_);
-    fields_.setImpairments(impairments_[0], impairments_[1], impairments_[2]);
+    fields_.setPicks(sexPick_, impairments_[0], impairments_[1], impairments_[2]);
     bindAll();
     QObject::connect(&frame.data().datZaklad(), &store::DataSource::repositioned, &binding_,
                      [this] { frame_.perform([this] { showRow(); }); });
 }
 
 ImpairmentFields EntryTabs::makeImpairments(const ImpairmentColumn& of) {
-    return {impairmentTraits(of.person), fields_.field(of.dominantElement),
-            fields_.field(of.dominantElement + 1), &workshop_, frame_.guard()};
+    return {impairmentTraits(of.person), fields_.field(of.dominant), fields_.field(of.associated),
+            &workshop_, frame_.guard()};
 }
 
 void EntryTabs::bindAll() {
     binding_.bind(*txtIdKod_, QStringLiteral("Idkod"));
     for (std::size_t i = 0; i < entryTable().size(); ++i) {
-        const QString column = QString::fromUtf16(entryTable()[i].column);
+        const QString column = QString::fromUtf16(entryTable()[i].field.column);
         if (!column.isEmpty())
             binding_.bind(fields_.field(int(i)), column);
     }
@@ -118,12 +114,10 @@ QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
 void EntryTabs::showRow() {
     if (row().Eof() && row().EditMode() != store::EditState::Add)
         return;
-    if (row().EditMode() == store::EditState::Add)
-        options_.forgetRepresentative();
     options_.nastavVolby(row());
     for (std::size_t i = 0; i < impairments_.size(); ++i)
         impairments_[i].show(
-            trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText()));
+            card::trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText()));
     sexPick_.pick().setPick(-1);
     pickers_.showMeanings();
 }
@@ -138,7 +132,7 @@ void EntryTabs::zapisPostih() {
 }
 
 void EntryTabs::tellMissing(const QString& message) {
-    refuse(frame_.window(), message);
+    card::refuse(frame_.window(), message);
 }
 
 bool EntryTabs::isChanged() const {
@@ -146,8 +140,8 @@ bool EntryTabs::isChanged() const {
         return false;
     const auto differs = [this](std::size_t i) {
         return impairments_[i].isPending() ||
-               trimBlanks(impairments_[i].joined()) !=
-                   trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
+               card::trimBlanks(impairments_[i].joined()) !=
+                   card::trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
     };
     return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
            differs(2);

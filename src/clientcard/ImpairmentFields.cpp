@@ -25,14 +25,17 @@ constexpr int pickWidth = 276;
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
     {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
-     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, u'0'},
+     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, false,
+     u'0'},
     {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
+     u' '},
     {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
-     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, u' '},
+     u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
+     u' '},
     {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true, true,
-     u'0'},
+     true, u'0'},
 }};
 
 forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
@@ -170,19 +173,17 @@ void ImpairmentFields::nastavDominantne(int code) {
     associated_.clear();
 }
 
-bool ImpairmentFields::takeDominant() {
+void ImpairmentFields::takeDominant() {
+    const bool isTyped = !dominant_.text().isEmpty();
     const int code = int(modKontrola::Val(dominant_.text()));
-    if (code == 0)
-        return false;
-    const auto& taken = state_.slotTexts();
-    const bool held =
-        modKontrola::kontrolaPostih(dominant_, false, QStringList(taken.begin(), taken.end()));
-    const bool repeats = taken[0] == QString::number(code);
-    if (!held && !(repeats && traits_.sparesOnRepeat))
+    dominant_.clear();
+    if (!isTyped || (code == 0 && !traits_.zeroClears))
+        return;
+    const bool repeats = state_.slotTexts()[0].toInt() == code;
+    if (!repeats || !traits_.sparesOnRepeat)
         nastavDominantne(code);
     dominant_.clear();
     enableAssociated(state_.hasDominant());
-    return held;
 }
 
 bool ImpairmentFields::takeAssociated() {
@@ -208,16 +209,13 @@ void ImpairmentFields::takePending() {
         takeAssociated();
 }
 
-void ImpairmentFields::pickDominant() {
-    const int row = dominantPick_->pick();
+void ImpairmentFields::pickDominant(int row) {
     nastavDominantne(row);
     enableAssociated(row != 0);
-    forms::moveFocus(&dominant_);
     dominant_.clear();
 }
 
-void ImpairmentFields::pickAssociated() {
-    const int row = associatedPick_->pick();
+void ImpairmentFields::pickAssociated(int row) {
     const QString code = associatedPick_->itemText(row).left(1);
     if (code == u"0") {
         state_.resetAssociated();
@@ -227,16 +225,30 @@ void ImpairmentFields::pickAssociated() {
     }
     showSlots();
     associated_.clear();
-    forms::moveFocus(&associated_);
+}
+
+/// The slots say what holds, so the picker shows nothing afterwards.
+void ImpairmentFields::takePick(const forms::Control& control) {
+    const bool isDominant = control.widget() == dominantPick_;
+    forms::DropDown& pick = isDominant ? *dominantPick_ : *associatedPick_;
+    const int row = pick.pick();
+    pick.setPick(-1);
+    if (row < 0)
+        return;
+    isDominant ? pickDominant(row) : pickAssociated(row);
 }
 
 void ImpairmentFields::click(const forms::Control& control, forms::Area area) {
     if (area != forms::Area::Item)
         return;
-    if (control.widget() == dominantPick_ && dominantPick_->pick() >= 0)
-        pickDominant();
-    else if (control.widget() == associatedPick_ && associatedPick_->pick() >= 0)
-        pickAssociated();
+    takePick(control);
+    forms::moveFocus(control.widget() == dominantPick_ ? &dominant_ : &associated_);
+}
+
+forms::Leave ImpairmentFields::lostFocus(const forms::Control& control,
+                                         const forms::Control& /*now*/) {
+    takePick(control);
+    return forms::Leave::Go;
 }
 
 void ImpairmentFields::keyDown(const forms::Control& control, int& key,
@@ -245,7 +257,9 @@ void ImpairmentFields::keyDown(const forms::Control& control, int& key,
     if (key != Qt::Key_Escape || traits_.person != Person::Sibling)
         return;
     key = 0;
-    forms::moveFocus(control.widget() == dominantPick_ ? &dominant_ : &associated_);
+    const bool isDominant = control.widget() == dominantPick_;
+    (isDominant ? dominantPick_ : associatedPick_)->setPick(-1);
+    forms::moveFocus(isDominant ? &dominant_ : &associated_);
 }
 
 } // namespace clientcard

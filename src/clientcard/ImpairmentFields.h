@@ -35,6 +35,9 @@ struct ImpairmentTraits {
     bool hidesPicks;
     /// The dominant code typed anew leaves the associated ones as they are.
     bool sparesOnRepeat;
+    /// A typed 0 clears the dominant code and with it the associated ones; else only the picker
+    /// does.
+    bool zeroClears;
     /// What, typed into the associated field, clears the associated codes.
     char16_t clearing;
 };
@@ -64,24 +67,26 @@ class ImpairmentFields : public forms::FieldEvents {
     /// A digit stands in one of the two fields.
     bool isPending() const;
 
-    /// Takes over the digits of isPending(): the user went from there to a picker and picked
-    /// nothing. Says nothing of a code that is there already.
+    /// Takes over the digits of isPending() where nothing may be asked: when the user goes on to a
+    /// picker, or saves. A code that is there already stays in its field, to be asked about later.
     void takePending();
-    /// Takes over what was typed into the dominant field. @return true to keep the focus
-    bool takeDominant();
+    /// Takes over what was typed into the dominant field.
+    void takeDominant();
     /// Takes over what was typed into the associated field. @return true to keep the focus
     bool takeAssociated();
 
     void click(const forms::Control& control, forms::Area area) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
+    forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
 
     forms::DropDown& dominantPick() const { return *dominantPick_; }
     forms::DropDown& associatedPick() const { return *associatedPick_; }
 
   private:
     void nastavDominantne(int code);
-    void pickDominant();
-    void pickAssociated();
+    void takePick(const forms::Control& control);
+    void pickDominant(int row);
+    void pickAssociated(int row);
     void enableAssociated(bool enabled);
     void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const;
     void showSlots();

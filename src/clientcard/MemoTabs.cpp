@@ -29,14 +29,16 @@ class MemoTabs : public TabFamily {
   private:
     void enableByRow();
 
+    CardFrame& frame_;
     store::DataSource& source_;
     std::map<int, forms::RichText*> fields_;
     forms::Binding binding_;
 };
 
-MemoTabs::MemoTabs(CardFrame& frame) : source_(frame.data().datMemo()), binding_(source_) {
+MemoTabs::MemoTabs(CardFrame& frame)
+    : frame_(frame), source_(frame.data().datMemo()), binding_(source_) {
     QObject::connect(&source_, &store::DataSource::repositioned, &binding_,
-                     [this] { enableByRow(); });
+                     [this] { frame_.perform([this] { enableByRow(); }); });
 }
 
 /// Without an open row, as of a client whose row is missing, what was typed would go nowhere.

@@ -35,22 +35,20 @@ constexpr int ownFather = 2;
 constexpr int fromMother = 4;
 constexpr int fromFather = 5;
 
-constexpr int relation = 51;
-
 /// A field of the representative and where each option takes it from; -1 empties it.
 struct FillRow {
-    int target;
+    krz::Element target;
     std::array<int, 3> sources;
 };
 
 // Somebody else keeps the father's telephone and e-mail; users know the card that way.
 constexpr std::array<FillRow, 6> fillTable = {{
-    {50, {20, 35, -1}},
-    {52, {25, 40, -1}},
-    {53, {24, 39, -1}},
-    {54, {26, 41, -1}},
-    {55, {27, 42, 42}},
-    {56, {28, 43, 43}},
+    {krz::kon_meno, {krz::matka, krz::otec, -1}},
+    {krz::kon_obe, {krz::matobe, krz::oteobe, -1}},
+    {krz::kon_uli, {krz::matuli, krz::oteuli, -1}},
+    {krz::kon_psc, {krz::matpsc, krz::otepsc, -1}},
+    {krz::kon_tel, {krz::mattel, krz::otetel, krz::otetel}},
+    {krz::kon_mail, {krz::matmail, krz::otemail, krz::otemail}},
 }};
 
 } // namespace
@@ -78,7 +76,7 @@ void ParentOptions::fillRepresentative(int option) {
     const QString who = option == fromMother   ? QStringLiteral("matka")
                         : option == fromFather ? QStringLiteral("otec")
                                                : QString();
-    fields_.field(relation).setText(who);
+    fields_.field(krz::kon_pomer).setText(who);
 }
 
 void ParentOptions::nastavVolby(store::Recordset& client) {
@@ -93,6 +91,8 @@ void ParentOptions::nastavVolby(store::Recordset& client) {
         option(fromMother)->setChecked(true);
     else if (who == u"otec")
         option(fromFather)->setChecked(true);
+    else
+        forgetRepresentative();
 }
 
 std::function<void()> ParentOptions::keepChosen() const {

@@ -24,10 +24,8 @@ class ParentOptions {
     QRadioButton* option(int index) const { return options_.at(std::size_t(index)); }
 
     /// Sets the options from the current row (`nastavVolby`). A representative who is neither
-    /// parent leaves them as they stand. @throws store::EngineError
+    /// parent has none. @throws store::EngineError
     void nastavVolby(store::Recordset& client);
-    /// Nobody is chosen to fill the representative from.
-    void forgetRepresentative();
     /// Puts the flags into the open row. @throws store::EngineError
     void put(store::Recordset& client) const;
 
@@ -38,6 +36,7 @@ class ParentOptions {
 
   private:
     void fillRepresentative(int option);
+    void forgetRepresentative();
 
     EntryFields& fields_;
     std::array<QRadioButton*, count> options_{};

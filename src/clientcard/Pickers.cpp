@@ -60,24 +60,13 @@ forms::DropDown& Pickers::picker(int index) const {
     return picks_.at(std::size_t(index))->pick();
 }
 
-CodePick* Pickers::pickOf(int element) const {
+forms::DropDown* Pickers::pickOf(int element) const {
     const int index = entryTable()[std::size_t(element)].picker;
-    return index < 0 ? nullptr : picks_.at(std::size_t(index)).get();
-}
-
-void Pickers::openFor(int element) {
-    const CodePick* const pick = pickOf(element);
-    if (pick != nullptr && forms::moveFocus(&pick->pick()))
-        pick->pick().showPopup();
-}
-
-void Pickers::dropPick(int element) {
-    if (const CodePick* pick = pickOf(element))
-        pick->pick().dropPick();
+    return index < 0 ? nullptr : &picker(index);
 }
 
 bool Pickers::lookUp(int element) {
-    return pickOf(element)->lookUp();
+    return picks_.at(std::size_t(entryTable()[std::size_t(element)].picker))->lookUp();
 }
 
 void Pickers::showMeanings() {

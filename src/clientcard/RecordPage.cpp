@@ -1,5 +1,6 @@
 #include "clientcard/RecordPage.h"
 
+#include "card/CalendarNote.h"
 #include "clientcard/FieldGrid.h"
 #include "clientcard/RecordKind.h"
 #include "forms/DropDown.h"
@@ -35,7 +36,7 @@ QVBoxLayout* layOutList(const RecordControls& controls) {
 /// Labels that carry blanks at their ends would be ragged on the right.
 Qt::Alignment labelsOf(const RecordRow& row) {
     const bool isRagged = std::ranges::any_of(row.fields, [](const RecordField& field) {
-        return QString::fromUtf16(field.label).endsWith(u' ');
+        return QString::fromUtf16(field.field.caption).endsWith(u' ');
     });
     return isRagged ? Qt::AlignLeft : Qt::AlignRight;
 }
@@ -50,7 +51,7 @@ void layOutFields(const RecordControls& controls, QBoxLayout& frame) {
         // What stands alone in its row may reach over all columns.
         const bool isAlone =
             std::ranges::count(controls.row.fields, field.row, &RecordField::row) == 1;
-        grid.add({field.row, field.pair, isAlone ? 4 : 1}, QString::fromUtf16(field.label),
+        grid.add({field.row, field.pair, isAlone ? 4 : 1}, QString::fromUtf16(field.field.caption),
                  *controls.fields[i], controls.kind.pickOf(int(i)));
     }
     grid.grid().setColumnStretch(7, 1);
@@ -61,6 +62,7 @@ QGroupBox* makeFrame(const RecordControls& controls, QWidget* parent) {
     frame->setObjectName(QString::fromUtf16(controls.row.frame));
     auto* lines = new QVBoxLayout(frame);
     layOutFields(controls, *lines);
+    lines->addWidget(&controls.calendarNote);
     controls.kind.layOutBelow(*lines);
     if (controls.richText != nullptr) {
         lines->addWidget(labelOf(*controls.richText, controls.row.richLabel));

@@ -7,6 +7,10 @@
 class QPushButton;
 class QWidget;
 
+namespace card {
+class CalendarNote;
+}
+
 namespace forms {
 class EntryField;
 class RichText;
@@ -21,6 +25,7 @@ class RecordKind;
 struct RecordControls {
     const RecordRow& row;
     const std::vector<forms::EntryField*>& fields;
+    card::CalendarNote& calendarNote;
     RecordKind& kind;
     forms::RowList& list;
     /// Null for records without a long text.

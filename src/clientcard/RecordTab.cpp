@@ -1,8 +1,8 @@
 #include "clientcard/RecordTab.h"
 
+#include "card/FieldKeys.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
-#include "clientcard/KeyRules.h"
 #include "clientcard/RecordPage.h"
 #include "clientcard/TabFamily.h"
 #include "clientcard/TextRules.h"
@@ -70,7 +70,7 @@ void RecordTab::makeRichText() {
     richText_->setObjectName(QString::fromUtf16(row_.richText));
     richText_->editor().setAccessibleName(QString::fromUtf16(row_.richLabel));
     if (row_.upFromFirst == UpFromFirst::RichText)
-        fields_.setAbove(richText_);
+        fields_.setNeighbours(richText_, nullptr);
 }
 
 void RecordTab::makeButtons() {
@@ -92,6 +92,7 @@ void RecordTab::makeButtons() {
 QWidget* RecordTab::makePage(QWidget* parent) {
     return makeRecordPage({.row = row_,
                            .fields = fields_.fields(),
+                           .calendarNote = fields_.calendarNote(),
                            .kind = *kind_,
                            .list = *list_,
                            .richText = richText_,
@@ -108,7 +109,7 @@ void RecordTab::turnedTo() {
 void RecordTab::bind() {
     binding_.emplace(source_);
     for (std::size_t i = 0; i < row_.fields.size(); ++i) {
-        const QString column = QString::fromUtf16(row_.fields[i].column);
+        const QString column = QString::fromUtf16(row_.fields[i].field.column);
         if (!column.isEmpty())
             binding_->bind(*fields_.fields()[i], column);
     }
@@ -306,7 +307,7 @@ bool RecordTab::isComplete() {
     for (const MandatoryField& mandatory : row_.mandatory) {
         if (mandatory.field < 0 || !trimBlanks(fields_.field(mandatory.field).text()).isEmpty())
             continue;
-        refuse(frame_.window(), QString::fromUtf16(mandatory.message));
+        card::refuse(frame_.window(), QString::fromUtf16(mandatory.message));
         fields_.field(mandatory.field).setFocus();
         return false;
     }

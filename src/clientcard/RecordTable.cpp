@@ -6,42 +6,100 @@ namespace clientcard {
 
 namespace {
 
-constexpr const char16_t* workerTip = u"kód pracovníka z číselnika";
+using card::Check;
+using card::Tidy;
+
+constexpr card::FieldRow recordDate(const char16_t* column, const char16_t* label) {
+    return {.column = column, .caption = label, .maxLength = 12, .check = Check::Date};
+}
+
+constexpr card::FieldRow worker(const char16_t* column, const char16_t* label) {
+    return {.column = column,
+            .caption = label,
+            .toolTip = u"kód pracovníka z číselnika",
+            .tidy = Tidy::BothCapitals};
+}
+
+constexpr card::FieldRow hour(const char16_t* column, const char16_t* label) {
+    return {.column = column, .caption = label, .tidy = Tidy::TwoCharacters};
+}
 
 constexpr RecordField datedFields[] = {
-    {u"datum", u"Dátum zápisu :", u"", RecordRule::RecordDate, 12, false, 0, 0, 12},
-    {u"idkod_p", u"Meno pracovníka :", workerTip, RecordRule::Worker, 0, false, 1, 0, 12},
+    {recordDate(u"datum", u"Dátum zápisu :"), RecordCheck::DateIsFree, 0, 0, 12},
+    {worker(u"idkod_p", u"Meno pracovníka :"), RecordCheck::OfKind, 1, 0, 12},
 };
 
 constexpr RecordField careFields[] = {
-    {u"datum", u"Dátum záznamu :", u"", RecordRule::RecordDate, 12, false, 0, 0, 12},
-    {u"hod_od", u"Hodina od :", u"", RecordRule::Hour, 0, false, 0, 1, 4},
-    {u"hod_do", u"Hodina do :", u"", RecordRule::Hour, 0, false, 0, 2, 4},
-    {u"idkod_P", u"Pracovník :", workerTip, RecordRule::Worker, 0, false, 1, 0, 12},
+    {recordDate(u"datum", u"Dátum záznamu :"), RecordCheck::DateIsFree, 0, 0, 12},
+    {hour(u"hod_od", u"Hodina od :"), RecordCheck::None, 0, 1, 4},
+    {hour(u"hod_do", u"Hodina do :"), RecordCheck::None, 0, 2, 4},
+    {worker(u"idkod_P", u"Pracovník :"), RecordCheck::OfKind, 1, 0, 12},
 };
 
 // The next visit is looked for among the dates of visits, like the visit's own.
 constexpr RecordField visitFields[] = {
-    {u"datum", u"Návšteva dňa :", u"", RecordRule::RecordDate, 12, false, 0, 0, 12},
-    {u"dat_budn", u"Budúca návšteva :", u"", RecordRule::RecordDate, 12, false, 1, 0, 12},
+    {recordDate(u"datum", u"Návšteva dňa :"), RecordCheck::DateIsFree, 0, 0, 12},
+    {recordDate(u"dat_budn", u"Budúca návšteva :"), RecordCheck::DateIsFree, 1, 0, 12},
 };
 
 constexpr RecordField placementFields[] = {
-    {u"nazzar", u"Názov zariadenia ", u"kód zariadenia z číselníka", RecordRule::Facility, 0, false,
-     0, 0, 4},
-    {u"adresa", u"Adresa zariadenia  ", u"", RecordRule::Address, 0, false, 1, 0, 70},
-    {u"vzar_od", u"V zariadení je od   ", u"", RecordRule::Date, 12, false, 2, 0, 12},
-    {u"vzar_do", u"V zariadení bol do ", u"", RecordRule::Date, 12, false, 3, 0, 12},
+    {{.column = u"nazzar",
+      .caption = u"Názov zariadenia ",
+      .toolTip = u"kód zariadenia z číselníka"},
+     RecordCheck::OfKind,
+     0,
+     0,
+     4},
+    {{.column = u"adresa", .caption = u"Adresa zariadenia  ", .tidy = Tidy::CapitalByKey},
+     RecordCheck::None,
+     1,
+     0,
+     70},
+    {recordDate(u"vzar_od", u"V zariadení je od   "), RecordCheck::None, 2, 0, 12},
+    {recordDate(u"vzar_do", u"V zariadení bol do "), RecordCheck::None, 3, 0, 12},
 };
 
 constexpr RecordField siblingFields[] = {
-    {u"Meno", u"Meno a priezvisko", u"Meno", RecordRule::SiblingName, 0, false, 0, 0, 40},
-    {u"roknar", u"Rok narodenia", u"", RecordRule::Year, 4, true, 1, 0, 5},
-    {u"pohlavie", u"Pohlavie", u"", RecordRule::Sex, 1, false, 2, 0, 2},
-    {u"choroby", u"Prekonané vážn.ochorenia", u"", RecordRule::None, 50, false, 3, 0, 50},
-    {u"", u"Dominantné", u"", RecordRule::Dominant, 1, true, 0, 0, 0},
-    {u"", u"Pridružené", u"", RecordRule::Associated, 1, true, 0, 0, 0},
+    {{.column = u"Meno",
+      .caption = u"Meno a priezvisko",
+      .toolTip = u"Meno",
+      .tidy = Tidy::BothCapitals},
+     RecordCheck::NameIsFree,
+     0,
+     0,
+     40},
+    {{.column = u"roknar",
+      .caption = u"Rok narodenia",
+      .maxLength = 4,
+      .digitsOnly = true,
+      .tidy = Tidy::ZeroIfEmpty},
+     RecordCheck::None,
+     1,
+     0,
+     5},
+    {{.column = u"pohlavie", .caption = u"Pohlavie", .maxLength = 1, .check = Check::Sex},
+     RecordCheck::None,
+     2,
+     0,
+     2},
+    {{.column = u"choroby", .caption = u"Prekonané vážn.ochorenia", .maxLength = 50},
+     RecordCheck::None,
+     3,
+     0,
+     50},
+    {{.caption = u"Dominantné", .maxLength = 1, .digitsOnly = true}, RecordCheck::OfKind},
+    // Opened by the dominant one.
+    {{.caption = u"Pridružené", .maxLength = 1, .digitsOnly = true, .opensApart = true},
+     RecordCheck::OfKind},
 };
+
+constexpr card::SparingPick sparingPza[] = {{.name = u"DBCPza", .field = 1}};
+constexpr card::SparingPick sparingZaz[] = {{.name = u"DBCZaz", .field = 1}};
+constexpr card::SparingPick sparingZsc[] = {{.name = u"DBCZsc", .field = 3}};
+constexpr card::SparingPick sparingZar[] = {
+    {.name = u"dbcZar", .field = 0, .checksOthersAgain = true}};
+// The pick of associated impairments is not among them.
+constexpr card::SparingPick sparingSur[] = {{.name = u"cmbSur"}};
 
 constexpr const char16_t* noWorker = u"Meno psychológa je povinný údaj !";
 
@@ -75,7 +133,15 @@ constexpr RecordRow examinations = {
     .deleteButtons = u"cmdPza",
     .saveCaption = u"Zápis",
     .saveNewCaption = u"Zápis+nový",
-    .fieldArray = u"TextPza",
+    .fieldSet = {.array = u"TextPza",
+                 .pageKeysTo = u"cmdPzaZap",
+                 // The card's own Storno, which is disabled while a record is open: the tab's does
+                 // not spare a field its check, only Esc does.
+                 .uncheckedTowards = u"cmdStorno",
+                 // A field that a key has checked once is not checked again on leaving until the
+                 // card closes.
+                 .focusClearsCheck = card::FocusClearsCheck::No,
+                 .sparing = sparingPza},
     .fields = datedFields,
     .richText = u"rtbPza",
     .richColumn = u"popis",
@@ -89,15 +155,8 @@ constexpr RecordRow examinations = {
     .afterEdit = AfterEdit::SamePlace,
     .editOpens = EditOpens::AfterFields,
     .stornoRereads = StornoRereads::No,
-    // A field that a key has checked once is not checked again on leaving until the card closes.
-    .focusClearsCheck = FocusClearsCheck::No,
-    .pageKeysTo = u"cmdPzaZap",
-    // The card's own Storno, which is disabled while a record is open: the tab's does not spare a
-    // field its check, only Esc does.
-    .uncheckedTowards = u"cmdStorno",
     .pick = u"DBCPza",
     .pickedField = 1,
-    .towardsPick = TowardsPick::SparesItsField,
 };
 
 constexpr RecordRow changes = [] {
@@ -108,7 +167,7 @@ constexpr RecordRow changes = [] {
     row.list = u"DBList4";
     row.frame = u"Frame6";
     row.buttons = row.deleteButtons = u"cmdZaz";
-    row.fieldArray = u"TextZaz";
+    row.fieldSet.array = u"TextZaz";
     row.richText = u"rtbZaz";
     row.richColumn = u"zmeny";
     row.richLabel = u"Zaznamenané zmeny";
@@ -116,7 +175,8 @@ constexpr RecordRow changes = [] {
     row.deleteQuestion = u"Naozaj chceš vymazať zaznamenané zmeny zo dňa: ";
     // After an edit this list and the next two begin from the top.
     row.afterEdit = AfterEdit::FirstRow;
-    row.pageKeysTo = u"cmdZazZap";
+    row.fieldSet.pageKeysTo = u"cmdZazZap";
+    row.fieldSet.sparing = sparingZaz;
     row.pick = u"DBCZaz";
     return row;
 }();
@@ -129,7 +189,7 @@ constexpr RecordRow care = [] {
     row.list = u"DBList5";
     row.frame = u"Frame7";
     row.buttons = row.deleteButtons = u"cmdZsc";
-    row.fieldArray = u"textZsc";
+    row.fieldSet.array = u"textZsc";
     row.fields = careFields;
     row.richText = u"rtbZsc";
     row.richColumn = u"cinnost";
@@ -137,7 +197,8 @@ constexpr RecordRow care = [] {
     row.mandatory[1].field = 3;
     // The question's words stay those of the records of change.
     row.deleteTitle = u"Výmaz záznamu o špec.-ped.činnosti ";
-    row.pageKeysTo = u"cmdZscZap";
+    row.fieldSet.pageKeysTo = u"cmdZscZap";
+    row.fieldSet.sparing = sparingZsc;
     row.pick = u"DBCZsc";
     row.pickedField = 3;
     return row;
@@ -154,7 +215,7 @@ constexpr RecordRow visits = [] {
     row.frameTitle = u"Zápis/oprava údajov";
     row.buttons = row.deleteButtons = u"cmdNav";
     row.saveNewCaption = u"Zápis + nový";
-    row.fieldArray = u"textNav";
+    row.fieldSet.array = u"textNav";
     row.fields = visitFields;
     row.richText = row.richColumn = row.richLabel = u"";
     row.mandatory = {{{0, u"Dátum návštevy je povinný údaj !"},
@@ -166,7 +227,8 @@ constexpr RecordRow visits = [] {
     row.upFromFirst = UpFromFirst::Stays;
     // The button of another tab, disabled while a visit is open: PageUp and PageDown check the
     // field and the focus stays. Users know the tab that way.
-    row.pageKeysTo = u"cmdZazZap";
+    row.fieldSet.pageKeysTo = u"cmdZazZap";
+    row.fieldSet.sparing = {};
     row.pick = u"";
     row.pickedField = -1;
     return row;
@@ -182,7 +244,7 @@ constexpr RecordRow placements = [] {
     row.listCharacters = 28;
     row.frame = u"Frame3";
     row.buttons = row.deleteButtons = u"cmdZar";
-    row.fieldArray = u"textZar";
+    row.fieldSet.array = u"textZar";
     row.fields = placementFields;
     row.richText = row.richColumn = row.richLabel = u"";
     row.mandatory = {{{0, u"Názov zariadenia je povinný údaj !"}, {}}};
@@ -191,13 +253,13 @@ constexpr RecordRow placements = [] {
     row.questionParts = placementQuestion;
     row.opensOn = OpensOn::FirstField;
     row.upFromFirst = UpFromFirst::Stays;
-    row.focusClearsCheck = FocusClearsCheck::Yes;
+    row.fieldSet.focusClearsCheck = card::FocusClearsCheck::Yes;
     // The card's own button, disabled while a record is open: the keys check and stay.
-    row.pageKeysTo = u"CmdZap";
-    row.uncheckedTowards = u"cmdZarSto";
+    row.fieldSet.pageKeysTo = u"CmdZap";
+    row.fieldSet.uncheckedTowards = u"cmdZarSto";
+    row.fieldSet.sparing = sparingZar;
     row.pick = u"dbcZar";
     row.pickedField = 0;
-    row.towardsPick = TowardsPick::ChecksOthersAgain;
     return row;
 }();
 
@@ -214,7 +276,7 @@ constexpr RecordRow siblings = [] {
     row.deleteButtons = u"CmdSur";
     row.saveCaption = u"Zapíš súrodenca";
     row.saveNewCaption = u"Zapíš+nový";
-    row.fieldArray = u"textSur";
+    row.fieldSet.array = u"textSur";
     row.fields = siblingFields;
     row.mandatory = {{{0, u"Meno je povinný údaj !"}, {}}};
     // The question has no title of its own.
@@ -225,10 +287,10 @@ constexpr RecordRow siblings = [] {
     row.editOpens = EditOpens::BeforeFields;
     // So Storno leads to the first sibling, not to the one that was current.
     row.stornoRereads = StornoRereads::Yes;
-    row.uncheckedTowards = u"cmdSurSto";
-    row.pick = u"cmbSur";
+    row.fieldSet.uncheckedTowards = u"cmdSurSto";
+    row.fieldSet.sparing = sparingSur;
+    row.pick = u"";
     row.pickedField = -1;
-    row.towardsPick = TowardsPick::SparesAllFields;
     return row;
 }();
 

@@ -1,44 +1,31 @@
 #pragma once
 
+#include "card/FieldTable.h"
+
 #include <array>
 #include <span>
 
 namespace clientcard {
 
-/// What is done to a record's field when it is left or walked on from.
-enum class RecordRule {
+/// The check that a tab of records adds to a field.
+enum class RecordCheck {
     None,
-    Date,
-    /// A date that no other record of the client may have.
-    RecordDate,
-    /// Only the first two characters stay.
-    Hour,
-    Worker,
-    Facility,
-    /// The first letter in upper case, when the field is left by a key.
-    Address,
-    SiblingName,
-    /// An empty year becomes 0.
-    Year,
-    Sex,
-    Dominant,
-    Associated
+    /// No other record of the client may have the date.
+    DateIsFree,
+    /// No other sibling may have the name.
+    NameIsFree,
+    /// The check is told by the kind of the record.
+    OfKind
 };
 
 /// An entry field of a record, and where it lies in the grid of its frame.
 struct RecordField {
-    /// Empty for a field that is not bound.
-    const char16_t* column;
-    const char16_t* label;
-    const char16_t* toolTip;
-    RecordRule rule;
-    /// Greatest number of characters; 0 when the field sets no limit of its own.
-    int maxLength;
-    bool digitsOnly;
+    card::FieldRow field;
+    RecordCheck own = RecordCheck::None;
     /// Place, and characters that the field shows; none for a field that its kind lays out.
-    int row;
-    int pair;
-    int characters;
+    int row = 0;
+    int pair = 0;
+    int characters = 0;
 };
 
 /// A field that must not be empty, and what is said when it is.
@@ -65,16 +52,6 @@ enum class AfterEdit { SamePlace, FirstRow };
 enum class EditOpens { BeforeFields, AfterFields };
 /// What Storno does beyond dropping the record.
 enum class StornoRereads { No, Yes };
-/// Whether a field that gets the focus forgets that it was checked.
-enum class FocusClearsCheck { No, Yes };
-/// What leaving a field towards the tab's pick does.
-enum class TowardsPick {
-    /// The field that the pick serves is not checked; others are, unless a key has checked them.
-    SparesItsField,
-    /// As above, but the others are checked again.
-    ChecksOthersAgain,
-    SparesAllFields
-};
 
 /// All that one tab of records has of its own. The machine itself is RecordTab.
 struct RecordRow {
@@ -96,7 +73,7 @@ struct RecordRow {
     const char16_t* saveCaption;
     const char16_t* saveNewCaption;
 
-    const char16_t* fieldArray;
+    card::FieldSet fieldSet;
     std::span<const RecordField> fields;
     /// Empty for records without a long text.
     const char16_t* richText;
@@ -114,16 +91,15 @@ struct RecordRow {
     AfterEdit afterEdit;
     EditOpens editOpens;
     StornoRereads stornoRereads;
-    FocusClearsCheck focusClearsCheck;
-    /// The button that PageUp and PageDown ask for the focus.
-    const char16_t* pageKeysTo;
-    /// The button towards which nothing is checked.
-    const char16_t* uncheckedTowards;
-    /// The pick towards which the fields behave as `towardsPick` says, and the field it serves.
+    /// The pick of a code-list and the field that it serves; empty and -1 without one.
     const char16_t* pick;
     int pickedField;
-    TowardsPick towardsPick;
 };
+
+/// The fields of a sibling.
+namespace sibling {
+enum Field { name, year, sex, illnesses, dominant, associated };
+}
 
 /// The tab's row. @param tab one of the six tabs of records
 const RecordRow& recordRow(int tab);

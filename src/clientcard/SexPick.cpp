@@ -14,12 +14,17 @@ SexPick::SexPick(forms::FocusGuard& guard, forms::EntryField& field, const QStri
     guard.watch(pick_, array, index, *this);
 }
 
+/// The field says what holds; another value may come into it later.
+void SexPick::take() {
+    if (pick_->pick() >= 0)
+        field_.setText(pick_->text().left(1));
+    pick_->setPick(-1);
+}
+
 void SexPick::click(const forms::Control& /*control*/, forms::Area area) {
     if (area != forms::Area::Item || pick_->pick() < 0)
         return;
-    field_.setText(pick_->text().left(1));
-    // The field says what holds; another value may come into it later.
-    pick_->setPick(-1);
+    take();
     forms::moveFocus(&field_);
 }
 
@@ -28,7 +33,13 @@ void SexPick::keyDown(const forms::Control& /*control*/, int& key,
     if (key != Qt::Key_Escape)
         return;
     key = 0;
+    pick_->setPick(-1);
     forms::moveFocus(&field_);
+}
+
+forms::Leave SexPick::lostFocus(const forms::Control& /*control*/, const forms::Control& /*now*/) {
+    take();
+    return forms::Leave::Go;
 }
 
 } // namespace clientcard

@@ -23,9 +23,12 @@ class SexPick : public forms::FieldEvents {
     forms::DropDown& pick() const { return *pick_; }
 
     void click(const forms::Control& control, forms::Area area) override;
+    forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
 
   private:
+    void take();
+
     forms::EntryField& field_;
     forms::DropDown* pick_;
 };

@@ -1,10 +1,10 @@
+#include "card/TextRules.h"
 #include "clientcard/CardData.h"
 #include "clientcard/FieldGrid.h"
 #include "clientcard/ImpairmentFields.h"
 #include "clientcard/RecordKind.h"
 #include "clientcard/SexPick.h"
 #include "clientcard/TabFamily.h"
-#include "clientcard/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "store/Recordset.h"
@@ -17,9 +17,6 @@ namespace clientcard {
 
 namespace {
 
-constexpr int sex = 2;
-constexpr int dominant = 4;
-constexpr int associated = 5;
 constexpr int sexPickWidth = 46;
 
 /// Siblings. Their picks are hidden, not merely disabled, while no record is open.
@@ -32,6 +29,7 @@ class SiblingKind : public RecordKind {
 
     void enableInput(bool enabled) override;
     void rowShown(store::Recordset& rows) override;
+    void leftForPick(int field) override;
     bool holds(int field) override;
     std::function<void()> keepTyped() override {
         return [this, codes = impairments_.joined()] {
@@ -48,24 +46,25 @@ class SiblingKind : public RecordKind {
 };
 
 SiblingKind::SiblingKind(const RecordParts& parts)
-    : fields_(parts.fields), sexPick_(parts.frame.guard(), *fields_[sex], QStringLiteral("cmbSur"),
-                                      0, QStringLiteral("výber pohlavia"), parts.workshop),
-      impairments_(impairmentTraits(Person::Sibling), *fields_[dominant], *fields_[associated],
-                   parts.workshop, parts.frame.guard()) {
+    : fields_(parts.fields),
+      sexPick_(parts.frame.guard(), *fields_[sibling::sex], QStringLiteral("cmbSur"), 0,
+               QStringLiteral("výber pohlavia"), parts.workshop),
+      impairments_(impairmentTraits(Person::Sibling), *fields_[sibling::dominant],
+                   *fields_[sibling::associated], parts.workshop, parts.frame.guard()) {
     sexPick_.pick().setFixedWidth(sexPickWidth);
     keepPlace(sexPick_.pick());
     sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
-    for (const int field : {dominant, associated})
+    for (const int field : {sibling::dominant, sibling::associated})
         setWidth(*fields_[std::size_t(field)], 2);
 }
 
 forms::DropDown* SiblingKind::pickOf(int field) const {
     switch (field) {
-    case sex:
+    case sibling::sex:
         return &sexPick_.pick();
-    case dominant:
+    case sibling::dominant:
         return &impairments_.dominantPick();
-    case associated:
+    case sibling::associated:
         return &impairments_.associatedPick();
     default:
         return nullptr;
@@ -92,12 +91,21 @@ void SiblingKind::enableInput(bool enabled) {
 /// before.
 void SiblingKind::rowShown(store::Recordset& rows) {
     const bool isRow = rows.AbsolutePosition() >= 0 || rows.EditMode() == store::EditState::Add;
-    impairments_.show(isRow ? trimBlanks(rows.Fields(u"postih").Value().toText()) : QString());
+    impairments_.show(isRow ? card::trimBlanks(rows.Fields(u"postih").Value().toText())
+                            : QString());
     sexPick_.pick().setPick(-1);
 }
 
+void SiblingKind::leftForPick(int field) {
+    if (field == sibling::dominant || field == sibling::associated)
+        impairments_.takePending();
+}
+
 bool SiblingKind::holds(int field) {
-    return field == dominant ? impairments_.takeDominant() : impairments_.takeAssociated();
+    if (field != sibling::dominant)
+        return impairments_.takeAssociated();
+    impairments_.takeDominant();
+    return false;
 }
 
 void SiblingKind::complete(store::Recordset& rows) {

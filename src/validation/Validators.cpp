@@ -17,6 +17,8 @@ namespace {
 
 using forms::EntryField;
 
+/// How much of a name is looked for.
+constexpr qsizetype soughtCharacters = 30;
 constexpr auto errorTitle = u"Chybová správa";
 constexpr auto retryCancel = QMessageBox::Retry | QMessageBox::Cancel;
 constexpr auto abortRetryIgnore = QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
@@ -80,7 +82,14 @@ bool findsName(const QString& name, store::DataSource& source, const QString& ta
                const QString& column) {
     source.setRecordSource(QStringLiteral("select * from %1 order by %2").arg(table, column));
     source.Refresh();
-    source.Recordset().FindFirst(column + u'=' + store::quoted(name));
+    const QString sought = trimBlanks(name.left(soughtCharacters));
+    source.Recordset().FindFirst(column + u'=' + store::quoted(sought));
+    // A longer name is found by the characters that are sought of it.
+    if (source.Recordset().NoMatch() && sought.size() == soughtCharacters)
+        source.Recordset().FindFirst(QStringLiteral("left(%1, %2) = %3")
+                                         .arg(column)
+                                         .arg(soughtCharacters)
+                                         .arg(store::quoted(sought)));
     return !source.Recordset().NoMatch();
 }
 
@@ -178,7 +187,7 @@ bool kontrolaCiselnik(forms::DropDown& list, EntryField& field, store::DataSourc
     if (field.text().isEmpty())
         return false;
     if (podlaNazvu)
-        return !findsName(trimBlanks(field.text().left(30)), source, table, nameColumn) &&
+        return !findsName(field.text(), source, table, nameColumn) &&
                refuse(field, QStringLiteral("Zadaný reťazec :%1 nie je v číselníku").arg(text),
                       abortRetryIgnore, QMessageBox::Retry);
     return !findsCode(text, source, codeColumn) &&

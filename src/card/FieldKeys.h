@@ -10,8 +10,8 @@ namespace forms {
 class Control;
 }
 
-/// What all entry fields of the card do alike.
-namespace clientcard {
+/// What all entry fields of a card do alike.
+namespace card {
 
 /// The key leads to another field: Enter, Up, Down, PageUp, PageDown.
 bool walks(int key, Qt::KeyboardModifiers modifiers);
@@ -25,4 +25,4 @@ void refuse(QWidget& window, const QString& message);
 /// Drops a character that is no digit, and says so; the field keeps the focus.
 void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character);
 
-} // namespace clientcard
+} // namespace card

@@ -1,9 +1,9 @@
-#include "clientcard/KeyRules.h"
+#include "card/FieldKeys.h"
 
 #include "forms/FieldEvents.h"
 #include "forms/MessageBox.h"
 
-namespace clientcard {
+namespace card {
 
 bool walks(int key, Qt::KeyboardModifiers modifiers) {
     if (modifiers.testFlag(Qt::ControlModifier))
@@ -30,4 +30,4 @@ void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& chara
     control.widget()->setFocus();
 }
 
-} // namespace clientcard
+} // namespace card

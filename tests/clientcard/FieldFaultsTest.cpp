@@ -1,0 +1,250 @@
+#include "RecordScreen.h"
+
+#include <QLabel>
+#include <QRadioButton>
+
+using cardtest::RecordTest;
+using cardtest::text;
+using enum QMessageBox::StandardButton;
+
+namespace {
+
+class FieldFaultsTest : public RecordTest {
+  protected:
+    /// Presses keys: T is Tab, R Enter, E Esc, D Down, F F4, what else there is is typed.
+    void keys(const char* pressed) {
+        for (const char* k = pressed; *k != '\0'; ++k) {
+            const auto known = std::ranges::find(codes, *k, &std::pair<char, Qt::Key>::first);
+            if (known != std::end(codes))
+                key(known->second);
+            else
+                QTest::keyClick(keyboard(), *k);
+        }
+    }
+    /// The lines that name dates which are none, on the tab on show.
+    QString calendarNote() {
+        QStringList shown;
+        for (const auto* label : card->findChildren<QLabel*>(text("lblKalendar")))
+            shown += label->isVisible() ? label->text() : QString();
+        return shown.join(QString());
+    }
+    QString slotTexts(const char* array) {
+        QString all;
+        for (int i = 0; i < 9; ++i)
+            all += at(qPrintable(text("%1(%2)").arg(text(array)).arg(i))).text();
+        return all;
+    }
+
+    static constexpr std::pair<char, Qt::Key> codes[] = {{'T', Qt::Key_Tab},
+                                                         {'R', Qt::Key_Return},
+                                                         {'E', Qt::Key_Escape},
+                                                         {'D', Qt::Key_Down},
+                                                         {'F', Qt::Key_F4}};
+};
+
+} // namespace
+
+TEST_F(FieldFaultsTest, WhatAPickShowsWhenItIsLeftIsStored) {
+    addCode("c_narodn", "02", "madarska");
+    addCode("c_narodn", "03", "romska");
+    struct Case {
+        const char *values, *pick, *pressed, *column, *stored;
+    };
+    for (const Case& c :
+         {Case{"", "cmbPos(3)", "zT", "pohlav", "Z"}, Case{"", "cmbPos(3)", "DT", "pohlav", "M"},
+          Case{"pohlav = 'Z'", "cmbPos(3)", "FmE", "pohlav", "Z"},
+          Case{"", "cmbPos(2)", "3T", "postih", "3        "},
+          Case{"postih = '3'", "cmbSek(0)", "9T", "postih", "39"},
+          Case{"otepos = '3'", "cmbSek(2)", "9T", "otepos", "39"},
+          Case{"narodn = '01'", "dbcvolby(1)", "FDDE", "narodn", "01"},
+          Case{"narodn = '01'", "dbcvolby(1)", "DDE", "narodn", "01"},
+          Case{"", "dbcvolby(8)", "2", "zdrpoi", "25"},
+          Case{"kon_obe = 'Bab'", "dbcvolby(7)", "FDE", "kon_obe", "Bab"},
+          Case{"", "dbcvolby(7)", "nT", "kon_obe", "Nitra"}}) {
+        SCOPED_TRACE(testing::Message() << c.pick << " by " << c.pressed);
+        openClient(c.values);
+        auto& pick = at<forms::DropDown>(c.pick);
+        if (!pick.isVisible())
+            turnTabs(1);
+        pick.setFocus();
+        keys(c.pressed);
+        card->activateWindow();
+        click("CmdZap");
+        EXPECT_EQ(stored(c.column), text(c.stored));
+    }
+    turnTo(10);
+    for (const auto& [pressed, worker] : {std::pair{"novT", "NOVAKJA00"}, {"FDDE", ""}}) {
+        press("Novy");
+        entry(0).setFocus();
+        type("1.9.2005");
+        at<forms::DropDown>("DBCPza").setFocus();
+        keys(pressed);
+        EXPECT_EQ(entry(1).text(), text(worker));
+        entry(0).setFocus();
+        card->activateWindow();
+        key(Qt::Key_Escape);
+    }
+}
+
+TEST_F(FieldFaultsTest, ATypedDigitIsTakenWhereverTheFocusGoes) {
+    struct Case {
+        const char* before;
+        int element;
+        const char *pressed, *after;
+    };
+    for (const Case& c : {Case{"5", 18, "3TT9R", "39       "}, Case{"5", 18, "3T", "3        "},
+                          Case{"57", 19, "9T", "579"}, Case{"57", 19, "0T", "5        "},
+                          Case{"57", 19, "7F", "57"}, Case{"57", 18, "0R", "57"}}) {
+        SCOPED_TRACE(testing::Message() << c.before << " by " << c.pressed);
+        openClient(qPrintable(text("postih = '%1'").arg(text(c.before))));
+        goTo(c.element);
+        keys(c.pressed);
+        EXPECT_EQ(slotTexts("textPosK"), text(c.after));
+        if (auto* popup = QApplication::activePopupWidget())
+            popup->close();
+        card->activateWindow();
+        click("CmdZap");
+        EXPECT_EQ(stored("postih"), text(c.after));
+    }
+    for (const auto& [pressed, after] :
+         {std::pair{"0R", "        "}, {"0T", "        "}, {"R", "35"}, {"3T", "35"}}) {
+        SCOPED_TRACE(pressed);
+        reg.execute({text("delete from k_surodenci")});
+        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', '35')");
+        turnTo(2);
+        press("Opr");
+        entry(4).setFocus();
+        keys(pressed);
+        EXPECT_EQ(slotTexts("textPosS"), text(after));
+        EXPECT_EQ(entry(4).text(), QString());
+        EXPECT_EQ(at<forms::DropDown>("cmbSek(3)").isVisible(), text(after) == text("35"));
+        press("Zap");
+        EXPECT_EQ(value("postih"), text(after));
+    }
+}
+
+TEST_F(FieldFaultsTest, AFieldIsCheckedOnceHoweverItIsLeft) {
+    struct Case {
+        int element;
+        const char* typed;
+        const char* refusal;
+    };
+    for (const Case& c : {Case{3, "8055120008", "Nesprávne rodné číslo ,opraviť ?"},
+                          Case{2, "Xyz", "Zadaný reťazec :Xyz nie je v číselníku"}}) {
+        for (const int code : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Tab, Qt::Key_PageDown}) {
+            SCOPED_TRACE(testing::Message() << c.element << " by " << code);
+            open();
+            goTo(c.element);
+            type(c.typed);
+            boxes.expect({.text = text(c.refusal),
+                          .title = text("Chybová správa"),
+                          .icon = QMessageBox::Warning,
+                          .buttons = Abort | Retry | Ignore,
+                          .answer = Ignore});
+            key(code);
+            EXPECT_NE(focused(), field(c.element).objectName());
+            EXPECT_EQ(field(c.element).text(), text(c.typed));
+        }
+    }
+}
+
+TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
+    const auto line = [](const char* date) {
+        return text("%1 v kalendári nie je, do výkazu sa nezapočíta").arg(text(date));
+    };
+    const auto isMarked = [this](QWidget& widget) {
+        return widget.palette().color(QPalette::Base) != field(0).palette().color(QPalette::Base);
+    };
+    openClient("datnar = '31.06.2018'");
+    EXPECT_EQ(calendarNote(), line("31.06.2018"));
+    EXPECT_TRUE(isMarked(field(4)));
+    enterInto(17, "31.9.18");
+    EXPECT_EQ(calendarNote(), line("31.06.2018") + u'\n' + line("31.9.2018"));
+    enterInto(4, "30.6.2018");
+    EXPECT_EQ(calendarNote(), line("31.9.2018"));
+    EXPECT_FALSE(isMarked(field(4)));
+    enterInto(3, "8013320007");
+    goTo(17);
+    key(Qt::Key_Delete);
+    enter();
+    EXPECT_EQ(calendarNote(), QString());
+    using Case = std::pair<int, int>;
+    for (const auto& [tab, index] : {Case{9, 2}, Case{9, 3}, Case{10, 0}, Case{11, 0}, Case{12, 0},
+                                     Case{13, 0}, Case{13, 1}}) {
+        SCOPED_TRACE(testing::Message() << tab << ", " << index);
+        turnTo(tab);
+        press("Novy");
+        fill(m->second);
+        fill({{index, "31.9.18"}});
+        EXPECT_EQ(calendarNote(), QString()) << "while it is typed";
+        key(Qt::Key_Return);
+        EXPECT_EQ(calendarNote(), line("31.9.2018"));
+        EXPECT_TRUE(isMarked(entry(index)));
+        press("Zap");
+        EXPECT_EQ(calendarNote(), line("31.9.2018"));
+        press("Novy");
+        EXPECT_EQ(calendarNote(), QString());
+        key(Qt::Key_Escape);
+    }
+}
+
+TEST_F(FieldFaultsTest, AWorkerCanBeNamed) {
+    for (const auto& [key, name, surname] : {std::tuple{"NOVÁKJÁ00", "Ján", "Novák"},
+                                             {"MALYJA00", "Jana", "Maly"},
+                                             {"MALYJA01", "Jana", "Malý"},
+                                             {"MALYJA02", "Jana", "Malý"}})
+        reg.add(text("zamestnanci"),
+                {{u"idkod", text(key)}, {u"meno", text(name)}, {u"priezv", text(surname)}});
+    for (const auto& [tab, index] : {std::pair{10, 1}, {12, 1}, {11, 3}}) {
+        turnTo(tab);
+        for (const auto& [typed, key] : {std::pair{"Novák Ján", "NOVÁKJÁ00"},
+                                         {"jan novak", "NOVAKJA00"},
+                                         {"adamova eva", "ADAMOVEV00"},
+                                         {"maly jana", "MALYJA00"}}) {
+            SCOPED_TRACE(typed);
+            add({{0, "1.9.2005"}, {index, typed}});
+            EXPECT_EQ(value("idkod_p"), text(key));
+            reg.execute({text("delete from ") + text(m->table)});
+            turnTo(tab);
+        }
+        press("Novy");
+        entry(index).setFocus();
+        type("Malý Jana");
+        expectRefusal("Zadaný kód :Malý Jana sa nenašiel v číselníku", Cancel);
+        key(Qt::Key_Return);
+        EXPECT_EQ(entry(index).text(), QString());
+        key(Qt::Key_Escape);
+    }
+}
+
+TEST_F(FieldFaultsTest, TheRepresentativesOptionIsTheClients) {
+    for (const auto& [relation, option] :
+         {std::pair{"teta", -1}, {"matka", 4}, {"otec", 5}, {"teta", -1}}) {
+        // The first row of the table is another client's.
+        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        reg.add(text("k_zaklad"), {{u"idkod", text("ABAAA00")}, {u"kon_pomer", text("matka")}});
+        insertClient("NOVOTNEV00", qPrintable(text("kon_pomer = '%1'").arg(text(relation))));
+        open(text("NOVOTNEV00"));
+        for (const int i : {4, 5, 6})
+            EXPECT_EQ(at<QRadioButton>(qPrintable(text("optKrz(%1)").arg(i))).isChecked(),
+                      i == option)
+                << relation << ", " << i;
+    }
+}
+
+TEST_F(FieldFaultsTest, AMunicipalityWithALongNameIsTyped) {
+    const char* name = "Bratislava-Podunajské Biskupice";
+    addCode("c_iczuj", "529303", name);
+    const std::pair<int, const char*> fields[] = {
+        {2, "mienar"}, {13, "obec"}, {25, "matobe"}, {40, "oteobe"}, {52, "kon_obe"}};
+    openClient();
+    for (const auto& [element, column] : fields) {
+        if (!field(element).isVisible())
+            turnTabs(1);
+        enterInto(element, name);
+        EXPECT_NE(focused(), field(element).objectName());
+    }
+    click("CmdZap");
+    for (const auto& [element, column] : fields)
+        EXPECT_EQ(stored(column), text(name)) << column;
+}
