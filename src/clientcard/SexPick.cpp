@@ -21,6 +21,11 @@ void SexPick::take() {
     pick_->setPick(-1);
 }
 
+/// The list opens at the field's value.
+void SexPick::gotFocus(const forms::Control& /*control*/) {
+    pick_->setPick(field_.text() == u"M" ? 0 : field_.text() == u"Z" ? 1 : -1);
+}
+
 void SexPick::click(const forms::Control& /*control*/, forms::Area area) {
     if (area != forms::Area::Item || pick_->pick() < 0)
         return;

@@ -22,6 +22,7 @@ class SexPick : public forms::FieldEvents {
             const QString& toolTip, QWidget* parent);
     forms::DropDown& pick() const { return *pick_; }
 
+    void gotFocus(const forms::Control& control) override;
     void click(const forms::Control& control, forms::Area area) override;
     forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
