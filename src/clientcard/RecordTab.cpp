@@ -289,8 +289,10 @@ void RecordTab::commit(const std::function<void()>& resume) {
 
 /// @return opens the record again and puts in what was typed
 std::function<void()> RecordTab::keepOpenRecord() {
-    return [this, mode = records().EditMode(), place = records().AbsolutePosition(),
-            fields = binding_->keepTyped(), own = kind_->keepTyped()] {
+    const store::EditState mode = records().EditMode();
+    // A new record has no place, and the row behind it may be gone.
+    const qint64 place = mode == store::EditState::Edit ? records().AbsolutePosition() : -1;
+    return [this, mode, place, fields = binding_->keepTyped(), own = kind_->keepTyped()] {
         source_.Refresh();
         if (mode == store::EditState::Edit) {
             records().setAbsolutePosition(place);

@@ -7,6 +7,7 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "store/EngineError.h"
 #include "store/Recordset.h"
 
 #include <QBoxLayout>
@@ -88,11 +89,20 @@ void SiblingKind::enableInput(bool enabled) {
 }
 
 /// The row that is open as a new one counts as a row here, so that it shows nothing of the one
-/// before.
+/// before. Of a row that has gone nothing is shown.
+QString storedImpairments(store::Recordset& rows) {
+    const bool isRow = rows.EditMode() == store::EditState::Add || rows.AbsolutePosition() >= 0;
+    try {
+        return isRow ? card::trimBlanks(rows.Fields(u"postih").Value().toText()) : QString();
+    } catch (const store::EngineError& error) {
+        if (error.number() != store::ErrorNumber::RecordDeleted)
+            throw;
+        return {};
+    }
+}
+
 void SiblingKind::rowShown(store::Recordset& rows) {
-    const bool isRow = rows.AbsolutePosition() >= 0 || rows.EditMode() == store::EditState::Add;
-    impairments_.show(isRow ? card::trimBlanks(rows.Fields(u"postih").Value().toText())
-                            : QString());
+    impairments_.show(storedImpairments(rows));
     sexPick_.pick().setPick(-1);
 }
 

@@ -9,6 +9,7 @@
 #include "validation/modKontrola.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
