@@ -49,10 +49,15 @@ class Pipe {
     QByteArray buffer_;
 };
 
+/// The end of the file is missing.
+struct CutOff {};
+
 /// The tables of a register that were found in the file.
 struct Found {
     TableList list;
     std::deque<OldTableReader> readers;
+    /// Pages of the file.
+    quint64 pages = 0;
 };
 
 bool isListed(const TableList& list, const QString& name) {
@@ -71,6 +76,8 @@ void look(MdbCatalogEntry& entry, Found& found) {
         found.list.foreign.push_back(name);
         return;
     }
+    if (entry.table_pg >= found.pages)
+        throw CutOff();
     OldTableReader reader(entry);
     if (!reader.isOpen()) {
         found.list.unreadable.push_back(name);
@@ -80,19 +87,24 @@ void look(MdbCatalogEntry& entry, Found& found) {
     found.readers.push_back(std::move(reader));
 }
 
-void sendRows(const OldTableReader& reader, quint32 table, Pipe& pipe) {
+void sendRows(const Found& found, quint32 table, Pipe& pipe) {
     OldRows rows(
-        reader,
+        found.readers[table],
         [&](std::vector<OldValue> values) {
             pipe.send(OldRow{table, std::move(values)});
         },
         [&](quint32 page, quint32 lost) {
+            if (page >= found.pages)
+                throw CutOff();
             pipe.send(BrokenPage{table, page, lost});
         });
     rows.readAll();
 }
 
 std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
+    const qint64 size = QFile(QFile::decodeName(path)).size();
+    if (size % MDB_PGSIZE != 0)
+        throw CutOff();
     OldFile file(path);
     if (!file.isOpen())
         return QStringLiteral("Hlavička súboru je poškodená.");
@@ -100,12 +112,21 @@ std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
     if (catalogue.empty())
         return QStringLiteral("Súbor je poškodený: zoznam jeho tabuliek sa nedá prečítať.");
     Found found;
+    found.pages = static_cast<quint64>(size / MDB_PGSIZE);
     for (MdbCatalogEntry* entry : catalogue)
         look(*entry, found);
     pipe.send(found.list);
     for (quint32 table = 0; table < found.readers.size(); ++table)
-        sendRows(found.readers[table], table, pipe);
+        sendRows(found, table, pipe);
     return std::nullopt;
+}
+
+std::optional<QString> sendAllOrRefuse(const QByteArray& path, Pipe& pipe) {
+    try {
+        return sendAll(path, pipe);
+    } catch (const CutOff&) {
+        return QStringLiteral("Súbor je neúplný: chýba jeho koniec.");
+    }
 }
 
 } // namespace
@@ -114,7 +135,7 @@ std::optional<int> runAsReader(int argc, char** argv) {
     if (argc != 3 || std::strcmp(argv[1], readerWord) != 0)
         return std::nullopt;
     Pipe pipe;
-    if (const auto refused = sendAll(argv[2], pipe))
+    if (const auto refused = sendAllOrRefuse(argv[2], pipe))
         pipe.send(Refusal{*refused});
     else
         pipe.send(EndOfFile());

@@ -7,12 +7,15 @@ namespace {
 struct Verb {
     const char16_t* word;
     Command command;
-    /// File, and the folder of code-lists where it is told by place.
-    int operands;
+    /// Where the word behind the file goes; none is taken when null.
+    QString Arguments::*second;
 };
-constexpr Verb verbs[] = {{u"prazdna", Command::Empty, 1},
-                          {u"ukazka", Command::Sample, 1},
-                          {u"ciselniky", Command::ReplaceLists, 2}};
+constexpr Verb verbs[] = {{u"prazdna", Command::Empty, nullptr},
+                          {u"ukazka", Command::Sample, nullptr},
+                          {u"ciselniky", Command::ReplaceLists, &Arguments::listsFolder},
+                          {u"prevod", Command::TakeOver, &Arguments::target},
+                          {u"vyvoz", Command::Export, &Arguments::target},
+                          {u"dovoz", Command::Import, &Arguments::target}};
 
 /// Stores what stands behind an option; false when it does not suit.
 struct Option {
@@ -69,8 +72,9 @@ const Entry* find(const Entry (&entries)[Size], const QString& word) {
 /// Takes the option that stands at `index` and its value. @return what is wrong, empty if nothing
 QString takeOption(const QStringList& words, qsizetype index, Arguments& arguments) {
     const Option* option = find(options, words[index]);
-    const bool known = option != nullptr && arguments.command != Command::ReplaceLists &&
-                       (!option->ofSample || arguments.command == Command::Sample);
+    const bool known =
+        option != nullptr && (arguments.command == Command::Sample ||
+                              (arguments.command == Command::Empty && !option->ofSample));
     if (!known)
         return QStringLiteral("Neznáma voľba %1.").arg(words[index]);
     if (index + 1 >= words.size())
@@ -89,7 +93,10 @@ QString usage() {
         "  mkdb prazdna <súbor.mdb> [--ciselniky PRIEČINOK]\n"
         "  mkdb ukazka <súbor.mdb> [--klienti 300] [--semeno 1] [--dnes D.M.RRRR]\n"
         "              [--ciselniky PRIEČINOK] [--ukazka PRIEČINOK]\n"
-        "  mkdb ciselniky <súbor.mdb> <PRIEČINOK>\n");
+        "  mkdb ciselniky <súbor.mdb> <PRIEČINOK>\n"
+        "  mkdb prevod <pôvodný.mdb> <nový.mdb>\n"
+        "  mkdb vyvoz <súbor.mdb> <PRIEČINOK>\n"
+        "  mkdb dovoz <PRIEČINOK> <nový.mdb>\n");
 }
 
 std::optional<Arguments> readArguments(const QStringList& words, const QString& dataFolder,
@@ -99,16 +106,16 @@ std::optional<Arguments> readArguments(const QStringList& words, const QString& 
     arguments.wordsFolder = dataFolder + QStringLiteral("/ukazka");
     arguments.plan.today = today;
     const Verb* verb = words.isEmpty() ? nullptr : find(verbs, words[0]);
-    if (verb == nullptr || words.size() <= verb->operands) {
+    const int operands = verb != nullptr && verb->second != nullptr ? 2 : 1;
+    if (verb == nullptr || words.size() <= operands) {
         problem = QStringLiteral("Chýba príkaz alebo súbor.");
         return std::nullopt;
     }
     arguments.command = verb->command;
     arguments.file = words[1];
-    if (verb->command == Command::ReplaceLists)
-        arguments.listsFolder = words[2];
-    for (qsizetype index = 1 + verb->operands; index < words.size() && problem.isEmpty();
-         index += 2)
+    if (verb->second != nullptr)
+        arguments.*verb->second = words[2];
+    for (qsizetype index = 1 + operands; index < words.size() && problem.isEmpty(); index += 2)
         problem = takeOption(words, index, arguments);
     return problem.isEmpty() ? std::optional(arguments) : std::nullopt;
 }

@@ -9,7 +9,7 @@
 
 namespace mkdb {
 
-enum class Command { Empty, Sample, ReplaceLists };
+enum class Command { Empty, Sample, ReplaceLists, TakeOver, Export, Import };
 
 /// What the command line asks for.
 struct Arguments {
@@ -18,6 +18,8 @@ struct Arguments {
     QString listsFolder;
     QString wordsFolder;
     RegisterPlan plan;
+    /// What is made of the file: a register or a folder.
+    QString target{};
 };
 
 /// How the program is used, in Slovak.

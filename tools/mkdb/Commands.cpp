@@ -1,6 +1,9 @@
 #include "Commands.h"
 
 #include "DatabaseSink.h"
+#include "RegisterCsv.h"
+#include "oldregister/Conversion.h"
+#include "oldregister/CsvExport.h"
 #include "store/EngineError.h"
 
 #include <QFile>
@@ -12,6 +15,7 @@ namespace mkdb {
 namespace {
 
 using Filler = std::function<void(RowSink&)>;
+using Maker = std::function<void(store::Database&)>;
 
 /// A file that is being made; goes away again unless it was finished.
 class BegunFile {
@@ -40,18 +44,22 @@ void refuseExisting(const QString& file) {
 }
 
 /// Makes a register aside and gives it its name once it is complete and durable.
-void makeFile(const QString& file, const Filler& fill) {
+void makeFile(const QString& file, const Maker& make) {
     refuseExisting(file);
     const BegunFile begun(file + QStringLiteral(".tvorba"));
     store::DBEngine engine;
     engine.CreateDatabase(begun.path());
     store::Database database = engine.OpenDatabase(begun.path());
-    {
-        DatabaseSink sink(database);
-        fill(sink);
-    }
+    make(database);
     database.Close();
     begun.finish(file);
+}
+
+void fillFile(const QString& file, const Filler& fill) {
+    makeFile(file, [&](store::Database& database) {
+        DatabaseSink sink(database);
+        fill(sink);
+    });
 }
 
 void writeLists(const std::vector<CodeList>& lists, RowSink& sink) {
@@ -61,14 +69,14 @@ void writeLists(const std::vector<CodeList>& lists, RowSink& sink) {
 
 QString makeEmpty(const Arguments& arguments) {
     const auto lists = readCodeLists(arguments.listsFolder);
-    makeFile(arguments.file, [&](RowSink& sink) { writeLists(lists, sink); });
+    fillFile(arguments.file, [&](RowSink& sink) { writeLists(lists, sink); });
     return QStringLiteral("Vytvorená prázdna databáza %1.").arg(arguments.file);
 }
 
 QString makeSample(const Arguments& arguments) {
     const auto lists = readCodeLists(arguments.listsFolder);
     const Vocabulary words = readVocabulary(arguments.wordsFolder);
-    makeFile(arguments.file, [&](RowSink& sink) {
+    fillFile(arguments.file, [&](RowSink& sink) {
         writeLists(lists, sink);
         makeRegister(arguments.plan, words, lists, sink);
     });
@@ -94,6 +102,27 @@ QString replaceLists(const Arguments& arguments) {
         .arg(lists.size());
 }
 
+QString takeOver(const Arguments& arguments) {
+    const auto report = oldregister::convert(arguments.file, arguments.target);
+    return report.text() + QStringLiteral("\nVytvorený register %1.").arg(arguments.target);
+}
+
+QString exportTables(const Arguments& arguments) {
+    store::DBEngine engine;
+    store::Database database = engine.OpenDatabase(arguments.file);
+    const qint64 rows = oldregister::exportCsv(database, arguments.target);
+    return QStringLiteral("Tabuľky registra %1 sú v priečinku %2, počet riadkov: %3.")
+        .arg(arguments.file, arguments.target)
+        .arg(rows);
+}
+
+QString importTables(const Arguments& arguments) {
+    makeFile(arguments.target,
+             [&](store::Database& database) { importCsv(database, arguments.file); });
+    return QStringLiteral("Vytvorený register %1 z tabuliek v priečinku %2.")
+        .arg(arguments.target, arguments.file);
+}
+
 } // namespace
 
 QString run(const Arguments& arguments) {
@@ -104,6 +133,12 @@ QString run(const Arguments& arguments) {
         return makeSample(arguments);
     case Command::ReplaceLists:
         return replaceLists(arguments);
+    case Command::TakeOver:
+        return takeOver(arguments);
+    case Command::Export:
+        return exportTables(arguments);
+    case Command::Import:
+        return importTables(arguments);
     }
     return {};
 }

@@ -75,12 +75,12 @@ class Reader {
         }
         if (current() == u'\r' && !QStringView(text_).mid(position_).startsWith(u"\r\n"))
             fail(QStringLiteral("osamotený znak CR"), line_);
-        return text_.mid(begin, position_ - begin);
+        return position_ == begin ? QString() : text_.mid(begin, position_ - begin);
     }
 
     QString quotedCell() {
         const int begin = line_;
-        QString cell;
+        QString cell = QStringLiteral("");
         for (++position_; !atEnd(); ++position_) {
             if (current() == u'"') {
                 ++position_;

@@ -30,7 +30,8 @@ class CsvError : public std::runtime_error {
 /// may hold commas, line ends and doubled quotes; lines end with LF or CRLF; the first line gives
 /// the column names. Anything else is refused: a quote inside an unquoted cell, text behind a
 /// closing quote, an unclosed quote, a line with more or fewer cells, an empty file, bytes that are
-/// no UTF-8. Empty lines are passed over.
+/// no UTF-8. Empty lines are passed over. An empty cell in quotes is the empty text, one without
+/// them a null one.
 /// @param source name of the file, for messages
 /// @throws CsvError
 CsvTable parseCsv(const QByteArray& bytes, const QString& source);

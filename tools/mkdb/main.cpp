@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "oldregister/ReaderMain.h"
 #include "store/EngineError.h"
 
 #include <QCoreApplication>
@@ -32,6 +33,8 @@ int runOrComplain(const mkdb::Arguments& arguments) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    if (const auto code = oldregister::runAsReader(argc, argv))
+        return *code;
     const QCoreApplication application(argc, argv);
     QString problem;
     const auto arguments =

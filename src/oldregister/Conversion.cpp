@@ -1,0 +1,219 @@
+#include "oldregister/Conversion.h"
+
+#include "oldregister/FileKind.h"
+#include "oldregister/Loose.h"
+#include "oldregister/OldReader.h"
+#include "oldregister/TableWriter.h"
+#include "store/Database.h"
+#include "store/EngineError.h"
+#include "store/Files.h"
+#include "store/Schema.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <memory>
+
+namespace oldregister {
+
+namespace {
+
+using store::EngineError;
+using store::ErrorNumber;
+
+constexpr QStringView clientTable = u"k_zaklad";
+constexpr int tellEveryMs = 50;
+
+/// The new register while it is made; goes away again unless it was finished.
+class BegunRegister {
+  public:
+    explicit BegunRegister(const QString& name)
+        : name_(name), path_(name + QStringLiteral(".prevod")) {
+        if (QFileInfo::exists(name) || QFileInfo(name).isSymLink())
+            throw EngineError(ErrorNumber::TargetExists,
+                              QStringLiteral("Cieľový súbor už existuje."), name);
+        remove();
+        engine_.CreateDatabase(path_);
+        database_ = engine_.OpenDatabase(path_);
+    }
+    ~BegunRegister() {
+        database_.reset();
+        remove();
+    }
+    Q_DISABLE_COPY_MOVE(BegunRegister)
+
+    store::Database& database() { return *database_; }
+    void finish() {
+        database_->Close();
+        database_.reset();
+        store::DBEngine::verifyDatabase(path_);
+        store::moveToFreeName(path_, name_);
+    }
+
+  private:
+    void remove() const {
+        QFile::remove(path_);
+        QFile::remove(path_ + QStringLiteral("-journal"));
+    }
+
+    QString name_;
+    QString path_;
+    store::DBEngine engine_;
+    std::optional<store::Database> database_;
+};
+
+/// Tells the progress now and then.
+class Teller {
+  public:
+    explicit Teller(const TellProgress& tell) : tell_(tell) { sinceTold_.start(); }
+
+    void begin(qint64 total) { progress_.total = total; }
+    void step() {
+        ++progress_.done;
+        if (sinceTold_.hasExpired(tellEveryMs) && !goOn())
+            throw Cancelled();
+    }
+    bool goOn() {
+        sinceTold_.restart();
+        return !tell_ || tell_(progress_);
+    }
+
+  private:
+    const TellProgress& tell_;
+    Progress progress_;
+    QElapsedTimer sinceTold_;
+};
+
+class Converter {
+  public:
+    Converter(const QString& oldFile, store::Database& database, const TellProgress& progress)
+        : database_(database), teller_(progress),
+          reader_(oldFile, [this] { return teller_.goOn(); }) {
+        report_.oldFile = oldFile;
+    }
+
+    ConversionReport run() {
+        while (!isAtEnd_)
+            std::visit([this](auto&& message) { take(message); }, reader_.next());
+        for (auto& writer : writers_)
+            finish(*writer);
+        tellLoose(database_, report_.findings);
+        nameClients(database_, report_.findings);
+        return std::move(report_);
+    }
+
+  private:
+    void tell(const QString& table, const QString& what) {
+        report_.findings.push_back({{}, table, what, {}});
+    }
+
+    void take(const TableList& list) {
+        requireRegister(list);
+        qint64 total = 0;
+        for (const OldTable& table : list.tables) {
+            writers_.push_back(std::make_unique<TableWriter>(database_, table, report_.findings));
+            total += table.rows;
+        }
+        teller_.begin(total);
+        tellTables(list);
+    }
+    void take(const OldRow& row) {
+        writer(row.table).add(row.values);
+        teller_.step();
+    }
+    void take(const BrokenPage& page) {
+        const QString what =
+            page.lostRows > 0
+                ? QStringLiteral("na strane %1 súboru sa nedajú prečítať riadky, počet: %2")
+                      .arg(page.page)
+                      .arg(page.lostRows)
+                : QStringLiteral("strana %1 súboru je poškodená, jej riadky chýbajú")
+                      .arg(page.page);
+        tell(writer(page.table).count().table, what);
+    }
+    void take(const Refusal& /*refusal*/) {}
+    void take(const EndOfFile& /*end*/) { isAtEnd_ = true; }
+
+    TableWriter& writer(quint32 table) {
+        if (table >= writers_.size())
+            throw EngineError(ErrorNumber::UnrecognizedFile, QStringLiteral("Súbor je poškodený."),
+                              report_.oldFile);
+        return *writers_[table];
+    }
+
+    static bool lists(const TableList& list, QStringView wanted) {
+        return std::ranges::any_of(list.tables, [&](const OldTable& table) {
+            return table.name.compare(wanted, Qt::CaseInsensitive) == 0;
+        });
+    }
+    static bool listsUnreadable(const TableList& list, QStringView wanted) {
+        return std::ranges::any_of(list.unreadable, [&](const QString& name) {
+            return name.compare(wanted, Qt::CaseInsensitive) == 0;
+        });
+    }
+
+    void requireRegister(const TableList& list) const {
+        if (lists(list, clientTable))
+            return;
+        const bool isDamaged = listsUnreadable(list, clientTable);
+        throw EngineError(
+            ErrorNumber::UnrecognizedFile,
+            isDamaged ? QStringLiteral("Súbor je poškodený: tabuľka klientov sa nedá prečítať.")
+                      : QStringLiteral("Súbor je databáza iného programu: nie je v ňom tabuľka "
+                                       "klientov (%1).")
+                            .arg(clientTable),
+            report_.oldFile);
+    }
+
+    void tellTables(const TableList& list) {
+        for (const QString& name : list.unreadable)
+            tell(name, QStringLiteral("opis tabuľky je poškodený, jej riadky sa nepreniesli"));
+        for (const QString& name : list.foreign)
+            tell(name, QStringLiteral("tabuľku register nepozná, nepreniesla sa"));
+        for (const store::TableDef& table : store::schema())
+            if (!lists(list, table.name) && !listsUnreadable(list, table.name))
+                tell(QString::fromUtf16(table.name),
+                     QStringLiteral("tabuľka v pôvodnom súbore nie je, ostala prázdna"));
+    }
+
+    void finish(TableWriter& writer) {
+        writer.finish();
+        const TableCount& count = writer.count();
+        if (count.told > count.read)
+            tell(count.table, QStringLiteral("súbor hovorí o %1 riadkoch, čitateľných je %2")
+                                  .arg(count.told)
+                                  .arg(count.read));
+        report_.tables.push_back(count);
+    }
+
+    store::Database& database_;
+    Teller teller_;
+    OldReader reader_;
+    ConversionReport report_;
+    std::vector<std::unique_ptr<TableWriter>> writers_;
+    bool isAtEnd_ = false;
+};
+
+void requireOldRegister(const QString& path) {
+    const FileKind kind = kindOf(path);
+    if (kind == FileKind::OldRegister)
+        return;
+    throw EngineError(kind == FileKind::Missing ? ErrorNumber::FileNotFound
+                                                : ErrorNumber::UnrecognizedFile,
+                      refusalOf(kind), path);
+}
+
+} // namespace
+
+ConversionReport convert(const QString& oldFile, const QString& newFile,
+                         const TellProgress& progress) {
+    requireOldRegister(oldFile);
+    BegunRegister begun(newFile);
+    ConversionReport report = Converter(oldFile, begun.database(), progress).run();
+    begun.finish();
+    return report;
+}
+
+} // namespace oldregister

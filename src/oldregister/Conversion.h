@@ -1,0 +1,26 @@
+#pragma once
+
+#include "oldregister/ConversionReport.h"
+
+#include <functional>
+
+namespace oldregister {
+
+/// How far a conversion has come, in rows; `total` is 0 when the file doesn't tell.
+struct Progress {
+    qint64 done = 0;
+    qint64 total = 0;
+};
+/// Told often, also while nothing moves; the conversion is given up on false.
+using TellProgress = std::function<bool(const Progress&)>;
+
+/// Makes a new register of a file of the old format, which is only read. The new file is complete,
+/// checked and durable when it gets its name; until then it lies under another one, and nothing of
+/// it stays when the conversion fails or is given up. A kill may leave "NAME.prevod" behind, which
+/// the next conversion replaces.
+/// @throws store::EngineError 3343 with the reason when the old file is none, is damaged as a whole
+/// or of another version, 3024, 3204 when the new one exists, those of a full disk; Cancelled
+ConversionReport convert(const QString& oldFile, const QString& newFile,
+                         const TellProgress& progress = {});
+
+} // namespace oldregister

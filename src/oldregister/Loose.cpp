@@ -1,0 +1,76 @@
+#include "oldregister/Loose.h"
+
+#include "store/Database.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
+#include "store/Sql.h"
+
+#include <QMap>
+#include <QStringList>
+
+namespace oldregister {
+
+namespace {
+
+constexpr QStringView clients = u"k_zaklad";
+constexpr QStringView employees = u"zamestnanci";
+
+QString shownRow(store::Recordset& row, const store::TableDef& table) {
+    QStringList fields;
+    for (const store::ColumnDef& column : table.columns) {
+        const QString name = QString::fromUtf16(column.name);
+        if (const QString text = row.Fields(name).Value().toText(); !text.isEmpty())
+            fields += name + u'=' + text;
+    }
+    return fields.join(QStringLiteral("; "));
+}
+
+void tellLooseOf(store::Database& database, const store::TableDef& table,
+                 std::vector<Finding>& findings) {
+    const QString name = QString::fromUtf16(table.name);
+    const auto rows = database.OpenRecordset(
+        QStringLiteral("select %1.* from %1 left join k_zaklad on %1.idkod = k_zaklad.idkod "
+                       "where isnull(k_zaklad.idkod)")
+            .arg(name));
+    for (; !rows->Eof(); rows->MoveNext())
+        findings.push_back({rows->Fields(QStringLiteral("idkod")).Value().toText(), name,
+                            QStringLiteral("klient s týmto kľúčom v registri nie je; riadok ostal "
+                                           "zapísaný, žiadna karta ho neukáže"),
+                            shownRow(*rows, table)});
+}
+
+QString nameOf(store::Database& database, QStringView table, const QString& key) {
+    const auto rows =
+        database.OpenRecordset(QStringLiteral("select meno,priezv from %1 where idkod = %2")
+                                   .arg(table, store::quoted(key)));
+    if (rows->Eof())
+        return {};
+    return rows->Fields(QStringLiteral("meno")).Value().toText() + u' ' +
+           rows->Fields(QStringLiteral("priezv")).Value().toText();
+}
+
+} // namespace
+
+void tellLoose(store::Database& database, std::vector<Finding>& findings) {
+    for (const store::TableDef& table : store::schema()) {
+        const QStringView name(table.name);
+        if (name.startsWith(u"k_") && name != clients)
+            tellLooseOf(database, table, findings);
+    }
+}
+
+void nameClients(store::Database& database, std::vector<Finding>& findings) {
+    QMap<QString, QString> named;
+    for (Finding& finding : findings) {
+        if (finding.client.isEmpty())
+            continue;
+        const bool isEmployee = finding.table == employees;
+        const QString known = (isEmployee ? u'z' : u'k') + finding.client;
+        if (!named.contains(known))
+            named[known] = nameOf(database, isEmployee ? employees : clients, finding.client);
+        if (const QString name = named[known]; !name.isEmpty())
+            finding.client += QStringLiteral(" (") + name + u')';
+    }
+}
+
+} // namespace oldregister

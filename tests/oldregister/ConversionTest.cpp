@@ -1,0 +1,255 @@
+#include "oldregister/Conversion.h"
+
+#include "Sample.h"
+#include "oldregister/FittedValue.h"
+#include "oldregister/OldReader.h"
+#include "oldregister/Rtf.h"
+#include "oldregister/TableWriter.h"
+#include "store/Database.h"
+#include "store/EngineError.h"
+#include "store/FileBytes.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
+
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace oldregister;
+
+namespace {
+
+QString told(const store::Value& value, store::ColumnType type) {
+    if (value.isNull())
+        return QStringLiteral("null:");
+    switch (type) {
+    case store::ColumnType::Text:
+        return sample::told(QStringLiteral("text"), value.toText());
+    case store::ColumnType::Memo:
+        return sample::told(QStringLiteral("memo"), value.toText());
+    case store::ColumnType::Boolean:
+        return QStringLiteral("bool:") + value.toText();
+    case store::ColumnType::Date: {
+        const auto& date = std::get<store::DateTime>(value.variant());
+        return QStringLiteral("date:") +
+               QDateTime(date.date, date.time).toString(u"yyyy-MM-dd hh:mm:ss");
+    }
+    default:
+        return QStringLiteral("num:") + value.toText();
+    }
+}
+
+QStringList linesOf(store::Database& database, const store::TableDef& table) {
+    QStringList lines;
+    const QString name = QString::fromUtf16(table.name);
+    const auto rows = database.OpenRecordset(name);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        QStringList fields;
+        for (const store::ColumnDef& column : table.columns) {
+            const QString field = QString::fromUtf16(column.name);
+            fields += field + u'=' + told(rows->Fields(field).Value(), column.type);
+        }
+        lines += sample::line(name, fields);
+    }
+    return lines;
+}
+
+QStringList linesOf(const QString& path) {
+    store::DBEngine engine;
+    store::Database database = engine.OpenDatabase(path);
+    QStringList lines;
+    for (const store::TableDef& table : store::schema())
+        lines += linesOf(database, table);
+    lines.sort();
+    return lines;
+}
+
+/// The row of the list as the register keeps it: its rich texts are the editor's.
+QString inNewForm(const QString& line) {
+    QStringList fields = line.split(u'\t');
+    for (QString& field : fields)
+        if (const qsizetype at = field.indexOf(u"=memo:"); at >= 0)
+            field =
+                field.left(at + 1) + sample::told(QStringLiteral("memo"),
+                                                  toStoredText(sample::untold(field.mid(at + 6))));
+    return fields.join(u'\t');
+}
+
+/// Bytes that some page holds, in the letters of the old format's narrow or wide texts.
+QByteArray narrow(const QString& text) {
+    return text.toLatin1();
+}
+QByteArray wide(const QString& text) {
+    return {reinterpret_cast<const char*>(text.utf16()), text.size() * 2};
+}
+
+constexpr qsizetype pageSize = 4096;
+
+QByteArray withByte(QByteArray file, qsizetype at, char value) {
+    file[at] = value;
+    return file;
+}
+
+/// Empties the first page of a kind that belongs to the table of clients, or describes it.
+QByteArray withoutPage(QByteArray file, char kind) {
+    qsizetype definition = 0;
+    for (qsizetype page = pageSize; page < file.size() && definition == 0; page += pageSize)
+        if (file[page] == 2 && file.mid(page, pageSize).contains(wide(QStringLiteral("kon_pomer"))))
+            definition = page;
+    for (qsizetype page = pageSize; page < file.size(); page += pageSize) {
+        const bool isOwn =
+            kind == 2 ? page == definition
+                      : file[page] == kind && qFromLittleEndian<quint32>(file.data() + page + 4) ==
+                                                  definition / pageSize;
+        if (isOwn)
+            return file.replace(page, pageSize, QByteArray(pageSize, '\0'));
+    }
+    return file;
+}
+
+QByteArray withFlips(QByteArray file, unsigned seed) {
+    std::minstd_rand random(seed + 1);
+    for (int count = 0; count < 200; ++count)
+        file[static_cast<qsizetype>(random() % file.size())] ^=
+            static_cast<char>(1U << (random() % 8));
+    return file;
+}
+
+class Conversion : public testing::Test {
+  protected:
+    /// @return what the conversion says against it, or what it could not keep
+    QString converted(const QByteArray& bytes) {
+        files::write(oldFile, bytes);
+        QString words;
+        try {
+            words = convert(oldFile, newFile).text();
+        } catch (const store::EngineError& error) {
+            words = error.description();
+            EXPECT_FALSE(QFile::exists(newFile));
+        }
+        EXPECT_EQ(files::read(oldFile), bytes);
+        QFile::remove(newFile);
+        EXPECT_EQ(files::namesIn(folder.path()), QStringList{QStringLiteral("stary.mdb")});
+        return words;
+    }
+
+    QTemporaryDir folder;
+    const QString oldFile = folder.filePath(QStringLiteral("stary.mdb"));
+    const QString newFile = folder.filePath(QStringLiteral("novy.mdb"));
+};
+
+} // namespace
+
+TEST_F(Conversion, TakesEveryRowOver) {
+    const ConversionReport report = convert(sample::path, newFile);
+    EXPECT_EQ(files::namesIn(folder.path()), QStringList{QStringLiteral("novy.mdb")});
+    const QStringList lines = linesOf(newFile);
+    QStringList expected = sample::expectedLines();
+    for (QString& line : expected)
+        line = inNewForm(line);
+    expected.sort();
+    ASSERT_EQ(lines.size(), expected.size());
+    EXPECT_EQ(report.rowsWritten(), lines.size());
+    for (qsizetype index = 0; index < lines.size(); ++index)
+        EXPECT_EQ(lines[index].toStdString(), expected[index].toStdString());
+}
+
+TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
+    const QByteArray whole = sample::bytes();
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        const char16_t* words;
+    };
+    QByteArray repeatedKey = whole;
+    repeatedKey.replace(narrow(QStringLiteral("NOVÁKJÁ01")), narrow(QStringLiteral("NOVÁKJÁ00")));
+    QByteArray otherColumn = whole;
+    otherColumn.replace(wide(QStringLiteral("kon_pomer")), wide(QStringLiteral("kon_pomor")));
+    const Case cases[] = {
+        {"empty", {}, u"Súbor je prázdny."},
+        {"foreign", "no register at all", u"Súbor nie je v pôvodnom formáte"},
+        {"older", withByte(whole, 0x14, 0), u"staršej verzii"},
+        {"newer", withByte(whole, 0x14, 2), u"novšej verzii"},
+        {"cut within a page", whole.first(whole.size() - 1), u"Súbor je neúplný"},
+        {"cut between pages", whole.first(whole.size() / 2), u"Súbor je neúplný"},
+        {"header alone", whole.first(pageSize), u"Súbor je"},
+        {"no catalogue", QByteArray(whole).replace(2 * pageSize, pageSize, QByteArray(pageSize, 0)),
+         u"Súbor je poškodený"},
+        {"no description of clients", withoutPage(whole, 2), u"tabuľka klientov sa nedá prečítať"},
+        {"a page of clients lost", withoutPage(whole, 1),
+         u"súbor hovorí o 40 riadkoch, čitateľných je"},
+        {"a repeated key", repeatedKey,
+         u"k_zaklad: kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján Novák)\n   "
+         u"Obsah: idkod=NOVÁKJÁ00; "},
+        {"a renamed column", otherColumn, u"stĺpec kon_pomor register nepozná"},
+    };
+    for (const auto& [name, bytes, words] : cases) {
+        SCOPED_TRACE(name);
+        const QString told = converted(bytes);
+        EXPECT_TRUE(told.contains(QStringView(words))) << told.left(3000).toStdString();
+    }
+    for (unsigned seed = 0; seed < 15; ++seed)
+        EXPECT_FALSE(converted(withFlips(whole, seed)).isEmpty());
+}
+
+TEST_F(Conversion, LeavesNothingWhenItIsGivenUp) {
+    EXPECT_THROW(convert(sample::path, newFile, [](const Progress&) { return false; }), Cancelled);
+    EXPECT_EQ(files::namesIn(folder.path()), QStringList());
+}
+
+TEST_F(Conversion, KeepsOfAValueWhatItsColumnCanHold) {
+    const auto wrong = QStringLiteral("iného typu");
+    struct Case {
+        const char* name;
+        const char16_t* column;
+        OldValue old;
+        QString stored;
+        QString problem;
+    };
+    const Case cases[] = {
+        {"long text", u"psc", QStringLiteral("811 68"), QStringLiteral("811 6"),
+         QStringLiteral("dlhší")},
+        {"number in text", u"matvek", qint64{40}, QStringLiteral("40"), {}},
+        {"fraction in text", u"katcis", 7.25, QStringLiteral("7.25"), {}},
+        {"date in text", u"skola", RawDate{38718}, QStringLiteral("01.01.2006"), {}},
+        {"time in text", u"skola", RawDate{0.5}, QStringLiteral("12:00"), {}},
+        {"fraction in whole", u"vek", 7.5, {}, wrong},
+        {"text in whole", u"vek", QStringLiteral("7 rokov"), {}, wrong},
+        {"number as text", u"vek", QStringLiteral(" 7 "), QStringLiteral("7"), {}},
+        {"too large", u"vek", 3e9, {}, wrong},
+        {"date as text", u"datnar", QStringLiteral("1.2.2003"), QStringLiteral("1.2.2003"), {}},
+        {"no date as text", u"datnar", QStringLiteral("jar 2003"), QStringLiteral("jar 2003"), {}},
+        {"number in date", u"datnar", qint64{7}, {}, wrong},
+        {"date of no year", u"datnar", RawDate{1e9}, {}, QStringLiteral("mimo rokov")},
+        {"unreadable", u"meno", Unreadable{}, {}, QStringLiteral("nedá prečítať")},
+    };
+    for (const auto& [name, columnName, old, stored, problem] : cases) {
+        SCOPED_TRACE(name);
+        const store::ColumnDef& column = *store::findTable(u"k_zaklad")->column(columnName);
+        const FittedValue fitted = fit(old, column);
+        EXPECT_EQ(fitted.value.toText().toStdString(), stored.toStdString());
+        EXPECT_EQ(fitted.problem.isEmpty(), problem.isEmpty());
+        EXPECT_TRUE(fitted.problem.contains(problem)) << fitted.problem.toStdString();
+    }
+}
+
+TEST_F(Conversion, BringsTheLinesOfTheFormInOrderAgain) {
+    store::DBEngine engine;
+    engine.CreateDatabase(newFile);
+    store::Database database = engine.OpenDatabase(newFile);
+    std::vector<Finding> findings;
+    {
+        TableWriter writer(
+            database, {QStringLiteral("OdbStar"), 2, {{QStringLiteral("C_RIA"), OldType::Text}}},
+            findings);
+        for (const auto* code : {u"0510", u"0502", u"0501"})
+            writer.add({QString::fromUtf16(code)});
+        writer.finish();
+    }
+    const auto rows = database.OpenRecordset(QStringLiteral("odbstar"));
+    EXPECT_EQ(rows->Fields(QStringLiteral("c_ria")).Value().toText(), QStringLiteral("0501"));
+    EXPECT_TRUE(findings.back().what.contains(u"poradie"));
+}
