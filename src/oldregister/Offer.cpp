@@ -1,0 +1,83 @@
+#include "oldregister/Offer.h"
+
+#include "forms/MessageBox.h"
+#include "oldregister/FileKind.h"
+#include "oldregister/OldReader.h"
+#include "oldregister/ReportWindow.h"
+#include "oldregister/TakeOver.h"
+#include "store/EngineError.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QProgressDialog>
+
+namespace oldregister {
+
+namespace {
+
+bool userAgrees(const QString& path, QWidget* parent) {
+    const QFileInfo file(path);
+    const QString text =
+        QStringLiteral("Súbor %1 je v pôvodnom formáte. Previesť ho?\n\n"
+                       "Všetky údaje sa prenesú do nového súboru %1. Pôvodný súbor ostane "
+                       "nezmenený vedľa neho ako %2_povodny.mdb. Po prevode uvidíte, čo sa "
+                       "prenieslo a čo nie.\n\n"
+                       "Ak odpoviete Nie, nič sa nezmení a program sa ukončí.")
+            .arg(file.fileName(), file.completeBaseName());
+    return forms::showMessage(parent, {.text = text,
+                                       .title = QStringLiteral("Upozornenie"),
+                                       .icon = QMessageBox::Question,
+                                       .buttons = QMessageBox::Yes | QMessageBox::No}) ==
+           QMessageBox::Yes;
+}
+
+/// Shows how far the conversion has come. @return false when the user has had enough
+bool showProgress(QProgressDialog& dialog, const Progress& progress) {
+    dialog.setMaximum(static_cast<int>(progress.total));
+    dialog.setValue(static_cast<int>(std::min(progress.done, progress.total)));
+    QCoreApplication::processEvents();
+    return !dialog.wasCanceled();
+}
+
+ConversionReport takeOverWithProgress(const QString& path, QWidget* parent) {
+    QProgressDialog dialog(QStringLiteral("Prevod registra z pôvodného formátu …"),
+                           QStringLiteral("Zrušiť"), 0, 0, parent);
+    dialog.setObjectName(QStringLiteral("dlgPrevod"));
+    dialog.setWindowTitle(QCoreApplication::applicationName());
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(0);
+    dialog.setAutoReset(false);
+    dialog.setAutoClose(false);
+    return takeOver(path, [&](const Progress& progress) { return showProgress(dialog, progress); });
+}
+
+void tellFailure(const QString& why, QWidget* parent) {
+    forms::showMessage(parent, {.text = why + QStringLiteral("\n\nPôvodný súbor sa nezmenil."),
+                                .title = QStringLiteral("Chybová správa"),
+                                .icon = QMessageBox::Critical});
+}
+
+bool takeOverOrTell(const QString& path, QWidget* parent) {
+    try {
+        ReportWindow(takeOverWithProgress(path, parent), parent).exec();
+        return true;
+    } catch (const Cancelled&) {
+        return false;
+    } catch (const store::EngineError& error) {
+        tellFailure(QStringLiteral("Prevod sa nepodaril. ") + error.description(), parent);
+        return false;
+    }
+}
+
+} // namespace
+
+bool offerTakeOver(const QString& path, QWidget* parent) {
+    const FileKind kind = kindOf(path);
+    if (kind == FileKind::OldRegister)
+        return userAgrees(path, parent) && takeOverOrTell(path, parent);
+    if (kind == FileKind::OlderVersion || kind == FileKind::NewerVersion)
+        tellFailure(refusalOf(kind), parent);
+    return true;
+}
+
+} // namespace oldregister
