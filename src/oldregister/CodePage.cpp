@@ -11,14 +11,14 @@ namespace oldregister {
 
 namespace {
 
-using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
+using IcuConverter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
 
-Converter open(int number) {
+IcuConverter open(int number) {
     UErrorCode error = U_ZERO_ERROR;
-    Converter converter(
+    IcuConverter converter(
         ucnv_open(QByteArray("windows-" + QByteArray::number(number)).constData(), &error),
         &ucnv_close);
-    return U_SUCCESS(error) ? std::move(converter) : Converter(nullptr, &ucnv_close);
+    return U_SUCCESS(error) ? std::move(converter) : IcuConverter(nullptr, &ucnv_close);
 }
 
 bool isOneByte(const UConverter* converter) {
@@ -28,7 +28,7 @@ bool isOneByte(const UConverter* converter) {
 } // namespace
 
 CodePage::CodePage(int number) : number_(number) {
-    Converter converter = open(number);
+    IcuConverter converter = open(number);
     if (!isOneByte(converter.get())) {
         number_ = slovak;
         converter = open(slovak);
