@@ -1,7 +1,7 @@
 #include "oldregister/ReportPages.h"
 
 #include "report/Fonts.h"
-#include "report/Report.h"
+#include "report/Pages.h"
 
 #include <QMap>
 
@@ -112,7 +112,7 @@ class Lines : public report::RowSource {
 
 report::Pages pagesOf(const ConversionReport& report, const QDate& today) {
     Lines lines(linesOf(report));
-    return report::Report(layout()).make(lines, report::FontMeter(), today);
+    return report::makePages(layout(), lines, report::FontMeter(), today);
 }
 
 } // namespace oldregister
