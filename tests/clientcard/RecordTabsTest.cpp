@@ -110,38 +110,6 @@ TEST_F(RecordTest, OneRecordADay) {
     }
 }
 
-TEST_F(RecordTest, DatesThatAreNone) {
-    using Case = std::tuple<int, int, const char*>;
-    for (const auto& [tab, field, column] :
-         {Case{10, 0, "datum"}, Case{11, 0, "datum"}, Case{12, 0, "datum"}, Case{13, 1, "dat_budn"},
-          Case{9, 2, "vzar_od"}, Case{9, 3, "vzar_do"}}) {
-        SCOPED_TRACE(tab);
-        turnTo(tab);
-        press("Novy");
-        fill(m->first);
-        fill({{field, "x'1"}});
-        for (const auto answer : {Retry, Cancel}) {
-            expectWrongDate(answer);
-            key(Qt::Key_Return);
-            EXPECT_EQ(entry(field).text(), answer == Retry ? text("x'1") : QString());
-        }
-        // No day of any calendar, but it passes the rule of dates, and must not be lost.
-        fill({{field, "31.2.2005"}});
-        for (const bool again : {false, true}) {
-            if (again) {
-                press("Opr");
-                entry(field).setFocus();
-                key(Qt::Key_Return);
-            }
-            press("Zap");
-            expectBrowse();
-            EXPECT_EQ(value(column), text("31.2.2005"));
-            EXPECT_EQ(entry(field).text(), text("31.2.2005"));
-        }
-        reg.execute({text("delete from ") + text(m->table)});
-    }
-}
-
 TEST_F(RecordTest, TheWorkerOfARecord) {
     insert("zamestnanci (idkod, meno, priezv) values ('KRALJAEV00', 'Eva', 'Kralova')");
     for (const auto& [tab, field, pick] :
@@ -259,17 +227,6 @@ TEST_F(RecordTest, ARecordThatIsGoneIsNotOpened) {
     EXPECT_FALSE(button("Zap").isEnabled());
     EXPECT_FALSE(entry(0).isEnabled());
     EXPECT_TRUE(isEnabled(0));
-}
-
-TEST_F(RecordTest, HoursKeepTwoCharacters) {
-    turnTo(11);
-    press("Novy");
-    fill({{0, "1.9.2005"}, {1, "08:30"}});
-    key(Qt::Key_Down);
-    fill({{2, "9.15"}, {3, worker}});
-    EXPECT_EQ(entry(1).text() + entry(2).text(), text("089."));
-    press("Zap");
-    EXPECT_EQ(value("hod_od") + value("hod_do"), text("089."));
 }
 
 TEST_F(RecordTest, TheSecondMandatoryField) {
