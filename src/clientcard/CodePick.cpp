@@ -65,9 +65,6 @@ QString CodePick::meaning() const {
 
 void CodePick::gotFocus(const forms::Control& /*control*/) {
     before_ = field_.text();
-    // The list opens at what stands in the field, if only its beginning is typed.
-    if (pick_->pick() < 0 && (holdsNames() || meaning().isEmpty()))
-        pick_->setText(before_);
 }
 
 void CodePick::click(const forms::Control& /*control*/, forms::Area area) {
