@@ -70,8 +70,8 @@ struct FieldSet {
     const char16_t* array;
     /// The button that PageUp and PageDown ask for the focus; a disabled one does not take it.
     const char16_t* pageKeysTo;
-    /// The button towards which nothing is checked.
-    const char16_t* uncheckedTowards;
+    /// The button towards which nothing is checked; empty for none.
+    const char16_t* uncheckedTowards = u"";
     FocusClearsCheck focusClearsCheck = FocusClearsCheck::Yes;
     std::span<const Step> steps = {};
     std::span<const SparingPick> sparing = {};

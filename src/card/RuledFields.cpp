@@ -145,7 +145,7 @@ void RuledFields::change(const forms::Control& control) {
 forms::Leave RuledFields::lostFocus(const forms::Control& control, const forms::Control& now) {
     if (!control.isEnabled())
         return forms::Leave::Go;
-    if (now.is(set_.uncheckedTowards))
+    if (*set_.uncheckedTowards != u'\0' && now.is(set_.uncheckedTowards))
         return forms::Leave::Pending;
     const forms::Leave answer = leave(control, now);
     calendarNote_->judge(field(control.index()));
