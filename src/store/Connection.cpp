@@ -3,6 +3,8 @@
 #include "store/SqlFunctions.h"
 #include "store/SqliteErrors.h"
 
+#include <QUrl>
+
 namespace store {
 
 namespace {
@@ -19,11 +21,15 @@ FileIdentity identityOf(const QString& path) {
 
 /// Opens for a connection that is used by one thread at a time. @return also what failed to open
 sqlite3* openFile(const QString& path, Connection::Access access, int& code) {
-    const int flags =
-        SQLITE_OPEN_NOMUTEX |
-        (access == Connection::Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+    using Access = Connection::Access;
+    const int flags = SQLITE_OPEN_NOMUTEX |
+                      (access == Access::ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY) |
+                      (access == Access::Unlocked ? SQLITE_OPEN_URI : 0);
+    const QByteArray name = access == Access::Unlocked
+                                ? "file:" + QUrl::toPercentEncoding(path, "/") + "?immutable=1"
+                                : path.toUtf8();
     sqlite3* file = nullptr;
-    code = sqlite3_open_v2(path.toUtf8().constData(), &file, flags, nullptr);
+    code = sqlite3_open_v2(name.constData(), &file, flags, nullptr);
     return file;
 }
 

@@ -25,7 +25,12 @@ struct DeferredErrors {
 /// statement in it undoes itself alone when it fails.
 class Connection {
   public:
-    enum class Access { ReadWrite, ReadOnly };
+    enum class Access {
+        ReadWrite,
+        ReadOnly,
+        /// Reads the bytes as they lie, without locks: what is written meanwhile may look torn.
+        Unlocked
+    };
 
     /// Opens a file without looking at what it holds.
     /// @param deferred takes the error when the last unit of work can't be written at the end

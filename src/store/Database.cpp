@@ -129,14 +129,16 @@ bool DBEngine::Impl::holdsReplaced(const QString& path) const {
 
 std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     checkHeader(path);
+    const bool wasCutOff = hasHotJournal(path);
     auto connection = std::make_shared<Connection>(path, Connection::Access::ReadWrite, deferred_);
     checkIdentity(*connection);
-    checkPages(*connection, Depth::Quick);
+    // What a journal puts back may be of another state of the file than what it is put into.
+    if (isUpToDate(*connection) && (wasCutOff || isQuicklyChecked(path)))
+        checkPages(*connection);
     connection->execute(
         "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
     removeColdJournal(*connection);
-    upgradeSchema(*connection);
-    updateTextOrder(*connection);
+    bringUpToDate(*connection);
     std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
     connections_.push_back(connection);
     return connection;
@@ -178,6 +180,10 @@ void DBEngine::CreateDatabase(const QString& path) {
 
 void DBEngine::verifyDatabase(const QString& path) {
     store::verifyDatabase(path);
+}
+
+bool DBEngine::owesFullCheck(const QString& path) {
+    return !isQuicklyChecked(path);
 }
 
 void DBEngine::commitPending() {

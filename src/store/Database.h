@@ -56,6 +56,9 @@ class DBEngine {
     DBEngine(const DBEngine&) = delete;
     DBEngine& operator=(const DBEngine&) = delete;
 
+    /// Opens a register, one of an older schema after it was brought to the present one. A file of
+    /// some size is not searched for damage here, unless its last write was cut off: that is for
+    /// BackgroundCheck.
     /// @throws EngineError 3024 when there is no such file, 3343 when it is no register, is cut off
     /// or damaged or of a newer schema (the file is not changed then), 3051 when it can't be read.
     Database OpenDatabase(const QString& path);
@@ -67,6 +70,8 @@ class DBEngine {
     /// Makes a new, empty database with all tables, indexes and stored queries, readable by its
     /// owner only. @throws EngineError 3204 when the file exists.
     void CreateDatabase(const QString& path);
+    /// True when OpenDatabase leaves the search for damage to be done in the background.
+    static bool owesFullCheck(const QString& path);
     /// Opens the file on its own and checks every page. @throws EngineError 3343
     static void verifyDatabase(const QString& path);
 

@@ -87,6 +87,21 @@ void createPrivateFile(const QString& path) {
     const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
 }
 
+bool takeOwnerOf(const QString& model, const QString& path) {
+    struct stat status = {};
+    const QByteArray target = QFile::encodeName(path);
+    if (::stat(QFile::encodeName(model).constData(), &status) != 0)
+        throw systemError(errno, model);
+    if (::chown(target.constData(), status.st_uid, status.st_gid) != 0) {
+        if (errno == EPERM)
+            return false;
+        throw systemError(errno, path);
+    }
+    if (::chmod(target.constData(), status.st_mode & 07777) != 0)
+        throw systemError(errno, path);
+    return true;
+}
+
 void syncFile(const QString& path) {
     sync(path, O_RDONLY);
 }

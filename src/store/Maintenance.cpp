@@ -97,11 +97,22 @@ void refuseExisting(const QString& path) {
                           path);
 }
 
+bool isTextOrderCurrent(Connection& connection) {
+    Query known(connection.handle(),
+                QStringLiteral("SELECT 1 FROM tvk_meta WHERE name='text_order' AND value=?1"));
+    known.bind(1, Cell(textOrderVersion().toStdString()));
+    return known.step();
+}
+
+void noteTextOrder(Connection& connection) {
+    Query note(connection.handle(),
+               QStringLiteral("INSERT OR REPLACE INTO tvk_meta VALUES ('text_order', ?1)"));
+    note.bind(1, Cell(textOrderVersion().toStdString()));
+    note.run();
+}
+
 void fillMeta(Connection& connection) {
-    Query meta(connection.handle(),
-               QStringLiteral("INSERT INTO tvk_meta VALUES ('text_order', ?1)"));
-    meta.bind(1, Cell(textOrderVersion().toStdString()));
-    meta.run();
+    noteTextOrder(connection);
     Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
     for (const StoredQuery& stored : storedQueries) {
         query.bind(1, Cell(std::string(stored.name)));
@@ -169,14 +180,6 @@ void makeAllAnew(Connection& connection) {
     noteVersion(connection);
 }
 
-void vacuumInto(const QString& source, const QString& target) {
-    Connection connection(source, Connection::Access::ReadWrite);
-    checkIdentity(connection);
-    Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
-    query.bind(1, Cell(QFile::encodeName(target).toStdString()));
-    query.run();
-}
-
 } // namespace
 
 void createDatabase(const QString& path) {
@@ -190,6 +193,14 @@ void createDatabase(const QString& path) {
     }
     moveToFreeName(beside, path);
     begun.keep();
+}
+
+void vacuumInto(const QString& source, const QString& target) {
+    Connection connection(source, Connection::Access::ReadWrite);
+    checkIdentity(connection);
+    Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
+    query.bind(1, Cell(target.toStdString()));
+    query.run();
 }
 
 void compactDatabase(const QString& source, const QString& target) {
@@ -206,46 +217,36 @@ void verifyDatabase(const QString& path) {
     try {
         Connection connection(path, Connection::Access::ReadOnly);
         checkIdentity(connection);
-        checkPages(connection, Depth::Full);
+        checkPages(connection);
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
     }
 }
 
-void upgradeSchema(Connection& connection) {
-    if (versionOf(connection) == schemaVersion ||
-        sqlite3_db_readonly(connection.handle(), "main") != 0)
+bool isUpToDate(Connection& connection) {
+    return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
+}
+
+void bringUpToDate(Connection& connection) {
+    const bool isOld = versionOf(connection) != schemaVersion;
+    if (!isOld && isTextOrderCurrent(connection))
         return;
     try {
         connection.writeAll([&] {
-            makeAllAnew(connection);
+            if (isOld)
+                makeAllAnew(connection);
+            else
+                connection.execute("REINDEX");
+            noteTextOrder(connection);
+            checkPages(connection);
             return true;
         });
         connection.commit();
     } catch (const EngineError& error) {
-        if (error.number() != ErrorNumber::ReadOnly)
+        if (!isOld || error.number() != ErrorNumber::ReadOnly)
             throw;
+        checkPages(connection);
     }
-}
-
-void updateTextOrder(Connection& connection) {
-    const Cell current(textOrderVersion().toStdString());
-    Query known(connection.handle(),
-                QStringLiteral("SELECT 1 FROM tvk_meta WHERE name='text_order' AND value=?1"));
-    known.bind(1, current);
-    const bool upToDate = known.step();
-    known.reset();
-    if (upToDate)
-        return;
-    connection.writeAll([&] {
-        connection.execute("REINDEX");
-        Query note(connection.handle(),
-                   QStringLiteral("INSERT OR REPLACE INTO tvk_meta VALUES ('text_order', ?1)"));
-        note.bind(1, current);
-        note.run();
-        return true;
-    });
-    connection.commit();
 }
 
 } // namespace store

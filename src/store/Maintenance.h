@@ -8,14 +8,17 @@ class Connection;
 
 /// See DBEngine::CreateDatabase.
 void createDatabase(const QString& path);
+/// Copies a register without its free space. @throws EngineError
+void vacuumInto(const QString& source, const QString& target);
 /// See DBEngine::CompactDatabase.
 void compactDatabase(const QString& source, const QString& target);
 /// See DBEngine::verifyDatabase.
 void verifyDatabase(const QString& path);
-/// Brings the tables of an older version to the present one. What can't be written stays as it is:
-/// it is read all the same. @throws EngineError
-void upgradeSchema(Connection& connection);
-/// Makes the indexes anew when they were made under another order of texts. @throws EngineError
-void updateTextOrder(Connection& connection);
+/// Whether the tables are of the present version and the indexes of the present order of texts.
+bool isUpToDate(Connection& connection);
+/// Brings tables of an older version and indexes of another order of texts to the present ones, if
+/// the whole file is sound then. An older version that can't be written stays: it is read all the
+/// same. @throws EngineError
+void bringUpToDate(Connection& connection);
 
 } // namespace store

@@ -10,8 +10,6 @@
 #include <QStringList>
 #include <QtEndian>
 
-#include <cerrno>
-
 namespace store {
 
 namespace {
@@ -49,6 +47,9 @@ class Header {
     throw EngineError(ErrorNumber::UnrecognizedFile, why, path);
 }
 
+/// About 2,000 clients.
+constexpr qint64 quicklyChecked = qint64{8} << 20;
+
 QString journalOf(const QString& path) {
     return path + QStringLiteral("-journal");
 }
@@ -60,6 +61,17 @@ void checkOwner(const QString& path, quint32 application, quint32 version) {
         refuse(path, QStringLiteral("Súbor je z novšej verzie programu."));
     if (version < oldestVersion)
         refuse(path, QStringLiteral("Súbor je z nepodporovanej verzie programu."));
+}
+
+/// A pipe in the place of a journal would let SQLite wait for ever.
+void refuseOddCompanions(const QString& path) {
+    for (const QString& companion : {journalOf(path), path + QStringLiteral("-wal")}) {
+        const QFileInfo info(companion);
+        if (info.exists() && !info.isFile())
+            throw EngineError(ErrorNumber::CannotOpen,
+                              QStringLiteral("Na mieste žurnálu databázy leží niečo iné."),
+                              companion);
+    }
 }
 
 void checkHeaderOf(QFile& file) {
@@ -100,6 +112,15 @@ QStringList namesOf(const TableDef& table) {
     return names;
 }
 
+void refuseActingParts(Connection& connection) {
+    Query query(connection.handle(),
+                QStringLiteral("SELECT name FROM sqlite_schema WHERE type IN ('trigger', 'view') "
+                               "OR sql LIKE 'CREATE VIRTUAL%'"));
+    if (query.step())
+        refuse(connection.path(),
+               QStringLiteral("V súbore je cudzia súčasť %1.").arg(query.text(0)));
+}
+
 void checkTables(Connection& connection) {
     const auto demand = [&](const QString& name, const QStringList& columns) {
         if (!hasTable(connection, name, columns))
@@ -123,9 +144,8 @@ void asUnrecognized(Connection& connection, Check&& check) {
     }
 }
 
-void checkPagesOf(Connection& connection, Depth depth) {
-    Query query(connection.handle(), depth == Depth::Full ? QStringLiteral("PRAGMA integrity_check")
-                                                          : QStringLiteral("PRAGMA quick_check"));
+void checkIntegrity(Connection& connection, const QString& what) {
+    Query query(connection.handle(), QStringLiteral("PRAGMA integrity_check") + what);
     if (!query.step() || query.text(0) != QStringLiteral("ok"))
         refuse(connection.path(), QStringLiteral("Súbor databázy je poškodený."));
 }
@@ -156,10 +176,15 @@ void removeColdJournal(Connection& connection) {
     connection.setPatience(Connection::usualPatienceMs);
 }
 
+bool isQuicklyChecked(const QString& path) {
+    return QFileInfo(path).size() <= quicklyChecked;
+}
+
 void checkHeader(const QString& path) {
     const QFileInfo info(path);
     if (!info.exists() || info.isDir())
         throw EngineError(ErrorNumber::FileNotFound, QStringLiteral("Súbor sa nenašiel."), path);
+    refuseOddCompanions(path);
     QFile file(path);
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Súbor sa nedá čítať."), path);
@@ -171,6 +196,7 @@ void checkIdentity(Connection& connection) {
         checkOwner(connection.path(), pragma(connection, QStringLiteral("application_id")),
                    versionOf(connection));
         checkTables(connection);
+        refuseActingParts(connection);
     });
 }
 
@@ -178,8 +204,13 @@ quint32 versionOf(Connection& connection) {
     return pragma(connection, QStringLiteral("user_version"));
 }
 
-void checkPages(Connection& connection, Depth depth) {
-    asUnrecognized(connection, [&] { checkPagesOf(connection, depth); });
+void checkPages(Connection& connection) {
+    asUnrecognized(connection, [&] { checkIntegrity(connection, {}); });
+}
+
+void checkTable(Connection& connection, const QString& name) {
+    asUnrecognized(connection,
+                   [&] { checkIntegrity(connection, QStringLiteral("(%1)").arg(sqlName(name))); });
 }
 
 } // namespace store

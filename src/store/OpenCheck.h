@@ -20,19 +20,25 @@ inline constexpr quint32 oldestVersion = 1;
 ///
 /// Must not be called while a connection of this process holds the file: closing the file here
 /// would take that connection's locks away.
-/// @throws EngineError 3024 when there is no file, 3051 when it can't be read, 3343
+/// @throws EngineError 3024 when there is no file, 3051 when it can't be read or something that is
+/// no file lies in the place of its journal, 3343
 void checkHeader(const QString& path);
 
-/// Refuses a file with foreign tables or another version, as far as SQLite's own reading tells.
+/// Refuses a file with other tables or another version, as far as SQLite's own reading tells, and
+/// one with triggers or views, which would act behind the program's back.
 /// @throws EngineError 3343
 void checkIdentity(Connection& connection);
 
 /// The version of the tables that a file holds. @throws EngineError
 quint32 versionOf(Connection& connection);
 
-enum class Depth { Quick, Full };
-/// Reads every page, with Depth::Full also every index entry. @throws EngineError 3343
-void checkPages(Connection& connection, Depth depth);
+/// True when a full check of a file is done before its user would notice.
+bool isQuicklyChecked(const QString& path);
+
+/// Reads every page and every index entry. @throws EngineError 3343
+void checkPages(Connection& connection);
+/// As checkPages, of one table and its indexes. @throws EngineError 3343
+void checkTable(Connection& connection, const QString& name);
 
 /// True when the file's last write was cut off by the end of its program after it had begun to
 /// change the file, so that reading will first take it back.

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace store {
+
+/// A sound copy of a register whose indexes are damaged while its tables are whole. Made beside it;
+/// gone with this object unless it was put in place.
+class IndexRepair {
+  public:
+    /// Nobody may have the register open. @return null when more than indexes is damaged
+    /// @throws EngineError when the copy can't be written
+    static std::unique_ptr<IndexRepair> tryMake(const QString& path);
+    ~IndexRepair();
+    IndexRepair(const IndexRepair&) = delete;
+    IndexRepair& operator=(const IndexRepair&) = delete;
+
+    /// Puts the copy in the place of the register, in one step. @throws EngineError
+    void putInPlace();
+
+  private:
+    explicit IndexRepair(const QString& path);
+    void make();
+    void removeFiles();
+
+    QString path_;
+    QString tables_;
+    QString copy_;
+};
+
+} // namespace store
