@@ -1,5 +1,7 @@
 #include "app/Application.h"
+#include "app/OneRun.h"
 #include "app/Screens.h"
+#include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
 #include "store/Database.h"
 #include "store/ProgramFolder.h"
@@ -8,11 +10,39 @@
 
 #include <algorithm>
 
+namespace {
+
+void bringToFront(QWidget& window) {
+    if (window.isVisible())
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    QWidget* const modal = QApplication::activeModalWidget();
+    QWidget& front = modal != nullptr ? *modal : window;
+    front.raise();
+    front.activateWindow();
+}
+
+void tellHolder(const QString& holder) {
+    forms::showMessage(nullptr,
+                       {.text = QStringLiteral("S údajmi práve pracuje %1. Naraz s nimi môže "
+                                               "pracovať iba jeden program.")
+                                    .arg(holder),
+                        .title = QStringLiteral("Upozornenie"),
+                        .icon = QMessageBox::Warning});
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     // Arguments are none of ours, nor of the toolkit's.
     int programName = std::min(argc, 1);
     app::Application application(programName, argv);
     const store::ProgramFolder folder(QCoreApplication::applicationDirPath());
+    app::OneRun run(folder.database());
+    const app::OneRun::Outcome outcome = run.take();
+    if (outcome == app::OneRun::Outcome::Held)
+        tellHolder(run.holder());
+    if (outcome != app::OneRun::Outcome::Taken)
+        return 0;
     store::DBEngine engine;
     application.beforeWaiting([&engine] { engine.commitPending(); });
 
@@ -23,6 +53,7 @@ int main(int argc, char** argv) {
     const mainwindow::Surroundings around{engine, folder, &QDate::currentDate, app::openScreen,
                                           endRun};
     mainwindow::FrmUvod window(around);
+    QObject::connect(&run, &app::OneRun::windowAsked, &window, [&window] { bringToFront(window); });
     QMetaObject::invokeMethod(&window, &mainwindow::FrmUvod::open, Qt::QueuedConnection);
     return QApplication::exec();
 }

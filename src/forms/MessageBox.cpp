@@ -56,6 +56,7 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message)
                     parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(message.defaultButton);
+    box.setInformativeText(message.detail);
     if (const auto refusing = refusingButton(message.buttons); refusing != QMessageBox::NoButton)
         box.setEscapeButton(refusing);
     return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -80,7 +81,13 @@ void showEngineError(QWidget* parent, const store::EngineError& error) {
     const QString text = QStringLiteral("Chyba č. %1\n\n%2")
                              .arg(static_cast<int>(error.number()))
                              .arg(error.description());
-    showMessage(parent, {.text = text, .icon = QMessageBox::Critical});
+    constexpr qsizetype mostOfAStatement = 300;
+    const QString& place = error.place();
+    showMessage(
+        parent,
+        {.text = text,
+         .icon = QMessageBox::Critical,
+         .detail = place.size() > mostOfAStatement ? place.first(mostOfAStatement) + u'…' : place});
 }
 
 } // namespace forms

@@ -20,6 +20,8 @@ struct Message {
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
     QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
+    /// Said below the text, in smaller letters.
+    QString detail = {};
 };
 
 /// The one door of all message boxes. Waits for the user; Esc gives the button that refuses
@@ -30,7 +32,8 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message)
 std::optional<QString> askText(QWidget* parent, const QString& prompt, const QString& title,
                                const QString& initial = {});
 
-/// The report of an error that nobody handles: a critical box with its number and description.
+/// The report of an error that nobody handles: a critical box with its number, description
+/// and place.
 void showEngineError(QWidget* parent, const store::EngineError& error);
 
 } // namespace forms

@@ -6,10 +6,12 @@
 namespace mainwindow {
 
 /// Puts a compact copy in the place of the closed database and removes the archive that an
-/// archiving has left. The copy is checked first, and the exchange is one step: at every moment one
-/// whole database stands under its name.
-/// @throws store::EngineError 3204 when a copy of an earlier exit is left; the live file is not
-/// touched then, nor by any other failure
+/// archiving has left. The copy is made and checked under a name of its own, where a killed exit
+/// leaves nothing that stops the next one, and the exchange is one step: at every moment one whole
+/// database stands under its name, with the owner and the rights it had. A database behind a link
+/// stays there. One that belongs to another user stays as it is.
+/// @throws store::EngineError 3204 when there is a tmp.mdb; the live file is not touched then, nor
+/// by any other failure
 void compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder);
 
 } // namespace mainwindow

@@ -7,15 +7,22 @@
 #include "mainwindow/ListPane.h"
 #include "mainwindow/SchoolYear.h"
 #include "statreturn/ReturnPrints.h"
+#include "store/BackgroundCheck.h"
 #include "store/EngineError.h"
+#include "store/IndexRepair.h"
 #include "validation/modKontrola.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QTimer>
+
+#include <chrono>
 
 namespace mainwindow {
 
@@ -77,21 +84,61 @@ void FrmUvod::load() {
     ukoncit_ = false;
     setControlsEnabled(true);
     unload();
+    panel_->setSchoolYear({});
     sources_ = std::make_unique<MainSources>(around_.engine);
     lists_->setSources(sources_.get());
     try {
-        if (!fileFound())
-            return;
-        openData();
-        lists_->clear();
-        panel_->resetColours();
-        nastavSkolskyRok();
-        modKontrola::gSpusteny = true;
-        emptyLeftScratchTables();
+        if (fileFound())
+            finishLoad();
     } catch (const store::EngineError& error) {
-        // Any other fault leaves the window as far as it had got.
-        loadFailed(static_cast<int>(error.number()));
+        loadFailed(error);
     }
+}
+
+void FrmUvod::finishLoad() {
+    openData();
+    emptyScratchTables();
+    lists_->clear();
+    panel_->resetColours();
+    if (schoolYear().isEmpty())
+        nastavSkolskyRok();
+    state_->clear();
+    loaded_ = true;
+    modKontrola::gSpusteny = true;
+    checkInBackground();
+}
+
+/// Makes up for a load that a fault has stopped. @return false when the run is over
+/// @throws store::EngineError when the fault lasts
+bool FrmUvod::ensureLoaded() {
+    if (loaded_)
+        return true;
+    try {
+        finishLoad();
+    } catch (const store::EngineError& error) {
+        if (!isUnusable(static_cast<int>(error.number())))
+            throw;
+        loadFailed(error);
+        if (ukoncit_)
+            close();
+    }
+    return loaded_;
+}
+
+/// Once for a file: what this run leaves in them has its reason.
+void FrmUvod::emptyScratchTables() {
+    const auto file = store::fileIdentity(around_.folder.database());
+    if (file == emptied_)
+        return;
+    try {
+        statreturn::emptyScratchTables(sources_->datTlac.Database());
+        around_.engine.commitPending();
+    } catch (const store::EngineError& error) {
+        // Then nothing can be printed out of them either.
+        if (error.number() != store::ErrorNumber::ReadOnly)
+            throw;
+    }
+    emptied_ = file;
 }
 
 bool FrmUvod::fileFound() {
@@ -128,25 +175,67 @@ void FrmUvod::openData() {
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
 }
 
-/// Print-outs that a program left when it was killed are nobody's. What this run leaves is its own,
-/// so that a file is looked at once.
-void FrmUvod::emptyLeftScratchTables() {
-    const auto file = store::fileIdentity(around_.folder.database());
-    if (file == lookedAt_)
-        return;
-    statreturn::emptyScratchTables(sources_->datTlac.Database());
-    lookedAt_ = file;
-}
-
-void FrmUvod::loadFailed(int number) {
-    if (!isUnusable(number))
-        return;
+void FrmUvod::loadFailed(const store::EngineError& error) {
+    if (!isUnusable(static_cast<int>(error.number())))
+        return tellUnloaded(error);
+    if (indexesRepaired())
+        return load();
     forms::showMessage(
         this, {.text = QStringLiteral("Program nemôže pracovať, je nutný reštart počítača !"),
                .icon = QMessageBox::Warning});
     ukoncit_ = true;
     setControlsEnabled(false);
     hide();
+}
+
+void FrmUvod::tellUnloaded(const store::EngineError& error) {
+    state_->setText(
+        QStringLiteral("Údaje sa nepodarilo načítať: %1 Skúste to znova výberom zoznamu.")
+            .arg(error.description()));
+    state_->setToolTip(error.place());
+}
+
+/// Whether only the indexes were damaged and have been made anew, with the user's consent.
+bool FrmUvod::indexesRepaired() {
+    unload();
+    try {
+        const auto repair = store::IndexRepair::tryMake(around_.folder.database());
+        if (!repair ||
+            forms::showMessage(
+                this, {.text = QStringLiteral("Register v súbore -tvk.mdb- je poškodený, údaje sú "
+                                              "v poriadku. Má sa register vytvoriť nanovo ?"),
+                       .title = QStringLiteral("Upozornenie"),
+                       .icon = QMessageBox::Warning,
+                       .buttons = QMessageBox::Yes | QMessageBox::No,
+                       .defaultButton = QMessageBox::Yes}) != QMessageBox::Yes)
+            return false;
+        repair->putInPlace();
+        return true;
+    } catch (const store::EngineError& error) {
+        forms::showEngineError(this, error);
+        return false;
+    }
+}
+
+void FrmUvod::checkInBackground() {
+    const QString path = QFileInfo(around_.folder.database()).canonicalFilePath();
+    if (!store::DBEngine::owesFullCheck(path))
+        return;
+    check_ = std::make_unique<store::BackgroundCheck>(path, [this] {
+        QMetaObject::invokeMethod(this, &FrmUvod::damageFound, Qt::QueuedConnection);
+    });
+}
+
+/// Waits until the user has ended what he is at.
+void FrmUvod::damageFound() {
+    if (!check_)
+        return;
+    if (QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr)
+        return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
+    loadFailed({store::ErrorNumber::UnrecognizedFile, {}});
+    if (ukoncit_)
+        close();
 }
 
 void FrmUvod::setControlsEnabled(bool enabled) {
@@ -167,7 +256,14 @@ void FrmUvod::zadajSkolskyRok() {
 }
 
 void FrmUvod::connectDB() {
-    connection_.emplace(around_.engine.OpenDatabase(around_.folder.database()));
+    around_.engine.OpenDatabase(around_.folder.database()).Close();
+}
+
+void FrmUvod::openScreen(Screen screen) {
+    const bool needsData =
+        screen != Screen::Archive && screen != Screen::Restore && screen != Screen::RestoreAtStart;
+    if (!needsData || ensureLoaded())
+        around_.open(screen, *this);
 }
 
 void FrmUvod::pressed(int button) {
@@ -188,11 +284,15 @@ void FrmUvod::pressed(int button) {
 }
 
 void FrmUvod::ukazKlientov() {
+    if (!ensureLoaded())
+        return;
     panel_->change(&ButtonColours::listChosen, clientList.number);
     lists_->ukaz(clientList);
 }
 
 void FrmUvod::ukazZamestnancov() {
+    if (!ensureLoaded())
+        return;
     panel_->change(&ButtonColours::listChosen, employeeList.number);
     lists_->ukaz(employeeList);
 }
@@ -221,17 +321,21 @@ void FrmUvod::zavri() {
 }
 
 void FrmUvod::unload() {
+    check_.reset();
     lists_->setSources(nullptr);
     lists_->clear();
-    connection_.reset();
     sources_.reset();
+    loaded_ = false;
 }
 
 void FrmUvod::closeEvent(QCloseEvent* event) {
     unload();
     event->accept();
-    if (!runGoesOn_)
-        around_.endRun();
+    if (runGoesOn_)
+        return;
+    // What could not be told while the data sources ended.
+    forms::guarded(nullptr, [this] { around_.engine.commitPending(); });
+    around_.endRun();
 }
 
 } // namespace mainwindow

@@ -6,9 +6,14 @@
 #include <QMainWindow>
 
 #include <memory>
-#include <optional>
 
 class QAction;
+class QLabel;
+
+namespace store {
+class BackgroundCheck;
+class EngineError;
+} // namespace store
 
 namespace mainwindow {
 
@@ -29,7 +34,7 @@ class FrmUvod : public QMainWindow {
     void open();
     /// Closes the window and lets go of the file; the run goes on.
     void zavri();
-    /// Opens the connection that the return's tables are read through; the window holds it.
+    /// Makes sure that the register can be opened, before the return's tables are made.
     /// @throws store::EngineError
     void connectDB();
     /// The year that the return is made for, "RRRR/RRRR".
@@ -54,25 +59,34 @@ class FrmUvod : public QMainWindow {
     void load();
     bool fileFound();
     void openData();
-    void emptyLeftScratchTables();
-    void loadFailed(int number);
+    void finishLoad();
+    bool ensureLoaded();
+    void emptyScratchTables();
+    void loadFailed(const store::EngineError& error);
+    void tellUnloaded(const store::EngineError& error);
+    bool indexesRepaired();
+    void checkInBackground();
+    void damageFound();
     void setControlsEnabled(bool enabled);
     void nastavSkolskyRok();
     void unload();
 
     void pressed(int button);
     void openTable(int button, Screen screen);
-    void openScreen(Screen screen) { around_.open(screen, *this); }
+    void openScreen(Screen screen);
     void koniecTlacidlom();
     void koniec();
 
     const Surroundings& around_;
     std::unique_ptr<MainSources> sources_;
-    std::optional<store::Database> connection_;
-    std::optional<store::FileIdentity> lookedAt_;
+    std::unique_ptr<store::BackgroundCheck> check_;
     ButtonPanel* panel_;
     ListPane* lists_;
+    QLabel* state_ = nullptr;
     bool ukoncit_ = false;
+    bool loaded_ = false;
+    /// The file whose scratch tables this run has emptied.
+    std::optional<store::FileIdentity> emptied_;
     bool runGoesOn_ = false;
 };
 

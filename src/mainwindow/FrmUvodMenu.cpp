@@ -107,11 +107,14 @@ void FrmUvod::openMenu(QAction* action) {
 void FrmUvod::buildStatus() {
     auto* keys = new QLabel(QStringLiteral(
         "F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá  ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
-        "Ctrl+D výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+        "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
     keys->setContentsMargins(0, 0, 10, 2);
     keys->setForegroundRole(QPalette::PlaceholderText);
     keys->setObjectName(QStringLiteral("lblKlavesy"));
     statusBar()->addPermanentWidget(keys);
+    state_ = new QLabel;
+    state_->setObjectName(QStringLiteral("lblStav"));
+    statusBar()->addWidget(state_, 1);
     statusBar()->setSizeGripEnabled(false);
 }
 

@@ -7,7 +7,7 @@ namespace mainwindow {
 
 namespace {
 
-constexpr int keyWidth = 10;
+constexpr int paddedWidth = 10;
 
 /// A table whose rows can name an employee, the data source that looks there, and how the refusal
 /// begins.
@@ -34,7 +34,7 @@ constexpr auto clientTables = std::to_array<QStringView>({
 });
 
 QString paddedKey(store::DataSource& source) {
-    return fieldText(source, u"idkod").leftJustified(keyWidth, u' ', true);
+    return fieldText(source, u"idkod").leftJustified(paddedWidth);
 }
 
 bool noneChosen(const ListPlace& place, const ListTraits& list) {
@@ -52,8 +52,8 @@ bool confirmed(const ListPlace& place, const ListTraits& list) {
     return forms::showMessage(place.window, {.text = text,
                                              .title = list.deleteTitle.toString(),
                                              .icon = QMessageBox::NoIcon,
-                                             .buttons = QMessageBox::Yes | QMessageBox::No}) ==
-           QMessageBox::Yes;
+                                             .buttons = QMessageBox::Yes | QMessageBox::No,
+                                             .defaultButton = QMessageBox::No}) == QMessageBox::Yes;
 }
 
 bool isUsed(const ListPlace& place, const EmployeeUse& use, const QString& criterion) {

@@ -58,7 +58,7 @@ const std::array<ListPane::ListButton, 5>& ListPane::buttons() {
         {&ListPane::cmdNovy_, u"CmdNovy", u"Nový", &ListPane::novy, u"Ctrl+N",
          u"Zadávanie nových dát zamestnancov"},
         {&ListPane::cmdOprava_, u"cmdOprava", u"Oprava údajov", &ListPane::oprava, u"Ctrl+O", {}},
-        {&ListPane::cmdVymaz_, u"cmdVymaz", u"Výmaz ", &ListPane::vymaz, u"Ctrl+D", {}},
+        {&ListPane::cmdVymaz_, u"cmdVymaz", u"Výmaz ", &ListPane::vymaz, u"Ctrl+Del", {}},
         {&ListPane::cmdHladaj_, u"cmdHladaj", u"Hľadaj", &ListPane::hladajOsobu, u"Ctrl+F", {}},
         {&ListPane::cmdSort_, u"CmdSort", sortByNumber, &ListPane::tried, u"Ctrl+T", {}},
     }};

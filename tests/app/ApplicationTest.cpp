@@ -1,14 +1,17 @@
 #include "app/Application.h"
 
+#include "app/OneRun.h"
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
 #include "store/FaultVfs.h"
+#include "store/FileBytes.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
 #include <QAction>
 #include <QEventLoop>
+#include <QLockFile>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -16,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
 #include <stdexcept>
 
 using support::ScriptedBoxes;
@@ -50,6 +54,40 @@ TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
     bool alive = false;
     inLoop([&alive] { alive = true; });
     EXPECT_TRUE(alive);
+}
+
+TEST(OneRunTest, theSecondOfAComputerShowsTheFirstAndAnotherComputerIsNamed) {
+    const QTemporaryDir folder;
+    const QString register_ = folder.filePath(u"tvk.mdb"_s);
+    const QString lock = register_ + u".zamok"_s;
+    using Outcome = app::OneRun::Outcome;
+    // Of a program that was killed, here and elsewhere.
+    for (const char* left : {"999999\ntvk\n", "1\ntvk\niny-pocitac\n"}) {
+        files::write(lock, left);
+        app::OneRun first(register_);
+        ASSERT_EQ(first.take(), Outcome::Taken);
+        int shown = 0;
+        QObject::connect(&first, &app::OneRun::windowAsked, [&shown] { ++shown; });
+        auto second = std::async(std::launch::async, [&] { return app::OneRun(register_).take(); });
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return second.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+        EXPECT_EQ(second.get(), Outcome::Shown);
+        EXPECT_EQ(shown, 1);
+    }
+    EXPECT_FALSE(QFile::exists(lock));
+    QLockFile held(lock);
+    ASSERT_TRUE(held.lock());
+    const QByteArray ours = files::read(lock);
+    QFile rewritten(lock);
+    ASSERT_TRUE(rewritten.open(QIODevice::ReadWrite));
+    QList<QByteArray> lines = ours.split('\n');
+    lines[2] = "iny-pocitac";
+    rewritten.resize(0);
+    rewritten.write(lines.join('\n'));
+    rewritten.flush();
+    app::OneRun another(register_);
+    EXPECT_EQ(another.take(), Outcome::Held);
+    EXPECT_TRUE(another.holder().contains(u"iny-pocitac"_s));
 }
 
 class DurableTest : public testing::Test {
@@ -129,7 +167,7 @@ TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
                       faults::install({faults::Plan::Fault::SyncFails, 1});
                   }});
     expectReport(boxes, "Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
-    press(Qt::Key_D);
+    press(Qt::Key_Delete);
     QTest::qWait(0);
     boxes.allCame();
     EXPECT_EQ(window.findChild<QTableView*>(u"dbgKlient"_s)->model()->rowCount(), 1);

@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -28,6 +31,7 @@ TEST_F(ExitTest, menuAndButtonCompactTheFile) {
         addClient(byMenu ? "A" : "B", "Ján", "Novák");
         reg.engine.commitPending();
         files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
+        files::write(reg.folder.path(u"tvk.mdb.kopia"), "po zabití");
         const qint64 before = size();
         open();
         if (byMenu)
@@ -43,6 +47,27 @@ TEST_F(ExitTest, menuAndButtonCompactTheFile) {
         EXPECT_EQ(reg.count(u"k_zaklad"_s), byMenu ? 1 : 2);
     }
     EXPECT_EQ(runsEnded, 2);
+}
+
+TEST_F(ExitTest, theFileKeepsItsRightsAndItsPlaceBehindALink) {
+    const QTemporaryDir elsewhere;
+    const QString behind = elsewhere.filePath(u"data.mdb"_s);
+    ASSERT_TRUE(QFile::rename(reg.folder.database(), behind));
+    ASSERT_TRUE(QFile::link(behind, reg.folder.database()));
+    fillAndEmpty();
+    ASSERT_EQ(chmod(behind.toUtf8().constData(), 0640), 0);
+    const bool mayGive = geteuid() == 0;
+    ASSERT_TRUE(!mayGive || chown(behind.toUtf8().constData(), 1234, 5678) == 0);
+    const qint64 before = size();
+    open();
+    click("Label4");
+    struct stat status = {};
+    ASSERT_EQ(lstat(behind.toUtf8().constData(), &status), 0);
+    EXPECT_LT(status.st_size, before / 2);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+    EXPECT_EQ(status.st_uid, mayGive ? 1234U : geteuid());
+    EXPECT_EQ(status.st_gid, mayGive ? 5678U : getegid());
+    EXPECT_TRUE(QFileInfo(reg.folder.database()).isSymLink());
 }
 
 TEST_F(ExitTest, menuActsOnItsOwnClickAndKey) {
@@ -68,6 +93,7 @@ TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {
                       auto& box = dynamic_cast<QMessageBox&>(shown);
                       EXPECT_TRUE(box.text().contains(u"3204"_s)) << box.text().toStdString();
                       EXPECT_EQ(box.icon(), QMessageBox::Critical);
+                      EXPECT_TRUE(box.informativeText().endsWith(u"/tmp.mdb"_s));
                       box.button(QMessageBox::Ok)->click();
                   }});
     click("Label4");

@@ -52,7 +52,7 @@ TEST_F(MainWindow, buttonsSayWhatTheyDo) {
         {"Picture6", "",
          "Nastaví školský rok pre tvorbu výkazov v tvare RR/RR+1 resp. RRRR/RRRR+1"},
         {"CmdNovy", "Nový", "Zadávanie nových dát zamestnancov"},
-        {"cmdVymaz", "Výmaz ", "Ctrl+D"},
+        {"cmdVymaz", "Výmaz ", "Ctrl+Del"},
     };
     for (const auto& [name, text, toolTip] : parts) {
         EXPECT_EQ(caption(name), QString::fromUtf8(text)) << name;
@@ -243,9 +243,48 @@ TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->schoolYear(), QString());
     EXPECT_EQ(runsEnded, 0);
-    other.execute("rollback");
+    EXPECT_TRUE(caption("lblStav").contains(u"iný program"_s));
+    expectBox("Chyba č. 3218\n\nSúbor práve používa iný program.", "", QMessageBox::Critical);
     click("Label1");
-    EXPECT_EQ(focused(), u"CmdNovy"_s);
+    other.execute("rollback");
+    window->findChild<QAction*>(u"mniVek"_s)->trigger();
+    EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
+    EXPECT_EQ(window->schoolYear(), u"2006/2007"_s);
+    EXPECT_EQ(caption("lblStav"), QString());
+}
+
+TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
+    constexpr auto question = "Register v súbore -tvk.mdb- je poškodený, údaje sú v poriadku. Má "
+                              "sa register vytvoriť nanovo ?";
+    const auto damage = [this] {
+        reg.letGo();
+        store::Connection file(reg.folder.database(), store::Connection::Access::ReadWrite);
+        sqlite3_db_config(file.handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
+        // The rows of one index are those of another.
+        file.execute("PRAGMA writable_schema=ON; UPDATE sqlite_schema SET rootpage=(SELECT "
+                     "rootpage FROM sqlite_schema WHERE name='k_navstevy_idkod') WHERE "
+                     "name='k_zaklad_idkod'");
+    };
+    addClient("NOVAKJAN00", "Ján", "Novák");
+    for (const bool inTheBackground : {false, true}) {
+        if (inTheBackground)
+            reg.add(u"k_memo"_s, {{u"poznamky", QString(9 << 20, u'x')}});
+        damage();
+        expectBox(question, "Upozornenie", QMessageBox::Warning, yesNo, QMessageBox::Yes);
+        open();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(reg.count(u"select * from k_zaklad where idkod='NOVAKJAN00'"_s), 1);
+        reg.letGo();
+        window->zavri();
+    }
+    damage();
+    expectBox(question, "Upozornenie", QMessageBox::Warning, yesNo, QMessageBox::No);
+    expectBox(unusable, "", QMessageBox::Warning);
+    open();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
+    EXPECT_EQ(runsEnded, 1);
+    EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
 }
 
 TEST_F(MainWindow, aFaultOfAnActionIsReportedAndTheWindowGoesOn) {

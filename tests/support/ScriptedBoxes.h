@@ -53,6 +53,8 @@ class ScriptedBoxes : public QObject {
     void expect(ExpectedBox box) { expected_.emplace_back(std::move(box)); }
     void expect(ExpectedInput input) { expected_.emplace_back(std::move(input)); }
     void expect(ExpectedWindow window) { expected_.emplace_back(std::move(window)); }
+    /// True when all of them have come.
+    bool isEmpty() const { return expected_.empty(); }
     /// Fails the test for each box that has not come, and forgets it.
     void allCame();
 
