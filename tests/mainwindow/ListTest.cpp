@@ -83,6 +83,7 @@ TEST_F(ListTest, clientsComeByName) {
     EXPECT_EQ(buttons(), "+++++");
     EXPECT_EQ(focused(), u"dbgKlient"_s);
     EXPECT_EQ(captions(), u"Nový klient/Výmaz klienta/Hľadaj klienta"_s);
+    EXPECT_EQ(caption("lblZoznam"), u"Klienti"_s);
     const auto* header = find<QTableView>("dbgKlient").horizontalHeader();
     const int widths[] = {93, 127, 67, 87};
     for (int column = 0; column < 4; ++column) {
@@ -100,6 +101,7 @@ TEST_F(ListTest, employeesWithoutAFunctionAreNotListed) {
     EXPECT_EQ(buttons(), "++++-");
     EXPECT_EQ(focused(), u"dbgPsych"_s);
     EXPECT_EQ(captions(), u"Nový zamestnanec/Výmaz zamestnanca/Hľadaj zamestnanca"_s);
+    EXPECT_EQ(caption("lblZoznam"), u"Zamestnanci"_s);
 }
 
 TEST_F(ListTest, anEmptyListTakesANewRecordOnly) {
