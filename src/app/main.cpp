@@ -3,6 +3,8 @@
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/Offer.h"
+#include "oldregister/ReaderMain.h"
 #include "store/Database.h"
 #include "store/ProgramFolder.h"
 
@@ -33,7 +35,9 @@ void tellHolder(const QString& holder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Arguments are none of ours, nor of the toolkit's.
+    if (const auto code = oldregister::runAsReader(argc, argv))
+        return *code;
+    // Other arguments are none of ours, nor of the toolkit's.
     int programName = std::min(argc, 1);
     app::Application application(programName, argv);
     const store::ProgramFolder folder(QCoreApplication::applicationDirPath());
@@ -50,8 +54,8 @@ int main(int argc, char** argv) {
     const auto endRun = [&application] {
         QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
     };
-    const mainwindow::Surroundings around{engine, folder, &QDate::currentDate, app::openScreen,
-                                          endRun};
+    const mainwindow::Surroundings around{engine,          folder, &QDate::currentDate,
+                                          app::openScreen, endRun, oldregister::offerTakeOver};
     mainwindow::FrmUvod window(around);
     QObject::connect(&run, &app::OneRun::windowAsked, &window, [&window] { bringToFront(window); });
     QMetaObject::invokeMethod(&window, &mainwindow::FrmUvod::open, Qt::QueuedConnection);

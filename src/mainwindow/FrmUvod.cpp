@@ -161,7 +161,8 @@ bool FrmUvod::fileFound() {
         ukoncit_ = true;
         return false;
     }
-    return true;
+    ukoncit_ = around_.prepareFile && !around_.prepareFile(path(), this);
+    return !ukoncit_;
 }
 
 void FrmUvod::openData() {

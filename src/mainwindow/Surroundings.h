@@ -7,6 +7,8 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace mainwindow {
 
 class FrmUvod;
@@ -37,6 +39,9 @@ struct Surroundings {
     std::function<void(Screen, FrmUvod&)> open;
     /// The run is over: the window is closed and will not come again.
     std::function<void()> endRun;
+    /// Called with the register's path, over that window, before the register is opened; false ends
+    /// the run.
+    std::function<bool(const QString& path, QWidget* window)> prepareFile = {};
 };
 
 } // namespace mainwindow

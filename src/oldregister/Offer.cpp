@@ -33,6 +33,9 @@ bool userAgrees(const QString& path, QWidget* parent) {
 
 /// Shows how far the conversion has come. @return false when the user has had enough
 bool showProgress(QProgressDialog& dialog, const Progress& progress) {
+    // A value would show a dialog again that was cancelled.
+    if (dialog.wasCanceled())
+        return false;
     dialog.setMaximum(static_cast<int>(progress.total));
     dialog.setValue(static_cast<int>(std::min(progress.done, progress.total)));
     QCoreApplication::processEvents();
@@ -48,6 +51,8 @@ ConversionReport takeOverWithProgress(const QString& path, QWidget* parent) {
     dialog.setMinimumDuration(0);
     dialog.setAutoReset(false);
     dialog.setAutoClose(false);
+    dialog.show();
+    showProgress(dialog, {});
     return takeOver(path, [&](const Progress& progress) { return showProgress(dialog, progress); });
 }
 

@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -19,7 +20,9 @@ namespace oldregister {
 
 namespace {
 
-constexpr QSize startSize(1000, 700);
+constexpr QSize startSize(1150, 700);
+constexpr int rowHeight = 22;
+constexpr int countWidth = 290;
 /// A long text is read in the saved report; here it must not push the others out of sight.
 constexpr int longestShown = 300;
 
@@ -29,6 +32,7 @@ QTableWidget* newList(const QString& name, const QStringList& columns) {
     list->setAccessibleName(name);
     list->setHorizontalHeaderLabels(columns);
     list->verticalHeader()->hide();
+    list->verticalHeader()->setDefaultSectionSize(rowHeight);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setTabKeyNavigation(false);
@@ -77,10 +81,13 @@ ReportWindow::ReportWindow(ConversionReport report, QWidget* parent)
     words->setTextFormat(Qt::PlainText);
     words->setWordWrap(true);
     layout->addWidget(words);
-    layout->addWidget(countList(), 1);
+    auto* lists = new QHBoxLayout;
+    lists->addWidget(countList());
     if (!report_.findings.empty())
-        layout->addWidget(findingList(), 1);
+        lists->addWidget(findingList(), 1);
+    layout->addLayout(lists, 1);
     layout->addWidget(buttons());
+    findChild<QPushButton*>(QStringLiteral("cmdZavri"))->setFocus();
 }
 
 QWidget* ReportWindow::countList() {
@@ -91,6 +98,8 @@ QWidget* ReportWindow::countList() {
         addRow(*list, {count.table, QString::number(count.read), QString::number(count.written)},
                Qt::AlignRight | Qt::AlignVCenter);
     list->resizeColumnsToContents();
+    if (!report_.findings.empty())
+        list->setFixedWidth(countWidth);
     return list;
 }
 
@@ -101,9 +110,9 @@ QWidget* ReportWindow::findingList() {
     for (const Finding& finding : report_.findings)
         addRow(*list, {finding.client, finding.table, finding.what, finding.content});
     list->horizontalHeader()->setStretchLastSection(true);
-    list->setColumnWidth(0, 220);
+    list->setColumnWidth(0, 190);
     list->setColumnWidth(1, 120);
-    list->setColumnWidth(2, 330);
+    list->setColumnWidth(2, 290);
     list->resizeRowsToContents();
     return list;
 }
@@ -114,6 +123,7 @@ QWidget* ReportWindow::buttons() {
                          QDialogButtonBox::ButtonRole role) {
         QPushButton* button = box->addButton(caption, role);
         button->setObjectName(QString::fromUtf16(name));
+        button->setAutoDefault(role == QDialogButtonBox::AcceptRole);
         return button;
     };
     using Role = QDialogButtonBox::ButtonRole;
@@ -123,7 +133,6 @@ QWidget* ReportWindow::buttons() {
             this, &ReportWindow::print);
     QPushButton* close = add(u"cmdZavri", QStringLiteral("&Pokračovať"), Role::AcceptRole);
     close->setDefault(true);
-    close->setFocus();
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     return box;
 }

@@ -43,6 +43,20 @@ void scrambleHeader(QByteArray& file) {
     rc4(headerKey, file.data() + scrambledFrom, scrambledLength);
 }
 
+/// A text of the list without its escapes.
+QString untold(const QString& text) {
+    QString plain;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] != u'\\') {
+            plain += text[at];
+            continue;
+        }
+        const QChar sign = text[++at];
+        plain += sign == u't' ? u'\t' : sign == u'n' ? u'\n' : sign == u'r' ? u'\r' : u'\\';
+    }
+    return plain;
+}
+
 } // namespace
 
 QByteArray bytes() {
@@ -66,26 +80,17 @@ QString line(const QString& table, QStringList fields) {
     return table.toLower() + u'\t' + fields.join(u'\t');
 }
 
-QString untold(const QString& text) {
-    QString plain;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] != u'\\') {
-            plain += text[at];
-            continue;
-        }
-        const QChar sign = text[++at];
-        plain += sign == u't' ? u'\t' : sign == u'n' ? u'\n' : sign == u'r' ? u'\r' : u'\\';
-    }
-    return plain;
-}
-
-QStringList expectedLines() {
+QStringList expectedLines(const std::function<QString(const QString&)>& stored) {
     QStringList lines;
     const QStringList all = QString::fromUtf8(files::read(QStringLiteral(TVK_OLD_ROWS)))
                                 .split(u'\n', Qt::SkipEmptyParts);
     for (const QString& row : all) {
         QStringList fields = row.split(u'\t');
         const QString table = fields.takeFirst();
+        for (QString& field : fields)
+            if (const qsizetype at = field.indexOf(u"=memo:") + 1; at > 0)
+                field = field.left(at) +
+                        told(QStringLiteral("memo"), stored(untold(field.mid(at + 5))));
         if (store::findTable(table) != nullptr)
             lines += line(table, fields);
     }

@@ -1,0 +1,164 @@
+// The program is started over a register of the old format.
+
+#include "oldregister/Offer.h"
+
+#include "Sample.h"
+#include "mainwindow/FrmUvod.h"
+#include "oldregister/ReportPages.h"
+#include "oldregister/ReportWindow.h"
+#include "store/FileBytes.h"
+#include "support/ScriptedBoxes.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+using namespace oldregister;
+
+namespace {
+
+constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
+
+void press(QWidget& window, const char* text) {
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        if (button->text().remove(u'&') == QString::fromUtf8(text))
+            return QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                                     button->mapTo(&window, button->rect().center()));
+    ADD_FAILURE() << "no button " << text;
+}
+
+QString cell(QWidget& window, const char* list, int row, int column) {
+    return window.findChild<QTableWidget*>(QString::fromLatin1(list))->item(row, column)->text();
+}
+
+class Offer : public testing::Test {
+  protected:
+    Offer() { files::write(path("tvk.mdb"), sample::bytes()); }
+
+    QString path(const char* name) const { return directory.filePath(QString::fromUtf8(name)); }
+    void expectQuestion(QMessageBox::StandardButton answer) {
+        boxes.expect(support::ExpectedBox{
+            .text = QStringLiteral(
+                "Súbor tvk.mdb je v pôvodnom formáte. Previesť ho?\n\n"
+                "Všetky údaje sa prenesú do nového súboru tvk.mdb. Pôvodný súbor ostane nezmenený "
+                "vedľa neho ako tvk_povodny.mdb. Po prevode uvidíte, čo sa prenieslo a čo nie.\n\n"
+                "Ak odpoviete Nie, nič sa nezmení a program sa ukončí."),
+            .title = QStringLiteral("Upozornenie"),
+            .icon = QMessageBox::Question,
+            .buttons = yesNo,
+            .answer = answer});
+    }
+    void expectWindow(const char* name, const std::function<void(QWidget&)>& drive) {
+        boxes.expect(support::ExpectedWindow{QString::fromUtf8(name), drive});
+    }
+    void start() {
+        window.open();
+        EXPECT_TRUE(!window.isVisible() || QTest::qWaitForWindowExposed(&window));
+    }
+    void expectUntouched() {
+        EXPECT_FALSE(window.isVisible());
+        EXPECT_EQ(runsEnded, 1);
+        EXPECT_EQ(files::namesIn(directory.path()), QStringList{QStringLiteral("tvk.mdb")});
+        EXPECT_EQ(files::read(path("tvk.mdb")), sample::bytes());
+    }
+
+    QTemporaryDir directory;
+    store::DBEngine engine;
+    const store::ProgramFolder folder{directory.path()};
+    int runsEnded = 0;
+    const mainwindow::Surroundings around{engine,
+                                          folder,
+                                          [] { return QDate(2006, 10, 1); },
+                                          [](mainwindow::Screen, mainwindow::FrmUvod&) {},
+                                          [this] { ++runsEnded; },
+                                          offerTakeOver};
+    support::ScriptedBoxes boxes;
+    mainwindow::FrmUvod window{around};
+};
+
+} // namespace
+
+TEST_F(Offer, GoesOnWithTheNewRegisterOnYes) {
+    expectQuestion(QMessageBox::Yes);
+    expectWindow("dlgPrevod", [](QWidget&) {});
+    expectWindow("frmPrevod", [this](QWidget& report) {
+        EXPECT_EQ(report.findChild<QLabel*>(QStringLiteral("lblPrevod"))->text().toStdString(),
+                  "Prevod sa skončil. Prečítaných riadkov: 536, zapísaných: 536.\n"
+                  "Pôvodný súbor ostal nezmenený ako tvk_povodny.mdb, táto správa leží vedľa neho "
+                  "ako tvk_prevod.txt.\nČo sa nedalo preniesť tak, ako bolo, počet: 2");
+        EXPECT_EQ(cell(report, "lstTabulky", 0, 0) + cell(report, "lstTabulky", 0, 2),
+                  QStringLiteral("k_zaklad40"));
+        EXPECT_EQ(cell(report, "lstVynimky", 0, 1), QStringLiteral("Chyby vloženia"));
+        static_cast<ReportWindow&>(report).saveAs(path("moja.txt"));
+        press(report, "Pokračovať");
+    });
+    start();
+    EXPECT_TRUE(window.isVisible());
+    window.ukazKlientov();
+    EXPECT_EQ(window.findChild<QTableView*>(QStringLiteral("dbgKlient"))->model()->rowCount(), 40);
+    EXPECT_EQ(files::read(path("moja.txt")), files::read(path("tvk_prevod.txt")));
+}
+
+TEST_F(Offer, EndsTheRunOnNo) {
+    expectQuestion(QMessageBox::No);
+    start();
+    expectUntouched();
+}
+
+TEST_F(Offer, ChangesNothingWhenTheConversionIsBrokenOff) {
+    expectQuestion(QMessageBox::Yes);
+    expectWindow("dlgPrevod", [](QWidget& progress) { press(progress, "Zrušiť"); });
+    start();
+    expectUntouched();
+}
+
+TEST_F(Offer, TellsWhyAFileCannotBeTakenOver) {
+    QByteArray bytes = sample::bytes();
+    files::write(path("tvk.mdb"), bytes.first(bytes.size() / 2));
+    expectQuestion(QMessageBox::Yes);
+    expectWindow("dlgPrevod", [](QWidget&) {});
+    boxes.expect(support::ExpectedBox{
+        .text = QStringLiteral("Prevod sa nepodaril. Súbor je neúplný: chýba jeho koniec.\n\n"
+                               "Pôvodný súbor sa nezmenil."),
+        .title = QStringLiteral("Chybová správa"),
+        .icon = QMessageBox::Critical});
+    start();
+    EXPECT_EQ(runsEnded, 1);
+    boxes.allCame();
+
+    bytes[0x14] = 0;
+    files::write(path("tvk.mdb"), bytes);
+    boxes.expect(support::ExpectedBox{
+        .text = QStringLiteral("Súbor je v staršej verzii pôvodného formátu (Jet 3), ktorá sa nedá "
+                               "previesť.\n\nPôvodný súbor sa nezmenil."),
+        .title = QStringLiteral("Chybová správa"),
+        .icon = QMessageBox::Critical});
+    boxes.expect(support::ExpectedBox{
+        .text = QStringLiteral("Program nemôže pracovať, je nutný reštart počítača !"),
+        .icon = QMessageBox::Warning});
+    start();
+}
+
+TEST_F(Offer, PrintsTheReport) {
+    ConversionReport report;
+    report.tables = {{QStringLiteral("k_zaklad"), 40, 40, 39}};
+    report.findings = {{QStringLiteral("NOVÁKJÁ00 (Ján Novák)"), QStringLiteral("k_zaklad"),
+                        QStringLiteral("kľúč sa opakuje"),
+                        QStringLiteral("slovo ").repeated(2000)}};
+    const report::Pages pages = pagesOf(report, {2006, 10, 1});
+    EXPECT_GT(pages.pages.size(), 1U);
+    QStringList words;
+    for (const report::Page& page : pages.pages)
+        for (const report::PlacedText& text : page.texts)
+            words += text.text;
+    const QString all = words.join(u' ');
+    EXPECT_EQ(all.count(QStringLiteral("slovo")), 2000);
+    EXPECT_TRUE(all.contains(u"NOVÁKJÁ00 (Ján Novák)"));
+    EXPECT_TRUE(all.contains(u"k_zaklad 40 39"));
+}
