@@ -25,6 +25,9 @@ struct Finding {
     QString content;
 };
 
+/// A table as a reader knows it, with its own name behind; a foreign one by that name alone.
+QString captionOf(const QString& table);
+
 /// What a conversion did.
 struct ConversionReport {
     QString oldFile;

@@ -25,7 +25,7 @@ FileKind kindOfVersion(char version) {
 FileKind kindOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return file.exists() ? FileKind::Foreign : FileKind::Missing;
+        return file.exists() ? FileKind::Unreadable : FileKind::Missing;
     const QByteArray head = file.read(versionAt + 1);
     if (head.isEmpty())
         return FileKind::Empty;
@@ -42,6 +42,8 @@ QString refusalOf(FileKind kind) {
         return {};
     case FileKind::Missing:
         return QStringLiteral("Súbor sa nenašiel.");
+    case FileKind::Unreadable:
+        return QStringLiteral("Súbor sa nedá čítať.");
     case FileKind::Empty:
         return QStringLiteral("Súbor je prázdny.");
     case FileKind::Register:

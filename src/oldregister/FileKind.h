@@ -7,6 +7,8 @@ namespace oldregister {
 /// What lies under a file's name, told by its first bytes.
 enum class FileKind {
     Missing,
+    /// A folder, or a file that the system doesn't let read.
+    Unreadable,
     Empty,
     /// A file of the program's own format, sound or not.
     Register,

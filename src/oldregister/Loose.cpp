@@ -39,6 +39,17 @@ void tellLooseOf(store::Database& database, const store::TableDef& table,
                             shownRow(*rows, table)});
 }
 
+void tellKeyless(store::Database& database, std::vector<Finding>& findings) {
+    const store::TableDef& table = *store::findTable(clients);
+    const auto rows =
+        database.OpenRecordset(QStringLiteral("select * from k_zaklad where isnull(idkod)"));
+    for (; !rows->Eof(); rows->MoveNext())
+        findings.push_back({{},
+                            clients.toString(),
+                            QStringLiteral("klient nemá kľúč; zapísal sa bez neho"),
+                            shownRow(*rows, table)});
+}
+
 QString nameOf(store::Database& database, QStringView table, const QString& key) {
     const auto rows =
         database.OpenRecordset(QStringLiteral("select meno,priezv from %1 where idkod = %2")
@@ -52,6 +63,7 @@ QString nameOf(store::Database& database, QStringView table, const QString& key)
 } // namespace
 
 void tellLoose(store::Database& database, std::vector<Finding>& findings) {
+    tellKeyless(database, findings);
     for (const store::TableDef& table : store::schema()) {
         const QStringView name(table.name);
         if (name.startsWith(u"k_") && name != clients)

@@ -8,7 +8,8 @@ class Database;
 
 namespace oldregister {
 
-/// Tells the rows of a register whose key is no client's. They are kept, but no screen shows them.
+/// Tells the clients without a key, and the rows whose key is no client's. All of them are kept,
+/// but no card shows those rows.
 void tellLoose(store::Database& database, std::vector<Finding>& findings);
 
 /// Puts the names of clients and employees behind the keys of findings.

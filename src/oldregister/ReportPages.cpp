@@ -70,7 +70,8 @@ report::Layout layout() {
 void addFinding(const Finding& finding, int number, std::vector<Line>& lines) {
     lines.push_back({});
     lines.push_back(
-        {{text, QStringLiteral("%1. %2: %3").arg(number).arg(finding.table, finding.what)}});
+        {{text,
+          QStringLiteral("%1. %2: %3").arg(number).arg(captionOf(finding.table), finding.what)}});
     if (!finding.client.isEmpty())
         lines.push_back({{text, QStringLiteral("Osoba: ") + finding.client}});
     if (!finding.content.isEmpty())
@@ -86,7 +87,7 @@ std::vector<Line> linesOf(const ConversionReport& report) {
                      {read, QStringLiteral("prečítané")},
                      {written, QStringLiteral("zapísané")}});
     for (const TableCount& count : report.tables)
-        lines.push_back({{table, count.table},
+        lines.push_back({{table, captionOf(count.table)},
                          {read, QString::number(count.read)},
                          {written, QString::number(count.written)}});
     lines.push_back({});

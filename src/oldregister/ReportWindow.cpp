@@ -20,9 +20,11 @@ namespace oldregister {
 
 namespace {
 
-constexpr QSize startSize(1150, 700);
+constexpr QSize startSize(1220, 700);
 constexpr int rowHeight = 22;
-constexpr int countWidth = 290;
+constexpr int countWidth = 400;
+/// Fitting the height of each row takes its time.
+constexpr std::size_t mostFitted = 500;
 /// A long text is read in the saved report; here it must not push the others out of sight.
 constexpr int longestShown = 300;
 
@@ -95,8 +97,10 @@ QWidget* ReportWindow::countList() {
         QStringLiteral("lstTabulky"),
         {QStringLiteral("Tabuľka"), QStringLiteral("Prečítané"), QStringLiteral("Zapísané")});
     for (const TableCount& count : report_.tables)
-        addRow(*list, {count.table, QString::number(count.read), QString::number(count.written)},
-               Qt::AlignRight | Qt::AlignVCenter);
+        addRow(
+            *list,
+            {captionOf(count.table), QString::number(count.read), QString::number(count.written)},
+            Qt::AlignRight | Qt::AlignVCenter);
     list->resizeColumnsToContents();
     if (!report_.findings.empty())
         list->setFixedWidth(countWidth);
@@ -108,12 +112,13 @@ QWidget* ReportWindow::findingList() {
                          {QStringLiteral("Osoba"), QStringLiteral("Tabuľka"),
                           QStringLiteral("Čo sa nedalo"), QStringLiteral("Obsah")});
     for (const Finding& finding : report_.findings)
-        addRow(*list, {finding.client, finding.table, finding.what, finding.content});
+        addRow(*list, {finding.client, captionOf(finding.table), finding.what, finding.content});
     list->horizontalHeader()->setStretchLastSection(true);
     list->setColumnWidth(0, 190);
-    list->setColumnWidth(1, 120);
+    list->setColumnWidth(1, 170);
     list->setColumnWidth(2, 290);
-    list->resizeRowsToContents();
+    if (report_.findings.size() <= mostFitted)
+        list->resizeRowsToContents();
     return list;
 }
 

@@ -94,16 +94,6 @@ bool writeNew(const QString& path, const QByteArray& bytes) {
     return true;
 }
 
-QString writeReport(const QString& path, const ConversionReport& report) {
-    const QByteArray text = report.text().toUtf8();
-    for (int number = 1;; ++number) {
-        const QString file =
-            besideName(path, QStringLiteral("prevod"), QStringLiteral("txt"), number);
-        if (writeNew(file, text))
-            return file;
-    }
-}
-
 /// A journal beside the old file is none of its own; the new one would take it for its.
 void moveJournals(const QString& path, const QString& kept) {
     for (const char16_t* suffix : {u"-journal", u"-wal", u"-shm"}) {
@@ -114,6 +104,16 @@ void moveJournals(const QString& path, const QString& kept) {
 }
 
 } // namespace
+
+QString writeReport(const QString& path, const ConversionReport& report) {
+    const QByteArray text = report.text().toUtf8();
+    for (int number = 1;; ++number) {
+        const QString file =
+            besideName(path, QStringLiteral("prevod"), QStringLiteral("txt"), number);
+        if (writeNew(file, text))
+            return file;
+    }
+}
 
 ConversionReport takeOver(const QString& path, const TellProgress& progress) {
     const QString made = path + QStringLiteral(".novy");

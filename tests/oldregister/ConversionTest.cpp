@@ -175,7 +175,8 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         {"a page of clients lost", withoutPage(whole, 1),
          u"súbor hovorí o 40 riadkoch, čitateľných je"},
         {"a repeated key", repeatedKey,
-         u"k_zaklad: kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján Novák)\n   "
+         u"Klienti (k_zaklad): kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján "
+         u"Novák)\n   "
          u"Obsah: idkod=NOVÁKJÁ00; "},
         {"a renamed column", otherColumn, u"stĺpec kon_pomor register nepozná"},
     };

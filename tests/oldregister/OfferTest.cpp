@@ -93,7 +93,7 @@ TEST_F(Offer, GoesOnWithTheNewRegisterOnYes) {
                   "Pôvodný súbor ostal nezmenený ako tvk_povodny.mdb, táto správa leží vedľa neho "
                   "ako tvk_prevod.txt.\nČo sa nedalo preniesť tak, ako bolo, počet: 2");
         EXPECT_EQ(cell(report, "lstTabulky", 0, 0) + cell(report, "lstTabulky", 0, 2),
-                  QStringLiteral("k_zaklad40"));
+                  QStringLiteral("Klienti (k_zaklad)40"));
         EXPECT_EQ(cell(report, "lstVynimky", 0, 1), QStringLiteral("Chyby vloženia"));
         static_cast<ReportWindow&>(report).saveAs(path("moja.txt"));
         press(report, "Pokračovať");
@@ -160,5 +160,5 @@ TEST_F(Offer, PrintsTheReport) {
     const QString all = words.join(u' ');
     EXPECT_EQ(all.count(QStringLiteral("slovo")), 2000);
     EXPECT_TRUE(all.contains(u"NOVÁKJÁ00 (Ján Novák)"));
-    EXPECT_TRUE(all.contains(u"k_zaklad 40 39"));
+    EXPECT_TRUE(all.contains(u"Klienti (k_zaklad) 40 39"));
 }

@@ -4,6 +4,7 @@
 #include "RegisterCsv.h"
 #include "oldregister/Conversion.h"
 #include "oldregister/CsvExport.h"
+#include "oldregister/TakeOver.h"
 #include "store/EngineError.h"
 
 #include <QFile>
@@ -104,7 +105,9 @@ QString replaceLists(const Arguments& arguments) {
 
 QString takeOver(const Arguments& arguments) {
     const auto report = oldregister::convert(arguments.file, arguments.target);
-    return report.text() + QStringLiteral("\nVytvorený register %1.").arg(arguments.target);
+    return report.text() +
+           QStringLiteral("\nVytvorený register %1, správa o prevode %2.")
+               .arg(arguments.target, oldregister::writeReport(arguments.target, report));
 }
 
 QString exportTables(const Arguments& arguments) {
