@@ -15,11 +15,35 @@ using mainwindow::FrmUvod;
 using mainwindow::Screen;
 using Opener = void (*)(FrmUvod&);
 
-void printVek(FrmUvod& window) {
-    const mainwindow::Surroundings& around = window.surroundings();
+printing::PrintTools printTools(FrmUvod& window) {
+    return {window.surroundings().engine, window.surroundings().folder};
+}
+
+statreturn::ReturnTools returnTools(FrmUvod& window) {
     window.connectDB();
-    const statreturn::ReturnTools tools{{around.engine, around.folder}, window.datTlac()};
-    statreturn::printVek(tools, window.schoolYear(), around.today(), &window);
+    return {printTools(window), window.datTlac(), window.datCisVzd()};
+}
+
+void printVek(FrmUvod& window) {
+    statreturn::printVek(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                         &window);
+}
+
+void printVzd(FrmUvod& window) {
+    statreturn::printVzd(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                         &window);
+}
+
+void printZam(FrmUvod& window) {
+    statreturn::printZam(returnTools(window), window.surroundings().today(), &window);
+}
+
+void printDopUkaz(FrmUvod& window) {
+    statreturn::printDopUkaz(printTools(window), window.surroundings().today(), &window);
+}
+
+void printOdbStar(FrmUvod& window) {
+    statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
 }
 
 void openClientCard(FrmUvod& window) {
@@ -31,8 +55,9 @@ void openClientCard(FrmUvod& window) {
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openClientCard},
-        {Screen::PrintVek, printVek},
+        {Screen::ClientCard, openClientCard}, {Screen::PrintVek, printVek},
+        {Screen::PrintVzd, printVzd},         {Screen::PrintZam, printZam},
+        {Screen::PrintDopUkaz, printDopUkaz}, {Screen::PrintOdbStar, printOdbStar},
     };
     return table;
 }

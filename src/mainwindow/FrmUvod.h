@@ -41,6 +41,8 @@ class FrmUvod : public QMainWindow {
     QString schoolYear() const;
     /// The data source that print-outs select with. It ends when the window closes.
     store::DataSource& datTlac() { return sources_->datTlac; }
+    /// Walks the types of school for the return; ends with the window, too.
+    store::DataSource& datCisVzd() { return sources_->datCisVzd; }
     const Surroundings& surroundings() const { return around_; }
 
     void ukazKlientov();

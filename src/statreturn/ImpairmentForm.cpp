@@ -10,8 +10,6 @@ using printing::vertical;
 
 namespace {
 
-constexpr int pad = 40;
-
 // Lines of the heads, from the top of the page header.
 constexpr int groupBottom = 255;
 constexpr int halfHead = 453;
@@ -61,16 +59,6 @@ void addHeadings(Controls& controls, const ImpairmentForm& form) {
     }
 }
 
-void addNumbers(Controls& controls, const ImpairmentForm& form) {
-    const auto add = [&controls](int left, int right, QStringView text) {
-        addHeading(controls, {left, headBottom, right, numbersBottom}, text, tinyText);
-    };
-    add(frameLeft, form.codeLine(), u"a");
-    add(form.codeLine(), form.columnLine(0), u"b");
-    for (std::size_t column = 0; column < printedColumns.size(); ++column)
-        add(form.columnLine(column), form.columnLine(column + 1), QString::number(column + 1));
-}
-
 /// Where the line left of a count column begins: below the heading that spans it.
 int headLineTop(std::size_t column) {
     if (column <= 2)
@@ -93,34 +81,26 @@ void addHeadLines(Controls& controls, const ImpairmentForm& form) {
 }
 
 Cell codeCell(const ImpairmentForm& form) {
-    return {form.codeLeft, 0, form.columnLine(0) - pad, form.rowHeight};
+    return {form.codeLeft, 0, form.columnLine(0) - form.pad, form.rowHeight};
 }
 
 Cell countCell(const ImpairmentForm& form, std::size_t column) {
-    return {form.lefts[column], 0, form.columnLine(column + 1) - pad, form.rowHeight};
-}
-
-void addColumnLines(Controls& controls, const ImpairmentForm& form) {
-    controls.push_back(vertical(frameLeft, 0, form.rowHeight));
-    controls.push_back(vertical(form.codeLine(), 0, form.rowHeight));
-    for (std::size_t column = 0; column <= printedColumns.size(); ++column)
-        controls.push_back(vertical(form.columnLine(column), 0, form.rowHeight));
+    return {form.lefts[column], 0, form.columnLine(column + 1) - form.pad, form.rowHeight};
 }
 
 } // namespace
 
-int ImpairmentForm::codeLine() const {
-    return codeLeft - pad / 2;
-}
-
-int ImpairmentForm::columnLine(std::size_t column) const {
-    return column < lefts.size() ? lefts[column] - pad : right;
+ColumnLines ImpairmentForm::lines() const {
+    ColumnLines all{frameLeft, codeLine()};
+    for (std::size_t column = 0; column <= lefts.size(); ++column)
+        all.push_back(columnLine(column));
+    return all;
 }
 
 report::Section impairmentHeads(const ImpairmentForm& form) {
     report::Section section{QStringLiteral("Section2"), numbersBottom, {}};
     addHeadings(section.controls, form);
-    addNumbers(section.controls, form);
+    addNumbers(section.controls, form.lines(), headBottom, numbersBottom);
     addHeadLines(section.controls, form);
     return section;
 }
@@ -128,21 +108,23 @@ report::Section impairmentHeads(const ImpairmentForm& form) {
 void addCountFields(report::Section& row, const ImpairmentForm& form) {
     row.controls.push_back(printing::fieldOf(inCell(codeCell(form), {}, figureText), u"c_riad"));
     for (std::size_t column = 0; column < printedColumns.size(); ++column)
-        row.controls.push_back(printing::fieldOf(inCell(countCell(form, column), {}, figureText),
+        row.controls.push_back(printing::fieldOf(inCell(countCell(form, column), {}, form.figure),
                                                  printedColumns[column].column));
-    addColumnLines(row.controls, form);
+    addLinesDown(row.controls, form.lines(), 0, form.rowHeight);
 }
 
 report::Section impairmentTotals(const ImpairmentForm& form) {
     report::Section section{QStringLiteral("Section5"), form.rowHeight, {}};
     Controls& controls = section.controls;
+    report::TextStyle bold = form.figure;
+    bold.bold = true;
     controls.push_back(label(form.totalText));
     controls.push_back(inCell(codeCell(form), form.totalCode, figureBold));
     for (std::size_t column = 0; column < printedColumns.size(); ++column) {
-        controls.push_back(inCell(countCell(form, column), {}, figureBold));
+        controls.push_back(inCell(countCell(form, column), {}, bold));
         controls.back().name = form.table.totals[column].toString();
     }
-    addColumnLines(controls, form);
+    addLinesDown(controls, form.lines(), 0, form.rowHeight);
     controls.push_back(horizontal(frameLeft, form.right, 0));
     controls.push_back(horizontal(frameLeft, form.right, form.rowHeight));
     return section;

@@ -15,8 +15,11 @@ struct ImpairmentForm {
     /// between two columns stands a little left of them.
     int codeLeft = 0;
     std::array<int, printedColumns.size()> lefts;
+    /// From the line between two columns to the fields beside it.
+    int pad = 40;
     int right = frameRight;
     int rowHeight = 0;
+    report::TextStyle figure = figureText;
     /// The heading over all kinds of impairment.
     QStringView group;
     /// What stands over the girls of a kind of impairment.
@@ -27,9 +30,12 @@ struct ImpairmentForm {
     printing::FormText totalText;
     QStringView totalCode;
 
-    int codeLine() const;
+    int codeLine() const { return codeLeft - 20; }
     /// The line at the left of a count column, numbered from 0; past the last one, the frame.
-    int columnLine(std::size_t column) const;
+    int columnLine(std::size_t column) const {
+        return column < lefts.size() ? lefts[column] - pad : right;
+    }
+    ColumnLines lines() const;
 };
 
 /// The heads of all columns, in the page header.

@@ -3,6 +3,8 @@
 #include "forms/MessageBox.h"
 #include "statreturn/Forms.h"
 #include "statreturn/TableOne.h"
+#include "statreturn/TableThree.h"
+#include "statreturn/TableTwo.h"
 #include "store/DataSource.h"
 #include "store/Database.h"
 #include "store/EngineError.h"
@@ -13,14 +15,6 @@ namespace {
 
 /// Length of "za školský rok ", which stands before the year.
 constexpr int headingLength = 15;
-
-template <class MakeTable>
-auto made(const ReturnTools& tools, const MakeTable& make) {
-    store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
-    const auto totals = make(database);
-    database.Close();
-    return totals;
-}
 
 void setTotals(report::Layout& form, const ImpairmentTable& table, const Counts& totals) {
     report::Section& footer = form.section(u"section5");
@@ -33,6 +27,12 @@ void emptyScratchTable(const ReturnTools& tools, QStringView table) {
     tools.datTlac.Database().Execute(QStringLiteral("delete * from ") + table.toString());
     tools.datTlac.Refresh();
     tools.print.engine.commitPending();
+}
+
+void showAndEmpty(const ReturnTools& tools, const report::Layout& form, QStringView table,
+                  const QDate& today, QWidget* parent) {
+    printing::showReport(tools.print, form, table.toString(), today, parent);
+    emptyScratchTable(tools, table);
 }
 
 void tellRestartIsNeeded(QWidget* parent) {
@@ -64,9 +64,9 @@ bool showVek(const ReturnTools& tools, const report::Layout& form, const QDate& 
 void printVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
               QWidget* parent) {
     const Period period = schoolYearPeriod(schoolYear);
-    const Counts totals = made(tools, [&](store::Database& database) {
-        return makeTableOne(tools.datTlac, database, period, today);
-    });
+    store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
+    const Counts totals = makeTableOne(tools.datTlac, database, period, today);
+    database.Close();
     report::Layout form = rptVek();
     QString& heading = form.section(u"section4").control(u"Label105").caption;
     heading = heading.left(headingLength) + schoolYear;
@@ -75,6 +75,30 @@ void printVek(const ReturnTools& tools, const QString& schoolYear, const QDate& 
     tools.print.engine.commitPending();
     if (showVek(tools, form, today, parent))
         emptyScratchTable(tools, tableOne.scratchTable);
+}
+
+void printVzd(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+              QWidget* parent) {
+    store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
+    report::Layout form = rptVzd();
+    setTotals(form, tableTwo, makeTableTwo(tools.datCisVzd, tools.datTlac, database, schoolYear));
+    database.Close();
+    showAndEmpty(tools, form, tableTwo.scratchTable, today, parent);
+}
+
+void printZam(const ReturnTools& tools, const QDate& today, QWidget* parent) {
+    store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
+    makeTableThree(tools.datTlac, database);
+    database.Close();
+    showAndEmpty(tools, rptZam(), u"z_zam", today, parent);
+}
+
+void printDopUkaz(const printing::PrintTools& tools, const QDate& today, QWidget* parent) {
+    printing::showReport(tools, rptDopUkaz(), QStringLiteral("dop_ukaz"), today, parent);
+}
+
+void printOdbStar(const printing::PrintTools& tools, const QDate& today, QWidget* parent) {
+    printing::showReport(tools, rptOdbStar(), QStringLiteral("odbstar"), today, parent);
 }
 
 void emptyScratchTables(store::Database& database) {

@@ -19,6 +19,8 @@ struct ReturnTools {
     printing::PrintTools print;
     /// Runs the selections; its screen has pointed it to the register.
     store::DataSource& datTlac;
+    /// Walks the types of school; pointed there, too.
+    store::DataSource& datCisVzd;
 };
 
 /// The operation behind the menu entry `mniVek`: makes Table I and shows it.
@@ -28,6 +30,20 @@ struct ReturnTools {
 /// end the run in a message or silently and leave the scratch table filled
 void printVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
               QWidget* parent);
+
+/// The operation behind `mniVzd`: makes Table II and shows it.
+/// @throws store::EngineError whatever fails; once the report was to be shown, the scratch table
+/// keeps its rows then
+void printVzd(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+              QWidget* parent);
+
+/// The operation behind `mniZam`: makes Table III and shows it. @throws as printVzd
+void printZam(const ReturnTools& tools, const QDate& today, QWidget* parent);
+
+/// The operations behind `mniDopUkaz` and `mniOdbStar`: show what was typed into Tables IV and V.
+/// @throws store::EngineError
+void printDopUkaz(const printing::PrintTools& tools, const QDate& today, QWidget* parent);
+void printOdbStar(const printing::PrintTools& tools, const QDate& today, QWidget* parent);
 
 /// Empties the scratch tables of the return: their rows live as long as the run that made them, and
 /// a run that was killed could not do it. Writes nothing when they are empty.

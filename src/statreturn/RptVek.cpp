@@ -149,7 +149,8 @@ report::Section detail() {
 } // namespace
 
 report::Layout rptVek() {
-    report::Layout layout = landscapeForm(u"rptVek", u"Zostava klientov zoradena podľa veku");
+    report::Layout layout =
+        emptyForm(u"rptVek", u"Zostava klientov zoradena podľa veku", frameRight);
     layout.reportHeader = reportHeader();
     layout.pageHeader = impairmentHeads(form);
     layout.detail = detail();

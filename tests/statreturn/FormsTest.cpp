@@ -51,12 +51,46 @@ QStringList impairmentColumns(const QString& leading, const QString& group, cons
     return columns;
 }
 
+QStringList careColumns() {
+    QStringList columns{u"v_tom:a"_s, u"naz_ria:a"_s, u"c_ria:I.r./b"_s};
+    int number = 1;
+    for (const QString& place :
+         {u"Počet aktivít ambulantných"_s, u"Počet aktivít terénnych (mobilných)"_s}) {
+        for (const QString& heads :
+             {u"spolu"_s, u"v tom/individuálne/jedno- rázové"_s,
+              u"v tom/individuálne/opaku- júce sa"_s, u"v tom/skupinové/jedno- rázové"_s,
+              u"v tom/skupinové/opaku- júce sa"_s}) {
+            columns << u"s_%1:%2/%3/%1"_s.arg(number).arg(place, heads);
+            ++number;
+        }
+    }
+    return columns;
+}
+
 const Form forms[] = {
     {.make = rptVek,
      .table = u"z_vek"_s,
      .columns = impairmentColumns(u"stlpec:a vek:a"_s, u"v tom postihnutie (zo stľpca 1)"_s,
                                   u"dievčatá"_s, u"viacnásobné"_s),
      .totals = &tableOne},
+    {.make = rptVzd,
+     .table = u"z_vzdelavanie"_s,
+     .columns =
+         impairmentColumns(u"stlpec_1:a stlpec_2:a kod_txt:a"_s,
+                           u"v tom postihnutie (zo stĺpca 1)"_s, u"dievč."_s, u"viacná- sobné"_s),
+     .totals = &tableTwo},
+    {.make = rptZam,
+     .table = u"z_zam"_s,
+     .columns = {u"fcia:a"_s, u"cria:I.r./b"_s, u"i_spolu:Interní/spolu/1"_s,
+                 u"i_zeny:Interní/z toho ženy/2"_s, u"i_kval:Interní/s požadov. kvalifik./3"_s,
+                 u"e_spolu:Externí/spolu/4"_s, u"e_zeny:Externí/z toho ženy/5"_s,
+                 u"e_kval:Externí/s požadov. kvalifik./6"_s}},
+    {.make = rptDopUkaz,
+     .table = u"dop_ukaz"_s,
+     .columns = {u"r_0401:Spolu/1"_s, u"r_0402:Spolu/1"_s, u"r_0403:Spolu/1"_s, u"r_0404:Spolu/1"_s,
+                 u"r_0416:Spolu/1"_s},
+     .orientation = report::Orientation::Portrait},
+    {.make = rptOdbStar, .table = u"odbstar"_s, .columns = careColumns()},
 };
 
 /// The span of the cell around a point, between the lines down.
@@ -141,11 +175,22 @@ TEST(FormsTest, EachColumnStandsUnderItsHeadsAndOverItsTotal) {
 void print(const Form& form, const ReturnTools& tools) {
     if (form.table == u"z_vek")
         printVek(tools, u"2006/2007"_s, today, nullptr);
+    else if (form.table == u"z_vzdelavanie")
+        printVzd(tools, u"2006/2007"_s, today, nullptr);
+    else if (form.table == u"z_zam")
+        printZam(tools, today, nullptr);
+    else if (form.table == u"dop_ukaz")
+        printDopUkaz(tools.print, today, nullptr);
+    else
+        printOdbStar(tools.print, today, nullptr);
 }
 
 TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
     for (const Form& form : forms) {
-        ReturnRegister at({u"prazdna"_s});
+        ReturnRegister at({u"ukazka"_s, u"--klienti"_s, u"20"_s});
+        at.reg.execute(
+            {u"update c_zariad set v_nazov = 'Oslobodenie od povinnosti dochádzať do školy'"
+             " where kod = '09'"_s});
         at.scratchTable = form.table;
         print(form, at.tools);
         EXPECT_EQ(report::layoutFaults(at.pages).join(u'\n'), QString())

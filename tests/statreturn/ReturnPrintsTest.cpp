@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <span>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -20,12 +22,57 @@ struct ReturnPrintsTest : testing::Test, ReturnRegister {
     void print(const QString& year = u"2006/2007"_s) { printVek(tools, year, today, nullptr); }
 };
 
+/// The computed tables: how they are printed, and how many rows they have.
+struct Computed {
+    QString scratchTable;
+    std::function<void(const ReturnTools&)> print;
+    int rows;
+};
+
+const Computed computed[] = {
+    {u"z_vek"_s, [](const auto& tools) { printVek(tools, u"2006/2007"_s, today, nullptr); }, 19},
+    {u"z_vzdelavanie"_s, [](const auto& tools) { printVzd(tools, u"2006/2007"_s, today, nullptr); },
+     16},
+    {u"z_zam"_s, [](const auto& tools) { printZam(tools, today, nullptr); }, 9},
+};
+
 TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
-    print();
-    print();
-    EXPECT_EQ(previews, 2);
-    EXPECT_EQ(rows.size(), 19);
-    EXPECT_EQ(durable(u"z_vek"_s).size(), 0);
+    for (const Computed& table : computed) {
+        scratchTable = table.scratchTable;
+        for (int run = 0; run < 2; ++run)
+            table.print(tools);
+        EXPECT_EQ(rows.size(), table.rows) << scratchTable.toStdString();
+        EXPECT_EQ(durable(scratchTable).size(), 0) << scratchTable.toStdString();
+    }
+    EXPECT_EQ(previews, 6);
+}
+
+TEST_F(ReturnPrintsTest, tablesTwoAndThreeTellWhateverFailsAndTheNextRunAddsToTheirRows) {
+    for (const Computed& table : std::span(computed).subspan(1)) {
+        scratchTable = table.scratchTable;
+        atPreview = [] {
+            throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
+        };
+        EXPECT_THROW(table.print(tools), store::EngineError) << scratchTable.toStdString();
+        atPreview = nullptr;
+        table.print(tools);
+        EXPECT_EQ(rows.size(), 2 * table.rows) << scratchTable.toStdString();
+    }
+}
+
+TEST_F(ReturnPrintsTest, tableTwoNeedsTypesOfSchoolAndHasRoomForSixteen) {
+    const auto numberOf = [this] {
+        try {
+            printVzd(tools, u"2006/2007"_s, today, nullptr);
+        } catch (const store::EngineError& error) {
+            return error.number();
+        }
+        return store::ErrorNumber{};
+    };
+    reg.execute({u"insert into c_zariad (kod,akronym) values ('17','VYCH')"_s});
+    EXPECT_EQ(numberOf(), store::ErrorNumber::SubscriptOutOfRange);
+    reg.execute({u"delete from c_zariad where akronym = 'VYCH'"_s});
+    EXPECT_EQ(numberOf(), store::ErrorNumber::NoCurrentRecord);
 }
 
 TEST_F(ReturnPrintsTest, tableOneLeavesItsRowsWhereItsReportFailsAndTheNextRunAddsToThem) {

@@ -28,6 +28,7 @@ struct ReturnRegister {
                   mkdb::readArguments(arguments, QStringLiteral(TVK_DATA_FOLDER), today, problem)
                       .value());
           }) {
+        datCisVzd.setDatabaseName(reg.folder.database());
         datTlac.setDatabaseName(reg.folder.database());
         datTlac.setRecordSource(QStringLiteral("k_zaklad"));
         datTlac.Refresh();
@@ -69,6 +70,7 @@ struct ReturnRegister {
 
     support::TemporaryRegister reg;
     store::DataSource datTlac{reg.engine};
+    store::DataSource datCisVzd{reg.engine};
     QString scratchTable = QStringLiteral("z_vek");
     std::function<void()> atPreview;
     statreturn::ReturnTools tools{.print = {.engine = reg.engine,
@@ -77,7 +79,8 @@ struct ReturnRegister {
                                                 [this](const report::Pages& shown, QWidget*) {
                                                     note(shown);
                                                 }},
-                                  .datTlac = datTlac};
+                                  .datTlac = datTlac,
+                                  .datCisVzd = datCisVzd};
     report::Pages pages;
     QList<Cells> rows;
     int previews = 0;

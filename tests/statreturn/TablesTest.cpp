@@ -1,8 +1,10 @@
 // The computed tables, cell by cell, against counts that this file makes in its own way from the
 // rows of the register: the invented one, and clients full of edges among them.
+#include "report/PageCheck.h"
 #include "statreturn/ImpairmentTable.h"
 #include "statreturn/ReturnRegister.h"
 #include "statreturn/TableOne.h"
+#include "statreturn/TableTwo.h"
 
 #include <QRandomGenerator>
 
@@ -52,6 +54,16 @@ const std::vector<store::Value> careDays{
     u"31.04.2007"_s,
 };
 
+const std::vector<store::Value> views{u"VYCH"_s, u"VYCH"_s, u"TVK"_s, {}};
+const std::vector<store::Value> schools{{},      u"01"_s, u"02"_s, u"05"_s, u"1"_s,
+                                        u"16"_s, u"23"_s, u"51"_s, u"051"_s};
+const std::vector<store::Value> ends{
+    {}, {}, QDate(2007, 6, 30), QDate(2030, 1, 1), u"31.04.2007"_s, u"dodnes"_s};
+const std::vector<store::Value> functions{{}, 0, 1, 2, 7, 8, 9, -1};
+const std::vector<store::Value> kinds{{}, u""_s, u"i"_s, u"e"_s, u"I"_s, u"x"_s};
+const std::vector<store::Value> staffSexes{{}, u"m"_s, u"z"_s, u"Z"_s};
+const std::vector<store::Value> qualifications{{}, u"a"_s, u"n"_s};
+
 class TablesTest : public testing::Test {
   protected:
     TablesTest() {
@@ -70,6 +82,12 @@ class TablesTest : public testing::Test {
                            {{u"idkod", records == 2 ? key.toLower() + u' ' : key},
                             {u"datum", any(careDays)}});
         }
+        for (int i = 0; i < edgeClients; ++i)
+            at.reg.add(u"zamestnanci"_s, {{u"idkod", u"EMPL%1"_s.arg(i)},
+                                          {u"prac_zar", any(functions)},
+                                          {u"int-ext", any(kinds)},
+                                          {u"pohlavie", any(staffSexes)},
+                                          {u"kvalifikacia", any(qualifications)}});
         at.reg.engine.commitPending();
     }
 
@@ -84,8 +102,8 @@ int dayNumber(const QString& text) {
     return date.isValid() ? date.year() * 10000 + date.month() * 100 + date.day() : 0;
 }
 
-QString sameKey(const Cells& row) {
-    return row[u"idkod"_s].trimmed().toUpper();
+QString keyAt(const Cells& row, const QString& column) {
+    return row[column].trimmed().toUpper();
 }
 
 void count(Cells& cells, const QString& column, bool girl) {
@@ -117,12 +135,14 @@ bool isImpaired(const Cells& client) {
 bool isInCare(const QList<Cells>& care, const QString& key) {
     return std::ranges::any_of(care, [&key](const Cells& record) {
         const int day = dayNumber(record[u"datum"_s]);
-        return sameKey(record) == key && day >= 20060901 && day <= 20070831;
+        return keyAt(record, u"idkod"_s) == key && day >= 20060901 && day <= 20070831;
     });
 }
 
-/// As "row: column=text|column=text", each blank behind p_vpsp left out.
-QString described(const QString& row, const Cells& cells, const QStringList& leading = {}) {
+/// The counts as "row: column=text|column=text", each blank behind p_vpsp left out.
+QString described(const QString& row, const Cells& cells) {
+    static const QStringList leading =
+        u"stlpec vek c_riad stlpec_1 stlpec_2 kod kod_txt"_s.split(u' ');
     QStringList texts;
     for (const auto& [column, text] : cells.asKeyValueRange()) {
         const QString cell = column == u"p_vpsp"_s && text.endsWith(u' ') ? text.chopped(1) : text;
@@ -145,7 +165,7 @@ TEST_F(TablesTest, TableOne) {
     Cells totals;
     QMap<QString, QString> ages;
     for (const Cells& client : all(u"k_zaklad"_s)) {
-        const bool inCare = isInCare(care, sameKey(client));
+        const bool inCare = isInCare(care, keyAt(client, u"idkod"_s));
         if (!inCare || !client.contains(u"datnar"_s)) {
             ages[client[u"idkod"_s]] = client[u"vek"_s];
             continue;
@@ -166,8 +186,7 @@ TEST_F(TablesTest, TableOne) {
         const Cells& row = at.rows[age];
         const AgeRow& texts = ageRows[std::size_t(age)];
         const QString code = texts.c_riad.toString();
-        EXPECT_EQ(described(code, row, {u"stlpec"_s, u"vek"_s, u"c_riad"_s}),
-                  described(code, expected.value(code)));
+        EXPECT_EQ(described(code, row), described(code, expected.value(code)));
         EXPECT_EQ((QStringList{row[u"stlpec"_s], row[u"vek"_s], row[u"c_riad"_s]}),
                   (QStringList{texts.stlpec.toString(), texts.vek.toString(), code}));
         EXPECT_TRUE(row[u"p_vpsp"_s].endsWith(u' '));
@@ -176,6 +195,86 @@ TEST_F(TablesTest, TableOne) {
     EXPECT_EQ(at.printed(u"Label105"), u"za školský rok 2006/2007"_s);
     for (const Cells& client : all(u"k_zaklad"_s))
         EXPECT_EQ(client[u"vek"_s], ages[client[u"idkod"_s]]) << client[u"idkod"_s].toStdString();
+}
+
+TEST_F(TablesTest, TableTwo) {
+    at.scratchTable = u"z_vzdelavanie"_s;
+    const QList<Cells> care = all(u"k_zaznam_spc"_s);
+    const QList<Cells> placements = all(u"k_zariad"_s);
+    Table expected;
+    Cells totals;
+    for (const Cells& client : all(u"k_zaklad"_s)) {
+        if (!isImpaired(client) || !isInCare(care, keyAt(client, u"idkod"_s)))
+            continue;
+        QStringList open;
+        for (const Cells& placement : placements) {
+            if (keyAt(placement, u"idkod"_s) == keyAt(client, u"idkod"_s) &&
+                placement[u"akronym"_s] == u"VYCH" && dayNumber(placement[u"vzar_do"_s]) == 0)
+                open << placement[u"nazzar"_s];
+        }
+        open.removeDuplicates();
+        for (const QString& code : open) {
+            if (code != u"16" && code != u"23" && code.size() == 2)
+                countClientOf(client, client[u"postih"_s].trimmed().size() > 1, expected[code],
+                              totals);
+        }
+    }
+    printVzd(at.tools, u"2006/2007"_s, today, nullptr);
+    ASSERT_EQ(at.rows.size(), 16);
+    for (int place = 0; place < 16; ++place) {
+        const Cells& row = at.rows[place];
+        const EducationRow& texts = educationRows[std::size_t(place)];
+        const QString code = u"%1"_s.arg(place + 1, 2, 10, QChar(u'0'));
+        EXPECT_EQ(
+            (QStringList{row[u"stlpec_1"_s], row[u"stlpec_2"_s], row[u"c_riad"_s], row[u"kod"_s],
+                         row[u"kod_txt"_s]}),
+            (QStringList{texts.stlpec_1.toString(), texts.stlpec_2.toString(), u"02"_s + code, code,
+                         at.reg.text(u"select v_nazov from c_zariad where kod = '%1'"_s.arg(code),
+                                     u"v_nazov"_s)}));
+        if (code == u"16")
+            EXPECT_EQ(row.values().count(u"  x"_s), 22);
+        else
+            EXPECT_EQ(described(code, row), described(code, expected.value(code)));
+    }
+    EXPECT_EQ(described(u"spolu"_s, totalsOnPage(at, tableTwo)), described(u"spolu"_s, totals));
+    EXPECT_EQ(report::layoutFaults(at.pages).join(u'\n'), QString());
+}
+
+TEST_F(TablesTest, TableThree) {
+    at.scratchTable = u"z_zam"_s;
+    const QString names[] = {u"Riaditeľ"_s,
+                             u"Špeciálny pedagóg"_s,
+                             u"Školský špeciálny pedagóg"_s,
+                             u"Psychológ"_s,
+                             u"Liečebný pedagóg"_s,
+                             u"Zdravotnícky zamestnanec"_s,
+                             u"Sociálny zamestnanec"_s,
+                             u"Iní"_s,
+                             u"Spolu (0301 až 0308)"_s};
+    QList<Cells> expected(9);
+    for (const Cells& employee : all(u"zamestnanci"_s)) {
+        const QString kind = employee[u"int-ext"_s].toLower();
+        const int function = employee[u"prac_zar"_s].toInt();
+        if (function < 1 || function > 8 || (kind != u"i" && kind != u"e"))
+            continue;
+        for (Cells* cells : {&expected[function - 1], &expected[8]}) {
+            count(*cells, kind + u"_spolu"_s, false);
+            if (employee[u"pohlavie"_s].toLower() == u"z")
+                count(*cells, kind + u"_zeny"_s, false);
+            if (employee[u"kvalifikacia"_s] == u"a")
+                count(*cells, kind + u"_kval"_s, false);
+        }
+    }
+    for (const auto& column : {u"e_spolu"_s, u"e_zeny"_s, u"e_kval"_s})
+        expected[0][column] = u"   x"_s;
+    printZam(at.tools, today, nullptr);
+    ASSERT_EQ(at.rows.size(), 9);
+    for (int i = 0; i < 9; ++i) {
+        expected[i][u"fcia"_s] = names[i];
+        expected[i][u"cria"_s] = u"03"_s + (i == 8 ? u"16"_s : u"0%1"_s.arg(i + 1));
+        EXPECT_EQ(described(names[i], at.rows[i]), described(names[i], expected[i]));
+    }
+    EXPECT_EQ(report::layoutFaults(at.pages).join(u'\n'), QString());
 }
 
 } // namespace

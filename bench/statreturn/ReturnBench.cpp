@@ -1,8 +1,10 @@
-/// Table I without its preview against the best pair of one update and one aggregate that we could
-/// write by hand for SQLite alone, on the same rows.
+/// Tables I to III without their previews against the best statements that we could write by hand
+/// for SQLite alone, on the same rows.
 
 #include "common/Figures.h"
 #include "statreturn/TableOne.h"
+#include "statreturn/TableThree.h"
+#include "statreturn/TableTwo.h"
 #include "store/DataSource.h"
 #include "store/Database.h"
 #include "store/Schema.h"
@@ -56,7 +58,8 @@ class Bare {
 };
 
 /// Ten records of care a client, a tenth of the clients without an impairment. All ages from 1 to
-/// 17, so that each run a year later stamps every client anew.
+/// 17, so that each run a year later stamps every client anew. Two placements a client, the first
+/// of them closed; an employee for every ten clients.
 /// @param years school years over which the records are spread
 QByteArray rowsOf(int clients, int years) {
     return u"begin;"
@@ -70,6 +73,17 @@ QByteArray rowsOf(int clients, int years) {
            "insert into k_zaznam_spc(idkod, datum) "
            "select KEY, "
            "printf('%%04d-%%02d-15', 2007 - (i / %1) %% %2, 1 + i %% 6) from n;"
+           "with recursive n(i) as (select 0 union all select i + 1 from n where i < 2 * %1 - 1) "
+           "insert into k_zariad(idkod, akronym, nazzar, vzar_do) "
+           "select KEY, 'VYCH', printf('%%02d', 1 + i %% 15), iif(i < %1, '2005-06-30', null) from "
+           "n;"
+           "with recursive n(i) as (select 0 union all select i + 1 from n where i < %1 / 10 - 1) "
+           "insert into zamestnanci(idkod, prac_zar, \"int-ext\", pohlavie, kvalifikacia) "
+           "select KEY, 1 + i %% 8, iif(i %% 3, 'i', 'e'), iif(i %% 5, 'z', 'm'), "
+           "iif(i %% 2, 'a', 'n') from n;"
+           "with recursive n(i) as (select 1 union all select i + 1 from n where i < 15) "
+           "insert into c_zariad(kod, akronym, v_nazov) select printf('%%02d', i), 'VYCH', 'Škola' "
+           "from n;"
            "commit;"_s
                .replace(
                    u"KEY"_s,
@@ -97,8 +111,10 @@ class Registers {
                 bare->run(QString(statement).remove(u"COLLATE TVK"_s).toUtf8());
         }
         bare->run(rowsOf(clients, years));
-        datTlac = std::make_unique<store::DataSource>(engine);
-        datTlac->setDatabaseName(path(u"tvk.mdb"));
+        for (auto* source : {&datTlac, &datCisVzd}) {
+            *source = std::make_unique<store::DataSource>(engine);
+            (*source)->setDatabaseName(path(u"tvk.mdb"));
+        }
     }
 
     QString path(QStringView name) const { return directory.filePath(name.toString()); }
@@ -107,18 +123,42 @@ class Registers {
     store::DBEngine engine;
     std::unique_ptr<Bare> bare;
     std::unique_ptr<store::DataSource> datTlac;
+    std::unique_ptr<store::DataSource> datCisVzd;
 };
 
 statreturn::Period period() {
     return statreturn::schoolYearPeriod(QStringLiteral("2006/2007"));
 }
 
-qint64 tableOne(Registers& registers, const QDate& today) {
+/// Makes a table and empties it again, each made durable, as around its preview.
+template <class MakeTable>
+qint64 printed(Registers& registers, const char16_t* scratchTable, const MakeTable& make) {
     auto database = registers.engine.OpenDatabase(registers.path(u"tvk.mdb"));
-    const auto totals = statreturn::makeTableOne(*registers.datTlac, database, period(), today);
-    database.Execute(QStringLiteral("delete * from z_vek"));
+    const qint64 counted = make(database);
     registers.engine.commitPending();
-    return totals[0];
+    database.Execute(u"delete * from "_s + QString::fromUtf16(scratchTable));
+    registers.engine.commitPending();
+    return counted;
+}
+
+qint64 tableOne(Registers& registers, const QDate& today) {
+    return printed(registers, u"z_vek", [&](store::Database& database) {
+        return statreturn::makeTableOne(*registers.datTlac, database, period(), today)[0];
+    });
+}
+
+qint64 tableTwo(Registers& registers) {
+    return printed(registers, u"z_vzdelavanie", [&](store::Database& database) {
+        return statreturn::makeTableTwo(*registers.datCisVzd, *registers.datTlac, database,
+                                        u"2006/2007"_s)[0];
+    });
+}
+
+qint64 tableThree(Registers& registers) {
+    return printed(registers, u"z_zam", [&](store::Database& database) {
+        statreturn::makeTableThree(*registers.datTlac, database);
+        return 0;
+    });
 }
 
 constexpr const char* inCare = "exists (select 1 from k_zaznam_spc s where s.idkod = k.idkod and "
@@ -137,6 +177,39 @@ qint64 byHand(Bare& bare, const QDate& today) {
                      QByteArray(inCare) + " group by 2, 3, 4, 5");
 }
 
+constexpr const char* tableTwoByHand =
+    "select count(*), nazzar, substr(postih, 1, 1), length(trim(postih)) <> 1, pohlav "
+    "from k_zariad z join k_zaklad k on k.idkod = z.idkod "
+    "where akronym = 'VYCH' and date(vzar_do) is null and postih >= '1' and ";
+
+constexpr const char* tableThreeByHand =
+    "insert into z_zam(fcia, i_spolu, i_zeny, i_kval, e_spolu, e_zeny, e_kval) "
+    "select prac_zar, sum(i), sum(i and z), sum(i and a), sum(not i), sum(not i and z), "
+    "sum(not i and a) from (select prac_zar, \"int-ext\" = 'i' i, pohlavie = 'z' z, "
+    "kvalifikacia = 'a' a from zamestnanci) group by prac_zar";
+
+/// Times Tables II and III. @return their medians in milliseconds
+std::pair<double, double> compareTables(bench::Figures& figures, int clients, int runs) {
+    Registers registers(clients, 5);
+    const QByteArray two = tableTwoByHand + QByteArray(inCare) + " group by 2, 3, 4, 5";
+    if (tableTwo(registers) != registers.bare->read(two))
+        throw std::runtime_error("both ways must count the same clients");
+    const auto name = [clients](const char* table, int size, const char* what) {
+        return table + std::to_string(size) + what;
+    };
+    const double second = figures.compare(
+        name("Table II, ", clients, " clients"), [&] { tableTwo(registers); },
+        [&] { registers.bare->read(two); }, 2.0, runs);
+    const double third = figures.compare(
+        name("Table III, ", clients / 10, " employees"), [&] { tableThree(registers); },
+        [&] {
+            registers.bare->run(tableThreeByHand);
+            registers.bare->run("delete from z_zam");
+        },
+        2.0, runs);
+    return {second, third};
+}
+
 /// @return the median of Table I in milliseconds
 double compare(bench::Figures& figures, int clients, int years, int runs) {
     Registers registers(clients, years);
@@ -148,8 +221,9 @@ double compare(bench::Figures& figures, int clients, int years, int runs) {
     };
     if (tableOne(registers, ours) != byHand(*registers.bare, theirs))
         throw std::runtime_error("both ways must count the same clients");
-    const auto name = std::to_string(clients) + " clients, " + std::to_string(10 * clients) +
-                      " records in " + std::to_string(years) + " school years";
+    const auto name = "Table I, " + std::to_string(clients) + " clients, " +
+                      std::to_string(10 * clients) + " records in " + std::to_string(years) +
+                      " school years";
     return figures.compare(
         name, [&] { tableOne(registers, turn(ours)); },
         [&] { byHand(*registers.bare, turn(theirs)); }, 3.0, runs);
@@ -158,11 +232,17 @@ double compare(bench::Figures& figures, int clients, int years, int runs) {
 } // namespace
 
 int main() {
-    bench::Figures figures("Table I without preview, against an update and an aggregate by hand");
+    bench::Figures figures("Tables of the return without preview, against statements by hand");
     compare(figures, 1000, 5, 7);
     const double small = compare(figures, 10000, 5, 7);
     compare(figures, 10000, 1, 7);
     const double large = compare(figures, 100000, 5, 3);
-    figures.ratio("time per client at 100000 clients against 10000", large / 10, small, 1.5);
+    figures.ratio("Table I, a client of 100000 against one of 10000", large / 10, small, 1.5);
+    const auto [smallTwo, smallThree] = compareTables(figures, 10000, 7);
+    const auto [largeTwo, largeThree] = compareTables(figures, 100000, 3);
+    figures.ratio("Table II, a client of 100000 against one of 10000", largeTwo / 10, smallTwo,
+                  1.5);
+    figures.ratio("Table III, an employee of 10000 against one of 1000", largeThree / 10,
+                  smallThree, 1.5);
     return figures.print();
 }
