@@ -51,7 +51,7 @@ QStringList impairmentColumns(const QString& leading, const QString& group, cons
     return columns;
 }
 
-QStringList careColumns() {
+QStringList columnsOfCare() {
     QStringList columns{u"v_tom:a"_s, u"naz_ria:a"_s, u"c_ria:I.r./b"_s};
     int number = 1;
     for (const QString& place :
@@ -67,7 +67,7 @@ QStringList careColumns() {
     return columns;
 }
 
-const Form forms[] = {
+const Form printedForms[] = {
     {.make = rptVek,
      .table = u"z_vek"_s,
      .columns = impairmentColumns(u"stlpec:a vek:a"_s, u"v tom postihnutie (zo stľpca 1)"_s,
@@ -90,7 +90,7 @@ const Form forms[] = {
      .columns = {u"r_0401:Spolu/1"_s, u"r_0402:Spolu/1"_s, u"r_0403:Spolu/1"_s, u"r_0404:Spolu/1"_s,
                  u"r_0416:Spolu/1"_s},
      .orientation = report::Orientation::Portrait},
-    {.make = rptOdbStar, .table = u"odbstar"_s, .columns = careColumns()},
+    {.make = rptOdbStar, .table = u"odbstar"_s, .columns = columnsOfCare()},
 };
 
 /// The span of the cell around a point, between the lines down.
@@ -149,7 +149,7 @@ class WideRows : public report::RowSource {
 };
 
 TEST(FormsTest, EachColumnStandsUnderItsHeadsAndOverItsTotal) {
-    for (const Form& form : forms) {
+    for (const Form& form : printedForms) {
         report::Layout layout = form.make();
         EXPECT_EQ(layout.orientation, form.orientation) << form.table.toStdString();
         std::vector<const Control*> fields;
@@ -172,7 +172,7 @@ TEST(FormsTest, EachColumnStandsUnderItsHeadsAndOverItsTotal) {
     }
 }
 
-void print(const Form& form, const ReturnTools& tools) {
+void printForm(const Form& form, const ReturnTools& tools) {
     if (form.table == u"z_vek")
         printVek(tools, u"2006/2007"_s, today, nullptr);
     else if (form.table == u"z_vzdelavanie")
@@ -186,13 +186,13 @@ void print(const Form& form, const ReturnTools& tools) {
 }
 
 TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
-    for (const Form& form : forms) {
+    for (const Form& form : printedForms) {
         ReturnRegister at({u"ukazka"_s, u"--klienti"_s, u"20"_s});
         at.reg.execute(
             {u"update c_zariad set v_nazov = 'Oslobodenie od povinnosti dochádzať do školy'"
              " where kod = '09'"_s});
         at.scratchTable = form.table;
-        print(form, at.tools);
+        printForm(form, at.tools);
         EXPECT_EQ(report::layoutFaults(at.pages).join(u'\n'), QString())
             << form.table.toStdString();
         EXPECT_EQ(at.pages.pages.size(), 1U);
