@@ -18,28 +18,46 @@ void preview(const report::Pages& pages, QWidget* parent) {
 }
 
 /// The engine's rows as the page maker reads them.
-class PrintedRows : public report::RowSource {
+class StoredRows : public report::RowSource {
   public:
-    explicit PrintedRows(store::ReportRows rows) : rows_(std::move(rows)) {}
+    explicit StoredRows(store::ReportRows& rows) : rows_(rows) {}
     bool next() override { return rows_.next(); }
     QString text(const QString& column) const override { return rows_.text(column); }
 
   private:
-    store::ReportRows rows_;
+    store::ReportRows& rows_;
+};
+
+class BlankSource : public report::RowSource {
+  public:
+    explicit BlankSource(const BlankRows& rows) : rows_(rows) {}
+    bool next() override { return ++next_ <= rows_.size(); }
+    QString text(const QString& column) const override {
+        const auto& row = rows_[next_ - 1];
+        const auto found = row.find(column);
+        return found == row.end() ? QString() : found->second;
+    }
+
+  private:
+    const BlankRows& rows_;
+    std::size_t next_ = 0;
 };
 
 report::Pages pagesOf(const PrintTools& tools, const report::Layout& form, const QString& source,
-                      const QDate& today) {
+                      const QDate& today, const BlankRows& blank) {
     store::ReportConnection connection(tools.engine, tools.folder.database());
-    PrintedRows rows(connection.open(source));
-    return report::makePages(form, rows, report::FontMeter(), today);
+    store::ReportRows rows = connection.open(source);
+    StoredRows stored(rows);
+    BlankSource none(blank);
+    report::RowSource& printed = rows.count() > 0 ? static_cast<report::RowSource&>(stored) : none;
+    return report::makePages(form, printed, report::FontMeter(), today);
 }
 
 } // namespace
 
 void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                const QDate& today, QWidget* parent) {
-    const report::Pages pages = pagesOf(tools, form, source, today);
+                const QDate& today, QWidget* parent, const BlankRows& blank) {
+    const report::Pages pages = pagesOf(tools, form, source, today, blank);
     if (tools.showPreview)
         tools.showPreview(pages, parent);
     else

@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <functional>
+#include <map>
+#include <vector>
 
 class QDate;
 class QWidget;
@@ -24,6 +26,9 @@ struct PrintTools {
     std::function<void(const report::Pages&, QWidget*)> showPreview = {};
 };
 
+/// Rows that a form shows when its source has none, as texts by column; other columns are empty.
+using BlankRows = std::vector<std::map<QString, QString>>;
+
 /// Shows a form, its captions set, over the rows of a table, a stored query or a select statement,
 /// and returns when the user has closed it. What the user's action has written so far is made
 /// durable first: the rows are read through a connection of their own, and the preview waits.
@@ -31,6 +36,6 @@ struct PrintTools {
 /// @param parent the window over which the preview stands
 /// @throws store::EngineError 3025 when that connection can't read the register
 void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                const QDate& today, QWidget* parent);
+                const QDate& today, QWidget* parent, const BlankRows& blank = {});
 
 } // namespace printing

@@ -94,7 +94,8 @@ void printZam(const ReturnTools& tools, const QDate& today, QWidget* parent) {
 }
 
 void printDopUkaz(const printing::PrintTools& tools, const QDate& today, QWidget* parent) {
-    printing::showReport(tools, rptDopUkaz(), QStringLiteral("dop_ukaz"), today, parent);
+    // The one row has its texts in the form, so that the form is whole before anything was typed.
+    printing::showReport(tools, rptDopUkaz(), QStringLiteral("dop_ukaz"), today, parent, {{}});
 }
 
 void printOdbStar(const printing::PrintTools& tools, const QDate& today, QWidget* parent) {

@@ -148,7 +148,7 @@ TEST_F(WholeProgramTest, whatIsNotThereYetSaysSo) {
     boxes.expect({.text = u"Táto časť programu sa pripravuje."_s,
                   .title = u"Informácia"_s,
                   .icon = QMessageBox::Information});
-    window.findChild<QAction*>(u"mniZam"_s)->trigger();
+    window.findChild<QAction*>(u"mniZozKlient"_s)->trigger();
 }
 
 TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
@@ -174,15 +174,22 @@ TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
     EXPECT_TRUE(window.findChild<QPushButton*>(u"cmdVymaz"_s)->isEnabled());
 }
 
-TEST_F(WholeProgramTest, tableOneComesInAPreview) {
-    int previews = 0;
-    boxes.expect({.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
-                      ++previews;
-                      EXPECT_EQ(reg.count(u"z_vek"_s), 19);
-                      preview.close();
-                  }});
-    window.findChild<QAction*>(u"mniVek"_s)->trigger();
-    EXPECT_EQ(previews, 1);
+TEST_F(WholeProgramTest, theTablesOfTheReturnComeInPreviews) {
+    reg.execute({u"insert into c_zariad (kod, akronym) values ('01', 'VYCH')"_s});
+    QStringList previews;
+    const QString entries[] = {u"mniVek"_s, u"mniVzd"_s, u"mniZam"_s, u"mniOdbStar"_s,
+                               u"mniDopUkaz"_s};
+    for (const QString& entry : entries) {
+        boxes.expect({.name = u"PreviewDialog"_s, .drive = [&](QWidget& preview) {
+                          previews << preview.windowTitle();
+                          EXPECT_EQ(reg.count(u"z_vek"_s), entry == u"mniVek" ? 19 : 0);
+                          preview.close();
+                      }});
+        auto* action = window.findChild<QAction*>(entry);
+        action->trigger();
+        EXPECT_EQ(previews.value(previews.size() - 1), action->text());
+    }
+    EXPECT_EQ(previews.size(), qsizetype(std::size(entries)));
     EXPECT_EQ(reg.count(u"z_vek"_s), 0);
 }
 

@@ -66,14 +66,6 @@ QStringList words(const char16_t* text) {
     return QString::fromUtf16(text).split(u'/');
 }
 
-TEST(PageMaker, OnePageWithoutRowsHasTheWholeFrame) {
-    const Pages pages = made(fullLayout(), {});
-    ASSERT_EQ(pages.pages.size(), 1);
-    EXPECT_EQ(pages.title, u"Zostava"_s);
-    EXPECT_EQ(tops(pages.pages[0]), words(u"päta strany@2800/hlava zostavy@1000/hlava strany@1500/"
-                                          u"päta zostavy@1800"));
-}
-
 TEST(PageMaker, PageHeaderIsRepeatedAndTheReportFooterFollowsTheLastRow) {
     // 1000 twips are left for rows on the first page, 1500 on the others.
     const Pages pages = made(fullLayout(), numbered(6));
@@ -83,25 +75,6 @@ TEST(PageMaker, PageHeaderIsRepeatedAndTheReportFooterFollowsTheLastRow) {
                     u"4@2550"));
     EXPECT_EQ(tops(pages.pages[1]), words(u"hlava strany@1000/päta strany@2800/5@1300/6@1550/"
                                           u"päta zostavy@1800"));
-}
-
-TEST(PageMaker, ReportFooterGoesToItsOwnPageWhenItDoesNotFit) {
-    for (const auto& [rows, pages, textsOnLast] :
-         {std::tuple(2, 1, 6), {3, 2, 3}, {4, 2, 3}, {8, 2, 7}, {9, 3, 3}}) {
-        const Pages all = made(fullLayout(), numbered(rows));
-        ASSERT_EQ(all.pages.size(), pages) << rows;
-        EXPECT_EQ(all.pages.back().texts.size(), textsOnLast) << rows;
-        EXPECT_EQ(layoutFaults(all), QStringList()) << rows;
-    }
-}
-
-TEST(PageMaker, PageHeaderThatDoesNotFitBelowTheReportHeaderBeginsAPage) {
-    Layout layout = fullLayout();
-    layout.reportHeader.height = 1700;
-    const Pages pages = made(layout, numbered(1));
-    ASSERT_EQ(pages.pages.size(), 2);
-    EXPECT_EQ(tops(pages.pages[1]),
-              words(u"päta strany@2800/hlava strany@1000/1@1300/päta zostavy@1550"));
 }
 
 TEST(PageMaker, PlacesTextsByTheirAlignment) {
@@ -119,6 +92,16 @@ TEST(PageMaker, PlacesTextsByTheirAlignment) {
         EXPECT_EQ(text.box, QRectF(700, 550, 1000, 240));
         EXPECT_EQ(text.control, u"txt_a"_s);
     }
+}
+
+TEST(PageMaker, PlacesTextsInTheMiddleOfTheirBoxes) {
+    auto detail = section(1000, {field(a, 0, 100, 900), growing(b, 1000, 100, 200)});
+    for (auto& control : detail.controls) {
+        control.middle = true;
+        control.height = 640;
+    }
+    const Pages pages = madeOf(detail, {u"aa"_s, u"bb cc dd"_s});
+    EXPECT_EQ(tops(pages.pages[0]), words(u"aa@300/bb@100/cc@340/dd@580"));
 }
 
 TEST(PageMaker, PutsTheDateForItsSignInCaptionsOnlyAndNothingForEmptyTexts) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <span>
 #include <stdexcept>
@@ -109,6 +110,14 @@ TEST_F(ReturnPrintsTest, aReplacedRegisterIsUnreadableForAReport) {
     } catch (const store::EngineError& error) {
         EXPECT_EQ(error.number(), store::ErrorNumber::ReportSourceUnreadable);
     }
+}
+
+TEST_F(ReturnPrintsTest, tableFourHasItsWholeFrameBeforeAnythingWasTyped) {
+    reg.execute({u"delete * from dop_ukaz"_s});
+    scratchTable = u"dop_ukaz"_s;
+    printDopUkaz(tools.print, today, nullptr);
+    EXPECT_EQ(std::ranges::count(pages.pages.at(0).texts, u"0416"_s, &report::PlacedText::text), 1);
+    EXPECT_EQ(durable(scratchTable).size(), 0);
 }
 
 /// As the program does with what one that was killed has left.
