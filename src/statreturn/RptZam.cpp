@@ -42,8 +42,12 @@ report::Section pageHeader() {
     constexpr int bottom = 1040;
     report::Section section{QStringLiteral("Section2"), bottom, {}};
     Controls& controls = section.controls;
-    controls.push_back(inCell({lines[2], 0, lines[5], groupBottom}, u"Interní", groupText));
-    controls.push_back(inCell({lines[5], 0, lines[8], groupBottom}, u"Externí", groupText));
+    const auto addGroup = [&controls](int left, int right, QStringView text) {
+        controls.push_back(
+            inCell({left, 0, right, groupBottom}, text, groupText, report::Align::Left));
+    };
+    addGroup(5272, lines[5], u"Interní");
+    addGroup(8391, lines[8], u"Externí");
     for (std::size_t i = 0; i < std::size(fields); ++i)
         controls.push_back(
             inCell({lines[i + 1], i == 0 ? 0 : groupBottom, lines[i + 2], headBottom},
