@@ -9,19 +9,17 @@ namespace store {
 
 /// Numbers of the engine's errors that callers act on or that users may read in a report.
 enum class ErrorNumber : int {
+    Internal = 3000,
     ObjectExists = 3012,
+    NoOpenEdit = 3020,
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,
     FileNotFound = 3024,
     ReportSourceUnreadable = 3025,
     DiskFull = 3026,
     ReadOnly = 3027,
-    DataTypeOverflow = 3163,
-    NotUpdatable = 3164,
-    TypeConversion = 3421,
-    CannotOpen = 3051,
-    NoOpenEdit = 3020,
     DiskError = 3043,
+    CannotOpen = 3051,
     TooFewParameters = 3061,
     SyntaxError = 3075,
     UnknownTable = 3078,
@@ -30,14 +28,16 @@ enum class ErrorNumber : int {
     CircularQuery = 3102,
     NotGrouped = 3122,
     UnknownInsertColumn = 3127,
-    TooComplex = 3360,
+    DataTypeOverflow = 3163,
+    NotUpdatable = 3164,
     RecordDeleted = 3167,
-    Busy = 3218,
     TargetExists = 3204,
+    Busy = 3218,
     UnknownColumn = 3265,
     UnrecognizedFile = 3343,
+    TooComplex = 3360,
+    TypeConversion = 3421,
     TypeMismatch = 3464,
-    Internal = 3000,
 };
 
 /// The one exception of the engine: a number, a Slovak text for the user, and the place that caused

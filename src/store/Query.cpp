@@ -76,10 +76,6 @@ void Query::reset() {
     sqlite3_reset(statement_.get());
 }
 
-QString Query::columnName(int column) const {
-    return QString::fromUtf8(sqlite3_column_name(statement_.get(), column));
-}
-
 bool Query::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
 }
@@ -160,10 +156,6 @@ Cell RowView::cell(int column) const {
     default:
         return std::string(bytes(from));
     }
-}
-
-QString RowView::text(int column) const {
-    return isText(column) ? fromUtf8(bytes(slot(column))) : QString();
 }
 
 bool RowView::equals(int column, const Cell& other) const {

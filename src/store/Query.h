@@ -37,7 +37,6 @@ class Query {
     void reset();
 
     int columnCount() const { return sqlite3_column_count(statement_.get()); }
-    QString columnName(int column) const;
     bool isNull(int column) const;
     qint64 integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
     QString text(int column) const;
@@ -56,8 +55,8 @@ class RowView {
   public:
     Cell cell(int column) const;
     bool isText(int column) const { return slot(column).type == SQLITE_TEXT; }
-    /// A text column; empty for anything else.
-    QString text(int column) const;
+    /// The bytes of a text column.
+    std::string_view bytes(int column) const { return bytes(slot(column)); }
     bool equals(int column, const Cell& other) const;
 
   private:

@@ -24,6 +24,9 @@ class Rowset {
   public:
     /// @throws EngineError as Recordset
     Rowset(std::shared_ptr<Connection> connection, const QString& source);
+    // Its parts refer to one another.
+    Rowset(const Rowset&) = delete;
+    Rowset& operator=(const Rowset&) = delete;
 
     Connection& connection() { return *connection_; }
     const SelectPlan& plan() const { return plan_; }

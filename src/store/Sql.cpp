@@ -155,6 +155,20 @@ QString translateCriterion(const QString& criterion, const SelectPlan& plan) {
     return result;
 }
 
+QString selectKeys(const SelectPlan& plan, const QStringList& conditions,
+                   const QStringList& columns) {
+    QStringList terms;
+    for (const QString& condition : QStringList(plan.filter) + conditions)
+        if (!condition.isEmpty())
+            terms << u'(' + condition + u')';
+    const auto clause = [](const char16_t* words, const QString& sql) {
+        return sql.isEmpty() ? sql : QString::fromUtf16(words) + sql;
+    };
+    return QStringLiteral("SELECT ") + (QStringList(plan.keyColumns) + columns).join(comma) +
+           clause(u" FROM ", plan.from) + clause(u" WHERE ", terms.join(QStringLiteral(" AND "))) +
+           clause(u" ORDER BY ", plan.order);
+}
+
 QString quoted(const QString& text) {
     return sqlText(text);
 }

@@ -109,7 +109,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         mustRun(connection, plan.rows);
         if (!plan.updatable)
             return;
-        mustRun(connection, plan.keys);
+        mustRun(connection, selectKeys(plan));
         mustRun(connection, plan.rowByKeys);
     });
     execute(connection, QStringLiteral("SAVEPOINT before"));
