@@ -115,7 +115,7 @@ std::optional<DateTime> readStored(std::string_view text) {
     return isCalendarDate(result) ? std::optional(result) : std::nullopt;
 }
 
-QString fromUtf8(std::string_view text) {
+QString asTyped(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
@@ -171,9 +171,9 @@ std::string textToDateColumn(QStringView typed) {
 
 Value dateFromColumn(std::string_view stored) {
     if (stored.starts_with(nonDateMark))
-        return fromUtf8(stored.substr(1));
+        return asTyped(stored.substr(1));
     const auto date = readStored(stored);
-    return date ? Value(*date) : Value(fromUtf8(stored));
+    return date ? Value(*date) : Value(asTyped(stored));
 }
 
 } // namespace store

@@ -105,7 +105,7 @@ bool isTextLiteral(const Expression& expression) {
     return expression.node == Node::Literal && expression.kind == ValueKind::Text;
 }
 
-bool isSeparator(const Expression& expression) {
+bool isSeparatorLiteral(const Expression& expression) {
     return isTextLiteral(expression) && isDateSeparator(expression.text);
 }
 
@@ -321,7 +321,7 @@ Emitter::DateParts Emitter::dateParts(const Chain& operands, std::size_t first) 
     parts.format = operands[first]->parts[1]->text;
     parts.date = date(first);
     std::size_t last = first;
-    while (last + 2 < operands.size() && isSeparator(*operands[last + 1]) &&
+    while (last + 2 < operands.size() && isSeparatorLiteral(*operands[last + 1]) &&
            isDateFormat(*operands[last + 2]) && date(last + 2) == parts.date) {
         parts.separators += operands[last + 1]->text;
         parts.format += operands[last + 1]->text + operands[last + 2]->parts[1]->text;
