@@ -18,13 +18,6 @@ QString rowidOf(const SourceTable& source) {
     return sqlName(source.alias) + QStringLiteral(".rowid");
 }
 
-QStringList expressionsOf(const SelectPlan& plan) {
-    QStringList expressions;
-    for (const OutputColumn& column : plan.columns)
-        expressions << column.expression;
-    return expressions;
-}
-
 qint64 highestRowid(Connection& connection, const SelectPlan& plan) {
     Query query(
         connection.handle(),
@@ -133,10 +126,7 @@ void Keyset::loadFirst() {
 /// What came first stays first, even when rows were added or changed since.
 void Keyset::loadRest() {
     Query query(connection_->handle(), selectKeys(*plan_));
-    std::set<RowKey> known;
-    for (qint64 index = 0; index < loaded(); ++index)
-        known.emplace(at(index).begin(), at(index).end());
-    take(query, known);
+    take(query, {keys_.begin(), keys_.end()});
     complete_ = true;
 }
 
@@ -151,12 +141,12 @@ void Keyset::loadJoin() {
     complete_ = true;
 }
 
-void Keyset::take(Query& query, const std::set<RowKey>& known) {
-    RowKey key(width_);
+/// Rows of one table.
+void Keyset::take(Query& query, const std::unordered_set<qint64>& known) {
     while (query.step()) {
-        readKey(query, key);
-        if (isOld(key) && !known.contains(key) && !isAdded(key))
-            keys_.insert(keys_.end(), key.begin(), key.end());
+        const qint64 rowid = query.integer(0);
+        if (rowid <= bound_ && !known.contains(rowid) && !isAdded({&rowid, 1}))
+            keys_.push_back(rowid);
     }
 }
 

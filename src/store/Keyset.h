@@ -5,9 +5,9 @@
 
 #include <limits>
 #include <optional>
-#include <set>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace store {
@@ -58,7 +58,7 @@ class Keyset {
     void loadFirst();
     void loadRest();
     void loadJoin();
-    void take(Query& query, const std::set<RowKey>& known);
+    void take(Query& query, const std::unordered_set<qint64>& known);
     qint64 loaded() const { return static_cast<qint64>(keys_.size() / width_); }
     bool isAdded(RowKeyView key) const;
     std::optional<qint64> search(RowKeyView key);

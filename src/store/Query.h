@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -54,6 +55,8 @@ class Query {
 class RowView {
   public:
     Cell cell(int column) const;
+    /// False for a column that was not read.
+    bool has(int column) const { return slot(column).type != unread; }
     bool isText(int column) const { return slot(column).type == SQLITE_TEXT; }
     /// The bytes of a text column.
     std::string_view bytes(int column) const { return bytes(slot(column)); }
@@ -61,6 +64,8 @@ class RowView {
 
   private:
     friend class RowBlock;
+    /// Not a type of SQLite's.
+    static constexpr int unread = 0;
     struct Slot {
         int type = SQLITE_NULL;
         int length = 0;
@@ -85,6 +90,10 @@ class RowBlock {
     /// Appends the row on which the query stands.
     /// @param firstColumn the query's columns before it are left out; the same for all rows
     void append(const Query& query, int firstColumn = 0);
+    /// Becomes the row on which the query stands, of whose columns it selects some.
+    /// @param columns what the query's columns are in the row
+    /// @param width number of columns of the row
+    void assign(const Query& query, std::span<const int> columns, size_t width);
     /// Becomes a copy of one row of another block.
     void assign(const RowBlock& other, qint64 index);
     void clear();
@@ -98,6 +107,7 @@ class RowBlock {
   private:
     using Slot = RowView::Slot;
     Slot textSlot(std::string_view text);
+    Slot slotFrom(const Query& query, int column);
     const Slot* slotsOf(qint64 index) const {
         return slots_.data() + static_cast<size_t>(index) * width_;
     }

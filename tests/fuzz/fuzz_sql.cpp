@@ -110,7 +110,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!plan.updatable)
             return;
         mustRun(connection, selectKeys(plan));
-        mustRun(connection, plan.rowByKeys);
+        mustRun(connection, selectRow(plan));
     });
     execute(connection, QStringLiteral("SAVEPOINT before"));
     mustTranslate([&] { mustRun(connection, translateAction(text, storedQuery)); });

@@ -25,7 +25,7 @@ void runSelect(test::SqlDatabase& database, const QString& sql) {
     if (!plan.updatable)
         return;
     database.raw(selectKeys(plan));
-    database.raw(plan.rowByKeys);
+    database.raw(selectRow(plan));
 }
 
 void runFind(test::SqlDatabase& database, const QString& source, const QString& criterion) {

@@ -377,10 +377,10 @@ class Planner {
         plan_.keyColumns = keys.join(comma);
         const bool isOne = scope_.sources.size() == 1;
         plan_.rowByKeys =
-            QStringLiteral("SELECT ") + selectList(false) + QStringLiteral(" FROM ") +
+            QStringLiteral(" FROM ") +
             (isOne ? plan_.from : QStringLiteral("(SELECT 1)") + tables.join(QString())) +
             QStringLiteral(" WHERE ") + conditions.join(QStringLiteral(" AND "));
-        checkComplexity(plan_.rowByKeys, sql_);
+        checkComplexity(QStringLiteral("SELECT ") + selectList(false) + plan_.rowByKeys, sql_);
     }
 
     const QString& sql_;
