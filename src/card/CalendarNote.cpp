@@ -1,7 +1,7 @@
 #include "card/CalendarNote.h"
 
 #include "forms/EntryField.h"
-#include "store/SqlFunctions.h"
+#include "store/Dates.h"
 
 #include <QPalette>
 #include <QStringList>

@@ -10,7 +10,7 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/MessageBox.h"
-#include "store/SqlFunctions.h"
+#include "store/Dates.h"
 #include "validation/Validators.h"
 #include "validation/modKontrola.h"
 

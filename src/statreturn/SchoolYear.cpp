@@ -1,7 +1,7 @@
 #include "statreturn/SchoolYear.h"
 
+#include "store/Dates.h"
 #include "store/EngineError.h"
-#include "store/SqlFunctions.h"
 
 namespace statreturn {
 

@@ -18,39 +18,6 @@ QString rowidOf(const SourceTable& source) {
     return sqlName(source.alias) + QStringLiteral(".rowid");
 }
 
-QString whereClause(const QStringList& conditions) {
-    QStringList terms;
-    for (const QString& condition : conditions)
-        if (!condition.isEmpty())
-            terms << QLatin1Char('(') + condition + QLatin1Char(')');
-    return terms.isEmpty() ? QString()
-                           : QStringLiteral(" WHERE ") + terms.join(QStringLiteral(" AND "));
-}
-
-/// Rows that the order leaves equal stand in the order of insertion, so that every statement over
-/// one table gives them alike.
-QString orderClause(const SelectPlan& plan) {
-    QStringList terms;
-    if (!plan.order.isEmpty())
-        terms << plan.order;
-    if (plan.sources.size() == 1 && !plan.order.endsWith(rowidOf(plan.sources.front())))
-        terms << rowidOf(plan.sources.front());
-    return terms.isEmpty() ? QString()
-                           : QStringLiteral(" ORDER BY ") + terms.join(QStringLiteral(", "));
-}
-
-QString fromPlan(const SelectPlan& plan, const QStringList& conditions) {
-    return QStringLiteral(" FROM ") + plan.from +
-           whereClause(QStringList(plan.filter) + conditions) + orderClause(plan);
-}
-
-QString selectKeysAndColumns(const SelectPlan& plan) {
-    QStringList columns{plan.keyColumns};
-    for (const OutputColumn& column : plan.columns)
-        columns << column.expression;
-    return QStringLiteral("SELECT ") + columns.join(QStringLiteral(", ")) + fromPlan(plan, {});
-}
-
 qint64 highestRowid(Connection& connection, const SelectPlan& plan) {
     Query query(
         connection.handle(),
@@ -75,10 +42,6 @@ void readKey(const Query& query, RowKey& key) {
         rowid = query.isNull(column) ? noRow : query.integer(column);
         ++column;
     }
-}
-
-QString selectKeys(const SelectPlan& plan, const QStringList& conditions) {
-    return QStringLiteral("SELECT ") + plan.keyColumns + fromPlan(plan, conditions);
 }
 
 Keyset::Keyset(Connection& connection, const SelectPlan& plan, ReadAhead& ahead)
@@ -154,7 +117,7 @@ void Keyset::loadByRowid() {
 }
 
 void Keyset::loadFirst() {
-    Query query(connection_->handle(), selectKeys(*plan_, {}) + QStringLiteral(" LIMIT ?1"));
+    Query query(connection_->handle(), selectKeys(*plan_) + QStringLiteral(" LIMIT ?1"));
     query.bind(1, nextLimit_);
     take(query, {});
     complete_ = loaded() < nextLimit_;
@@ -162,16 +125,13 @@ void Keyset::loadFirst() {
 
 /// What came first stays first, even when rows were added or changed since.
 void Keyset::loadRest() {
-    Query query(connection_->handle(), selectKeys(*plan_, {}));
-    std::set<RowKey> known;
-    for (qint64 index = 0; index < loaded(); ++index)
-        known.emplace(at(index).begin(), at(index).end());
-    take(query, known);
+    Query query(connection_->handle(), selectKeys(*plan_));
+    take(query, {keys_.begin(), keys_.end()});
     complete_ = true;
 }
 
 void Keyset::loadJoin() {
-    Query query(connection_->handle(), selectKeysAndColumns(*plan_));
+    Query query(connection_->handle(), selectKeys(*plan_, {}, expressionsOf(*plan_)));
     RowKey key(width_);
     while (query.step()) {
         readKey(query, key);
@@ -181,12 +141,12 @@ void Keyset::loadJoin() {
     complete_ = true;
 }
 
-void Keyset::take(Query& query, const std::set<RowKey>& known) {
-    RowKey key(width_);
+/// Rows of one table.
+void Keyset::take(Query& query, const std::unordered_set<qint64>& known) {
     while (query.step()) {
-        readKey(query, key);
-        if (isOld(key) && !known.contains(key) && !isAdded(key))
-            keys_.insert(keys_.end(), key.begin(), key.end());
+        const qint64 rowid = query.integer(0);
+        if (rowid <= bound_ && !known.contains(rowid) && !isAdded({&rowid, 1}))
+            keys_.push_back(rowid);
     }
 }
 

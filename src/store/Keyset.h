@@ -3,14 +3,11 @@
 #include "store/Query.h"
 #include "store/Sql.h"
 
-#include <QString>
-#include <QStringList>
-
 #include <limits>
 #include <optional>
-#include <set>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace store {
@@ -27,10 +24,6 @@ inline constexpr qint64 noRow = std::numeric_limits<qint64>::min();
 void bindKey(Query& query, RowKeyView key);
 /// Reads a key from the first columns of a row.
 void readKey(const Query& query, RowKey& key);
-/// A select statement that gives the keys of a plan's rows in their order.
-/// @param conditions beside the plan's own; empty ones don't count
-QString selectKeys(const SelectPlan& plan, const QStringList& conditions);
-
 /// The keys of a query's rows in the query's order. Of a single table it reads a few at first and
 /// the others when they are needed; rows that others add later don't enter it.
 class Keyset {
@@ -65,7 +58,7 @@ class Keyset {
     void loadFirst();
     void loadRest();
     void loadJoin();
-    void take(Query& query, const std::set<RowKey>& known);
+    void take(Query& query, const std::unordered_set<qint64>& known);
     qint64 loaded() const { return static_cast<qint64>(keys_.size() / width_); }
     bool isAdded(RowKeyView key) const;
     std::optional<qint64> search(RowKeyView key);

@@ -76,10 +76,6 @@ void Query::reset() {
     sqlite3_reset(statement_.get());
 }
 
-QString Query::columnName(int column) const {
-    return QString::fromUtf8(sqlite3_column_name(statement_.get(), column));
-}
-
 bool Query::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
 }
@@ -88,22 +84,36 @@ QString Query::text(int column) const {
     return fromUtf8(textOf(statement_.get(), column));
 }
 
-void RowBlock::append(const Query& query, int firstColumn) {
+RowView::Slot RowBlock::slotFrom(const Query& query, int column) {
     sqlite3_stmt* const statement = query.statement_.get();
+    Slot slot;
+    slot.type = sqlite3_column_type(statement, column);
+    if (slot.type == SQLITE_INTEGER)
+        slot.integer = sqlite3_column_int64(statement, column);
+    else if (slot.type == SQLITE_FLOAT)
+        slot.number = sqlite3_column_double(statement, column);
+    else if (slot.type != SQLITE_NULL)
+        slot = textSlot(textOf(statement, column));
+    return slot;
+}
+
+void RowBlock::append(const Query& query, int firstColumn) {
     const int columns = query.columnCount();
     width_ = static_cast<size_t>(columns - firstColumn);
-    for (int column = firstColumn; column < columns; ++column) {
-        Slot slot;
-        slot.type = sqlite3_column_type(statement, column);
-        if (slot.type == SQLITE_INTEGER)
-            slot.integer = sqlite3_column_int64(statement, column);
-        else if (slot.type == SQLITE_FLOAT)
-            slot.number = sqlite3_column_double(statement, column);
-        else if (slot.type != SQLITE_NULL)
-            slot = textSlot(textOf(statement, column));
-        slots_.push_back(slot);
-    }
+    for (int column = firstColumn; column < columns; ++column)
+        slots_.push_back(slotFrom(query, column));
     ++rows_;
+}
+
+void RowBlock::assign(const Query& query, std::span<const int> columns, size_t width) {
+    clear();
+    width_ = width;
+    rows_ = 1;
+    Slot none;
+    none.type = RowView::unread;
+    slots_.assign(width, none);
+    for (int from = 0; const int column : columns)
+        slots_[static_cast<size_t>(column)] = slotFrom(query, from++);
 }
 
 void RowBlock::assign(const RowBlock& other, qint64 index) {
@@ -160,10 +170,6 @@ Cell RowView::cell(int column) const {
     default:
         return std::string(bytes(from));
     }
-}
-
-QString RowView::text(int column) const {
-    return isText(column) ? fromUtf8(bytes(slot(column))) : QString();
 }
 
 bool RowView::equals(int column, const Cell& other) const {

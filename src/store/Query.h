@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -37,7 +38,6 @@ class Query {
     void reset();
 
     int columnCount() const { return sqlite3_column_count(statement_.get()); }
-    QString columnName(int column) const;
     bool isNull(int column) const;
     qint64 integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
     QString text(int column) const;
@@ -55,13 +55,17 @@ class Query {
 class RowView {
   public:
     Cell cell(int column) const;
+    /// False for a column that was not read.
+    bool has(int column) const { return slot(column).type != unread; }
     bool isText(int column) const { return slot(column).type == SQLITE_TEXT; }
-    /// A text column; empty for anything else.
-    QString text(int column) const;
+    /// The bytes of a text column.
+    std::string_view bytes(int column) const { return bytes(slot(column)); }
     bool equals(int column, const Cell& other) const;
 
   private:
     friend class RowBlock;
+    /// Not a type of SQLite's.
+    static constexpr int unread = 0;
     struct Slot {
         int type = SQLITE_NULL;
         int length = 0;
@@ -86,6 +90,10 @@ class RowBlock {
     /// Appends the row on which the query stands.
     /// @param firstColumn the query's columns before it are left out; the same for all rows
     void append(const Query& query, int firstColumn = 0);
+    /// Becomes the row on which the query stands, of whose columns it selects some.
+    /// @param columns what the query's columns are in the row
+    /// @param width number of columns of the row
+    void assign(const Query& query, std::span<const int> columns, size_t width);
     /// Becomes a copy of one row of another block.
     void assign(const RowBlock& other, qint64 index);
     void clear();
@@ -99,6 +107,7 @@ class RowBlock {
   private:
     using Slot = RowView::Slot;
     Slot textSlot(std::string_view text);
+    Slot slotFrom(const Query& query, int column);
     const Slot* slotsOf(qint64 index) const {
         return slots_.data() + static_cast<size_t>(index) * width_;
     }

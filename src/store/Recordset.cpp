@@ -71,6 +71,8 @@ class Recordset::Impl {
     };
 
     RowView currentRow();
+    /// The current row with a column read.
+    RowView currentRow(int column);
     const Cell* pending(int column) const;
 
     std::shared_ptr<Rowset> rows_;
@@ -160,6 +162,13 @@ RowView Recordset::Impl::currentRow() {
     return row_.row(0);
 }
 
+RowView Recordset::Impl::currentRow(int column) {
+    rows().ask(column);
+    if (!currentRow().has(column))
+        rowStamp_.reset();
+    return currentRow();
+}
+
 const Cell* Recordset::Impl::pending(int column) const {
     const auto found = std::ranges::find(changes_, column, &Changes::value_type::first);
     return found == changes_.end() ? nullptr : &found->second;
@@ -171,7 +180,7 @@ Value Recordset::Impl::value(int column) {
         return toValue(*cell, type);
     if (edit_ == EditState::Add)
         return type == ColumnType::Boolean ? Value(false) : Value();
-    return readValue(currentRow(), column, type);
+    return readValue(currentRow(column), column, type);
 }
 
 void Recordset::Impl::setValue(int column, const Value& value) {
@@ -205,9 +214,8 @@ Changes Recordset::Impl::realChanges() {
     if (edit_ != EditState::Edit)
         return changes_;
     Changes real;
-    const RowView row = currentRow();
     std::ranges::copy_if(changes_, std::back_inserter(real), [&](const auto& change) {
-        return !row.equals(change.first, change.second);
+        return !currentRow(change.first).equals(change.first, change.second);
     });
     return real;
 }

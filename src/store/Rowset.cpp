@@ -5,6 +5,7 @@
 #include "store/Schema.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace store {
 
@@ -34,21 +35,12 @@ void refuseDeleted() {
 Rowset::Rowset(std::shared_ptr<Connection> connection, const QString& source)
     : connection_(std::move(connection)),
       plan_(translateSelect(source, connection_->queryLookup())),
-      ahead_(plan_, connection_->changeStamp()) {
+      ahead_(plan_, connection_->changeStamp()), asked_(plan_.columns.size()) {
     connection_->beginRead();
-    nameColumns();
     if (plan_.updatable)
         keys_.emplace(*connection_, plan_, ahead_);
     else
         loadStoredRows();
-}
-
-/// Columns are found by their own name first, which spares the folding of its case.
-void Rowset::nameColumns() {
-    for (int index = 0; const OutputColumn& column : plan_.columns)
-        columns_.emplace(column.name, index++);
-    for (int index = 0; const OutputColumn& column : plan_.columns)
-        columns_.emplace(column.name.toCaseFolded(), index++);
 }
 
 void Rowset::loadStoredRows() {
@@ -58,14 +50,41 @@ void Rowset::loadStoredRows() {
     keys_.emplace(storedRows_.count());
 }
 
-int Rowset::columnIndex(QStringView name) const {
-    auto found = columns_.find(name);
-    if (found == columns_.end())
-        found = columns_.find(name.toString().toCaseFolded());
-    if (found == columns_.end())
+int Rowset::columnIndex(QStringView name) {
+    const auto known = columns_.find(name);
+    if (known != columns_.end())
+        return known->second;
+    const auto found = std::ranges::find_if(plan_.columns, [&](const OutputColumn& column) {
+        return column.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (found == plan_.columns.end())
         throw EngineError(ErrorNumber::UnknownColumn,
                           QStringLiteral("Stĺpec %1 vo výbere nie je.").arg(name), name.toString());
-    return found->second;
+    const auto index = static_cast<int>(found - plan_.columns.begin());
+    columns_.emplace(name.toString(), index);
+    return index;
+}
+
+void Rowset::ask(int column) {
+    const auto at = static_cast<size_t>(column);
+    if (!asked_[at] && read_.size() < plan_.columns.size())
+        reading_ = Reading::Whole;
+    asked_[at] = true;
+}
+
+Rowset::Columns Rowset::askedColumns() const {
+    Columns columns;
+    for (int column = 0; const bool isAsked : asked_) {
+        if (isAsked)
+            columns.push_back(column);
+        ++column;
+    }
+    return columns.empty() ? Columns{0} : columns;
+}
+
+void Rowset::prepareRow(Columns columns) {
+    row_.emplace(connection_->handle(), selectRow(plan_, columns));
+    read_ = std::move(columns);
 }
 
 bool Rowset::read(RowKeyView key, std::optional<qint64> index, RowBlock& row) {
@@ -77,15 +96,21 @@ bool Rowset::read(RowKeyView key, std::optional<qint64> index, RowBlock& row) {
     return isAhead || lookUp(key, row);
 }
 
+/// To look for a row costs most by the columns that it has.
 bool Rowset::lookUp(RowKeyView key, RowBlock& row) {
-    if (!row_)
-        row_.emplace(connection_->handle(), plan_.rowByKeys);
+    if (reading_ == Reading::Whole) {
+        Columns all(plan_.columns.size());
+        std::iota(all.begin(), all.end(), 0);
+        prepareRow(std::move(all));
+    } else if (reading_ == Reading::Asked) {
+        prepareRow(askedColumns());
+    }
+    reading_ = reading_ == Reading::Whole ? Reading::Asked : Reading::Same;
     connection_->beginRead();
     bindKey(*row_, key);
     const bool found = row_->step();
-    row.clear();
     if (found)
-        row.append(*row_);
+        row.assign(*row_, read_, plan_.columns.size());
     row_->reset();
     return found;
 }

@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace store {
@@ -24,16 +25,22 @@ class Rowset {
   public:
     /// @throws EngineError as Recordset
     Rowset(std::shared_ptr<Connection> connection, const QString& source);
+    // Its parts refer to one another.
+    Rowset(const Rowset&) = delete;
+    Rowset& operator=(const Rowset&) = delete;
 
     Connection& connection() { return *connection_; }
     const SelectPlan& plan() const { return plan_; }
     Keyset& keys() { return *keys_; }
     /// The output column of that name, whatever its case. @throws EngineError 3265
-    int columnIndex(QStringView name) const;
+    int columnIndex(QStringView name);
 
-    /// Reads a row; false when it has been deleted.
+    /// Reads a row; false when it has been deleted. The first one is read wholly, those behind it
+    /// in the columns that were asked for so far.
     /// @param index where the row stands, if that is known
     bool read(RowKeyView key, std::optional<qint64> index, RowBlock& row);
+    /// Tells that a column is looked at. When it is a new one, the next row is read wholly.
+    void ask(int column);
     /// True when a row is among the rows, deleted or not.
     bool holds(RowKeyView key);
     /// The first row that meets a criterion.
@@ -47,10 +54,15 @@ class Rowset {
 
   private:
     using Columns = std::vector<int>;
+    struct NameHash {
+        using is_transparent = void;
+        size_t operator()(QStringView name) const { return qHash(name); }
+    };
 
-    void nameColumns();
     void loadStoredRows();
     bool lookUp(RowKeyView key, RowBlock& row);
+    void prepareRow(Columns columns);
+    Columns askedColumns() const;
     std::optional<RowKey> firstOf(const QStringList& conditions);
     std::optional<RowKey> findInJoin(const QString& condition);
     std::optional<RowKey> findByNumber(const QString& condition);
@@ -61,10 +73,17 @@ class Rowset {
 
     std::shared_ptr<Connection> connection_;
     SelectPlan plan_;
-    std::map<QString, int, std::less<>> columns_;
+    /// Columns by the names as they were asked for.
+    std::unordered_map<QString, int, NameHash, std::equal_to<>> columns_;
     ReadAhead ahead_;
     std::optional<Keyset> keys_;
+    /// What the next look at a row reads: all columns, those asked for, or the same as before.
+    enum class Reading { Whole, Asked, Same };
+    Reading reading_ = Reading::Whole;
+    /// Reads the columns `read_` of a row.
     std::optional<Query> row_;
+    Columns read_;
+    std::vector<bool> asked_;
     std::map<Columns, Query> updates_;
     /// The rows of a query that has no keys.
     RowBlock storedRows_;

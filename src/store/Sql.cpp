@@ -155,6 +155,35 @@ QString translateCriterion(const QString& criterion, const SelectPlan& plan) {
     return result;
 }
 
+QStringList expressionsOf(const SelectPlan& plan) {
+    QStringList expressions;
+    for (const OutputColumn& column : plan.columns)
+        expressions << column.expression;
+    return expressions;
+}
+
+QString selectKeys(const SelectPlan& plan, const QStringList& conditions,
+                   const QStringList& columns) {
+    QStringList terms;
+    for (const QString& condition : QStringList(plan.filter) + conditions)
+        if (!condition.isEmpty())
+            terms << u'(' + condition + u')';
+    const auto clause = [](const char16_t* words, const QString& sql) {
+        return sql.isEmpty() ? sql : QString::fromUtf16(words) + sql;
+    };
+    return QStringLiteral("SELECT ") + (QStringList(plan.keyColumns) + columns).join(comma) +
+           clause(u" FROM ", plan.from) + clause(u" WHERE ", terms.join(QStringLiteral(" AND "))) +
+           clause(u" ORDER BY ", plan.order);
+}
+
+QString selectRow(const SelectPlan& plan, std::span<const int> columns) {
+    QStringList expressions;
+    for (const int column : columns)
+        expressions << plan.columns[static_cast<std::size_t>(column)].expression;
+    return QStringLiteral("SELECT ") +
+           (columns.empty() ? expressionsOf(plan) : expressions).join(comma) + plan.rowByKeys;
+}
+
 QString quoted(const QString& text) {
     return sqlText(text);
 }

@@ -3,10 +3,12 @@
 #include "store/Schema.h"
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace store {
@@ -48,23 +50,22 @@ struct SelectPlan {
     /// The whole statement. Its columns bear the names of `columns`, so that it can stand as
     /// "(rows)" in a from clause.
     QString rows;
-    /// The same rows and order, selecting only the rowid of each source (updatable only). The key
-    /// of a source that gave no row to an outer join is Null.
-    QString keys;
-    /// The row of given keys, to be bound as ?1, ?2 … in the order of `sources` (updatable only). A
-    /// Null key is bound as Null and gives Null columns; a key whose row has been deleted gives no
-    /// row at all. Neither the filter nor the conditions of joins are asked again: a row stays in
-    /// the keyset that it once came into.
+    /// From and where clause of the row of given keys, to be bound as ?1, ?2 … in the order of
+    /// `sources` (updatable only). A Null key is bound as Null and gives Null columns; a key whose
+    /// row has been deleted gives no row at all. Neither the filter nor the conditions of joins are
+    /// asked again: a row stays in the keyset that it once came into.
     QString rowByKeys;
-    /// What `keys` selects.
+    /// The rowid of each source (updatable only). The key of a source that gave no row to an outer
+    /// join is Null.
     QString keyColumns;
-    /// Without an order of its own and of one table: `keys` begins with the rows of lowest rowid.
+    /// Without an order of its own and of one table: the rows of lowest rowid come first.
     bool inRowidOrder = false;
     /// The where clause without the word, empty if none.
     QString filter;
     /// From clause without the word.
     QString from;
-    /// Order by clause without the words, empty if none.
+    /// Order by clause without the words, empty if none. Rows of one table that it leaves equal
+    /// stand in the order of insertion, so that every statement over them gives them alike.
     QString order;
 };
 
@@ -87,6 +88,19 @@ QString translateAction(const QString& sql, const QueryLookup& storedQuery = {})
 /// that can be put into a where clause over `plan.from` when the plan is updatable, over
 /// "(plan.rows)" when it is not. @throws as translateSelect.
 QString translateCriterion(const QString& criterion, const SelectPlan& plan);
+
+/// What the columns of a plan are in SQLite's SQL.
+QStringList expressionsOf(const SelectPlan& plan);
+
+/// The statement that selects the keys of an updatable plan's rows in their order.
+/// @param conditions beside the plan's own
+/// @param columns other than the keys; they stand behind them
+QString selectKeys(const SelectPlan& plan, const QStringList& conditions = {},
+                   const QStringList& columns = {});
+
+/// The statement that selects columns of the row of given keys, see SelectPlan::rowByKeys.
+/// @param columns their indexes in `plan.columns`; none for all of them
+QString selectRow(const SelectPlan& plan, std::span<const int> columns = {});
 
 /// A text as a literal of the engine's SQL: in apostrophes, those inside doubled.
 QString quoted(const QString& text);

@@ -48,13 +48,6 @@ void registerSqlFunctions(sqlite3* connection) {
                                          shared, function.call, nullptr, nullptr, nullptr));
 }
 
-int compareTexts(QStringView left, QStringView right) {
-    const QByteArray leftBytes = left.toUtf8();
-    const QByteArray rightBytes = right.toUtf8();
-    return sql::TextOrder().compare({leftBytes.constData(), std::size_t(leftBytes.size())},
-                                    {rightBytes.constData(), std::size_t(rightBytes.size())});
-}
-
 QString textOrderVersion() {
     return sql::TextOrder().version();
 }

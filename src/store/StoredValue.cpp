@@ -1,7 +1,8 @@
 #include "store/StoredValue.h"
 
+#include "store/Dates.h"
 #include "store/EngineError.h"
-#include "store/SqlFunctions.h"
+#include "store/sql/Numbers.h"
 
 #include <cmath>
 
@@ -15,35 +16,26 @@ namespace {
                       column.name);
 }
 
-Cell textCell(const QString& text) {
-    return text.toStdString();
-}
-
 Cell toTextCell(const Value& value, const OutputColumn& column) {
-    const QString text = value.toText();
+    const auto* date = std::get_if<DateTime>(&value.variant());
+    const QString text = date ? dateToText(*date) : value.toText();
     if (column.width > 0 && text.size() > column.width)
         throw EngineError(ErrorNumber::DataTypeOverflow,
                           QStringLiteral("Text je pre stĺpec %1 priveľmi dlhý.").arg(column.name),
                           column.name);
-    return textCell(text);
-}
-
-bool isCalendarDate(const DateTime& date) {
-    return date.date.isValid() && date.time.isValid() && date.date.year() >= 100 &&
-           date.date.year() <= 9999;
+    return text.toStdString();
 }
 
 Cell toDateCell(const Value& value, const OutputColumn& column) {
     if (const auto* date = std::get_if<DateTime>(&value.variant())) {
         if (!isCalendarDate(*date))
             refuseConversion(column);
-        return textCell(dateToColumn(*date));
+        return dateToColumn(*date);
     }
     const auto* text = std::get_if<QString>(&value.variant());
     if (text == nullptr || text->trimmed().isEmpty())
         refuseConversion(column);
-    const auto date = readDate(*text);
-    return textCell(date ? dateToColumn(*date) : nonDateToColumn(*text));
+    return textToDateColumn(*text);
 }
 
 /// Reads a whole text as a number, with a decimal point or comma.
@@ -54,13 +46,10 @@ double numberOf(const Value& value, const OutputColumn& column) {
             refuseConversion(column);
         return value.toNumber();
     }
-    bool isNumber = false;
-    QString pointed = text->trimmed();
-    pointed.replace(QLatin1Char(','), QLatin1Char('.'));
-    const double number = pointed.toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(number))
+    const auto number = sql::wholeTextAsNumber(text->toStdString());
+    if (!number || !std::isfinite(*number))
         refuseConversion(column);
-    return number;
+    return *number;
 }
 
 Cell toWholeCell(const Value& value, const OutputColumn& column) {
@@ -78,8 +67,10 @@ Cell toBooleanCell(const Value& value, const OutputColumn& column) {
     return flag ? qint64{-1} : qint64{0};
 }
 
-Value fromText(const QString& text, std::optional<ColumnType> type) {
-    return type == ColumnType::Date ? dateFromColumn(text) : Value(text);
+Value fromText(std::string_view text, std::optional<ColumnType> type) {
+    return type == ColumnType::Date
+               ? dateFromColumn(text)
+               : Value(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 Value fromInteger(qint64 number, std::optional<ColumnType> type) {
@@ -94,13 +85,13 @@ Value toValue(const Cell& cell, std::optional<ColumnType> type) {
     if (const auto* number = std::get_if<double>(&cell))
         return *number;
     if (const auto* text = std::get_if<std::string>(&cell))
-        return fromText(QString::fromStdString(*text), type);
+        return fromText(*text, type);
     return {};
 }
 
 Value readValue(const RowView& row, int column, std::optional<ColumnType> type) {
     if (row.isText(column))
-        return fromText(row.text(column), type);
+        return fromText(row.bytes(column), type);
     return toValue(row.cell(column), type);
 }
 

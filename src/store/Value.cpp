@@ -1,6 +1,6 @@
 #include "store/Value.h"
 
-#include "store/SqlFunctions.h"
+#include "store/Dates.h"
 #include "store/sql/Numbers.h"
 
 namespace store {
@@ -24,7 +24,7 @@ QString Value::toText() const {
             [](qint64 number) { return QString::number(number); },
             [](double number) { return QString::number(number, 'g', 15); },
             [](const QString& text) { return text; },
-            [](const DateTime& date) { return date.date.toString(u"dd.MM.yyyy"); },
+            [](const DateTime& date) { return dateToText({date.date}); },
         },
         value_);
 }

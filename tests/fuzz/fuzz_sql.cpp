@@ -109,8 +109,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         mustRun(connection, plan.rows);
         if (!plan.updatable)
             return;
-        mustRun(connection, plan.keys);
-        mustRun(connection, plan.rowByKeys);
+        mustRun(connection, selectKeys(plan));
+        mustRun(connection, selectRow(plan));
     });
     execute(connection, QStringLiteral("SAVEPOINT before"));
     mustTranslate([&] { mustRun(connection, translateAction(text, storedQuery)); });

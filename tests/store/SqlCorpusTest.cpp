@@ -24,18 +24,14 @@ void runSelect(test::SqlDatabase& database, const QString& sql) {
     database.raw(plan.rows);
     if (!plan.updatable)
         return;
-    database.raw(plan.keys);
-    database.raw(plan.rowByKeys);
+    database.raw(selectKeys(plan));
+    database.raw(selectRow(plan));
 }
 
 void runFind(test::SqlDatabase& database, const QString& source, const QString& criterion) {
     const SelectPlan plan = database.plan(source);
-    const QString found = translateCriterion(criterion, plan);
     ASSERT_TRUE(plan.updatable);
-    const QString filter =
-        plan.filter.isEmpty() ? found : u"(%1) AND (%2)"_s.arg(plan.filter, found);
-    database.raw(u"SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT 1"_s.arg(plan.keyColumns, plan.from,
-                                                                         filter, plan.order));
+    database.raw(selectKeys(plan, {translateCriterion(criterion, plan)}));
 }
 
 void run(test::SqlDatabase& database, const QStringList& line) {

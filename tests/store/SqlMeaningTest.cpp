@@ -16,7 +16,7 @@ class SqlMeaning : public testing::Test {
             u"insert into k_zaklad(idkod, meno, priezv, katcis, vek, datnar, datevi, matvla, "
             "postih, "
             "skola) values('NOVAKOJA00', 'Ján', 'Nováček ', ' 1 2a', 7, '29.2.2000', "
-            "'31.02.2005', true, '30', '')"_s);
+            "'31.2.2005', true, '30', '')"_s);
     }
 
     QString value(const QString& expression) {
@@ -46,7 +46,7 @@ TEST_F(SqlMeaning, JoiningAndAdding) {
         {u"'a' & 3.0", u"a3"},
         {u"meno & matvla", u"Ján-1"},
         {u"meno & datnar", u"Ján29.02.2000"},
-        {u"meno & datevi", u"Ján31.02.2005"},
+        {u"meno & datevi", u"Ján31.2.2005"},
         {u"meno & '''' & \"\"\"x'\"", u"Ján'\"x'"},
         {u"'O''Neil'", u"O'Neil"},
         {u"10 - 3 - 2", u"5"},
@@ -171,10 +171,13 @@ TEST_F(SqlMeaning, Format) {
         {u"format(datnar, 'dd') + '.' + format(datnar, 'mm') + '.' + format(datnar, 'yyyy')",
          u"29.02.2000"},
         {u"format(datnar, 'd.m.yy')", u"29.2.00"},
-        {u"format(datevi, 'dd') + '.' + format(datevi, 'mm') + '.' + format(datevi, 'yyyy')",
-         u"31.02.2005"},
         {u"format('1.9.2006', 'mm')", u"09"},
         {u"format('abc', 'dd')", u"abc"},
+        {u"format(psc,'dd') & '.' & format(psc,'mm')", u"."},
+        {u"format('neskôr','dd')+'/'+format('neskôr','mm')+' '+format('neskôr','yy')", u"neskôr"},
+        {u"'od '+format(datevi,'dd')+'.'+format(datevi,'mm')+'.'+format(datevi,'yyyy')+' - '+"
+         u"format(datnar,'dd')+'.'+format(datnar,'mm')+'.'+format(datnar,'yyyy')+'.'",
+         u"od 31.2.2005 - 29.02.2000."},
     });
 }
 
@@ -183,7 +186,8 @@ TEST_F(SqlMeaning, Dates) {
         {u"datevalue('1.9.2006')", u"2006-09-01"},
         {u"datevalue('31.2.2005')", u"<Null>"},
         {u"datevalue(psc)", u"<Null>"},
-        {u"#9/1/2006#", u"2006-09-01"},
+        {u"datevalue('2007-06-05 8:00')", u"2007-06-05"},
+        {u"#9/1/2006#", u"2006-01-09"},
         {u"#2006-09-01 10:30#", u"2006-09-01 10:30:00"},
         {u"dateserial(2006, 9, 1)", u"2006-09-01"},
         {u"dateserial(2006, 14, 1)", u"2007-02-01"},
@@ -197,7 +201,7 @@ TEST_F(SqlMeaning, Dates) {
         {u"isdate(datevi)", u"0"},
         {u"isdate(null)", u"0"},
         {u"isdate('31.2.2005')", u"0"},
-        {u"isdate('28.2.2005')", u"-1"},
+        {u"isdate('28. 2. 05')", u"-1"},
         {u"isdate(7)", u"0"},
         {u"year(datnar) & month(datnar) & day(datnar)", u"2000229"},
         {u"year(datevi)", u"<Null>"},
@@ -232,7 +236,7 @@ TEST_F(SqlMeaning, DateColumnsThatHoldOtherTexts) {
         {u"datum between datevalue('31.8.2007') and datevalue('1.9.2007')", u"ABC"},
         {u"datum not between datevalue('1.1.2007') and datevalue('31.8.2007')", u"BC"},
         {u"datum in (datevalue('31.8.2007'), datevalue('1.9.2007'))", u"AC"},
-        {u"datum >= #8/31/2007 10:00#", u"BC"},
+        {u"datum >= #31/8/2007 10:00#", u"BC"},
         {u"isdate(datum)", u"ABC"},
         {u"isdate(datum) = false", u"DEF"},
         {u"isnull(datum) = false", u"ABCDE"},
@@ -281,31 +285,16 @@ TEST_F(SqlMeaning, NullsSortFirstAndASumWithOneIsOne) {
 /// An assignment, and what lies in the column then or the error that the statement ends with.
 TEST_F(SqlMeaning, WritingToColumns) {
     const Meaning writings[] = {
-        {u"psc = '01001'", u"01001"},
-        {u"psc = ' 1 '", u" 1 "},
-        {u"psc = ''", u""},
-        {u"psc = 1001", u"1001"},
         {u"psc = 'čšťžýá'", u"TVK:3163:psc"},
-        {u"psc = 'čšťžý'", u"čšťžý"},
-        {u"psc = '\U0001F600\U0001F600\U0001F600'", u"TVK:3163:psc"},
         {u"meno = datnar", u"29.02.2000"},
-        {u"datnar = '1.9.2006'", u"2006-09-01"},
-        {u"datnar = '1.9.2006 8:05'", u"2006-09-01 08:05:00"},
+        {u"meno = datevi", u"31.2.2005"},
+        {u"datnar = '5. 6. 07 8:05'", u"2007-06-05 08:05:00"},
         {u"datnar = '31.02.2005'", u"~31.02.2005"},
-        {u"datnar = ''", u"TVK:3421:datnar"},
-        {u"datnar = '  '", u"TVK:3421:datnar"},
-        {u"datnar = null", u"<Null>"},
         {u"datnar = datevalue('31.2.2005')", u"<Null>"},
-        {u"datnar = datevi", u"~31.02.2005"},
-        {u"vek = '12'", u"12"},
-        {u"vek = 2.5", u"2"},
-        {u"vek = true", u"-1"},
-        {u"vek = ''", u"TVK:3421:vek"},
-        {u"vek = 'x'", u"TVK:3421:vek"},
-        {u"vek = 3000000000", u"TVK:3421:vek"},
-        {u"matvla = 5", u"-1"},
-        {u"matvla = false", u"0"},
-        {u"matvla = null", u"0"},
+        {u"datnar = datevi", u"~31.2.2005"},
+        {u"datnar = '  '", u"TVK:3421:datnar"},
+        {u"vek = val(psc)", u"<Null>"},
+        {u"matvla = (psc = 'x')", u"0"},
         {u"vek = 'x' + 1", u"TVK:3464:x"},
         {u"vek = 1 / 0", u"TVK:3464:0"},
         {u"vek = 1 mod 0", u"TVK:3464:0"},

@@ -14,6 +14,10 @@ class SqlPlan : public testing::Test {
         return names;
     }
 
+    QString stepsOf(const QString& statement) {
+        return database_.raw(u"EXPLAIN QUERY PLAN "_s + statement).join(u'\n');
+    }
+
     test::SqlDatabase database_;
 };
 
@@ -121,10 +125,8 @@ TEST_F(SqlPlan, SearchesUseIndexes) {
     for (const auto& [source, criterion, index] : cases) {
         SCOPED_TRACE(QString::fromUtf16(criterion).toStdString());
         const SelectPlan plan = database_.plan(QString::fromUtf16(source));
-        const QString search = u"EXPLAIN QUERY PLAN SELECT %1 FROM %2 WHERE %3 ORDER BY %4"_s.arg(
-            plan.keyColumns, plan.from, translateCriterion(QString::fromUtf16(criterion), plan),
-            plan.order);
-        const QString steps = database_.raw(search).join(u'\n');
+        const QString steps =
+            stepsOf(selectKeys(plan, {translateCriterion(QString::fromUtf16(criterion), plan)}));
         EXPECT_TRUE(steps.contains(QString::fromUtf16(index))) << steps.toStdString();
     }
 }
@@ -133,7 +135,7 @@ TEST_F(SqlPlan, ListsAreReadInTheOrderOfAnIndex) {
     for (const char16_t* order : {u"priezv, meno", u"val(katcis)", u"idkod"}) {
         const SelectPlan plan =
             database_.plan(u"select * from k_zaklad order by "_s + QString::fromUtf16(order));
-        const QString steps = database_.raw(u"EXPLAIN QUERY PLAN "_s + plan.keys).join(u'\n');
+        const QString steps = stepsOf(selectKeys(plan));
         EXPECT_FALSE(steps.contains(u"TEMP B-TREE")) << steps.toStdString();
     }
 }

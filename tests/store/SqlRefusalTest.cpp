@@ -163,6 +163,26 @@ TEST_F(SqlRefusal, OfWhatIsTooComplex) {
     EXPECT_EQ(test::errorOf([&] { database_.plan(longest); }).first, 3075);
 }
 
+/// The translation of a chain grows with its length (doubling at each operand it would not end),
+/// and what SQLite could not read of it is refused.
+TEST_F(SqlRefusal, ComesAtOnceForLongChains) {
+    const std::pair<const char16_t*, int> chains[] = {
+        {u"meno + ", 0}, {u"meno & ", 0}, {u"vek + ", 0},
+        {u"'1' - ", 0},  {u"vek * ", 0},  {u"'a' + 1 + ", 3360},
+    };
+    for (const auto& [term, number] : chains) {
+        const QString chain = QString::fromUtf16(term);
+        const auto translate = [&](int times) {
+            return test::errorOf([&] {
+                       database_.plan(u"select %1vek from k_zaklad"_s.arg(chain.repeated(times)));
+                   })
+                .first;
+        };
+        EXPECT_EQ(translate(40), number) << chain.toStdString();
+        EXPECT_EQ(translate(400), 3360) << chain.toStdString();
+    }
+}
+
 TEST_F(SqlRefusal, OfASignThatEndsTexts) {
     const QString sql = u"select 'a"_s + QChar(0) + u"' from k_zaklad"_s;
     EXPECT_EQ(test::errorOf([&] { database_.plan(sql); }).first, 3075);

@@ -101,6 +101,46 @@ bool isBooleanLiteral(const Expression& expression) {
     return expression.node == Node::Literal && expression.kind == ValueKind::Boolean;
 }
 
+bool isTextLiteral(const Expression& expression) {
+    return expression.node == Node::Literal && expression.kind == ValueKind::Text;
+}
+
+bool isSeparatorLiteral(const Expression& expression) {
+    return isTextLiteral(expression) && isDateSeparator(expression.text);
+}
+
+bool isDateFormat(const Expression& expression) {
+    return hasForm(expression, Form::Format) &&
+           formatKind(expression.parts[1]->text) == FormatKind::Date;
+}
+
+/// A sum of a text and a number, which is known only when it runs.
+bool isMixedSum(const Expression& expression) {
+    const ValueKind left = expression.parts[0]->kind;
+    const ValueKind right = expression.parts[1]->kind;
+    return expression.op == Operator::Add && expression.kind == ValueKind::Number &&
+           left != right && (left == ValueKind::Text || right == ValueKind::Text);
+}
+
+/// The operands of one operator from left to right. They are written without parentheses, so that
+/// long chains stay flat, and each of them once.
+std::vector<const Expression*> chainOf(const Expression& expression) {
+    std::vector<const Expression*> operands;
+    const auto goesOn = [&](const Expression& first) {
+        const bool isSame = first.node == Node::Binary && first.op == expression.op;
+        return isSame &&
+               (first.op != Operator::Add || (first.kind == expression.kind && !isMixedSum(first)));
+    };
+    const Expression* first = &expression;
+    do {
+        operands.push_back(first->parts[1].get());
+        first = first->parts[0].get();
+    } while (goesOn(*first));
+    operands.push_back(first);
+    std::ranges::reverse(operands);
+    return operands;
+}
+
 /// A date expression that never holds a text that is no date.
 bool isProper(const Expression& expression) {
     return expression.node == Node::Literal ||
@@ -263,53 +303,70 @@ QString Emitter::name(const Expression& expression) const {
 
 QString Emitter::binary(const Expression& expression) const {
     if (expression.op == Operator::Join)
-        return join(expression);
+        return joined(expression, true);
     if (expression.op == Operator::Add)
         return sum(expression);
     return arithmetic(expression);
 }
 
-/// Left to right without parentheses, so that long chains stay flat.
-QString Emitter::chain(const Expression& expression, const QString& sign, const QString& left,
-                       const QString& right) const {
-    const Expression& first = *expression.parts[0];
-    const bool goesOn = first.node == Node::Binary && first.op == expression.op &&
-                        (expression.op != Operator::Add || first.kind == expression.kind);
-    return (goesOn ? value(first) : left) + sign + right;
+/// How many operands from one on show parts of one date with separators between them, as in
+/// format(x,'dd') + '.' + format(x,'mm'), and what they are together.
+Emitter::DateParts Emitter::dateParts(const Chain& operands, std::size_t first) const {
+    DateParts parts;
+    const auto date = [&](std::size_t at) {
+        return this->date(*operands[at]->parts[0]);
+    };
+    if (!isDateFormat(*operands[first]))
+        return parts;
+    parts.format = operands[first]->parts[1]->text;
+    parts.date = date(first);
+    std::size_t last = first;
+    while (last + 2 < operands.size() && isSeparatorLiteral(*operands[last + 1]) &&
+           isDateFormat(*operands[last + 2]) && date(last + 2) == parts.date) {
+        parts.separators += operands[last + 1]->text;
+        parts.format += operands[last + 1]->text + operands[last + 2]->parts[1]->text;
+        last += 2;
+    }
+    parts.count = last - first + 1;
+    return parts;
 }
 
-QString Emitter::join(const Expression& expression) const {
-    const auto part = [this](const Expression& operand) {
-        const bool isNeverNull = operand.node == Node::Literal && operand.kind == ValueKind::Text;
-        return isNeverNull ? value(operand)
-                           : callOf("coalesce", {text(operand), QStringLiteral("''")});
+/// Parts of one date are shown by one call, so that a text that is no date is shown once.
+/// @param nullIsEmpty whether a Null counts as an empty text
+QString Emitter::joined(const Expression& expression, bool nullIsEmpty) const {
+    const Chain operands = chainOf(expression);
+    const auto term = [&](const QString& sql, const QString& instead) {
+        return nullIsEmpty ? callOf("coalesce", {sql, sqlText(instead)}) : sql;
     };
-    return chain(expression, signOf(Operator::Join), part(*expression.parts[0]),
-                 part(*expression.parts[1]));
+    QStringList terms;
+    for (std::size_t at = 0; at < operands.size();) {
+        const Expression& operand = *operands[at];
+        const DateParts date = dateParts(operands, at);
+        if (date.count > 1)
+            terms << term(callOf("tvk_format_date", {date.date, sqlText(date.format)}),
+                          date.separators);
+        else if (isTextLiteral(operand))
+            terms << value(operand);
+        else
+            terms << term(nullIsEmpty ? text(operand) : this->operand(operand), {});
+        at += std::max<std::size_t>(date.count, 1);
+    }
+    return terms.join(signOf(Operator::Join));
 }
 
 QString Emitter::sum(const Expression& expression) const {
-    const Expression& left = *expression.parts[0];
-    const Expression& right = *expression.parts[1];
-    const bool isMixed = left.kind != right.kind &&
-                         (left.kind == ValueKind::Text || right.kind == ValueKind::Text) &&
-                         expression.kind == ValueKind::Number;
-    if (isMixed)
-        return callOf("tvk_plus", {value(left), value(right)});
-    const bool joins = expression.kind == ValueKind::Text;
-    return chain(expression, signOf(joins ? Operator::Join : Operator::Add), operand(left),
-                 operand(right));
+    if (isMixedSum(expression))
+        return callOf("tvk_plus", {value(*expression.parts[0]), value(*expression.parts[1])});
+    return expression.kind == ValueKind::Text ? joined(expression, false) : arithmetic(expression);
 }
 
 QString Emitter::arithmetic(const Expression& expression) const {
-    const Expression& left = *expression.parts[0];
-    const Expression& right = *expression.parts[1];
     if (const char* function = functionOf(expression.op))
-        return callOf(function, {number(left), number(right)});
-    const auto part = [this](const Expression& side) {
-        return side.kind == ValueKind::Text ? number(side) : operand(side);
-    };
-    return chain(expression, signOf(expression.op), part(left), part(right));
+        return callOf(function, {number(*expression.parts[0]), number(*expression.parts[1])});
+    QStringList terms;
+    for (const Expression* part : chainOf(expression))
+        terms << (part->kind == ValueKind::Text ? number(*part) : operand(*part));
+    return terms.join(signOf(expression.op));
 }
 
 QString Emitter::logical(const Expression& expression, bool filters) const {
@@ -493,32 +550,18 @@ QString Emitter::format(const Expression& expression) const {
 // Writing to columns
 
 QString Emitter::forColumn(const Expression& expression, const SourceColumn& column) const {
-    const QString columnName = sqlText(column.name);
-    const bool isText = expression.kind == ValueKind::Text;
     const bool isDateValue = expression.kind == ValueKind::Date;
-    if (expression.kind == ValueKind::Null)
-        return column.kind == ValueKind::Boolean ? QStringLiteral("0") : value(expression);
     const bool takesDate = column.kind == ValueKind::Date;
-    const bool isNumeric = !isText && !isDateValue;
+    const bool isNumeric =
+        expression.kind == ValueKind::Number || expression.kind == ValueKind::Boolean;
     if ((takesDate && isNumeric) || (isDateValue && !takesDate && column.kind != ValueKind::Text))
         throw EngineError(ErrorNumber::TypeConversion, QString::fromUtf16(messages::typeMismatch),
                           column.name);
-    switch (*column.type) {
-    case ColumnType::Text:
-        return callOf("tvk_fit", {text(expression), QString::number(column.width), columnName});
-    case ColumnType::Memo:
-        return text(expression);
-    case ColumnType::Date:
-        return isText ? callOf("tvk_to_date", {value(expression), columnName}) : value(expression);
-    case ColumnType::Boolean:
-        return callOf("coalesce", {callOf("tvk_to_boolean", {value(expression), columnName}),
-                                   QStringLiteral("0")});
-    case ColumnType::Whole:
-        return callOf("tvk_to_whole", {value(expression), columnName});
-    case ColumnType::Number:
-        return callOf("tvk_to_number", {value(expression), columnName});
-    }
-    return value(expression);
+    if (isDateValue && takesDate)
+        return value(expression);
+    return callOf("tvk_to_column", {isDateValue ? text(expression) : value(expression),
+                                    QString::number(static_cast<int>(*column.type)),
+                                    QString::number(column.width), sqlText(column.name)});
 }
 
 // SQLite's side

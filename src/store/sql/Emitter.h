@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace store::sql {
 
 /// Writes bound expressions in SQLite's SQL.
@@ -25,6 +27,14 @@ class Emitter {
     QString forColumn(const Expression& expression, const SourceColumn& column) const;
 
   private:
+    using Chain = std::vector<const Expression*>;
+    struct DateParts {
+        std::size_t count = 0;
+        QString date;
+        QString format;
+        QString separators;
+    };
+
     QString condition(const Expression& expression) const;
     QString text(const Expression& expression) const;
     QString number(const Expression& expression) const;
@@ -35,11 +45,10 @@ class Emitter {
     QString literal(const Expression& expression) const;
     QString name(const Expression& expression) const;
     QString binary(const Expression& expression) const;
-    QString join(const Expression& expression) const;
+    DateParts dateParts(const Chain& operands, std::size_t first) const;
+    QString joined(const Expression& expression, bool nullIsEmpty) const;
     QString sum(const Expression& expression) const;
     QString arithmetic(const Expression& expression) const;
-    QString chain(const Expression& expression, const QString& sign, const QString& left,
-                  const QString& right) const;
     QString logical(const Expression& expression, bool filters) const;
     QString comparison(const Expression& expression, bool filters) const;
     QString comparedWithBoolean(const Expression& expression) const;

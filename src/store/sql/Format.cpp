@@ -1,7 +1,5 @@
 #include "store/sql/Format.h"
 
-#include <QList>
-
 #include <algorithm>
 #include <cmath>
 
@@ -9,21 +7,20 @@ namespace store::sql {
 
 namespace {
 
-/// What a token of a date format shows of a date and of the parts of a text "d.m.yyyy".
+/// What a token of a date format shows of a date.
 struct DateToken {
     QStringView token;
     int (*part)(const DateTime& date) = nullptr;
     int width = 0;
-    int textPart = 0;
 };
 
 constexpr DateToken dateTokens[] = {
-    {u"yyyy", [](const DateTime& d) { return d.date.year(); }, 4, 2},
-    {u"yy", [](const DateTime& d) { return d.date.year() % 100; }, 2, 2},
-    {u"mm", [](const DateTime& d) { return d.date.month(); }, 2, 1},
-    {u"m", [](const DateTime& d) { return d.date.month(); }, 1, 1},
-    {u"dd", [](const DateTime& d) { return d.date.day(); }, 2, 0},
-    {u"d", [](const DateTime& d) { return d.date.day(); }, 1, 0},
+    {u"yyyy", [](const DateTime& d) { return d.date.year(); }, 4},
+    {u"yy", [](const DateTime& d) { return d.date.year() % 100; }, 2},
+    {u"mm", [](const DateTime& d) { return d.date.month(); }, 2},
+    {u"m", [](const DateTime& d) { return d.date.month(); }, 1},
+    {u"dd", [](const DateTime& d) { return d.date.day(); }, 2},
+    {u"d", [](const DateTime& d) { return d.date.day(); }, 1},
 };
 
 bool consistsOf(QStringView text, QStringView signs) {
@@ -66,27 +63,6 @@ QString padded(const QString& digits, int width) {
     return digits.rightJustified(width, u'0');
 }
 
-bool isWholeNumber(QStringView text) {
-    return !text.isEmpty() && consistsOf(text, u"0123456789");
-}
-
-QString shownPart(const Value& value, const QStringList& parts, const DateToken& token) {
-    if (const auto* date = std::get_if<DateTime>(&value.variant()))
-        return padded(QString::number(token.part(*date)), token.width);
-    if (parts.isEmpty())
-        return value.toText();
-    return padded(parts[token.textPart], token.width);
-}
-
-/// Day, month and year of a text of the shape "d.m.yyyy"; empty when it has another shape.
-QStringList partsOfNonDate(const QString& text) {
-    const QStringList parts = text.trimmed().split(u'.');
-    const bool isShaped = parts.size() == 3 && std::ranges::all_of(parts, [](const QString& part) {
-                              return isWholeNumber(part);
-                          });
-    return isShaped ? parts : QStringList();
-}
-
 QString inCase(const QString& text, QStringView format) {
     if (format.contains(u'<'))
         return text.toLower();
@@ -110,6 +86,10 @@ FormatKind formatKind(QStringView format) {
     if (consistsOf(format, u"0#.") && containsAny(format, u"0#") && format.count(u'.') <= 1)
         return FormatKind::Number;
     return isDateFormat(format) ? FormatKind::Date : FormatKind::Unknown;
+}
+
+bool isDateSeparator(QStringView text) {
+    return !text.isEmpty() && std::ranges::all_of(text, isSeparator);
 }
 
 QString formatText(const QString& text, QStringView format) {
@@ -156,11 +136,14 @@ QString formatNumber(double number, QStringView format) {
 }
 
 QString formatDate(const Value& value, QStringView format) {
-    const QStringList parts = value.isDate() ? QStringList() : partsOfNonDate(value.toText());
+    const auto* date = std::get_if<DateTime>(&value.variant());
+    if (!date)
+        return value.toText();
     QString result;
     while (!format.isEmpty()) {
         const DateToken* token = isSeparator(format[0]) ? nullptr : tokenAt(format);
-        result += token ? shownPart(value, parts, *token) : QString(format[0]);
+        result +=
+            token ? padded(QString::number(token->part(*date)), token->width) : QString(format[0]);
         format = format.sliced(token ? token->token.size() : 1);
     }
     return result;

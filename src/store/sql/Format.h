@@ -19,8 +19,10 @@ FormatKind formatKind(QStringView format);
 QString formatText(const QString& text, QStringView format);
 /// Writes a number in a format of kind Number.
 QString formatNumber(double number, QStringView format);
+/// Whether a text is one or more of the signs that may stand between the parts of a date.
+bool isDateSeparator(QStringView text);
 /// Writes a value of a date column in a format of kind Date. A text that is no calendar date gives
-/// the part that stands in the place of day, month or year, or itself when it has no such parts.
+/// itself.
 QString formatDate(const Value& value, QStringView format);
 
 } // namespace store::sql

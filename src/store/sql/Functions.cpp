@@ -1,7 +1,8 @@
 #include "store/sql/Functions.h"
 
+#include "store/Dates.h"
 #include "store/EngineError.h"
-#include "store/SqlFunctions.h"
+#include "store/StoredValue.h"
 #include "store/sql/Format.h"
 #include "store/sql/Like.h"
 #include "store/sql/Numbers.h"
@@ -74,7 +75,19 @@ class Call {
         const qint64 wanted = whole(i);
         return wanted < least ? (refuse(text(i)), 0) : static_cast<std::size_t>(wanted);
     }
-    Value date(int i) { return dateFromColumn(string(i)); }
+    Value date(int i) { return dateFromColumn(text(i)); }
+    Value value(int i) {
+        switch (sqlite3_value_type(arguments_[i])) {
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            return qint64{sqlite3_value_int64(arguments_[i])};
+        case SQLITE_FLOAT:
+            return sqlite3_value_double(arguments_[i]);
+        default:
+            return string(i);
+        }
+    }
 
     void give(std::string_view text) {
         sqlite3_result_text64(context_, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
@@ -85,6 +98,14 @@ class Call {
     }
     void give(qint64 number) { sqlite3_result_int64(context_, number); }
     void give(double number) { sqlite3_result_double(context_, number); }
+    void giveCell(const Cell& cell) {
+        if (const auto* text = std::get_if<std::string>(&cell))
+            give(*text);
+        else if (const auto* number = std::get_if<double>(&cell))
+            give(*number);
+        else
+            std::holds_alternative<qint64>(cell) ? give(std::get<qint64>(cell)) : giveNull();
+    }
     void giveArgument(int i) { sqlite3_result_value(context_, arguments_[i]); }
     void giveNull() { sqlite3_result_null(context_); }
 
@@ -209,7 +230,7 @@ void number(Call& call) {
 }
 
 void text(Call& call) {
-    call.give(std::string(call.text(0)));
+    call.give(call.text(0));
 }
 
 /// Joins two texts, adds all else.
@@ -261,14 +282,12 @@ void dateValue(Call& call) {
 void dateText(Call& call) {
     const Value value = call.date(0);
     const auto* date = std::get_if<DateTime>(&value.variant());
-    const bool hasTime = date && date->time.msecsSinceStartOfDay() != 0;
-    call.give(value.toText() + (hasTime ? date->time.toString(u" HH:mm:ss") : QString()));
+    call.give(date ? dateToText(*date) : value.toText());
 }
 
 /// A text as a date column would hold it, the empty one included.
 void asDate(Call& call) {
-    const auto date = readDate(call.string(0));
-    call.give(date ? dateToColumn(*date) : nonDateToColumn(call.string(0)));
+    call.give(textToDateColumn(call.string(0)));
 }
 
 /// Months and days may lie outside their bounds, two-digit years are of 1930 to 2029.
@@ -307,56 +326,31 @@ void formatDateCall(Call& call) {
     call.give(formatDate(call.date(0), call.string(1)));
 }
 
-// What is written to a column: (value, name of the column), with the width for a text between.
-
-/// Widths count the units that an entry field counts.
-void fitText(Call& call) {
-    if (static_cast<std::size_t>(call.string(0).size()) > call.size(1))
-        refuse(call.text(2), ErrorNumber::DataTypeOverflow);
-    call.give(std::string(call.text(0)));
-}
-
-void toDateColumn(Call& call) {
-    if (call.text(0).find_first_not_of(' ') == std::string_view::npos)
-        refuse(call.text(1), ErrorNumber::TypeConversion);
-    asDate(call);
-}
-
-double numberForColumn(Call& call) {
-    const auto number =
-        call.isText(0) ? wholeTextAsNumber(call.text(0)) : std::optional(call.number(0));
-    return number && std::isfinite(*number)
-               ? *number
-               : (refuse(call.text(1), ErrorNumber::TypeConversion), 0);
-}
-
-void toWholeColumn(Call& call) {
-    const double rounded = std::nearbyint(numberForColumn(call));
-    if (std::abs(rounded) > std::numeric_limits<qint32>::max())
-        refuse(call.text(1), ErrorNumber::TypeConversion);
-    call.give(static_cast<qint64>(rounded));
-}
-
-void toNumberColumn(Call& call) {
-    call.give(numberForColumn(call));
-}
-void toBooleanColumn(Call& call) {
-    call.give(qint64{numberForColumn(call) != 0 ? -1 : 0});
+/// A value as its column takes it: (value, type, width, name of the column).
+void toColumn(Call& call) {
+    OutputColumn column;
+    column.type = static_cast<ColumnType>(call.whole(1));
+    column.width = static_cast<int>(call.whole(2));
+    column.name = call.string(3);
+    call.giveCell(toCell(call.value(0), column));
 }
 
 std::string refusalText(const Refusal& refusal) {
     return "TVK:" + std::to_string(static_cast<int>(refusal.number)) + ":" + refusal.place;
 }
 
-template <void (*function)(Call&)>
+template <void (*function)(Call&), bool takesNull = false>
 void run(sqlite3_context* context, int count, sqlite3_value** arguments) {
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count && !takesNull; ++i)
         if (sqlite3_value_type(arguments[i]) == SQLITE_NULL)
             return sqlite3_result_null(context);
     try {
         Call call(context, count, arguments);
         function(call);
     } catch (const Refusal& refusal) {
+        sqlite3_result_error(context, refusalText(refusal).c_str(), -1);
+    } catch (const EngineError& error) {
+        const Refusal refusal{error.number(), error.place().toStdString()};
         sqlite3_result_error(context, refusalText(refusal).c_str(), -1);
     } catch (const std::bad_alloc&) {
         sqlite3_result_error_nomem(context);
@@ -395,11 +389,7 @@ constexpr RuntimeFunction functions[] = {
     {"tvk_format_text", 2, run<formatTextCall>},
     {"tvk_format_number", 2, run<formatNumberCall>},
     {"tvk_format_date", 2, run<formatDateCall>},
-    {"tvk_fit", 3, run<fitText>},
-    {"tvk_to_date", 2, run<toDateColumn>},
-    {"tvk_to_whole", 2, run<toWholeColumn>},
-    {"tvk_to_number", 2, run<toNumberColumn>},
-    {"tvk_to_boolean", 2, run<toBooleanColumn>},
+    {"tvk_to_column", 4, run<toColumn, true>},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "store/sql/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -7,6 +8,8 @@
 namespace store::sql {
 
 namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -67,20 +70,21 @@ double readNumber(std::string text) {
 double leadingNumber(std::string_view text) {
     std::string dense;
     for (const char c : text)
-        if (c != ' ' && c != '\t' && c != '\n')
+        if (blanks.find(c) == std::string_view::npos)
             dense += c;
     const std::size_t length = numberLength(dense);
     return length == 0 ? 0 : readNumber(dense.substr(0, length));
 }
 
 std::optional<double> wholeTextAsNumber(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};
-    text = text.substr(first, text.find_last_not_of(' ') + 1 - first);
-    if (numberLength(text) != text.size())
+    std::string pointed(text.substr(first, text.find_last_not_of(blanks) + 1 - first));
+    std::ranges::replace(pointed, ',', '.');
+    if (numberLength(pointed) != pointed.size())
         return {};
-    return readNumber(std::string(text));
+    return readNumber(std::move(pointed));
 }
 
 std::string numberText(double number) {

@@ -6,12 +6,12 @@
 
 namespace store::sql {
 
-// All of this reads and writes the point, whatever the locale.
+// Nothing here depends on the locale.
 
 /// The engine's Val: blanks anywhere are skipped, reading stops at the first sign that can't be
 /// part of a number; 0 when there is none.
 double leadingNumber(std::string_view text);
-/// The number that a text is from end to end, blanks around it aside.
+/// The number that a text is from end to end, blanks around it aside; with a point or a comma.
 std::optional<double> wholeTextAsNumber(std::string_view text);
 /// A number in at most 15 digits, without a point when it is whole.
 std::string numberText(double number);

@@ -1,9 +1,7 @@
 #include "store/sql/Parser.h"
 
-#include "store/SqlFunctions.h"
+#include "store/Dates.h"
 #include "store/sql/Messages.h"
-
-#include <QList>
 
 #include <algorithm>
 
@@ -15,21 +13,6 @@ namespace {
 constexpr int deepestNesting = 60;
 /// How high the tree of one expression may grow; SQLite refuses trees of 1,000.
 constexpr int greatestHeight = 200;
-
-/// Reads "m/d/yyyy", "yyyy-mm-dd" or "d.m.yyyy", each with an optional time.
-std::optional<DateTime> readDateLiteral(const QString& text) {
-    const QString trimmed = text.trimmed();
-    const qsizetype blank = trimmed.indexOf(u' ');
-    const QString day = blank < 0 ? trimmed : trimmed.first(blank);
-    const QString time = blank < 0 ? QString() : trimmed.sliced(blank);
-    const QStringList bySlash = day.split(u'/');
-    const QStringList byHyphen = day.split(u'-');
-    if (bySlash.size() == 3)
-        return readDate(QStringList{bySlash[1], bySlash[0], bySlash[2]}.join(u'.') + time);
-    if (byHyphen.size() == 3)
-        return readDate(QStringList{byHyphen[2], byHyphen[1], byHyphen[0]}.join(u'.') + time);
-    return readDate(trimmed);
-}
 
 } // namespace
 
@@ -504,12 +487,12 @@ ExpressionPtr Parser::literal() {
 
 ExpressionPtr Parser::dateLiteral() {
     const Token token = expect(TokenKind::Date);
-    const auto date = readDateLiteral(token.text);
+    const auto date = readDate(token.text);
     if (!date)
         throw errorAt(sql_, token.place, messages::badDate);
     ExpressionPtr result = leaf(Expression::Node::Literal, token.place);
     result->kind = ValueKind::Date;
-    result->text = dateToColumn(*date);
+    result->text = QString::fromStdString(dateToColumn(*date));
     return result;
 }
 

@@ -296,9 +296,7 @@ class Planner {
                 terms << (order.descending ? term + QStringLiteral(" DESC") : term);
         }
         plan_.inRowidOrder = plan_.updatable && terms.isEmpty() && scope_.sources.size() == 1;
-        const bool isAscending = std::ranges::none_of(statement_.orderBy, &OrderTerm::descending);
-        const bool endsWithRowid = plan_.updatable && isAscending && scope_.sources.size() == 1;
-        if (endsWithRowid)
+        if (plan_.updatable && scope_.sources.size() == 1)
             terms << sqlName(scope_.sources[0].alias) + QStringLiteral(".rowid");
         plan_.order = terms.join(comma);
     }
@@ -359,10 +357,10 @@ class Planner {
             clause(u" HAVING ", having) + order;
         checkComplexity(plan_.rows, sql_);
         if (plan_.updatable)
-            writeKeys(from + where + order);
+            writeKeys();
     }
 
-    void writeKeys(const QString& rest) {
+    void writeKeys() {
         QStringList keys;
         QStringList tables;
         QStringList conditions;
@@ -377,13 +375,12 @@ class Planner {
             conditions << rowid + QStringLiteral(" IS ") + parameter;
         }
         plan_.keyColumns = keys.join(comma);
-        plan_.keys = QStringLiteral("SELECT ") + plan_.keyColumns + rest;
         const bool isOne = scope_.sources.size() == 1;
         plan_.rowByKeys =
-            QStringLiteral("SELECT ") + selectList(false) + QStringLiteral(" FROM ") +
+            QStringLiteral(" FROM ") +
             (isOne ? plan_.from : QStringLiteral("(SELECT 1)") + tables.join(QString())) +
             QStringLiteral(" WHERE ") + conditions.join(QStringLiteral(" AND "));
-        checkComplexity(plan_.rowByKeys, sql_);
+        checkComplexity(QStringLiteral("SELECT ") + selectList(false) + plan_.rowByKeys, sql_);
     }
 
     const QString& sql_;
