@@ -46,6 +46,7 @@ RuledFields::RuledFields(QWidget& window, forms::FocusGuard& guard, const FieldS
     for (const FieldRow& row : rows_) {
         auto* made = new forms::EntryField(parent);
         made->setMaxTyped(row.maxLength);
+        made->setDigitsOnly(row.digitsOnly);
         made->setToolTip(QString::fromUtf16(row.toolTip));
         if (!row.tabStop)
             made->setFocusPolicy(Qt::ClickFocus);

@@ -52,11 +52,6 @@ class Binding : public QObject {
     void bind(Widget& field, const QString& column) {
         tie(field, field, column);
     }
-    /// The field keeps its text, and neither shows nor writes a column from now on.
-    template <BoundWidget Widget>
-    void unbind(Widget& field) {
-        untie(field);
-    }
 
     /// The open row has fields that differ from it.
     bool dataChanged() const;

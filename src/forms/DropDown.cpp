@@ -1,5 +1,6 @@
 #include "forms/DropDown.h"
 
+#include "forms/Guard.h"
 #include "store/DataSource.h"
 
 #include <QAbstractItemView>
@@ -14,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace forms {
 
@@ -45,13 +47,16 @@ DropDown::DropDown(QWidget* parent, Kind kind) : QComboBox(parent), kind_(kind) 
     setModel(&rows_);
     if (kind == Kind::Editable) {
         setEditable(true);
+        setLineEdit(new EntryField(this));
         setCompleter(nullptr);
         // The box would look for the text among all lines, and choose it, when it is left.
         disconnect(lineEdit(), nullptr, this, nullptr);
-        connect(lineEdit(), &QLineEdit::textEdited, this, &DropDown::textTyped);
+        connect(lineEdit(), &QLineEdit::textEdited, this,
+                [this](const QString& typed) { guarded(this, [&] { textTyped(typed); }); });
         lineEdit()->installEventFilter(this);
     }
-    connect(this, &QComboBox::activated, this, &DropDown::chosen);
+    connect(this, &QComboBox::activated, this,
+            [this](int row) { guarded(this, [&] { chosen(row); }); });
 }
 
 void DropDown::setItems(const QStringList& items) {
@@ -137,22 +142,42 @@ bool DropDown::isOpened() const {
 }
 
 void DropDown::showPopup() {
-    const int before = rows_.sourceRow();
+    guarded(this, [this] { open(); });
+}
+
+/// Takes up the rows; the pick and the text stay.
+void DropDown::load() {
+    const QString kept = text();
+    rows_.load();
+    show(pick_, kept);
+}
+
+void DropDown::open() {
+    load();
+    const int sourceRow = rows_.sourceRow();
+    servedBefore_ = served_ != nullptr ? served_->text() : QString();
     Q_EMIT clicked(Area::Button);
     if (!isVisible() || !isEnabled() || window()->focusWidget() != this)
         return;
-    const QString kept = text();
-    const int pick = pick_;
-    rows_.load();
-    show(pick, kept);
-    pickBefore_ = pick;
-    textBefore_ = kept;
+    // The rule may have refreshed the source.
+    load();
+    textBefore_ = text();
+    pickBefore_ = pick_;
     sought_.clear();
-    const int now = rows_.sourceRow();
     QComboBox::showPopup();
-    const QModelIndex line = rows_.index(pick < 0 || now != before ? now : pick, 0);
+    const QModelIndex line = rows_.index(openingLine(sourceRow), 0);
     view()->setCurrentIndex(line);
     view()->scrollTo(line, QAbstractItemView::PositionAtCenter);
+}
+
+int DropDown::openingLine(int sourceRowBefore) const {
+    const int sourceRow = rows_.sourceRow();
+    if (sourceRow != sourceRowBefore)
+        return sourceRow;
+    if (pick_ >= 0)
+        return pick_;
+    const QString sought = served_ != nullptr ? servedBefore_.trimmed() : QString();
+    return sought.isEmpty() ? sourceRow : rows_.lineOf(sought);
 }
 
 bool DropDown::eventFilter(QObject* watched, QEvent* event) {
@@ -160,8 +185,10 @@ bool DropDown::eventFilter(QObject* watched, QEvent* event) {
         Q_EMIT clicked(Area::Edit);
     if (watched != view() || !isOpened())
         return QComboBox::eventFilter(watched, event);
-    if (event->type() == QEvent::KeyPress)
-        return listKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::KeyPress) {
+        guarded(this, [&] { listKey(*static_cast<QKeyEvent*>(event)); });
+        return true;
+    }
     // The box would already act on the announcement of Enter and Esc.
     if (event->type() == QEvent::ShortcutOverride) {
         event->accept();
@@ -170,35 +197,43 @@ bool DropDown::eventFilter(QObject* watched, QEvent* event) {
     return QComboBox::eventFilter(watched, event);
 }
 
-bool DropDown::listKey(QKeyEvent& event) {
+void DropDown::listKey(QKeyEvent& event) {
     if (opensOrCloses(event))
         hidePopup();
     else if (moves(event))
-        return true;
+        return;
     else if (event.key() == Qt::Key_Backspace)
         sought_.chop(1);
     else if (isPrintable(event.text()))
         findTyped(event.text());
     else
         endList(event);
-    return true;
 }
 
 /// Enter takes the line, Esc gives the former pick back; then the key acts on the closed field.
+/// Enter without a line has nothing to take into the field, so it is as Esc.
 void DropDown::endList(QKeyEvent& event) {
-    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     const bool tabs = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
-    if (!enters && !tabs && event.key() != Qt::Key_Escape)
-        return;
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     const int row = view()->currentIndex().row();
+    const bool givesUp = event.key() == Qt::Key_Escape || (enters && row < 0 && served_ != nullptr);
+    if (!enters && !tabs && !givesUp)
+        return;
     hidePopup();
-    if (enters && row >= 0 && row != pick_)
+    if (givesUp)
+        putBack();
+    else if (enters && row >= 0 && row != pick_)
         moveTo(row);
-    if (event.key() == Qt::Key_Escape)
-        show(pickBefore_, textBefore_);
-    const QScopedValueRollback ending(endingByEsc_, event.key() == Qt::Key_Escape);
-    QKeyEvent closed(QEvent::KeyPress, event.key(), event.modifiers(), event.text());
+    const QScopedValueRollback ending(endingByEsc_, givesUp);
+    QKeyEvent closed(QEvent::KeyPress, givesUp ? int{Qt::Key_Escape} : event.key(),
+                     event.modifiers(), givesUp ? QString() : event.text());
     QCoreApplication::sendEvent(this, &closed);
+}
+
+void DropDown::putBack() {
+    show(pickBefore_, textBefore_);
+    if (served_ != nullptr)
+        served_->setText(servedBefore_);
 }
 
 bool DropDown::moves(const QKeyEvent& event) {
@@ -286,16 +321,20 @@ void DropDown::chosen(int row) {
 }
 
 void DropDown::keyPressEvent(QKeyEvent* event) {
-    event->accept();
-    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (opensOrCloses(*event))
+    guarded(this, [&] { closedKey(*event); });
+}
+
+void DropDown::closedKey(QKeyEvent& event) {
+    event.accept();
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (opensOrCloses(event))
         showPopup();
-    else if (event->key() == Qt::Key_Escape)
-        event->setAccepted(endingByEsc_);
+    else if (event.key() == Qt::Key_Escape)
+        event.setAccepted(endingByEsc_);
     else if (enters && pick_ >= 0)
         Q_EMIT clicked(Area::Item);
     else if (!enters)
-        textKey(*event);
+        textKey(event);
 }
 
 /// A key of the closed field that moves in the list or types.

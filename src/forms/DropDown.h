@@ -1,10 +1,12 @@
 #pragma once
 
 #include "forms/Bound.h"
+#include "forms/EntryField.h"
 #include "forms/FieldEvents.h"
 #include "forms/RowsModel.h"
 
 #include <QComboBox>
+#include <QPointer>
 
 namespace forms {
 
@@ -28,6 +30,10 @@ class DropDown : public QComboBox, public Bound {
     void setSource(store::DataSource& source, const QString& column);
     /// Reads the source's rows anew when the list is next opened; drops the pick, keeps the text.
     void refill();
+
+    /// The field that the rules write the pick into, for as long as it lives. The list opens on the
+    /// line of what stands there; Esc in the opened list gives the field its text back, too.
+    void serve(EntryField& field) { served_ = &field; }
 
     QString text() const;
     /// Drops the pick. No event of the user.
@@ -70,13 +76,18 @@ class DropDown : public QComboBox, public Bound {
 
   private:
     bool isOpened() const;
+    void load();
+    void open();
+    int openingLine(int sourceRowBefore) const;
     void show(int row, const QString& text);
     void moveTo(int row);
     void moveBy(int lines);
     bool moves(const QKeyEvent& event);
-    bool listKey(QKeyEvent& event);
+    void listKey(QKeyEvent& event);
+    void closedKey(QKeyEvent& event);
     void textKey(QKeyEvent& event);
     void endList(QKeyEvent& event);
+    void putBack();
     void findTyped(const QString& character);
     void textTyped(const QString& typed);
     void userChanged();
@@ -91,8 +102,10 @@ class DropDown : public QComboBox, public Bound {
     QString sought_;
     bool deleting_ = false;
     bool endingByEsc_ = false;
+    /// As they were before the list was opened.
     int pickBefore_ = -1;
-    QString textBefore_;
+    QString textBefore_, servedBefore_;
+    QPointer<EntryField> served_;
 };
 
 } // namespace forms

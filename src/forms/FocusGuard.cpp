@@ -57,6 +57,9 @@ bool isTyped(QChar character) {
 std::optional<QChar> typedBy(const QKeyEvent& key) {
     if (isEnter(key.key()))
         return QLatin1Char('\r');
+    // With Alt beside it, it is the third row of the keys.
+    if (key.modifiers().testFlag(Qt::ControlModifier) && !key.modifiers().testFlag(Qt::AltModifier))
+        return std::nullopt;
     return key.text().size() == 1 ? std::optional(key.text().front()) : std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <chrono>
 
 namespace forms {
 
@@ -23,9 +25,9 @@ QString titleOrName(const QString& title) {
     return title.isEmpty() ? QCoreApplication::applicationName() : title;
 }
 
-QMessageBox::StandardButton refusingButton(QMessageBox::StandardButtons buttons) {
+QMessageBox::StandardButton escapeButton(QMessageBox::StandardButtons buttons) {
     constexpr auto inOrder =
-        std::to_array({QMessageBox::Cancel, QMessageBox::No, QMessageBox::Abort, QMessageBox::Ok});
+        std::to_array({QMessageBox::Cancel, QMessageBox::No, QMessageBox::Retry, QMessageBox::Ok});
     for (const QMessageBox::StandardButton button : inOrder) {
         if (buttons.testFlag(button))
             return button;
@@ -34,18 +36,28 @@ QMessageBox::StandardButton refusingButton(QMessageBox::StandardButtons buttons)
 }
 
 /// Gives the window that was active before a box its activation back; some platforms leave none.
+/// Waits for it: in an inactive window a move of the focus would be told later than it happens.
 class ActivationKeeper {
   public:
     explicit ActivationKeeper(const QWidget* parent)
-        : window_(parent != nullptr ? parent->window() : QApplication::activeWindow()) {}
+        : window_(parent != nullptr ? parent->window() : QApplication::activeWindow()),
+          wasActive_(window_ != nullptr && window_->isActiveWindow()) {}
     ~ActivationKeeper() {
-        if (window_ != nullptr && window_->isVisible())
-            window_->activateWindow();
+        if (!isShown())
+            return;
+        window_->activateWindow();
+        // The user may have turned to another program meanwhile.
+        const QDeadlineTimer patience(std::chrono::milliseconds(300));
+        while (wasActive_ && isShown() && !window_->isActiveWindow() && !patience.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
     }
     Q_DISABLE_COPY_MOVE(ActivationKeeper)
 
   private:
+    bool isShown() const { return window_ != nullptr && window_->isVisible(); }
+
     QPointer<QWidget> window_;
+    bool wasActive_;
 };
 
 } // namespace
@@ -57,8 +69,8 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message)
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(message.defaultButton);
     box.setInformativeText(message.detail);
-    if (const auto refusing = refusingButton(message.buttons); refusing != QMessageBox::NoButton)
-        box.setEscapeButton(refusing);
+    if (const auto escape = escapeButton(message.buttons); escape != QMessageBox::NoButton)
+        box.setEscapeButton(escape);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -24,8 +24,8 @@ struct Message {
     QString detail = {};
 };
 
-/// The one door of all message boxes. Waits for the user; Esc gives the button that refuses
-/// (Zrušiť, Nie, Ignorovať's box: Prerušiť), as far as there is one.
+/// The one door of all message boxes. Waits for the user; Esc gives the button that costs nothing:
+/// Zrušiť, Nie, or Opakovať where the others empty a field or let a fault pass.
 QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message);
 
 /// Asks for a line of text. @return nothing when the user cancelled

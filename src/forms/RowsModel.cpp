@@ -3,6 +3,8 @@
 #include "store/DataSource.h"
 #include "store/EngineError.h"
 
+#include <utility>
+
 namespace forms {
 
 namespace {
@@ -41,9 +43,12 @@ void RowsModel::setSource(store::DataSource& source, const QString& column) {
 void RowsModel::load() {
     if (source_ == nullptr || rows_ != nullptr || !source_->isOpen())
         return;
+    // Half loaded it would count as loaded.
+    auto rows = source_->Recordset().Clone();
+    const auto count = static_cast<size_t>(rows->RecordCount());
     beginResetModel();
-    rows_ = source_->Recordset().Clone();
-    texts_.resize(static_cast<size_t>(rows_->RecordCount()));
+    rows_ = std::move(rows);
+    texts_.resize(count);
     endResetModel();
 }
 
@@ -105,19 +110,32 @@ int RowsModel::sourceRow() const {
     return row < rowCount() ? static_cast<int>(row) : -1;
 }
 
-int RowsModel::find(const QString& beginning) const {
-    if (beginning.isEmpty())
-        return -1;
+int RowsModel::first(const std::function<bool(const QString&)>& fits) const {
     for (int row = 0; row < rowCount(); ++row) {
-        if (text(row).trimmed().startsWith(beginning, Qt::CaseInsensitive))
-            return row;
-    }
-    const QString plain = withoutAccents(beginning);
-    for (int row = 0; row < rowCount(); ++row) {
-        if (withoutAccents(text(row).trimmed()).startsWith(plain, Qt::CaseInsensitive))
+        if (fits(text(row).trimmed()))
             return row;
     }
     return -1;
+}
+
+int RowsModel::firstWithoutAccents(const QString& beginning) const {
+    const QString plain = withoutAccents(beginning);
+    return first([&](const QString& line) {
+        return withoutAccents(line).startsWith(plain, Qt::CaseInsensitive);
+    });
+}
+
+int RowsModel::find(const QString& beginning) const {
+    if (beginning.isEmpty())
+        return -1;
+    const int row =
+        first([&](const QString& line) { return line.startsWith(beginning, Qt::CaseInsensitive); });
+    return row >= 0 ? row : firstWithoutAccents(beginning);
+}
+
+int RowsModel::lineOf(const QString& text) const {
+    const int row = first([&](const QString& line) { return line == text; });
+    return row >= 0 ? row : firstWithoutAccents(text);
 }
 
 } // namespace forms

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -44,9 +45,14 @@ class RowsModel : public QAbstractListModel {
     /// The first line that begins with the text, letters' case aside; if there is none, accents
     /// aside as well; -1 when there is none either.
     int find(const QString& beginning) const;
+    /// The line that is the text; if there is none, the first that begins with it, letters' case
+    /// and accents aside; -1 when there is none either.
+    int lineOf(const QString& text) const;
 
   private:
     QString read(int row) const;
+    int first(const std::function<bool(const QString&)>& fits) const;
+    int firstWithoutAccents(const QString& beginning) const;
 
     store::DataSource* source_ = nullptr;
     QString column_;

@@ -155,19 +155,6 @@ TEST_F(BindingTest, AKeyTriedAgainIsWrittenEvenWhenItIsTheOldOne) {
     EXPECT_EQ(reg.count(u"k_zaklad"_s), 2);
 }
 
-TEST_F(BindingTest, AnUnboundFieldNeitherShowsNorWrites) {
-    rows().Edit();
-    born.clear();
-    binding->unbind(born);
-    rows().Fields(u"datnar").setValue(store::Value());
-    rows().Update();
-    EXPECT_EQ(born.text(), QString());
-    born.setText(u"x"_s);
-    binding->bind(born, u"datnar"_s);
-    EXPECT_EQ(born.text(), QString());
-    EXPECT_TRUE(binding->takeErrors().empty());
-}
-
 TEST_F(BindingTest, WhatIsRefusedIsToldOnceAndTheRestIsWritten) {
     forms::EntryField age;
     binding->bind(age, u"vek"_s);

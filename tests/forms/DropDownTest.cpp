@@ -175,6 +175,37 @@ TEST_F(DropDownTest, EscInTheOpenListGivesThePickBackAndNeverReachesStorno) {
     EXPECT_EQ(screen.heard(), u"storno"_s);
 }
 
+TEST_F(DropDownTest, TheListOpensOnWhatTheFieldHoldsAndEscGivesItBack) {
+    start();
+    screen.drop.serve(screen.field);
+    screen.onChange = [&] {
+        screen.field.setText(screen.drop.text());
+    };
+    add(6, u"Žilina-Bytčica"_s);
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
+        {u"Brezno", u"Brezno"}, {u"", u"Bardejov"},     {u"BRE", u"Brezno"},
+        {u"ca", u"Čadca"},      {u"Žilina", u"Žilina"}, {u"zilina-", u"Žilina-Bytčica"},
+        {u"Nitra", u""},
+    };
+    towns.Refresh();
+    for (const auto& [held, line] : cases) {
+        const QString before = QString::fromUtf16(held);
+        for (const bool takes : {false, true}) {
+            screen.field.setText(before);
+            screen.drop.setText(u"Poprad"_s);
+            screen.drop.setFocus();
+            screen.key(Qt::Key_F4);
+            EXPECT_EQ(screen.lineUnderMark(), QString::fromUtf16(line)) << before.toStdString();
+            if (!takes)
+                screen.key(Qt::Key_Down);
+            screen.key(takes ? Qt::Key_Return : Qt::Key_Escape);
+            const bool finds = *line != 0;
+            EXPECT_EQ(screen.field.text(), takes && finds ? QString::fromUtf16(line) : before);
+            EXPECT_EQ(screen.drop.text(), takes && finds ? QString::fromUtf16(line) : u"Poprad"_s);
+        }
+    }
+}
+
 TEST_F(DropDownTest, EnterPicksByClickWhereNoRuleTakesTheKey) {
     start();
     screen.takesKeys = false;

@@ -326,14 +326,6 @@ TEST_F(FocusGuardTest, CheckedByAKeyTheFieldIsNotCheckedAgain) {
     EXPECT_EQ(checks, 2);
 }
 
-TEST_F(FocusGuardTest, TextsSetByProgramRaiseNoEvent) {
-    screen.text[0].setText(u"Anna"_s);
-    screen.text[0].trimAndSelect();
-    EXPECT_EQ(screen.heard(), QString());
-    screen.key(Qt::Key_B);
-    EXPECT_EQ(screen.heard(), u"change text(0)"_s);
-}
-
 TEST_F(FocusGuardTest, AnEngineErrorInARuleIsReportedAndNothingIsHeld) {
     screen.rule = [](const Control&, const Control&) -> Leave {
         throw store::EngineError(store::ErrorNumber::SyntaxError, u"Chyba."_s);
@@ -355,19 +347,4 @@ TEST_F(FocusGuardTest, EscIsHandedOverAndADisabledButtonOfEscDoesNothing) {
     screen.key(Qt::Key_Escape);
     EXPECT_EQ(screen.heard(), u"storno; save"_s);
     EXPECT_TRUE(screen.isVisible());
-}
-
-TEST_F(FocusGuardTest, EntryFieldsKeepToTheirLimitButLoseNoStoredText) {
-    auto& field = screen.text[0];
-    field.setMaxTyped(5);
-    field.limitTo(3);
-    QTest::keyClicks(&field, u"12345"_s);
-    EXPECT_EQ(field.text(), u"123"_s);
-    EXPECT_TRUE(field.dataChanged());
-    field.showBound(u"123456"_s);
-    EXPECT_EQ(field.text(), u"123456"_s);
-    EXPECT_FALSE(field.dataChanged());
-    field.showBound(QString());
-    QTest::keyClicks(&field, u"12345"_s);
-    EXPECT_EQ(field.text(), u"123"_s);
 }
