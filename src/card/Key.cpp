@@ -4,8 +4,27 @@
 
 namespace card {
 
-QString keyBase(const QString& surname, const QString& firstName) {
-    return trimBlanks(surname.left(6).toUpper()) + trimBlanks(firstName.left(2).toUpper());
+namespace {
+
+QString firstLetters(const QString& name, qsizetype count) {
+    QString letters = name.left(count);
+    // Half a letter can't be stored.
+    if (!letters.isEmpty() && letters.back().isHighSurrogate())
+        letters.chop(1);
+    for (QChar& letter : letters)
+        letter = letter.toUpper();
+    return trimBlanks(letters);
+}
+
+} // namespace
+
+bool Names::operator==(const Names& other) const {
+    return trimBlanks(surname) == trimBlanks(other.surname) &&
+           trimBlanks(firstName) == trimBlanks(other.firstName);
+}
+
+QString keyBase(const Names& names) {
+    return firstLetters(names.surname, 6) + firstLetters(names.firstName, 2);
 }
 
 QString keySequence(int number) {

@@ -2,6 +2,20 @@
 
 namespace card {
 
+namespace {
+
+bool isInvisible(QChar letter) {
+    return letter.category() == QChar::Other_Control || letter.category() == QChar::Other_Format;
+}
+
+QString withFirstUpper(QString text) {
+    if (!text.isEmpty())
+        text[0] = text[0].toUpper();
+    return text;
+}
+
+} // namespace
+
 QString trimBlanks(const QString& text) {
     qsizetype first = 0;
     qsizetype last = text.size();
@@ -12,8 +26,14 @@ QString trimBlanks(const QString& text) {
     return text.mid(first, last - first);
 }
 
+QString tidied(const QString& text) {
+    QString visible = text;
+    visible.removeIf(isInvisible);
+    return visible.trimmed();
+}
+
 QString capitalised(const QString& text) {
-    return text.left(1).toUpper() + text.mid(1);
+    return withFirstUpper(tidied(text));
 }
 
 QString capitalisedName(const QString& text) {
@@ -21,7 +41,7 @@ QString capitalisedName(const QString& text) {
     const qsizetype blank = name.indexOf(u' ');
     if (blank < 0)
         return name;
-    return name.left(blank + 1) + capitalised(name.mid(blank + 1));
+    return name.left(blank + 1) + withFirstUpper(name.mid(blank + 1));
 }
 
 QString withoutAccents(const QString& text) {

@@ -7,7 +7,12 @@ namespace card {
 /// The text without the blanks (U+0020 only) at its ends.
 QString trimBlanks(const QString& text);
 
-/// The text with its first character in upper case, the rest unchanged.
+/// What a text is when its field has been left: free of blanks of every kind at its ends, and of
+/// letters that nobody sees (controls, marks of format and order) everywhere. A key that was made
+/// from it does not change when the field is entered again.
+QString tidied(const QString& text);
+
+/// The text, tidied, with its first character in upper case, the rest unchanged.
 QString capitalised(const QString& text);
 
 /// A person's name: the first character and the one behind the first blank in upper case. Only the

@@ -3,6 +3,8 @@
 #include "clientcard/CardTables.h"
 #include "store/Sql.h"
 
+#include <QSignalBlocker>
+
 #include <array>
 #include <initializer_list>
 
@@ -73,7 +75,7 @@ QString keyCriterion(const QString& key) {
     return QStringLiteral("idkod =%1").arg(store::quoted(key));
 }
 
-CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) : engine_(engine) {
+CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) {
     const auto add = [&](QStringView name, QStringView table) {
         auto source = std::make_shared<store::DataSource>(engine);
         source->setObjectName(name.toString());
@@ -87,10 +89,6 @@ CardData::CardData(store::DBEngine& engine, const store::ProgramFolder& folder) 
         add(row.dataSource, row.table);
     datZaklad_ = &source(u"datZaklad");
     datMemo_ = &source(u"datMemo");
-}
-
-void CardData::commit() const {
-    engine_.commitPending();
 }
 
 store::DataSource& CardData::source(QStringView name) const {
@@ -111,9 +109,34 @@ void CardData::otvorZaznamy(const QString& key) {
     open(u"datZariad", placementsOf(key, schools));
     for (const SourceRow& row : datedSources)
         open(row.name, datedRecordsOf(row.table, key));
-    open(u"datZaklad", QStringLiteral("select * from k_zaklad"));
-    datZaklad().Recordset().FindFirst(QStringLiteral("idkod= %1").arg(store::quoted(key)));
+    reopenOn(datZaklad(), QStringLiteral("select * from k_zaklad"), key);
     open(u"datSurodenci", siblingsOf(key));
+}
+
+void CardData::reopenOn(store::DataSource& source, const QString& recordSource,
+                        const QString& key) {
+    if (source.isOpen())
+        source.Recordset().Close();
+    source.setRecordSource(recordSource);
+    {
+        const QSignalBlocker silent(source);
+        source.Refresh();
+        source.Recordset().FindFirst(keyCriterion(key));
+    }
+    Q_EMIT source.refreshed();
+}
+
+void CardData::leaveClient() const {
+    for (store::DataSource* source : {datZaklad_, datMemo_})
+        source->Recordset().Close();
+}
+
+void CardData::dropClient() const {
+    for (store::DataSource* source : {datZaklad_, datMemo_}) {
+        const QSignalBlocker silent(*source);
+        if (source->isOpen())
+            source->Recordset().CancelUpdate();
+    }
 }
 
 void CardData::otvorCiselniky() {

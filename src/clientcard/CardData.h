@@ -24,9 +24,18 @@ class CardData {
     /// Opens the code-lists and the list of employees. @throws store::EngineError
     void otvorCiselniky();
 
-    /// Makes durable what was written. @throws store::EngineError when that can't be done; then
-    /// nothing that was written since the user's last action stays
-    void commit() const;
+    /// Leaves the row of a source, which writes what is changed in it, reads the source anew and
+    /// stands on the client's row. Fields don't show a row before it is opened for an edit, so that
+    /// nobody else is seen in between; when the client is not there (NoMatch), they keep their
+    /// text.
+    /// @throws store::EngineError
+    static void reopenOn(store::DataSource& source, const QString& recordSource,
+                         const QString& key);
+    /// Leaves the rows of the client, which writes what is changed in them.
+    /// @throws store::EngineError
+    void leaveClient() const;
+    /// Drops what is not written of the client. Nothing is read, so it can't fail.
+    void dropClient() const;
 
     /// @param name one of the names of the sources; another one is a fault of the program
     store::DataSource& source(QStringView name) const;
@@ -36,7 +45,6 @@ class CardData {
   private:
     void open(QStringView name, const QString& recordSource) const;
 
-    store::DBEngine& engine_;
     QHash<QString, std::shared_ptr<store::DataSource>> sources_;
     store::DataSource* datZaklad_ = nullptr;
     store::DataSource* datMemo_ = nullptr;

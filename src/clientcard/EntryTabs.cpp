@@ -43,7 +43,6 @@ class EntryTabs : public TabFamily, public KeyFields {
     void focusElement(int element) override { fields_.field(element).setFocus(); }
     bool isChanged() const override;
     std::function<void()> keepTyped() override;
-    void writeBack() override;
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
     QString firstName() const override { return fields_.text(krz::meno); }
@@ -156,17 +155,6 @@ std::function<void()> EntryTabs::keepTyped() {
         for (std::size_t i = 0; i < codes.size(); ++i)
             impairments_[i].show(codes[i]);
     };
-}
-
-void EntryTabs::writeBack() {
-    if (!isChanged())
-        return;
-    zapisPostih();
-    try {
-        row().Update();
-    } catch (const store::EngineError& error) {
-        binding_.addError(error);
-    }
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #include "clientcard/FrmKlientUdaj.h"
 
+#include "card/Buttons.h"
+#include "card/TextRules.h"
+#include "clientcard/CardPages.h"
 #include "clientcard/CardTables.h"
 #include "clientcard/EntryTabs.h"
 #include "clientcard/MemoTabs.h"
 #include "clientcard/RecordTabs.h"
 #include "clientcard/TabList.h"
-#include "clientcard/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
 #include "validation/modKontrola.h"
@@ -16,37 +18,23 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStackedWidget>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <iterator>
 
 namespace clientcard {
 
 namespace {
 
-struct ButtonRow {
-    const char16_t* name;
-    const char16_t* caption;
-    const char16_t* toolTip;
-    bool shown;
-};
-
 // Two of them are never shown: one does nothing, the other what its neighbour does better.
-constexpr std::array<ButtonRow, 7> buttonTable = {{
+constexpr std::array<card::ButtonRow, 7> buttonTable = {{
     {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
      false},
     {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
     {u"cmdSave", u"Zapíš", u"", false},
-    {u"cmdTlac", u"Tlač záložku", u"", true},
-    {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta",
-     true},
-    {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky", true},
-    {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky", true},
+    {u"cmdTlac", u"Tlač záložku"},
+    {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
+    {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
+    {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky"},
 }};
-
-constexpr int tabCount = 14;
 
 bool isEntry(TabKind kind) {
     return kind == TabKind::Basic || kind == TabKind::Parents;
@@ -59,107 +47,69 @@ std::size_t familyOfKind(TabKind kind) {
     return kind == TabKind::Memo ? 1 : 2;
 }
 
-/// A disabled text must still be read on the coloured ground.
-constexpr QColor disabledText(112, 112, 148);
-
 constexpr auto entryKeys =
     u"Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown ďalšia záložka  ·  "
     "PageDown na zápis";
 constexpr auto recordKeys = u"Enter ďalšie pole  ·  F4 číselník  ·  Esc storno záznamu";
 constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia záložka";
 
-void setColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = widget.palette();
-    palette.setColor(role, colour);
-    palette.setColor(QPalette::Disabled, QPalette::Text, disabledText);
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, disabledText);
-    widget.setPalette(palette);
-}
-
-void dropOpenRow(store::DataSource& source) {
-    if (source.isOpen())
-        source.Recordset().CancelUpdate();
-}
-
 } // namespace
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), guard_(this), esc_(this), SSTab1_(new TabList(this)),
-      pages_(new QStackedWidget(this)), keys_(new QLabel(this)) {
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this), draft_(data_, families_),
+      guard_(this), esc_(this), pages_(new CardPages(this)), keys_(new QLabel(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
-    setWindowTitle(QStringLiteral("Údaje klienta") + trimBlanks(modKontrola::gMenoKlienta));
+    setWindowTitle(QStringLiteral("Údaje klienta") + card::trimBlanks(modKontrola::gMenoKlienta));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    dressInColours();
-    makeTabs();
-
-    auto* tabs = new QHBoxLayout;
-    tabs->addWidget(SSTab1_);
-    tabs->addWidget(pages_, 1);
-    auto* buttons = new QHBoxLayout;
-    makeButtons(*buttons);
-    keys_->setForegroundRole(QPalette::PlaceholderText);
-    showKeys(0);
+    card::setGround(*this, QPalette::Window, forms::screenColour);
+    makePages();
     auto* lines = new QVBoxLayout(this);
-    lines->addLayout(tabs, 1);
-    lines->addLayout(buttons);
-    otvorKlienta();
+    lines->addLayout(pages_->layOut(), 1);
+    lines->addLayout(makeFoot());
+    draft_.open();
+    data_.otvorCiselniky();
+    modKontrola::gZVyberu = false;
+    if (modKontrola::gAkcia != 2)
+        zamkniZalozky();
+    else if (data_.datMemo().Recordset().Eof())
+        // The rest can be edited without this row.
+        actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
 }
 
 FrmKlientUdaj::~FrmKlientUdaj() = default;
 
-void FrmKlientUdaj::dressInColours() {
-    setColour(*this, QPalette::Window, forms::screenColour);
-    setColour(*SSTab1_, QPalette::Base, forms::screenColour);
-}
-
-void FrmKlientUdaj::makeTabs() {
-    SSTab1_->setObjectName(QStringLiteral("SSTab1"));
+void FrmKlientUdaj::makePages() {
     families_.push_back(makeEntryTabs(*this));
     families_.push_back(makeMemoTabs(*this));
     families_.push_back(makeRecordTabs(*this));
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
-    for (int tab = 0; tab < tabCount; ++tab) {
-        const TabRow& row = tabTable()[std::size_t(tab)];
-        auto* item = new QListWidgetItem(QString::fromUtf16(row.caption), SSTab1_);
-        item->setSizeHint({SSTab1_->fontMetrics().horizontalAdvance(item->text()) + 16, 28});
-        familyOfTab_[tab] = families_[familyOfKind(row.kind)].get();
-        pages_->addWidget(familyOf(tab).makePage(tab, pages_));
-    }
-    SSTab1_->fitWidth();
-    SSTab1_->setCurrentRow(0);
-    connect(SSTab1_, &QListWidget::currentRowChanged, this,
-            [this](int tab) { perform([&] { zalozkaKlik(tab); }); });
+    for (const TabRow& row : tabTable())
+        pages_->add(*families_[familyOfKind(row.kind)]);
+    connect(pages_, &CardPages::turned, this,
+            [this](int tab) { actions_.perform([&] { zalozkaKlik(tab); }); });
     for (const auto& [keys, step] :
          {std::pair{Qt::CTRL | Qt::Key_PageDown, 1}, std::pair{Qt::CTRL | Qt::Key_PageUp, -1}}) {
         auto* shortcut = new QShortcut(QKeySequence(keys), this);
-        connect(shortcut, &QShortcut::activated, this, [this, by = step] { turnBy(by); });
+        connect(shortcut, &QShortcut::activated, this,
+                [this, by = step] { actions_.perform([&] { turnBy(by); }); });
     }
 }
 
-TabFamily& FrmKlientUdaj::familyOf(int tab) const {
-    return *familyOfTab_.at(tab);
-}
-
-void FrmKlientUdaj::makeButtons(QHBoxLayout& line) {
-    for (int i = 0; i < buttonCount; ++i) {
-        const ButtonRow& row = buttonTable[std::size_t(i)];
-        auto* button = new QPushButton(QString::fromUtf16(row.caption), this);
-        button->setObjectName(QString::fromUtf16(row.name));
-        button->setToolTip(QString::fromUtf16(row.toolTip));
-        button->setVisible(row.shown);
-        button->setAutoDefault(false);
-        setColour(*button, QPalette::Button, forms::buttonColour);
-        connect(button, &QPushButton::clicked, this, [this, i] { act(Button(i)); });
-        button->setMinimumSize(button->sizeHint() + QSize(16, 4));
-        if (i == cmdTlac)
-            line.addWidget(keys_, 1, Qt::AlignCenter);
-        line.addWidget(button);
-        buttons_[std::size_t(i)] = button;
+QLayout* FrmKlientUdaj::makeFoot() {
+    keys_->setForegroundRole(QPalette::PlaceholderText);
+    showKeys(0);
+    buttons_ = card::makeButtons(buttonTable, this, [this](int i) { act(Button(i)); });
+    auto* line = new QHBoxLayout;
+    for (QPushButton* button : buttons_) {
+        if (button == buttons_[cmdTlac])
+            line->addWidget(keys_, 1, Qt::AlignCenter);
+        line->addWidget(button);
     }
     buttons_[cmdTlac]->setEnabled(false);
     esc_.set(buttons_[cmdStorno]);
+    return line;
 }
 
 QAbstractButton& FrmKlientUdaj::saveButton() {
@@ -171,61 +121,19 @@ void FrmKlientUdaj::setPrinting(std::function<void(int)> print) {
     buttons_[cmdTlac]->setEnabled(print_ != nullptr);
 }
 
-void FrmKlientUdaj::perform(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const store::EngineError& error) {
-        forms::showEngineError(this, error);
-    }
-}
-
-void FrmKlientUdaj::otvorKlienta() {
-    data_.otvorZaznamy(modKontrola::gIdKod);
-    data_.otvorCiselniky();
-    modKontrola::gZVyberu = false;
-    if (modKontrola::gAkcia == 2)
-        openExisting();
-    else
-        openNew();
-}
-
-void FrmKlientUdaj::openExisting() {
-    // The source stands on somebody else's row when the client has gone since the list was read.
-    if (data_.datZaklad().Recordset().NoMatch())
-        throw store::EngineError(
-            store::ErrorNumber::NoCurrentRecord,
-            QStringLiteral("Klient s kľúčom „%1“ už v databáze nie je.").arg(modKontrola::gIdKod));
-    data_.datZaklad().Recordset().Edit();
-    perform([this] { data_.datMemo().Recordset().Edit(); });
-}
-
-void FrmKlientUdaj::openNew() {
-    zamkniZalozky();
-    data_.datZaklad().Recordset().AddNew();
-    data_.datMemo().Recordset().AddNew();
-}
-
 void FrmKlientUdaj::zamkniZalozky() {
-    enableTabs(1, false);
+    pages_->enable(1, false);
     buttons_[cmdZaklUd]->show();
 }
 
-void FrmKlientUdaj::enableTabs(int from, bool enabled) {
-    for (int tab = from; tab < tabCount; ++tab)
-        SSTab1_->setReachable(tab, enabled);
-}
-
 void FrmKlientUdaj::turnTo(int tab) {
-    SSTab1_->setCurrentRow(tab);
+    pages_->turnTo(tab);
 }
 
 void FrmKlientUdaj::zalozkaKlik(int tab) {
-    if (tab < 0)
-        return;
     esc_.set(buttons_[cmdStorno]);
     showKeys(tab);
-    pages_->setCurrentIndex(tab);
-    familyOf(tab).turnedTo(tab);
+    pages_->show(tab);
 }
 
 /// Which keys lead on from the tab.
@@ -236,40 +144,42 @@ void FrmKlientUdaj::showKeys(int tab) {
                                                      : otherKeys));
 }
 
-/// To the next tab that is enabled, if the field in focus lets go and no record is open.
+/// If the field in focus lets go and no record is open.
 void FrmKlientUdaj::turnBy(int step) {
-    if (QApplication::activePopupWidget() != nullptr || recordIsOpen() ||
-        !forms::moveFocus(SSTab1_))
-        return;
-    const int tab = SSTab1_->reachableFrom(SSTab1_->currentRow(), step);
-    if (tab >= 0)
-        turnTo(tab);
-    else
-        familyOf(SSTab1_->currentRow()).turnedTo(SSTab1_->currentRow());
+    if (QApplication::activePopupWidget() == nullptr && !recordIsOpen() &&
+        forms::moveFocus(&pages_->list()))
+        pages_->turnBy(step);
+}
+
+void FrmKlientUdaj::enableButtons(bool enabled) {
+    for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
+        buttons_[button]->setEnabled(enabled);
+    buttons_[cmdTlac]->setEnabled(enabled && print_ != nullptr);
 }
 
 void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
-    enableTabs(0, false);
-    SSTab1_->setReachable(tab, true);
-    for (const Button button : {CmdZap, cmdZapNew, cmdStorno, cmdTlac})
-        buttons_[button]->setEnabled(false);
+    pages_->enable(0, false);
+    pages_->setReachable(tab, true);
+    enableButtons(false);
     esc_.set(&storno);
     showKeys(tab);
 }
 
 void FrmKlientUdaj::endEdit() {
-    enableTabs(0, true);
-    for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
-        buttons_[button]->setEnabled(true);
-    buttons_[cmdTlac]->setEnabled(print_ != nullptr);
+    pages_->enable(0, true);
+    enableButtons(true);
     esc_.set(buttons_[cmdStorno]);
-    showKeys(SSTab1_->currentRow());
+    showKeys(pages_->current());
 }
 
 void FrmKlientUdaj::act(Button button) {
-    perform([&] { press(button); });
-    perform([this] { recoverNew(); });
+    const bool isDone = actions_.perform([&] { press(button); });
+    if (isVisible() && draft_.isLost())
+        actions_.perform([this] { resume(); });
     tellNotWritten();
+    // Nothing is lost with a card that can be read no longer and holds nothing of its own.
+    if (!isDone && draft_.isOwed() && !draft_.heldTyped())
+        cmdStornoClick();
 }
 
 void FrmKlientUdaj::press(Button button) {
@@ -285,156 +195,109 @@ void FrmKlientUdaj::press(Button button) {
     case cmdStorno:
         return cmdStornoClick();
     case cmdTlac:
-        return print_ ? print_(SSTab1_->currentRow()) : void();
+        return print_ ? print_(pages_->current()) : void();
     case cmdSave:
-    case buttonCount:
         return;
-    }
-}
-
-/// A new client who could not be written has lost the open row, and the source stands on somebody
-/// else.
-void FrmKlientUdaj::recoverNew() {
-    if (isVisible() && modKontrola::gAkcia == 1 && data_.datZaklad().isOpen() &&
-        data_.datZaklad().Recordset().EditMode() == store::EditState::None)
-        resumeDraft();
-}
-
-/// Never written so far.
-bool FrmKlientUdaj::clientIsNew() const {
-    return data_.datZaklad().isOpen() &&
-           data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
-}
-
-void FrmKlientUdaj::keepDraft() {
-    draft_ = {
-        modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, clientIsNew(), {}};
-    for (const auto& family : families_)
-        draft_.putBack.push_back(family->keepTyped());
-}
-
-/// Goes on with what was typed as if the save had not begun.
-void FrmKlientUdaj::resumeDraft() {
-    modKontrola::gAkcia = draft_.akcia;
-    modKontrola::gIdKod = draft_.idKod;
-    modKontrola::gMenoKlienta = draft_.menoKlienta;
-    data_.otvorZaznamy(draft_.idKod);
-    if (draft_.isNew)
-        openNew();
-    else
-        openExisting();
-    for (const auto& putBack : draft_.putBack)
-        putBack();
-    turnTo(0);
-    entry_->focusElement(0);
-}
-
-/// The disk may be full only now. What a card shows no longer must lie in the file.
-void FrmKlientUdaj::commit() {
-    try {
-        data_.commit();
-    } catch (const store::EngineError&) {
-        resumeDraft();
-        throw;
     }
 }
 
 /// @param turnsTab for a missing name the first tab is turned to. A missing catalogue number never
 /// does that.
-bool FrmKlientUdaj::saves(bool turnsTab) {
-    keepDraft();
-    const SaveResult result = cycle_->zapisZaklad();
-    if (result == SaveResult::Saved)
-        return true;
-    if (result == SaveResult::NoCatalogueNumber) {
-        entry_->focusElement(6);
-        return false;
-    }
-    if (turnsTab)
-        turnTo(0);
-    entry_->focusElement(result == SaveResult::NoFirstName ? 0 : 1);
-    return false;
+/// @param afterwards what is written and opened behind the cycle, as a part of the same unit
+bool FrmKlientUdaj::saves(bool turnsTab, const std::function<void()>& afterwards) {
+    if (draft_.isOwed())
+        draft_.openOwed();
+    draft_.keep();
+    auto result = SaveResult::Saved;
+    const auto write = [&] {
+        result = cycle_->zapisZaklad();
+        if (result == SaveResult::Saved)
+            afterwards();
+    };
+    actions_.write(write, [this] {
+        // What was passed over is undone as well, and told as what stopped the save.
+        draft_.takeErrors();
+        resume();
+    });
+    if (result != SaveResult::Saved)
+        goToMissing(result, turnsTab);
+    return result == SaveResult::Saved;
 }
 
-void FrmKlientUdaj::cmdZaklUdClick() {
-    if (!saves(false))
+void FrmKlientUdaj::goToMissing(SaveResult missing, bool turnsTab) {
+    if (missing == SaveResult::NoCatalogueNumber)
+        return entry_->focusElement(6);
+    if (turnsTab)
+        turnTo(0);
+    entry_->focusElement(missing == SaveResult::NoFirstName ? 0 : 1);
+}
+
+void FrmKlientUdaj::resume() {
+    draft_.resume();
+    if (!draft_.isNew())
         return;
-    data_.datMemo().setRecordSource(QStringLiteral("select * from k_memo order by idkod"));
-    data_.datMemo().Refresh();
-    enableTabs(1, true);
-    buttons_[cmdZaklUd]->hide();
-    reopen(data_.datZaklad(), QStringLiteral("select * from k_zaklad  order by priezv,meno"));
-    reopen(data_.datMemo(), data_.datMemo().RecordSource());
-    commit();
+    zamkniZalozky();
+    goToStart();
+}
+
+void FrmKlientUdaj::goToStart() {
+    turnTo(0);
     entry_->focusElement(0);
 }
 
-/// Opens the client's row for the further edit, if it is there (see recoverNew()).
-void FrmKlientUdaj::reopen(store::DataSource& source, const QString& recordSource) {
-    if (source.RecordSource() != recordSource) {
-        source.setRecordSource(recordSource);
-        source.Refresh();
-    }
-    source.Recordset().FindFirst(keyCriterion(modKontrola::gIdKod));
-    if (!source.Recordset().NoMatch())
-        source.Recordset().Edit();
+void FrmKlientUdaj::cmdZaklUdClick() {
+    if (!saves(false, [this] { draft_.openWritten(); }))
+        return;
+    pages_->enable(1, true);
+    buttons_[cmdZaklUd]->hide();
+    entry_->focusElement(0);
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
-    if (!saves(true))
+    if (!saves(true, [] {}))
         return;
-    enableTabs(1, true);
+    pages_->enable(1, true);
     buttons_[cmdZakZap]->hide();
 }
 
 void FrmKlientUdaj::CmdZapClick() {
-    if (!saves(true))
+    if (!saves(true, [this] { data_.leaveClient(); }))
         return;
-    data_.datZaklad().Refresh();
-    data_.datMemo().Refresh();
-    commit();
     modKontrola::gAkcia = 0;
     tellNotWritten();
     accept();
 }
 
 void FrmKlientUdaj::cmdZapNewClick() {
-    if (!saves(true))
+    const bool isSaved = saves(true, [this] {
+        modKontrola::gIdKod.clear();
+        modKontrola::gMenoKlienta.clear();
+        data_.otvorZaznamy(QString());
+        draft_.openNew();
+    });
+    if (!isSaved)
         return;
-    modKontrola::gIdKod.clear();
-    modKontrola::gMenoKlienta.clear();
-    data_.otvorZaznamy(QString());
-    commit();
-    openNew();
+    zamkniZalozky();
     modKontrola::gAkcia = 1;
-    turnTo(0);
-    entry_->focusElement(0);
+    goToStart();
 }
 
+/// Reads nothing, so that a card closes whose file has gone.
 void FrmKlientUdaj::cmdStornoClick() {
-    for (store::DataSource* source : {&data_.datZaklad(), &data_.datMemo()}) {
-        dropOpenRow(*source);
-        source->Refresh();
-    }
+    data_.dropClient();
     modKontrola::gAkcia = 0;
     reject();
 }
 
 void FrmKlientUdaj::tellNotWritten() {
-    std::vector<forms::NotWritten> errors;
-    for (const auto& family : families_) {
-        std::ranges::move(family->takeErrors(), std::back_inserter(errors));
-    }
-    forms::showNotWritten(this, errors);
+    forms::showNotWritten(this, draft_.takeErrors());
 }
 
 void FrmKlientUdaj::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (wasShown_)
+    if (std::exchange(wasShown_, true))
         return;
-    wasShown_ = true;
-    turnTo(0);
-    entry_->focusElement(0);
+    goToStart();
 }
 
 void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
@@ -447,7 +310,7 @@ void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
 
 /// While a record is open Esc is its Storno's.
 bool FrmKlientUdaj::recordIsOpen() const {
-    return esc_.button() != buttons_[cmdStorno];
+    return esc_.button() != nullptr && esc_.button() != buttons_[cmdStorno];
 }
 
 /// A record that is open belongs to its tab alone: only its own buttons write or drop it.
@@ -461,35 +324,34 @@ bool FrmKlientUdaj::staysForRecord() {
     return true;
 }
 
-/// Closing by the frame writes a client who has a key, when the field in focus lets go, and drops
-/// one who was never saved.
+/// Closing by the frame saves a client who has a key, as "Zapíš + návrat" does, when the field in
+/// focus lets go, and drops one who was never saved.
 /// @return false to stay open
 bool FrmKlientUdaj::endsByFrame() {
-    if (clientIsNew()) {
-        const auto answer =
-            entry_->isChanged()
-                ? forms::showMessage(this,
-                                     {.text = QStringLiteral(
-                                          "Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"),
-                                      .title = QStringLiteral("Upozornenie"),
-                                      .icon = QMessageBox::Question,
-                                      .buttons = QMessageBox::Yes | QMessageBox::No,
-                                      .defaultButton = QMessageBox::No})
-                : QMessageBox::Yes;
-        if (answer != QMessageBox::Yes)
-            return false;
-        dropOpenRow(data_.datZaklad());
-        dropOpenRow(data_.datMemo());
-    } else if (!forms::moveFocus(SSTab1_)) {
-        return false;
-    }
-    perform([this] {
-        for (const auto& family : families_)
-            family->writeBack();
+    bool ends = false;
+    actions_.perform([&] {
+        if (draft_.isNew())
+            ends = mayDrop();
+        else if (forms::moveFocus(&pages_->list()))
+            ends = !draft_.isChanged() || saves(true, [this] { data_.leaveClient(); });
     });
     tellNotWritten();
-    modKontrola::gAkcia = 0;
-    return true;
+    if (ends) {
+        data_.dropClient();
+        modKontrola::gAkcia = 0;
+    }
+    return ends;
+}
+
+/// A new client who was typed in is not given up unasked.
+bool FrmKlientUdaj::mayDrop() {
+    return !draft_.isChanged() ||
+           forms::showMessage(this, {.text = QStringLiteral(
+                                         "Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"),
+                                     .title = QStringLiteral("Upozornenie"),
+                                     .icon = QMessageBox::Question,
+                                     .buttons = QMessageBox::Yes | QMessageBox::No,
+                                     .defaultButton = QMessageBox::No}) == QMessageBox::Yes;
 }
 
 } // namespace clientcard

@@ -23,7 +23,6 @@ class MemoTabs : public TabFamily {
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
     bool isChanged() const override { return binding_.dataChanged(); }
     std::function<void()> keepTyped() override { return binding_.keepTyped(); }
-    void writeBack() override { binding_.writeBack(); }
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
   private:

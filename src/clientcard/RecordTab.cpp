@@ -1,5 +1,6 @@
 #include "clientcard/RecordTab.h"
 
+#include "card/Actions.h"
 #include "card/FieldKeys.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
@@ -229,7 +230,7 @@ void RecordTab::press(Button button) {
 /// What is typed into a record that could not be opened would go nowhere.
 void RecordTab::closeLostRecord() {
     const bool isOpen = source_.isOpen() && records().EditMode() != store::EditState::None;
-    if (buttons_[Sto]->isEnabled() && !isOpen)
+    if (buttons_[Sto]->isEnabled() && !isOpen && !draft_.isOwed())
         showBrowsing();
 }
 
@@ -255,6 +256,7 @@ void RecordTab::oprava() {
 }
 
 void RecordTab::storno() {
+    draft_.forget();
     if (source_.isOpen())
         records().CancelUpdate();
     if (row_.stornoRereads == StornoRereads::Yes)
@@ -266,43 +268,48 @@ void RecordTab::storno() {
 bool RecordTab::zapis() {
     if (!isComplete())
         return false;
-    kind_->complete(records());
-    const auto reopen = keepOpenRecord();
-    if (records().EditMode() == store::EditState::Edit)
-        writeEdited();
-    else if (records().EditMode() == store::EditState::Add)
-        writeNew();
-    commit(reopen);
+    if (draft_.isOwed())
+        draft_.openOwed(typed());
+    keepOpenRecord();
+    const auto write = [this] {
+        kind_->complete(records());
+        if (records().EditMode() == store::EditState::Edit)
+            writeEdited();
+        else if (records().EditMode() == store::EditState::Add)
+            writeNew();
+    };
+    frame_.actions().write(write, [this] { resume(); });
     return true;
 }
 
-/// The disk may be full only now.
-/// @param resume what is to be done before the error is reported
-void RecordTab::commit(const std::function<void()>& resume) {
-    try {
-        frame_.data().commit();
-    } catch (const store::EngineError&) {
-        resume();
-        throw;
-    }
-}
-
-/// @return opens the record again and puts in what was typed
-std::function<void()> RecordTab::keepOpenRecord() {
+void RecordTab::keepOpenRecord() {
     const store::EditState mode = records().EditMode();
     // A new record has no place, and the row behind it may be gone.
     const qint64 place = mode == store::EditState::Edit ? records().AbsolutePosition() : -1;
-    return [this, mode, place, fields = binding_->keepTyped(), own = kind_->keepTyped()] {
-        source_.Refresh();
-        if (mode == store::EditState::Edit) {
-            records().setAbsolutePosition(place);
-            records().Edit();
-        } else {
-            records().AddNew();
-        }
-        fields();
-        own();
-    };
+    draft_.keep([this, mode, place] { reopen(mode, place); }, typed());
+}
+
+card::Draft::Typed RecordTab::typed() {
+    return {binding_->keepTyped(), kind_->keepTyped()};
+}
+
+void RecordTab::reopen(store::EditState mode, qint64 place) {
+    {
+        const QSignalBlocker silent(source_);
+        if (source_.isOpen())
+            records().CancelUpdate();
+    }
+    source_.Refresh();
+    if (mode != store::EditState::Edit)
+        return records().AddNew();
+    records().setAbsolutePosition(place);
+    records().Edit();
+}
+
+void RecordTab::resume() {
+    draft_.resume();
+    // They are told as what stopped the save.
+    takeErrors();
 }
 
 bool RecordTab::isComplete() {
@@ -342,9 +349,11 @@ void RecordTab::vymaz() {
          .buttons = QMessageBox::Yes | QMessageBox::No});
     if (answer != QMessageBox::Yes)
         return;
-    records().Delete();
-    source_.Refresh();
-    commit([this] {
+    const auto erase = [this] {
+        records().Delete();
+        source_.Refresh();
+    };
+    frame_.actions().write(erase, [this] {
         source_.Refresh();
         showBrowsing();
     });

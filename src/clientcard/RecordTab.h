@@ -1,9 +1,11 @@
 #pragma once
 
+#include "card/Draft.h"
 #include "clientcard/RecordFields.h"
 #include "clientcard/RecordKind.h"
 #include "forms/Binding.h"
 #include "forms/FieldEvents.h"
+#include "store/Recordset.h"
 
 #include <QWidget>
 
@@ -75,8 +77,10 @@ class RecordTab : public forms::FieldEvents {
     bool isComplete();
     void writeEdited();
     void writeNew();
-    void commit(const std::function<void()>& resume);
-    std::function<void()> keepOpenRecord();
+    void keepOpenRecord();
+    void reopen(store::EditState mode, qint64 place);
+    card::Draft::Typed typed();
+    void resume();
     QString question() const;
     void showBrowsing();
 
@@ -91,6 +95,7 @@ class RecordTab : public forms::FieldEvents {
     forms::RichText* richText_ = nullptr;
     std::array<QPushButton*, buttonCount> buttons_{};
     std::optional<forms::Binding> binding_;
+    card::Draft draft_;
 };
 
 } // namespace clientcard

@@ -1,6 +1,5 @@
 #include "clientcard/SaveCycle.h"
 
-#include "card/Key.h"
 #include "clientcard/TextRules.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
@@ -11,23 +10,14 @@ namespace clientcard {
 
 namespace {
 
-struct Dependent {
-    QStringView source;
-    QStringView table;
-};
-
-constexpr std::array<Dependent, 6> dependents = {{
-    {u"datNavstevy", u"k_navstevy"},
-    {u"datSurodenci", u"k_surodenci"},
-    {u"datVysetrenie", u"k_vysetrenie"},
-    {u"datZariad", u"k_zariad"},
-    {u"datZaznam_spc", u"k_zaznam_spc"},
-    {u"datZaznam_zmeny", u"k_zaznam_zmeny"},
+constexpr std::array<card::Dependent, 6> dependents = {{
+    {u"datNavstevy", u"k_navstevy", u"idkod"},
+    {u"datSurodenci", u"k_surodenci", u"idkod"},
+    {u"datVysetrenie", u"k_vysetrenie", u"idkod"},
+    {u"datZariad", u"k_zariad", u"idkod"},
+    {u"datZaznam_spc", u"k_zaznam_spc", u"idkod"},
+    {u"datZaznam_zmeny", u"k_zaznam_zmeny", u"idkod"},
 }};
-
-QString storedText(store::DataSource& source, QStringView column) {
-    return source.Recordset().Fields(column).Value().toText();
-}
 
 } // namespace
 
@@ -40,10 +30,7 @@ SaveResult SaveCycle::zapisZaklad() {
         modKontrola::gAkcia = 0;
     } else if (modKontrola::gAkcia == 1) {
         // The mode stays: a client saved on the way goes on being a new one.
-        const QString key = saveNew();
-        data_.datMemo().Recordset().Fields(u"idkod").setValue(key);
-        modKontrola::gIdKod = key;
-        zapisMemo();
+        saveNew();
     }
     return SaveResult::Saved;
 }
@@ -70,49 +57,34 @@ std::optional<SaveResult> SaveCycle::missing() const {
 }
 
 void SaveCycle::saveExisting() {
-    const QString oldKey = trimBlanks(storedText(data_.datZaklad(), u"idkod"));
-    const auto same = [this](const QString& typed, QStringView column) {
-        return trimBlanks(typed) == trimBlanks(storedText(data_.datZaklad(), column));
-    };
-    const QString base = card::keyBase(fields_.surname(), fields_.firstName());
-    if (same(fields_.surname(), u"priezv") && same(fields_.firstName(), u"meno"))
-        updateRefusedKey(oldKey);
-    else if (base != card::baseOfKey(oldKey))
-        zmenIdKod(oldKey, updateUnderFreeKey(base));
+    const QString oldKey = row_.key();
+    const QString base = card::keyBase(typedNames());
+    if (typedNames() == row_.names()) {
+        row_.updateUnder(oldKey);
+    } else if (base != card::baseOfKey(oldKey)) {
+        const auto [key, isWritten] = row_.updateUnderFreeKey(base);
+        if (isWritten)
+            zmenIdKod(oldKey, key);
+    }
     // A name that changed behind the letters of the key is written when the source is refreshed.
 }
 
-QString SaveCycle::saveNew() {
-    const QString key = updateUnderFreeKey(card::keyBase(fields_.surname(), fields_.firstName()));
-    data_.datZaklad().setRecordSource(QStringLiteral("select * from k_zaklad order by idkod"));
-    data_.datZaklad().Refresh();
-    data_.datZaklad().Recordset().FindFirst(keyCriterion(key));
-    return key;
-}
-
-QString SaveCycle::updateUnderFreeKey(const QString& base) {
-    for (int number = 0;; ++number) {
-        QString key = base + card::keySequence(number);
-        if (!updateRefusedKey(key))
-            return key;
-    }
-}
-
-bool SaveCycle::updateRefusedKey(const QString& key) {
-    fields_.setKey(key);
-    try {
-        data_.datZaklad().Recordset().Update();
-    } catch (const store::EngineError& error) {
-        if (error.number() == store::ErrorNumber::DuplicateKey)
-            return true;
-        fields_.passOver(error);
-    }
-    return false;
+void SaveCycle::saveNew() {
+    const auto [key, isWritten] = row_.updateUnderFreeKey(card::keyBase(typedNames()));
+    modKontrola::gIdKod = key;
+    CardData::reopenOn(data_.datZaklad(), QStringLiteral("select * from k_zaklad order by idkod"),
+                       key);
+    if (!isWritten)
+        return;
+    data_.datMemo().Recordset().Fields(u"idkod").setValue(key);
+    zapisMemo();
 }
 
 void SaveCycle::zmenIdKod(const QString& oldKey, const QString& newKey) {
-    for (const Dependent& dependent : dependents)
-        data_.source(dependent.source).Refresh();
+    const auto sources = [this](QStringView name) -> store::DataSource& {
+        return data_.source(name);
+    };
+    card::refreshDependents(dependents, sources);
     store::DataSource& memo = data_.datMemo();
     // Without this row, of which the opening of the card has told, the others still must follow.
     if (memo.Recordset().EditMode() != store::EditState::None) {
@@ -120,11 +92,7 @@ void SaveCycle::zmenIdKod(const QString& oldKey, const QString& newKey) {
         memo.Recordset().Update();
     }
     memo.Refresh();
-    for (const Dependent& dependent : dependents)
-        data_.source(dependent.source)
-            .Database()
-            .Execute(QStringLiteral("update %1 set idkod = %2 where idkod = %3")
-                         .arg(dependent.table, store::quoted(newKey), store::quoted(oldKey)));
+    card::moveDependents(dependents, sources, oldKey, newKey);
 }
 
 void SaveCycle::zapisMemo() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "card/KeyedRow.h"
 #include "clientcard/CardData.h"
-#include "store/EngineError.h"
 
 #include <QString>
 
@@ -10,20 +10,15 @@
 namespace clientcard {
 
 /// What the save cycle reads from the card's fields and writes into them.
-class KeyFields {
+class KeyFields : public card::KeyField {
   public:
-    virtual ~KeyFields() = default;
     virtual QString firstName() const = 0;
     virtual QString surname() const = 0;
     virtual QString catalogueNumber() const = 0;
-    /// The key reaches the row through the field `txtIdKod` that is bound to it.
-    virtual void setKey(const QString& key) = 0;
     /// Puts what no field is bound to into the open row: flags, empty dates, impairments.
     virtual void zapisPostih() = 0;
     /// Says that a mandatory field is empty.
     virtual void tellMissing(const QString& message) = 0;
-    /// Keeps an error that the cycle passes over, for the user to be told after it.
-    virtual void passOver(const store::EngineError& error) = 0;
 };
 
 /// Why the cycle did not begin; the numbers are those that its callers act on.
@@ -32,11 +27,12 @@ enum class SaveResult { Saved = 0, NoFirstName = 1, NoSurname = 2, NoCatalogueNu
 /// Writes the open rows of `k_zaklad` and `k_memo`, makes the client's key and moves the rows that
 /// hang on it. What one call writes becomes durable as a whole.
 ///
-/// An Update of the client's row that fails for another reason than a taken key does not stop the
-/// cycle.
+/// The engine's refusal of the client's row does not stop the cycle, but nothing that hangs on the
+/// row is written for a row that is not there: neither a memo row nor another key.
 class SaveCycle {
   public:
-    SaveCycle(CardData& data, KeyFields& fields) : data_(data), fields_(fields) {}
+    SaveCycle(CardData& data, KeyFields& fields)
+        : data_(data), fields_(fields), row_(data.datZaklad(), fields) {}
 
     /// @throws store::EngineError from the steps that are not passed over
     SaveResult zapisZaklad();
@@ -51,12 +47,12 @@ class SaveCycle {
   private:
     std::optional<SaveResult> missing() const;
     void saveExisting();
-    QString saveNew();
-    QString updateUnderFreeKey(const QString& base);
-    bool updateRefusedKey(const QString& key);
+    void saveNew();
+    card::Names typedNames() const { return {fields_.surname(), fields_.firstName()}; }
 
     CardData& data_;
     KeyFields& fields_;
+    card::KeyedRow row_;
 };
 
 } // namespace clientcard

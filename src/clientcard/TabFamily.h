@@ -9,6 +9,10 @@ class QAbstractButton;
 class QDialog;
 class QWidget;
 
+namespace card {
+class Actions;
+}
+
 namespace forms {
 class FocusGuard;
 }
@@ -30,7 +34,9 @@ class CardFrame {
     /// The button "Zapíš + návrat".
     virtual QAbstractButton& saveButton() = 0;
 
-    /// Runs an action; an error that it does not handle is reported and ends it alone.
+    /// What runs the actions of the card's user.
+    virtual card::Actions& actions() = 0;
+    /// Runs an action, or a step of one; an error ends it alone and is told at the action's end.
     virtual void perform(const std::function<void()>& action) = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
@@ -62,8 +68,6 @@ class TabFamily {
         return [] {
         };
     }
-    /// Writes what is changed in open rows, as the end of their sources does.
-    virtual void writeBack() {}
     /// What could not be written since the last call.
     virtual std::vector<forms::NotWritten> takeErrors() { return {}; }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/MessageBox.h"
+#include "store/Database.h"
 #include "store/EngineError.h"
 
 #include <QWidget>
@@ -18,10 +19,15 @@ void guarded(QWidget* parent, Action&& action) {
     }
 }
 
-/// Connects a signal to a guarded action; the parent of its boxes is also its life.
-template <typename Sender, typename Signal, typename Action>
-void wire(Sender* sender, Signal signal, QWidget* parent, Action action) {
-    QObject::connect(sender, signal, parent, [parent, action] { guarded(parent, action); });
+/// The same for an action that writes: what it wrote is undone before its error is told.
+template <typename Action>
+void guarded(QWidget* parent, store::DBEngine& engine, Action&& action) {
+    try {
+        action();
+    } catch (const store::EngineError& error) {
+        engine.rollBackPending();
+        showEngineError(parent, error);
+    }
 }
 
 } // namespace forms

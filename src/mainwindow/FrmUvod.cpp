@@ -59,7 +59,7 @@ FrmUvod::FrmUvod(const Surroundings& around)
     buildStatus();
     resize(startSize.boundedTo(screen()->availableSize() - decoration));
     connect(panel_, &ButtonPanel::chosen, this,
-            [this](int button) { forms::guarded(this, [&] { pressed(button); }); });
+            [this](int button) { forms::guarded(this, around_.engine, [&] { pressed(button); }); });
     connect(lists_, &ListPane::cardClosed, this,
             [this](int list) { panel_->change(&ButtonColours::cardClosed, list); });
 }

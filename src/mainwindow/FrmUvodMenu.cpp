@@ -59,7 +59,7 @@ void FrmUvod::buildMenu() {
         QAction* action = nullptr;
         if (traits.items.empty()) {
             action = menuBar()->addAction(traits.caption.toString());
-            forms::wire(action, &QAction::triggered, this, [this] { koniec(); });
+            connect(action, &QAction::triggered, this, &FrmUvod::koniec);
         } else {
             QMenu* menu = menuBar()->addMenu(traits.caption.toString());
             menu->setObjectName(traits.name.toString());
@@ -67,8 +67,9 @@ void FrmUvod::buildMenu() {
             for (const ItemTraits& item : traits.items) {
                 QAction* entry = menu->addAction(item.caption.toString());
                 entry->setObjectName(item.name.toString());
-                forms::wire(entry, &QAction::triggered, this,
-                            [this, screen = item.screen] { openScreen(screen); });
+                connect(entry, &QAction::triggered, this, [this, screen = item.screen] {
+                    forms::guarded(this, around_.engine, [&] { openScreen(screen); });
+                });
             }
         }
         action->setObjectName(traits.name.toString());

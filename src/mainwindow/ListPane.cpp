@@ -125,8 +125,9 @@ QPushButton* ListPane::addButton(const ListButton& traits) {
     button->setAutoDefault(true);
     const QString key = traits.key.toString();
     button->setToolTip(traits.toolTip.isEmpty() ? key : traits.toolTip.toString());
-    forms::wire(button, &QPushButton::clicked, this,
-                [this, action = traits.action] { (this->*action)(); });
+    connect(button, &QPushButton::clicked, this, [this, action = traits.action] {
+        forms::guarded(this, around_.engine, [&] { (this->*action)(); });
+    });
     connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button] {
         if (!button->isHidden())
             button->click();

@@ -71,14 +71,23 @@ void Connection::execute(const char* sql) {
 void Connection::beginWrite() {
     if (lost_)
         throw *lost_;
-    if (isIdle() || !writing_) {
-        // From reading to writing there is no waiting for other programs, so begin afresh.
-        if (!isIdle())
-            execute("COMMIT");
-        writes_ = 0;
-        execute("BEGIN IMMEDIATE");
-        writing_ = true;
+    if (!isIdle() && writing_)
+        return;
+    try {
+        openForWriting();
+    } catch (const EngineError& error) {
+        noteFailure(error);
+        throw;
     }
+}
+
+/// From reading to writing there is no waiting for other programs, so begin afresh.
+void Connection::openForWriting() {
+    if (!isIdle())
+        execute("COMMIT");
+    writes_ = 0;
+    execute("BEGIN IMMEDIATE");
+    writing_ = true;
 }
 
 void Connection::beginRead() {
@@ -93,17 +102,28 @@ bool Connection::isIdle() const {
 }
 
 void Connection::noteFailure(const EngineError& error) {
+    const bool ofMedium = isOfMedium(error.number());
+    if (ofMedium)
+        undo();
     if (!isIdle())
         return;
     ++epoch_;
-    if (writes_ > 0)
+    if (ofMedium || writes_ > 0)
         lost_ = error;
     writes_ = 0;
 }
 
-void Connection::rollBack() noexcept {
+void Connection::undo() noexcept {
+    if (isIdle())
+        return;
     sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
     ++epoch_;
+}
+
+void Connection::rollBack() noexcept {
+    undo();
+    writes_ = 0;
+    lost_.reset();
 }
 
 void Connection::commit() {
@@ -119,7 +139,7 @@ void Connection::commit() {
     try {
         execute("COMMIT");
     } catch (const EngineError&) {
-        rollBack();
+        undo();
         throw;
     }
 }

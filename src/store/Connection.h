@@ -71,8 +71,11 @@ class Connection {
     void execute(const char* sql);
 
     /// Makes the unit of work durable and lets go of the file.
-    /// @throws EngineError, and nothing of the unit stays.
+    /// @throws EngineError, and nothing of the unit stays. Once the medium has refused a write, the
+    /// whole unit is refused with the same error, whoever passed over it then.
     void commit();
+    /// Undoes the unit of work and forgets why it failed.
+    void rollBack() noexcept;
 
     /// Another number after each change that a row read before may have missed.
     quint64 changeStamp() const;
@@ -109,8 +112,9 @@ class Connection {
     }
     bool isIdle() const;
     void beginWrite();
+    void openForWriting();
     void noteFailure(const EngineError& error);
-    void rollBack() noexcept;
+    void undo() noexcept;
 
     QString path_;
     FileIdentity identity_;
@@ -126,8 +130,8 @@ class Connection {
     qint64 writes_ = 0;
     /// Grows whenever the file may change without a counted change: at its release and rollbacks.
     quint64 epoch_ = 0;
-    /// Why SQLite gave up the whole unit, while its caller may not know that earlier writes of it
-    /// are gone.
+    /// Why the whole unit is given up, while its caller may not know that earlier writes of it are
+    /// gone.
     std::optional<EngineError> lost_;
 };
 

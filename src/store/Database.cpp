@@ -93,6 +93,7 @@ class DBEngine::Impl {
     std::shared_ptr<Connection> find(const FileIdentity& file) const;
     std::shared_ptr<Connection> open(const QString& path);
     void commit();
+    void rollBack() noexcept;
     DeferredErrors& deferred() { return *deferred_; }
     /// True when a connection still holds a file that was replaced at this path.
     bool holdsReplaced(const QString& path) const;
@@ -157,6 +158,13 @@ void DBEngine::Impl::commit() {
         throw *failure;
 }
 
+void DBEngine::Impl::rollBack() noexcept {
+    for (const auto& weak : connections_)
+        if (const auto connection = weak.lock())
+            connection->rollBack();
+    deferred_->first.reset();
+}
+
 DBEngine::DBEngine() : impl_(std::make_unique<Impl>()) {}
 
 DBEngine::~DBEngine() = default;
@@ -188,6 +196,10 @@ bool DBEngine::owesFullCheck(const QString& path) {
 
 void DBEngine::commitPending() {
     impl_->commit();
+}
+
+void DBEngine::rollBackPending() noexcept {
+    impl_->rollBack();
 }
 
 void DBEngine::throwLater(const EngineError& error) {

@@ -78,6 +78,9 @@ class DBEngine {
     /// Makes durable what the current user action has written. Called before the program waits for
     /// its user. @throws EngineError when it can't be written; then nothing of the action stays.
     void commitPending();
+    /// Undoes what the current user action has written, and forgets the errors that waited for its
+    /// end. Edits that are open stay open.
+    void rollBackPending() noexcept;
     /// Keeps an error that came up where nothing may throw; the next commitPending throws it.
     void throwLater(const EngineError& error);
     /// True when another file lies at the path than the one that a database of it works on.

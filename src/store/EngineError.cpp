@@ -9,4 +9,19 @@ EngineError::EngineError(ErrorNumber number, QString description, QString place)
         QStringLiteral("%1: %2%3").arg(static_cast<int>(number_)).arg(description_, where).toUtf8();
 }
 
+bool isOfMedium(ErrorNumber number) {
+    switch (number) {
+    case ErrorNumber::FileNotFound:
+    case ErrorNumber::DiskFull:
+    case ErrorNumber::ReadOnly:
+    case ErrorNumber::DiskError:
+    case ErrorNumber::CannotOpen:
+    case ErrorNumber::Busy:
+    case ErrorNumber::UnrecognizedFile:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace store

@@ -60,4 +60,8 @@ class EngineError : public std::exception {
     QByteArray what_;
 };
 
+/// What holds the file refuses: it is full, locked, read-only, damaged or gone. Unlike the refusal
+/// of a row it strikes all that a user's action writes, or none of it.
+bool isOfMedium(ErrorNumber number);
+
 } // namespace store

@@ -52,6 +52,7 @@ class CardTest : public testing::Test {
         card.reset();
         modKontrola::gAkcia = key.isEmpty() ? 1 : 2;
         modKontrola::gIdKod = key;
+        reg.engine.commitPending();
         card.emplace(reg.engine, reg.folder);
         card->show();
         card->activateWindow();

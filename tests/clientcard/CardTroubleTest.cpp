@@ -1,6 +1,7 @@
 #include "CardScreen.h"
 #include "store/EngineError.h"
 
+#include <QFile>
 #include <QTextEdit>
 
 using cardtest::CardTest;
@@ -70,6 +71,35 @@ TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) 
     EXPECT_FALSE(isEnabled(1));
     EXPECT_TRUE(at<QPushButton>("cmdZaklUd").isVisible());
     EXPECT_EQ(clients(), 1);
+    EXPECT_EQ(reg.count(text("k_memo")), 1);
+}
+
+TEST_F(CardTroubleTest, AChangeOfKeyThatIsStoppedMidwayLeavesAllAsItWas) {
+    insertClient("NOVOTNEV00");
+    insertRecords("NOVOTNEV00");
+    refuse("update on k_zariad");
+    open(text("NOVOTNEV00"));
+    typeNote("pozn");
+    enterInto(1, "Mala");
+    expectEngineError("Chyba č. 3000\n\nChyba databázového stroja: refused.");
+    pressByKeys("CmdZap");
+    EXPECT_EQ(field(1).text(), text("Mala"));
+    for (const char* table : {"k_zaklad", "k_memo", "k_navstevy", "k_surodenci", "k_zaznam_zmeny"})
+        EXPECT_EQ(stored("idkod", table), text("NOVOTNEV00")) << table;
+    refuseNoMore();
+    pressByKeys("CmdZap");
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(stored("idkod", "k_zariad") + stored("idkod"), text("MALAEV00MALAEV00"));
+    EXPECT_EQ(stored("poznamky", "k_memo"), text("<p>pozn</p>"));
+}
+
+TEST_F(CardTroubleTest, StornoClosesACardWhoseFileHasGone) {
+    openClient();
+    type("Iva");
+    reg.letGo();
+    ASSERT_TRUE(QFile::remove(reg.folder.database()));
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(card->isVisible());
 }
 
 TEST_F(CardTroubleTest, TheNumberOfAClientSavedOnTheWayIsOnlyAskedAboutWhenItIsChanged) {

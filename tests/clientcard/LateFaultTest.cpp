@@ -56,6 +56,32 @@ TEST_F(LateFaultTest, AClientStaysInTheCardUntilTheDiskTakesAllOfIt) {
     }
 }
 
+TEST_F(LateFaultTest, ALockedFileFailsTheActionOnEveryRoad) {
+    for (const char* road : {"CmdZap", "cmdZapNew", "frame"}) {
+        SCOPED_TRACE(road);
+        const auto leave = [&] {
+            text(road) == text("frame") ? void(card->close()) : click(road);
+        };
+        openClient("ulica = 'Kratka 2'");
+        typeInto("textKrz(12)", "Dlha 1");
+        typeInto("textKrz(1)", "mala");
+        reg.letGo();
+        reg.engine.commitPending();
+        sqlite3* other = nullptr;
+        sqlite3_open(qPrintable(reg.folder.database()), &other);
+        sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr);
+        expectEngineError("Chyba č. 3218\n\nSúbor práve používa iný program.");
+        leave();
+        boxes.allCame();
+        EXPECT_TRUE(card->isVisible());
+        EXPECT_EQ(field(1).text() + field(12).text(), text("MalaDlha 1"));
+        sqlite3_close(other);
+        EXPECT_EQ(stored("idkod") + stored("ulica"), text("NOVOTNEV00Kratka 2"));
+        leave();
+        EXPECT_EQ(stored("idkod") + stored("ulica"), text("MALAEV00Dlha 1"));
+    }
+}
+
 TEST_F(LateFaultTest, AnEditedClientKeepsKeyOptionsAndTexts) {
     openClient("postih = '5'");
     typeInto("textKrz(1)", "mala");

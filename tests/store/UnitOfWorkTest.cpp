@@ -5,6 +5,7 @@
 #include "support/TemporaryRegister.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 using faults::Plan;
 using support::TemporaryRegister;
@@ -138,4 +139,19 @@ TEST_F(UnitOfWork, NothingFollowsWritesThatWereLost) {
     add(u"C"_s);
     file.engine.commitPending();
     EXPECT_EQ(durableRows(), lost ? 1 : 3);
+}
+
+TEST_F(UnitOfWork, AWriteThatTheMediumRefusesFailsTheWholeUnitWhoeverPassesOverIt) {
+    sqlite3* other = nullptr;
+    sqlite3_open(qPrintable(file.folder.database()), &other);
+    sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr);
+    EXPECT_ENGINE_ERROR(add(u"A"_s), 3218);
+    sqlite3_close(other);
+    EXPECT_ENGINE_ERROR(add(u"B"_s), 3218);
+    EXPECT_ENGINE_ERROR(file.engine.commitPending(), 3218);
+    EXPECT_EQ(durableRows(), 0);
+    add(u"C"_s);
+    file.engine.rollBackPending();
+    file.engine.commitPending();
+    EXPECT_EQ(durableRows(), 0) << "undone on demand";
 }

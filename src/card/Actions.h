@@ -1,0 +1,44 @@
+#pragma once
+
+#include "store/EngineError.h"
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace store {
+class DBEngine;
+}
+
+namespace card {
+
+/// Runs what the users of a screen do. An action that an error stops keeps nothing of what it
+/// wrote: it is undone first, and only then a box tells of it.
+class Actions {
+  public:
+    /// @param engine, window must outlive it
+    Actions(store::DBEngine& engine, QWidget& window) : engine_(engine), window_(window) {}
+
+    /// Runs an action, or a step of the one that runs already. An error ends it alone. The first
+    /// one is told when the outermost action has ended.
+    /// @return false when it was ended by an error
+    bool perform(const std::function<void()>& action);
+
+    /// Runs what writes, as a part of an action, and makes it durable: all of it or nothing. The
+    /// disk may refuse it only at the end.
+    /// @param resume opens again, with what was typed, the edit that the failed writing may have
+    /// closed; called when all is undone and before anything is told
+    /// @throws store::EngineError why nothing was written
+    void write(const std::function<void()>& writes, const std::function<void()>& resume);
+
+  private:
+    void tell();
+
+    store::DBEngine& engine_;
+    QWidget& window_;
+    int depth_ = 0;
+    std::optional<store::EngineError> error_;
+};
+
+} // namespace card

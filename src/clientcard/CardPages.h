@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QObject>
+
+#include <vector>
+
+class QLayout;
+class QStackedWidget;
+class QWidget;
+
+namespace clientcard {
+
+class TabFamily;
+class TabList;
+
+/// The tabs of the card: their captions `SSTab1`, and the page of the one on show.
+class CardPages : public QObject {
+    Q_OBJECT
+  public:
+    explicit CardPages(QWidget* window);
+
+    /// Puts the next tab behind the others.
+    void add(TabFamily& family);
+    /// Captions and pages side by side, when all tabs are there.
+    QLayout* layOut();
+
+    TabList& list() const { return *SSTab1_; }
+    int current() const;
+    TabFamily& family(int tab) const { return *families_.at(std::size_t(tab)); }
+    /// Turns to a tab as a click on it does.
+    void turnTo(int tab);
+    /// To the next tab in a direction that is enabled, or to the one on show again.
+    void turnBy(int step);
+    /// Shows the page of a tab, and tells its family.
+    void show(int tab);
+    void enable(int from, bool enabled);
+    void setReachable(int tab, bool reachable);
+
+  Q_SIGNALS:
+    /// The user or the program has turned to a tab; its page is to be shown.
+    void turned(int tab);
+
+  private:
+    TabList* SSTab1_;
+    QStackedWidget* pages_;
+    std::vector<TabFamily*> families_;
+};
+
+} // namespace clientcard

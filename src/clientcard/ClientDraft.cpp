@@ -1,0 +1,99 @@
+#include "clientcard/ClientDraft.h"
+
+#include "validation/modKontrola.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace clientcard {
+
+void ClientDraft::open() {
+    data_.otvorZaznamy(modKontrola::gIdKod);
+    if (modKontrola::gAkcia == 2)
+        openExisting();
+    else
+        openNew();
+}
+
+void ClientDraft::openExisting() {
+    // The source stands on somebody else's row when the client has gone since the list was read.
+    if (data_.datZaklad().Recordset().NoMatch())
+        throw store::EngineError(
+            store::ErrorNumber::NoCurrentRecord,
+            QStringLiteral("Klient s kľúčom „%1“ už v databáze nie je.").arg(modKontrola::gIdKod));
+    data_.datZaklad().Recordset().Edit();
+    if (!data_.datMemo().Recordset().Eof())
+        data_.datMemo().Recordset().Edit();
+}
+
+void ClientDraft::openNew() {
+    data_.datZaklad().Recordset().AddNew();
+    data_.datMemo().Recordset().AddNew();
+}
+
+void ClientDraft::openWritten() {
+    CardData::reopenOn(data_.datZaklad(),
+                       QStringLiteral("select * from k_zaklad  order by priezv,meno"),
+                       modKontrola::gIdKod);
+    CardData::reopenOn(data_.datMemo(), QStringLiteral("select * from k_memo order by idkod"),
+                       modKontrola::gIdKod);
+    for (store::DataSource* source : {&data_.datZaklad(), &data_.datMemo()}) {
+        if (!source->Recordset().NoMatch())
+            source->Recordset().Edit();
+    }
+}
+
+bool ClientDraft::isNew() const {
+    return isOwed() ? kept_.isNew
+                    : data_.datZaklad().isOpen() &&
+                          data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
+}
+
+bool ClientDraft::isLost() const {
+    return modKontrola::gAkcia == 1 && !isOwed() && data_.datZaklad().isOpen() &&
+           data_.datZaklad().Recordset().EditMode() == store::EditState::None;
+}
+
+bool ClientDraft::isChanged() const {
+    return isOwed() ||
+           std::ranges::any_of(families_, [](const auto& family) { return family->isChanged(); });
+}
+
+void ClientDraft::keep() {
+    kept_ = {modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, isNew(),
+             isChanged()};
+    draft_.keep([this] { openKept(); }, typed());
+}
+
+card::Draft::Typed ClientDraft::typed() const {
+    card::Draft::Typed typed;
+    for (const auto& family : families_)
+        typed.push_back(family->keepTyped());
+    return typed;
+}
+
+void ClientDraft::resume() {
+    modKontrola::gAkcia = kept_.akcia;
+    modKontrola::gIdKod = kept_.idKod;
+    modKontrola::gMenoKlienta = kept_.menoKlienta;
+    draft_.resume();
+}
+
+void ClientDraft::openKept() {
+    data_.dropClient();
+    data_.otvorZaznamy(kept_.idKod);
+    if (kept_.isNew)
+        openNew();
+    else
+        openExisting();
+}
+
+std::vector<forms::NotWritten> ClientDraft::takeErrors() const {
+    std::vector<forms::NotWritten> errors;
+    for (const auto& family : families_) {
+        std::ranges::move(family->takeErrors(), std::back_inserter(errors));
+    }
+    return errors;
+}
+
+} // namespace clientcard
