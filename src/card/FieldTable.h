@@ -58,8 +58,6 @@ struct SparingPick {
     int lastElement = std::numeric_limits<int>::max();
     /// The one field that is spared, -1 for all.
     int field = -1;
-    /// The other fields are checked even if a key has checked them before.
-    bool checksOthersAgain = false;
 };
 
 /// Whether a field that gets the focus, or is typed into, forgets that a key has checked it.

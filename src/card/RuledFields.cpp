@@ -160,8 +160,7 @@ forms::Leave RuledFields::leave(const forms::Control& control, const forms::Cont
         leftForPick(index);
         return forms::Leave::Go;
     }
-    const bool again = pick != nullptr && pick->checksOthersAgain;
-    if (control.tag() == checkedMark && !again)
+    if (control.tag() == checkedMark)
         return forms::Leave::Go;
     return check(index, false) == Checked::Failed ? forms::Leave::Hold : forms::Leave::Go;
 }

@@ -96,8 +96,7 @@ constexpr RecordField siblingFields[] = {
 constexpr card::SparingPick sparingPza[] = {{.name = u"DBCPza", .field = 1}};
 constexpr card::SparingPick sparingZaz[] = {{.name = u"DBCZaz", .field = 1}};
 constexpr card::SparingPick sparingZsc[] = {{.name = u"DBCZsc", .field = 3}};
-constexpr card::SparingPick sparingZar[] = {
-    {.name = u"dbcZar", .field = 0, .checksOthersAgain = true}};
+constexpr card::SparingPick sparingZar[] = {{.name = u"dbcZar", .field = 0}};
 // The pick of associated impairments is not among them.
 constexpr card::SparingPick sparingSur[] = {{.name = u"cmbSur"}};
 

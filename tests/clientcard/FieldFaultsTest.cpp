@@ -146,6 +146,17 @@ TEST_F(FieldFaultsTest, AFieldIsCheckedOnceHoweverItIsLeft) {
             EXPECT_EQ(field(c.element).text(), text(c.typed));
         }
     }
+    // Nothing is asked on the way to a pick.
+    open();
+    for (const auto& [element, pick] :
+         {std::pair{2, "dbcvolby(0)"}, {8, "dbcvolby(1)"}, {5, "cmbPos(3)"}}) {
+        enterInto(0, "");
+        goTo(element);
+        type("9");
+        at<forms::DropDown>(pick).setFocus();
+        EXPECT_EQ(focused(), text(pick));
+        field(element).clear();
+    }
 }
 
 TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
