@@ -3,6 +3,8 @@
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "statreturn/FrmDoUkaz.h"
+#include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 
 #include <map>
@@ -22,16 +24,19 @@ void printVek(FrmUvod& window) {
     statreturn::printVek(tools, window.schoolYear(), around.today(), &window);
 }
 
-void openClientCard(FrmUvod& window) {
+/// Opens a screen that works on the register and waits until it is done.
+template <class Dialog>
+void openDialog(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
-    clientcard::FrmKlientUdaj card(around.engine, around.folder, &window);
-    card.exec();
+    Dialog(around.engine, around.folder, &window).exec();
 }
 
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openClientCard},
+        {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
+        {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
         {Screen::PrintVek, printVek},
     };
     return table;
