@@ -3,6 +3,8 @@
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "statreturn/FrmDoUkaz.h"
+#include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 
 #include <map>
@@ -46,18 +48,24 @@ void printOdbStar(FrmUvod& window) {
     statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
 }
 
-void openClientCard(FrmUvod& window) {
+/// Opens a screen that works on the register and waits until it is done.
+template <class Dialog>
+void openDialog(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
-    clientcard::FrmKlientUdaj card(around.engine, around.folder, &window);
-    card.exec();
+    Dialog(around.engine, around.folder, &window).exec();
 }
 
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openClientCard}, {Screen::PrintVek, printVek},
-        {Screen::PrintVzd, printVzd},         {Screen::PrintZam, printZam},
-        {Screen::PrintDopUkaz, printDopUkaz}, {Screen::PrintOdbStar, printOdbStar},
+        {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
+        {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
+        {Screen::PrintVek, printVek},
+        {Screen::PrintVzd, printVzd},
+        {Screen::PrintZam, printZam},
+        {Screen::PrintDopUkaz, printDopUkaz},
+        {Screen::PrintOdbStar, printOdbStar},
     };
     return table;
 }

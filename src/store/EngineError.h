@@ -9,6 +9,7 @@ namespace store {
 
 /// Numbers of the engine's errors that callers act on or that users may read in a report.
 enum class ErrorNumber : int {
+    Overflow = 6,
     SubscriptOutOfRange = 9,
     Internal = 3000,
     ObjectExists = 3012,

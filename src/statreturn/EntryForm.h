@@ -1,0 +1,67 @@
+#pragma once
+
+#include "forms/FieldEvents.h"
+#include "forms/FocusGuard.h"
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QPushButton;
+
+namespace statreturn {
+
+/// What the two forms share into which the tables IV and V are typed: digits only, Enter and Down
+/// act as Tab, the field in focus is coloured, Ctrl+S writes. Leaving by Esc asks before it drops
+/// what was typed; Storno does not.
+class EntryForm : public QDialog, public forms::FieldEvents {
+    Q_OBJECT
+  public:
+    EntryForm(const QString& name, const QString& title, QWidget* parent);
+
+    void gotFocus(const forms::Control& control) override;
+    void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
+    void keyPress(const forms::Control& control, QChar& character) override;
+    forms::Leave lostFocus(const forms::Control& control, const forms::Control& now) override;
+
+    /// Esc.
+    void reject() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+    /// Something was typed that the file does not hold.
+    virtual bool isChanged() const = 0;
+    /// Writes what was typed and makes it durable. @throws store::EngineError, and all that was
+    /// typed is still there to be written.
+    virtual void write() = 0;
+    /// Drops what was typed.
+    virtual void drop() {}
+    /// What the end of the form by its frame does. @return false to stay open
+    virtual bool endsByFrame() { return mayDrop(); }
+    /// Sends the focus to where a check wants it, after a control was left.
+    virtual void returnFocus(const forms::Control& left) = 0;
+
+    /// Asks whether what was typed may be dropped, if there is anything.
+    bool mayDrop();
+    /// Writes and closes; stays open with the error told.
+    void writeAndClose();
+    bool tryToWrite();
+    /// A field of an array with the form's rules. @param parent owns it
+    template <class Field>
+    Field* makeField(const QString& array, int index, QWidget* parent) {
+        auto* made = new Field(parent);
+        guard_.watch(made, array, index, *this);
+        return made;
+    }
+    /// Both buttons and before them the keys, as the form's last line.
+    QHBoxLayout* makeLastLine(const QString& writes, const QString& drops, const QString& keys);
+
+    forms::FocusGuard& guard() { return guard_; }
+
+  private:
+    QPushButton* makeButton(const QString& name, const QString& caption);
+
+    forms::FocusGuard guard_;
+};
+
+} // namespace statreturn

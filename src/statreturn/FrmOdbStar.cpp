@@ -1,0 +1,156 @@
+#include "statreturn/FrmOdbStar.h"
+
+#include "forms/EntryField.h"
+#include "statreturn/CareGrid.h"
+#include "statreturn/CareSums.h"
+#include "validation/Validators.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace statreturn {
+
+namespace {
+
+constexpr auto keys =
+    u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
+const QString cellPrefix = QStringLiteral("txt");
+
+bool isCell(const forms::Control& control) {
+    return control.index() >= 0 && control.name().startsWith(cellPrefix);
+}
+
+/// From 0.
+int columnOf(const forms::Control& control) {
+    return control.name().mid(cellPrefix.size()).toInt() - 1;
+}
+
+} // namespace
+
+FrmOdbStar::FrmOdbStar(store::DBEngine& engine, const store::ProgramFolder& folder, QWidget* parent)
+    : EntryForm(QStringLiteral("frmOdbStar"), QStringLiteral("Form1"), parent), engine_(engine),
+      datOdbStar_(engine) {
+    datOdbStar_.setObjectName(QStringLiteral("datOdbStar"));
+    grid_ = new CareGrid(
+        [this](int row, int column, QWidget* canvas) {
+            return makeField<forms::EntryField>(cellPrefix + careColumnName(column), row, canvas);
+        },
+        this);
+    sums_ = new CareSums(this);
+    layOut();
+    fokusIdx_.fill(none);
+    datOdbStar_.setDatabaseName(folder.database());
+    datOdbStar_.setRecordSource(QStringLiteral("select * from odbstar"));
+    load();
+    sums_->show(stored_, 0, 0);
+}
+
+void FrmOdbStar::layOut() {
+    auto* frame = new QGroupBox(
+        QStringLiteral("V. Klienti, ktorým bola poskytnutá odborná starostlivosť"), this);
+    auto* upper = new QVBoxLayout;
+    upper->addWidget(grid_, 1);
+    upper->addStretch();
+    auto* table = new QHBoxLayout(frame);
+    table->setContentsMargins(6, 4, 6, 4);
+    table->addLayout(upper, 1);
+    table->addWidget(sums_);
+    table->addStretch();
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(6, 6, 6, 6);
+    lines->addWidget(frame, 1);
+    lines->addLayout(makeLastLine(QStringLiteral("cmdOk"), QStringLiteral("cmdZrusit"),
+                                  QString::fromUtf16(keys)));
+}
+
+void FrmOdbStar::load() {
+    datOdbStar_.Refresh();
+    maZaznamy_ = !datOdbStar_.Recordset().Eof();
+    stored_ = readCare(datOdbStar_.Recordset());
+    grid_->setTexts(stored_);
+}
+
+void FrmOdbStar::showEvent(QShowEvent* event) {
+    EntryForm::showEvent(event);
+    grid_->cell(0, 0).setFocus();
+}
+
+void FrmOdbStar::gotFocus(const forms::Control& control) {
+    EntryForm::gotFocus(control);
+    if (!isCell(control))
+        return;
+    grid_->showPlace(control.index(), columnOf(control));
+    change(control);
+}
+
+void FrmOdbStar::change(const forms::Control& control) {
+    sums_->show(grid_->texts(), control.index(), columnOf(control));
+}
+
+void FrmOdbStar::keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) {
+    const int step = key == Qt::Key_Down ? 1 : key == Qt::Key_Up ? -1 : 0;
+    if (step == 0 || !modifiers.testFlag(Qt::ControlModifier) || !isCell(control))
+        return EntryForm::keyDown(control, key, modifiers);
+    key = 0;
+    const int row = control.index() + step;
+    if (row >= 0 && row < careRows)
+        forms::moveFocus(&grid_->cell(row, columnOf(control)));
+}
+
+bool FrmOdbStar::validates(const forms::Control& control) const {
+    return isCell(control);
+}
+
+bool FrmOdbStar::validate(const forms::Control& control) {
+    const int column = columnOf(control);
+    const bool endsBlock = blockOf(column).lastColumn == column;
+    fokusIdx_[std::size_t(column)] = none;
+    if (endsBlock)
+        fokusIdx_[std::size_t(blockOf(column).total)] = none;
+    const CareCells cells = grid_->texts();
+    if (const auto fault = faultAlongRow(cells, control.index(), column); fault && corrects(*fault))
+        return false;
+    if (const auto fault = faultDownColumn(cells, control.index(), column))
+        corrects(*fault);
+    return false;
+}
+
+/// The user wants to correct it, so the focus returns to where that begins.
+bool FrmOdbStar::corrects(const CareFault& fault) {
+    if (!modKontrola::opravit(this, fault.message))
+        return false;
+    fokusIdx_[std::size_t(fault.column)] = qint16(fault.row);
+    return true;
+}
+
+void FrmOdbStar::goToTarget(int column) {
+    if (const qint16 row = fokusIdx_[std::size_t(column)]; row > none)
+        grid_->cell(row, column).setFocus();
+}
+
+void FrmOdbStar::returnFocus(const forms::Control& left) {
+    if (!isCell(left))
+        return;
+    const int column = columnOf(left);
+    // The columns that end a block also lead to its first. Of two targets the one asked for last
+    // holds: in column 5 that is the block's, in column 10 the column's own.
+    const BlockCheck& block = blockOf(column);
+    if (column == block.lastColumn && block.total != 0)
+        goToTarget(block.total);
+    goToTarget(column);
+    if (column == block.lastColumn && block.total == 0)
+        goToTarget(block.total);
+}
+
+bool FrmOdbStar::isChanged() const {
+    return grid_->texts() != stored_;
+}
+
+void FrmOdbStar::write() {
+    const CareCells typed = grid_->texts();
+    writeCare(datOdbStar_.Recordset(), maZaznamy_, typed);
+    engine_.commitPending();
+}
+
+} // namespace statreturn
