@@ -13,10 +13,6 @@ QString number(double value) {
     return QString::number(value, 'f', 0);
 }
 
-QString codeOf(int row) {
-    return QString::fromUtf16(careTable()[std::size_t(row)].code);
-}
-
 } // namespace
 
 CareSums::CareSums(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
@@ -24,9 +20,10 @@ CareSums::CareSums(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(thi
     grid_->setContentsMargins(8, 0, 0, 0);
     columnTitle_ = addTitle();
     for (const ColumnCheck& check : columnChecks())
-        columnLines_.push_back(addLine(
-            codeOf(check.statedRow),
-            QStringLiteral("%1 až %2").arg(codeOf(check.firstSummed), codeOf(check.lastSummed))));
+        columnLines_.push_back(
+            addLine(careRowCode(check.statedRow),
+                    QStringLiteral("%1 až %2")
+                        .arg(careRowCode(check.firstSummed), careRowCode(check.lastSummed))));
     rowTitle_ = addTitle();
     rowLine_ = addLine({}, {});
     grid_->setRowStretch(grid_->rowCount(), 1);
@@ -73,7 +70,7 @@ void CareSums::show(const CareCells& cells, int row, int column) {
     for (std::size_t i = 0; i < columnLines_.size(); ++i)
         put(columnLines_[i], columnChecks()[i].sumOf(cells, column));
     const BlockCheck& block = blockOf(column);
-    rowTitle_->setText(QStringLiteral("Súčty v riadku ") + codeOf(row));
+    rowTitle_->setText(QStringLiteral("Súčty v riadku ") + careRowCode(row));
     rowLine_.name->setText(QStringLiteral("stĺpec ") + careColumnName(block.total));
     rowLine_.summands->setText(
         QStringLiteral("stĺpce %1 až %2")

@@ -62,10 +62,6 @@ double numberIn(const CareCells& cells, int row, int column) {
     return double(modKontrola::Val(cells[std::size_t(row)][std::size_t(column)]));
 }
 
-QString codeOf(int row) {
-    return QString::fromUtf16(table[std::size_t(row)].code);
-}
-
 QString fieldOf(int column) {
     return QStringLiteral("s_") + careColumnName(column);
 }
@@ -108,6 +104,10 @@ std::span<const CareRow, careRows> careTable() {
     return table;
 }
 
+QString careRowCode(int row) {
+    return QString::fromUtf16(table[std::size_t(row)].code);
+}
+
 std::span<const ColumnCheck, 5> columnChecks() {
     return downColumns;
 }
@@ -133,12 +133,12 @@ QString ColumnCheck::message(int column) const {
         return QStringLiteral("Nesprávny Kontrolný súčet r0536 S%1 !").arg(careColumnName(column));
     QStringList members;
     for (int row = firstSummed; row <= lastSummed; ++row)
-        members += u'r' + codeOf(row);
+        members += u'r' + careRowCode(row);
     // The form's own instructions name one row more for this group, which does not exist.
     if (lastSummed == controlRow - 1)
         members += QStringLiteral("r0528");
     return QStringLiteral("Riadok %1 stl.%2 <> %3 !")
-        .arg(codeOf(statedRow), namedColumn(*this, column), members.join(u'+'));
+        .arg(careRowCode(statedRow), namedColumn(*this, column), members.join(u'+'));
 }
 
 CareSum BlockCheck::sumOf(const CareCells& cells, int row) const {

@@ -31,6 +31,8 @@ struct CareRow {
 };
 
 std::span<const CareRow, careRows> careTable();
+/// The form's code of a row, "0501" for the first.
+QString careRowCode(int row);
 
 /// What is typed, by row and column; an empty cell counts as 0.
 using CareCells = std::array<std::array<QString, careColumns>, careRows>;

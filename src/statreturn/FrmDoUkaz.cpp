@@ -25,7 +25,7 @@ constexpr std::array<Indicator, 5> indicators = {{
     {u"r_0416", u"0416", u"", u"Kontrolný súčet (0401 až 0404) "},
 }};
 
-constexpr auto keys = u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+S zápis";
+constexpr auto indicatorKeys = u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+S zápis";
 
 bool opensGroup(int element) {
     const auto i = std::size_t(element);
@@ -72,7 +72,7 @@ void FrmDoUkaz::layOut() {
     lines->addLayout(grid);
     lines->addStretch(1);
     lines->addLayout(makeLastLine(QStringLiteral("cmdZap"), QStringLiteral("cmdStorno"),
-                                  QString::fromUtf16(keys)));
+                                  QString::fromUtf16(indicatorKeys)));
 }
 
 void FrmDoUkaz::addField(QGridLayout& grid, int element) {
@@ -159,6 +159,7 @@ void FrmDoUkaz::write() {
         datDopUkaz_.Refresh();
         engine_.commitPending();
     } catch (const store::EngineError&) {
+        engine_.rollBackPending();
         dropRow();
         openRow();
         enterAgain();

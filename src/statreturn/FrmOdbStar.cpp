@@ -13,7 +13,7 @@ namespace statreturn {
 
 namespace {
 
-constexpr auto keys =
+constexpr auto careKeys =
     u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
 const QString cellPrefix = QStringLiteral("txt");
 
@@ -61,14 +61,18 @@ void FrmOdbStar::layOut() {
     lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(QStringLiteral("cmdOk"), QStringLiteral("cmdZrusit"),
-                                  QString::fromUtf16(keys)));
+                                  QString::fromUtf16(careKeys)));
 }
 
 void FrmOdbStar::load() {
-    datOdbStar_.Refresh();
-    maZaznamy_ = !datOdbStar_.Recordset().Eof();
+    readRows();
     stored_ = readCare(datOdbStar_.Recordset());
     grid_->setTexts(stored_);
+}
+
+void FrmOdbStar::readRows() {
+    datOdbStar_.Refresh();
+    maZaznamy_ = !datOdbStar_.Recordset().Eof();
 }
 
 void FrmOdbStar::showEvent(QShowEvent* event) {
@@ -148,9 +152,14 @@ bool FrmOdbStar::isChanged() const {
 }
 
 void FrmOdbStar::write() {
-    const CareCells typed = grid_->texts();
-    writeCare(datOdbStar_.Recordset(), maZaznamy_, typed);
-    engine_.commitPending();
+    try {
+        writeCare(datOdbStar_.Recordset(), maZaznamy_, grid_->texts());
+        engine_.commitPending();
+    } catch (const store::EngineError&) {
+        engine_.rollBackPending();
+        readRows();
+        throw;
+    }
 }
 
 } // namespace statreturn

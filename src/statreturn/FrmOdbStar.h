@@ -39,6 +39,7 @@ class FrmOdbStar : public EntryForm {
 
     void layOut();
     void load();
+    void readRows();
     bool corrects(const CareFault& fault);
     void goToTarget(int column);
 
