@@ -4,6 +4,7 @@
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Sql.h"
+#include "store/Value.h"
 
 #include <QMap>
 #include <QStringList>
@@ -32,11 +33,16 @@ void tellLooseOf(store::Database& database, const store::TableDef& table,
         QStringLiteral("select %1.* from %1 left join k_zaklad on %1.idkod = k_zaklad.idkod "
                        "where isnull(k_zaklad.idkod)")
             .arg(name));
-    for (; !rows->Eof(); rows->MoveNext())
-        findings.push_back({rows->Fields(QStringLiteral("idkod")).Value().toText(), name,
-                            QStringLiteral("klient s týmto kľúčom v registri nie je; riadok ostal "
-                                           "zapísaný, žiadna karta ho neukáže"),
-                            shownRow(*rows, table)});
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const store::Value key = rows->Fields(QStringLiteral("idkod")).Value();
+        const QString what = key.isNull()
+                                 ? QStringLiteral("riadok nemá kľúč klienta")
+                                 : QStringLiteral("klient s týmto kľúčom v registri nie je");
+        findings.push_back(
+            {key.toText(), name,
+             what + QStringLiteral("; riadok ostal zapísaný, žiadna karta ho neukáže"),
+             shownRow(*rows, table)});
+    }
 }
 
 void tellKeyless(store::Database& database, std::vector<Finding>& findings) {

@@ -12,7 +12,7 @@ namespace oldregister {
 struct ReaderLimits {
     int megabytes = 120;
     int processorSeconds = 120;
-    int silentSeconds = 60;
+    int silentSeconds = 20;
 };
 
 /// Asked while the program waits and between rows; the reading is given up on false.

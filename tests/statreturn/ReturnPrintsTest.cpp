@@ -46,6 +46,8 @@ TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
         EXPECT_EQ(durable(scratchTable).size(), 0) << scratchTable.toStdString();
     }
     EXPECT_EQ(previews, 6);
+    print(u"1999/2000"_s);
+    EXPECT_EQ(printed(u"Label105"), u"za školský rok 1999/2000"_s);
 }
 
 TEST_F(ReturnPrintsTest, tablesTwoAndThreeTellWhateverFailsAndTheNextRunAddsToTheirRows) {
