@@ -202,8 +202,9 @@ class CardTest : public testing::Test {
                           .arg(text(action)));
     }
     void refuseNoMore() { executeInFile(text("drop trigger refusal")); }
+    /// The register is open by then: at its opening it would refuse what does not belong into it.
     void executeInFile(const QString& sql) {
-        reg.letGo();
+        reg.database();
         reg.engine.commitPending();
         sqlite3* file = nullptr;
         sqlite3_open(qPrintable(reg.folder.database()), &file);
