@@ -22,7 +22,7 @@ namespace {
 
 constexpr QSize startSize(1220, 700);
 constexpr int rowHeight = 22;
-constexpr int countPixels = 400;
+constexpr int countListWidth = 400;
 /// Fitting the height of each row takes its time.
 constexpr std::size_t mostFitted = 500;
 /// A long text is read in the saved report; here it must not push the others out of sight.
@@ -103,7 +103,7 @@ QWidget* ReportWindow::countList() {
             Qt::AlignRight | Qt::AlignVCenter);
     list->resizeColumnsToContents();
     if (!report_.findings.empty())
-        list->setFixedWidth(countPixels);
+        list->setFixedWidth(countListWidth);
     return list;
 }
 
