@@ -18,7 +18,7 @@ namespace clientcard {
 
 namespace {
 
-constexpr int droppedWidth = 240;
+constexpr int impairmentListWidth = 240;
 /// Room for the longest impairment.
 constexpr int pickWidth = 276;
 
@@ -41,7 +41,7 @@ constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
 forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
     auto* pick = new forms::DropDown(parent);
     pick->setToolTip(QString::fromUtf16(traits.toolTip));
-    pick->setDroppedWidth(droppedWidth);
+    pick->setDroppedWidth(impairmentListWidth);
     pick->setFixedWidth(pickWidth);
     return pick;
 }
