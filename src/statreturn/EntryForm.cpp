@@ -1,9 +1,8 @@
 #include "statreturn/EntryForm.h"
 
+#include "card/Buttons.h"
 #include "forms/Colours.h"
-#include "forms/EntryField.h"
 #include "forms/MessageBox.h"
-#include "store/EngineError.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -17,60 +16,54 @@ namespace {
 
 constexpr QColor focusColour(128, 255, 255);
 
-void colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = widget.palette();
-    palette.setColor(role, colour);
-    widget.setPalette(palette);
-}
-
 forms::EntryField* fieldOf(const forms::Control& control) {
     return qobject_cast<forms::EntryField*>(control.widget());
 }
 
 } // namespace
 
-EntryForm::EntryForm(const QString& name, const QString& title, QWidget* parent)
-    : QDialog(parent), guard_(this) {
+EntryForm::EntryForm(store::DBEngine& engine, const QString& name, const QString& title,
+                     QWidget* parent)
+    : QDialog(parent), actions_(engine, *this), guard_(this) {
     setObjectName(name);
     setWindowTitle(title);
-    colour(*this, QPalette::Window, forms::screenColour);
+    card::setGround(*this, QPalette::Window, forms::screenColour);
 }
 
-QPushButton* EntryForm::makeButton(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    colour(*button, QPalette::Button, forms::buttonColour);
-    button->setMinimumSize(button->sizeHint() + QSize(16, 4));
-    return button;
+forms::EntryField* EntryForm::makeField(const QString& array, int index, QWidget* parent) {
+    auto* made = new forms::EntryField(parent);
+    made->setDigitsOnly(true);
+    guard_.watch(made, array, index, *this);
+    return made;
 }
 
-QHBoxLayout* EntryForm::makeLastLine(const QString& writes, const QString& drops,
-                                     const QString& keys) {
+QHBoxLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
+                                     const char16_t* keys) {
     auto* line = new QHBoxLayout;
-    auto* hint = new QLabel(keys, this);
+    auto* hint = new QLabel(QString::fromUtf16(keys), this);
     hint->setForegroundRole(QPalette::PlaceholderText);
     line->addWidget(hint, 1);
-    QPushButton* write = makeButton(writes, QStringLiteral("Zápis"));
-    QPushButton* storno = makeButton(drops, QStringLiteral("Storno"));
-    line->addWidget(write);
-    line->addWidget(storno);
-    connect(write, &QPushButton::clicked, this, &EntryForm::writeAndClose);
-    connect(storno, &QPushButton::clicked, this, [this] {
-        drop();
-        done(Rejected);
-    });
+    const std::array<card::ButtonRow, 2> table = {{{writes, u"Zápis"}, {drops, u"Storno"}}};
+    const auto buttons = card::makeButtons(
+        table, this, [this](int place) { place == 0 ? writeAndClose() : storno(); });
+    for (QPushButton* button : buttons)
+        line->addWidget(button);
     auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), this);
-    connect(shortcut, &QShortcut::activated, this, [write] {
+    connect(shortcut, &QShortcut::activated, this, [write = buttons.front()] {
         if (forms::moveFocus(write))
             write->click();
     });
     return line;
 }
 
+void EntryForm::storno() {
+    actions_.perform([this] { drop(); });
+    done(Rejected);
+}
+
 void EntryForm::gotFocus(const forms::Control& control) {
     if (forms::EntryField* field = fieldOf(control)) {
-        colour(*field, QPalette::Base, focusColour);
+        card::setGround(*field, QPalette::Base, focusColour);
         field->trimAndSelect();
     }
 }
@@ -107,10 +100,8 @@ bool EntryForm::mayDrop() {
 }
 
 void EntryForm::reject() {
-    if (!mayDrop())
-        return;
-    drop();
-    QDialog::reject();
+    if (mayDrop())
+        storno();
 }
 
 void EntryForm::closeEvent(QCloseEvent* event) {
@@ -120,13 +111,7 @@ void EntryForm::closeEvent(QCloseEvent* event) {
 }
 
 bool EntryForm::tryToWrite() {
-    try {
-        write();
-    } catch (const store::EngineError& error) {
-        forms::showEngineError(this, error);
-        return false;
-    }
-    return true;
+    return actions_.perform([this] { actions_.write([this] { write(); }, [this] { resume(); }); });
 }
 
 void EntryForm::writeAndClose() {

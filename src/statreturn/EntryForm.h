@@ -1,12 +1,17 @@
 #pragma once
 
+#include "card/Actions.h"
+#include "forms/EntryField.h"
 #include "forms/FieldEvents.h"
 #include "forms/FocusGuard.h"
 
 #include <QDialog>
 
 class QHBoxLayout;
-class QPushButton;
+
+namespace store {
+class DBEngine;
+}
 
 namespace statreturn {
 
@@ -16,7 +21,8 @@ namespace statreturn {
 class EntryForm : public QDialog, public forms::FieldEvents {
     Q_OBJECT
   public:
-    EntryForm(const QString& name, const QString& title, QWidget* parent);
+    /// @param engine must outlive the form
+    EntryForm(store::DBEngine& engine, const QString& name, const QString& title, QWidget* parent);
 
     void gotFocus(const forms::Control& control) override;
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
@@ -31,9 +37,10 @@ class EntryForm : public QDialog, public forms::FieldEvents {
 
     /// Something was typed that the file does not hold.
     virtual bool isChanged() const = 0;
-    /// Writes what was typed and makes it durable. @throws store::EngineError, and all that was
-    /// typed is still there to be written.
+    /// Writes what was typed; what it wrote becomes durable as a whole. @throws store::EngineError
     virtual void write() = 0;
+    /// Opens the edit again, with what was typed, after a write in vain.
+    virtual void resume() = 0;
     /// Drops what was typed.
     virtual void drop() {}
     /// What the end of the form by its frame does. @return false to stay open
@@ -43,24 +50,18 @@ class EntryForm : public QDialog, public forms::FieldEvents {
 
     /// Asks whether what was typed may be dropped, if there is anything.
     bool mayDrop();
-    /// Writes and closes; stays open with the error told.
-    void writeAndClose();
+    /// @return false when it is not written, which the user has been told
     bool tryToWrite();
     /// A field of an array with the form's rules. @param parent owns it
-    template <class Field>
-    Field* makeField(const QString& array, int index, QWidget* parent) {
-        auto* made = new Field(parent);
-        guard_.watch(made, array, index, *this);
-        return made;
-    }
+    forms::EntryField* makeField(const QString& array, int index, QWidget* parent);
     /// Both buttons and before them the keys, as the form's last line.
-    QHBoxLayout* makeLastLine(const QString& writes, const QString& drops, const QString& keys);
-
-    forms::FocusGuard& guard() { return guard_; }
+    QHBoxLayout* makeLastLine(const char16_t* writes, const char16_t* drops, const char16_t* keys);
 
   private:
-    QPushButton* makeButton(const QString& name, const QString& caption);
+    void writeAndClose();
+    void storno();
 
+    card::Actions actions_;
     forms::FocusGuard guard_;
 };
 

@@ -36,8 +36,9 @@ bool opensGroup(int element) {
 } // namespace
 
 FrmDoUkaz::FrmDoUkaz(store::DBEngine& engine, const store::ProgramFolder& folder, QWidget* parent)
-    : EntryForm(QStringLiteral("frmDoUkaz"), QStringLiteral("IV. Doplňujúce ukazovatele"), parent),
-      engine_(engine), datDopUkaz_(engine) {
+    : EntryForm(engine, QStringLiteral("frmDoUkaz"), QStringLiteral("IV. Doplňujúce ukazovatele"),
+                parent),
+      datDopUkaz_(engine) {
     datDopUkaz_.setObjectName(QStringLiteral("datDopUkaz"));
     layOut();
     datDopUkaz_.setDatabaseName(folder.database());
@@ -71,13 +72,12 @@ void FrmDoUkaz::layOut() {
     lines->addWidget(heading);
     lines->addLayout(grid);
     lines->addStretch(1);
-    lines->addLayout(makeLastLine(QStringLiteral("cmdZap"), QStringLiteral("cmdStorno"),
-                                  QString::fromUtf16(indicatorKeys)));
+    lines->addLayout(makeLastLine(u"cmdZap", u"cmdStorno", indicatorKeys));
 }
 
 void FrmDoUkaz::addField(QGridLayout& grid, int element) {
     const Indicator& row = indicators[std::size_t(element)];
-    auto* field = makeField<forms::EntryField>(QStringLiteral("TextPsych"), element, this);
+    auto* field = makeField(QStringLiteral("TextPsych"), element, this);
     const QString group = QString::fromUtf16(row.group);
     const QString line = QString::fromUtf16(row.line);
     field->setAccessibleName((group.trimmed() + u' ' + line).trimmed());
@@ -149,22 +149,18 @@ bool FrmDoUkaz::isChanged() const {
     return binding_->dataChanged();
 }
 
-/// Zápis. What the disk or the row refuses stays in the fields.
 void FrmDoUkaz::write() {
-    const auto enterAgain = binding_->keepTyped();
-    try {
-        datDopUkaz_.Recordset().Update();
-        if (const auto refused = binding_->takeErrors(); !refused.empty())
-            throw store::EngineError(refused.front().error);
-        datDopUkaz_.Refresh();
-        engine_.commitPending();
-    } catch (const store::EngineError&) {
-        engine_.rollBackPending();
-        dropRow();
-        openRow();
-        enterAgain();
-        throw;
-    }
+    enterAgain_ = binding_->keepTyped();
+    datDopUkaz_.Recordset().Update();
+    if (const auto refused = binding_->takeErrors(); !refused.empty())
+        throw store::EngineError(refused.front().error);
+    datDopUkaz_.Refresh();
+}
+
+void FrmDoUkaz::resume() {
+    dropRow();
+    openRow();
+    enterAgain_();
 }
 
 void FrmDoUkaz::dropRow() {

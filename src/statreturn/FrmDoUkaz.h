@@ -7,6 +7,7 @@
 #include "store/ProgramFolder.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 
 class QGridLayout;
@@ -39,6 +40,7 @@ class FrmDoUkaz : public EntryForm {
 
     bool isChanged() const override;
     void write() override;
+    void resume() override;
     void drop() override;
     bool endsByFrame() override;
     void returnFocus(const forms::Control& left) override;
@@ -50,11 +52,12 @@ class FrmDoUkaz : public EntryForm {
     qint64 sum() const;
     void showSum();
 
-    store::DBEngine& engine_;
     store::DataSource datDopUkaz_;
     std::array<forms::EntryField*, fieldCount> TextPsych_{};
     QLabel* live_ = nullptr;
     std::optional<forms::Binding> binding_;
+    /// Puts what the last write was to take into the fields again.
+    std::function<void()> enterAgain_;
     /// Field to which the focus goes back, -1 for none.
     qint16 fokusIdx_ = -1;
 };

@@ -29,12 +29,12 @@ int columnOf(const forms::Control& control) {
 } // namespace
 
 FrmOdbStar::FrmOdbStar(store::DBEngine& engine, const store::ProgramFolder& folder, QWidget* parent)
-    : EntryForm(QStringLiteral("frmOdbStar"), QStringLiteral("Form1"), parent), engine_(engine),
+    : EntryForm(engine, QStringLiteral("frmOdbStar"), QStringLiteral("Form1"), parent),
       datOdbStar_(engine) {
     datOdbStar_.setObjectName(QStringLiteral("datOdbStar"));
     grid_ = new CareGrid(
         [this](int row, int column, QWidget* canvas) {
-            return makeField<forms::EntryField>(cellPrefix + careColumnName(column), row, canvas);
+            return makeField(cellPrefix + careColumnName(column), row, canvas);
         },
         this);
     sums_ = new CareSums(this);
@@ -60,8 +60,7 @@ void FrmOdbStar::layOut() {
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
-    lines->addLayout(makeLastLine(QStringLiteral("cmdOk"), QStringLiteral("cmdZrusit"),
-                                  QString::fromUtf16(careKeys)));
+    lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
 }
 
 void FrmOdbStar::load() {
@@ -152,14 +151,11 @@ bool FrmOdbStar::isChanged() const {
 }
 
 void FrmOdbStar::write() {
-    try {
-        writeCare(datOdbStar_.Recordset(), maZaznamy_, grid_->texts());
-        engine_.commitPending();
-    } catch (const store::EngineError&) {
-        engine_.rollBackPending();
-        readRows();
-        throw;
-    }
+    writeCare(datOdbStar_.Recordset(), maZaznamy_, grid_->texts());
+}
+
+void FrmOdbStar::resume() {
+    readRows();
 }
 
 } // namespace statreturn

@@ -35,6 +35,7 @@ class FrmOdbStar : public EntryForm {
 
     bool isChanged() const override;
     void write() override;
+    void resume() override;
     void returnFocus(const forms::Control& left) override;
 
     void layOut();
@@ -43,7 +44,6 @@ class FrmOdbStar : public EntryForm {
     bool corrects(const CareFault& fault);
     void goToTarget(int column);
 
-    store::DBEngine& engine_;
     store::DataSource datOdbStar_;
     CareGrid* grid_;
     CareSums* sums_;
