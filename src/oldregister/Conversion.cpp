@@ -99,7 +99,7 @@ class Converter {
             std::visit([this](auto&& message) { take(message); }, reader_.next());
         for (auto& writer : writers_)
             finish(*writer);
-        tellLoose(database_, report_.findings);
+        mendLoose(database_, report_.findings);
         nameClients(database_, report_.findings);
         return std::move(report_);
     }

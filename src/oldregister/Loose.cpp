@@ -56,6 +56,22 @@ void tellKeyless(store::Database& database, std::vector<Finding>& findings) {
                             shownRow(*rows, table)});
 }
 
+/// Without such a row the card of a client can't be edited.
+void addMissingTexts(store::Database& database, std::vector<Finding>& findings) {
+    const auto rows = database.OpenRecordset(QStringLiteral(
+        "select k_zaklad.idkod from k_zaklad left join k_memo on k_zaklad.idkod = k_memo.idkod "
+        "where isnull(k_memo.idkod) and isnull(k_zaklad.idkod) = false"));
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const QString key = rows->Fields(QStringLiteral("idkod")).Value().toText();
+        database.Execute(
+            QStringLiteral("insert into k_memo (idkod) values (%1)").arg(store::quoted(key)));
+        findings.push_back({key,
+                            QStringLiteral("k_memo"),
+                            QStringLiteral("klient nemá riadok textov, doplnil sa prázdny"),
+                            {}});
+    }
+}
+
 QString nameOf(store::Database& database, QStringView table, const QString& key) {
     const auto rows =
         database.OpenRecordset(QStringLiteral("select meno,priezv from %1 where idkod = %2")
@@ -68,8 +84,9 @@ QString nameOf(store::Database& database, QStringView table, const QString& key)
 
 } // namespace
 
-void tellLoose(store::Database& database, std::vector<Finding>& findings) {
+void mendLoose(store::Database& database, std::vector<Finding>& findings) {
     tellKeyless(database, findings);
+    addMissingTexts(database, findings);
     for (const store::TableDef& table : store::schema()) {
         const QStringView name(table.name);
         if (name.startsWith(u"k_") && name != clients)

@@ -82,11 +82,12 @@ QByteArray withByte(QByteArray file, qsizetype at, char value) {
     return file;
 }
 
-/// Empties the first page of a kind that belongs to the table of clients, or describes it.
-QByteArray withoutPage(QByteArray file, char kind) {
+/// Empties the first page of a kind that belongs to the table with that column, or describes it.
+QByteArray withoutPage(QByteArray file, char kind,
+                       const QString& column = QStringLiteral("kon_pomer")) {
     qsizetype definition = 0;
     for (qsizetype page = pageSize; page < file.size() && definition == 0; page += pageSize)
-        if (file[page] == 2 && file.mid(page, pageSize).contains(wide(QStringLiteral("kon_pomer"))))
+        if (file[page] == 2 && file.mid(page, pageSize).contains(wide(column)))
             definition = page;
     for (qsizetype page = pageSize; page < file.size(); page += pageSize) {
         const bool isOwn =
@@ -174,6 +175,8 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         {"no description of clients", withoutPage(whole, 2), u"tabuľka klientov sa nedá prečítať"},
         {"a page of clients lost", withoutPage(whole, 1),
          u"súbor hovorí o 40 riadkoch, čitateľných je"},
+        {"a page of texts lost", withoutPage(whole, 1, QStringLiteral("u_dolezite")),
+         u"k_memo): klient nemá riadok textov, doplnil sa prázdny"},
         {"a repeated key", repeatedKey,
          u"Klienti (k_zaklad): kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján "
          u"Novák)\n   "
