@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+namespace backup {
+
+/// Told often how much of a long work is done, from 0 to 1; the work is given up on false.
+using TellProgress = std::function<bool(double part)>;
+
+/// The user has given a long work up; what it had begun is gone.
+struct GivenUp {};
+
+/// Tells one share of a work, from `from` to `to`, as a part of the whole.
+/// @throws GivenUp
+class Share {
+  public:
+    Share(const TellProgress& tell, double from, double to) : tell_(tell), from_(from), to_(to) {}
+    void operator()(double part) const {
+        if (tell_ && !tell_(from_ + (to_ - from_) * part))
+            throw GivenUp();
+    }
+
+  private:
+    const TellProgress& tell_;
+    double from_;
+    double to_;
+};
+
+} // namespace backup

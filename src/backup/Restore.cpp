@@ -1,0 +1,158 @@
+#include "backup/Restore.h"
+
+#include "backup/Zip.h"
+#include "store/EngineError.h"
+#include "store/Files.h"
+#include "store/OpenCheck.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <unistd.h>
+
+#include <vector>
+
+namespace backup {
+
+namespace {
+
+using store::EngineError;
+using store::ErrorNumber;
+
+constexpr qint64 portion = 1 << 18;
+/// No register of this size has ever been packed to so small a part of it.
+constexpr quint64 bombSize = quint64{64} << 20U;
+constexpr quint64 bombRatio = 200;
+
+constexpr const char16_t* journals[] = {u"-journal", u"-wal", u"-shm"};
+
+void removeWithJournals(const QString& path) {
+    QFile::remove(path);
+    for (const char16_t* suffix : journals)
+        QFile::remove(path + QString::fromUtf16(suffix));
+}
+
+/// A journal beside the old file is none of the new one, which would be spoilt by it.
+void moveJournals(const QString& path, const QString& kept) {
+    for (const char16_t* suffix : journals) {
+        const QString journal = path + QString::fromUtf16(suffix);
+        if (QFileInfo::exists(journal))
+            store::replaceFile(journal, kept + QString::fromUtf16(suffix));
+    }
+}
+
+bool isBomb(const ZipEntry& entry) {
+    return entry.size() > bombSize && entry.size() / bombRatio > entry.packedSize();
+}
+
+void needRoom(const QString& path, quint64 size) {
+    const QStorageInfo disk(QFileInfo(path).absolutePath());
+    if (disk.isValid() && static_cast<quint64>(disk.bytesAvailable()) < size)
+        throw EngineError(ErrorNumber::DiskFull,
+                          QStringLiteral("Na disku nie je pre obnovené údaje dosť miesta."), path);
+}
+
+void writePortion(QFile& file, const std::vector<char>& bytes, qint64 count) {
+    if (file.write(bytes.data(), count) != count)
+        throw EngineError(ErrorNumber::DiskFull,
+                          QStringLiteral("Obnovené údaje sa nedajú zapísať, disk je asi plný."),
+                          file.fileName());
+}
+
+void writeEntry(ZipEntry& entry, const QString& path, const Share& share) {
+    store::createPrivateFile(path);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Súbor sa nedá vytvoriť."), path);
+    std::vector<char> bytes(portion);
+    for (qint64 count = 0; (count = entry.read(bytes.data(), portion)) > 0;) {
+        writePortion(file, bytes, count);
+        share(static_cast<double>(file.pos()) / static_cast<double>(entry.size()));
+    }
+}
+
+/// Finishes what a crash has left half-written, as far as the file can be opened.
+void settle(store::DBEngine& engine, const QString& path) {
+    if (!store::hasHotJournal(path))
+        return;
+    try {
+        engine.OpenDatabase(path).Close();
+    } catch (const EngineError&) {
+        // Then the journal stays with it.
+    }
+}
+
+/// Gives the live register its second name.
+void keepOld(const QString& live, const QString& kept) {
+    removeWithJournals(kept);
+    if (::link(QFile::encodeName(live).constData(), QFile::encodeName(kept).constData()) != 0)
+        return store::replaceFile(live, kept);
+    store::syncFile(kept);
+    store::syncFile(QFileInfo(kept).absolutePath());
+}
+
+/// After an exchange that failed half-way.
+void takeBack(const QString& live, const QString& kept) {
+    if (!QFileInfo::exists(live))
+        store::replaceFile(kept, live);
+    else if (store::fileIdentity(kept) == store::fileIdentity(live))
+        QFile::remove(kept);
+    moveJournals(kept, live);
+}
+
+} // namespace
+
+Restore::Restore(store::DBEngine& engine, const store::ProgramFolder& folder, IsRegister isRegister)
+    : engine_(engine), folder_(folder), isRegister_(std::move(isRegister)),
+      made_(folder.path(u"tvk.mdb.obnova")) {
+    removeWithJournals(made_);
+}
+
+Restore::~Restore() {
+    removeWithJournals(made_);
+}
+
+Finding Restore::extract(const QString& archive, const TellProgress& tell) {
+    removeWithJournals(made_);
+    try {
+        return unpack(archive, tell) && isRegister_(made_) ? Finding::Sound : Finding::NoRegister;
+    } catch (const ZipEntry::Fault fault) {
+        return fault == ZipEntry::Fault::NoArchive ? Finding::NoArchive : Finding::NoRegister;
+    }
+}
+
+bool Restore::unpack(const QString& archive, const TellProgress& tell) {
+    ZipEntry entry(archive);
+    if (isBomb(entry))
+        return false;
+    needRoom(made_, entry.size());
+    writeEntry(entry, made_, Share(tell, 0, 1));
+    store::syncFile(made_);
+    return true;
+}
+
+void Restore::replaceLive() {
+    const QString live = folder_.database();
+    if (!QFileInfo::exists(live))
+        return placeNew();
+    settle(engine_, live);
+    store::takeOwnerOf(live, made_);
+    const QString kept = folder_.path(u"tvk_ren.mdb");
+    keepOld(live, kept);
+    try {
+        moveJournals(live, kept);
+        store::replaceFile(made_, live);
+    } catch (const EngineError&) {
+        takeBack(live, kept);
+        throw;
+    }
+}
+
+void Restore::placeNew() {
+    const QString live = folder_.database();
+    moveJournals(live, live + QStringLiteral(".stary"));
+    store::moveToFreeName(made_, live);
+}
+
+} // namespace backup

@@ -1,0 +1,139 @@
+// Archives as no program should make them.
+
+#include "backup/BackupFiles.h"
+#include "store/EngineError.h"
+
+#include <sys/stat.h>
+#include <zip.h>
+
+#include <random>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using backup::Finding;
+
+struct Entry {
+    const char* name;
+    QByteArray bytes;
+    zip_uint32_t mode = 0;
+    const char* password = nullptr;
+};
+
+class Archives : public BackupFiles {
+  protected:
+    Archives() : original(files::read(reg.folder.database())) {}
+
+    QByteArray packed(const std::vector<Entry>& entries) const {
+        const QString file = elsewhere.filePath(u"a.zip"_s);
+        zip_t* archive = zip_open(file.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+        for (const Entry& entry : entries) {
+            zip_source_t* source = zip_source_buffer(
+                archive, entry.bytes.constData(), static_cast<zip_uint64_t>(entry.bytes.size()), 0);
+            const auto index =
+                static_cast<zip_uint64_t>(zip_file_add(archive, entry.name, source, 0));
+            if (entry.mode != 0)
+                zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX,
+                                                 entry.mode << 16U);
+            if (entry.password != nullptr)
+                zip_file_set_encryption(archive, index, ZIP_EM_AES_256, entry.password);
+        }
+        EXPECT_EQ(zip_close(archive), 0);
+        return files::read(file);
+    }
+    /// Looks at an archive of these bytes; nothing but the register is there afterwards, and what
+    /// passes for sound is the register that was packed.
+    Finding look(const QByteArray& bytes) {
+        const QString file = elsewhere.filePath(u"b.zip"_s);
+        files::write(file, bytes);
+        Finding found = Finding::NoArchive;
+        {
+            backup::Restore one(reg.engine, reg.folder, checker());
+            found = one.extract(file);
+            if (found == Finding::Sound) {
+                EXPECT_EQ(files::read(path("tvk.mdb.obnova")), original);
+            }
+        }
+        EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s});
+        return found;
+    }
+
+    const QByteArray original;
+};
+
+/// The entry's size in the central directory, 24 bytes behind its signature.
+QByteArray withSize(QByteArray archive, quint32 size) {
+    const qsizetype at = archive.lastIndexOf("PK\1\2") + 24;
+    for (int i = 0; i < 4; ++i)
+        archive[at + i] = static_cast<char>(size >> (8 * i));
+    return archive;
+}
+
+TEST_F(Archives, eachIsWhatItIsAndNoMore) {
+    const QByteArray sound = packed({{"tvk.mdb", original}});
+    QByteArray twice = packed({{"tvk.mdb", original}, {"tvk.mda", original}});
+    twice.replace("tvk.mda", "tvk.mdb");
+    std::vector<Entry> many(3000, Entry{"x", "x"});
+    QByteArrayList manyNames;
+    for (int i = 0; i < 3000; ++i)
+        manyNames << "f" + QByteArray::number(i);
+    for (int i = 0; i < 3000; ++i)
+        many[static_cast<size_t>(i)].name = manyNames[i].constData();
+    many.push_back({"tvk.mdb", original});
+    const auto size = static_cast<quint32>(original.size());
+    const std::vector<std::tuple<const char*, QByteArray, Finding>> table{
+        {"sound", sound, Finding::Sound},
+        {"other entries", packed({{"../tvk.mdb", "x"}, {"tvk.mdb", original}}), Finding::Sound},
+        {"many entries", packed(many), Finding::Sound},
+        {"no file", {}, Finding::NoArchive},
+        {"a text", "Toto nie je archív.", Finding::NoArchive},
+        {"a bare register", original, Finding::NoArchive},
+        {"no entries", QByteArray("PK\5\6") + QByteArray(18, '\0'), Finding::NoRegister},
+        {"another name", packed({{"iny.mdb", original}}), Finding::NoRegister},
+        {"other case", packed({{"TVK.MDB", original}}), Finding::NoRegister},
+        {"way up", packed({{"../tvk.mdb", original}}), Finding::NoRegister},
+        {"root", packed({{"/tvk.mdb", original}}), Finding::NoRegister},
+        {"drive", packed({{"C:\\tvk.mdb", original}}), Finding::NoRegister},
+        {"folder", packed({{"x/tvk.mdb", original}}), Finding::NoRegister},
+        {"link", packed({{"tvk.mdb", "/etc/passwd", S_IFLNK | 0777}}), Finding::NoRegister},
+        {"device", packed({{"tvk.mdb", original, S_IFBLK | 0600}}), Finding::NoRegister},
+        {"encrypted", packed({{"tvk.mdb", original, 0, "heslo"}}), Finding::NoRegister},
+        {"two registers", twice, Finding::NoRegister},
+        {"empty entry", packed({{"tvk.mdb", {}}}), Finding::NoRegister},
+        {"no register", packed({{"tvk.mdb", "údaje"}}), Finding::NoRegister},
+        {"half a register", packed({{"tvk.mdb", original.first(original.size() / 2)}}),
+         Finding::NoRegister},
+        {"bomb", packed({{"tvk.mdb", QByteArray(65 << 20, '\0')}}), Finding::NoRegister},
+        {"claims less", withSize(sound, size - 1), Finding::NoRegister},
+        {"claims nothing", withSize(sound, 0), Finding::NoRegister},
+        {"claims more", withSize(sound, size + 1), Finding::NoRegister},
+        {"claims a bomb", withSize(sound, 0x7FFFFFFF), Finding::NoRegister},
+    };
+    for (const auto& [what, bytes, expected] : table)
+        EXPECT_EQ(look(bytes), expected) << what;
+    EXPECT_NE(look(withSize(sound, 0xFFFFFFFF)), Finding::Sound);
+}
+
+TEST_F(Archives, cutOrWithFlippedBitsTheyAreRefusedOrWhole) {
+    const QByteArray sound = packed({{"tvk.mdb", original}});
+    const qsizetype directory = sound.lastIndexOf("PK\1\2");
+    std::mt19937 random(20061001);
+    const auto upTo = [&random](qsizetype end) {
+        return static_cast<qsizetype>(random() % static_cast<quint64>(end));
+    };
+    for (int i = 0; i < 40; ++i)
+        EXPECT_NE(look(sound.first(upTo(sound.size()))), Finding::Sound);
+    int refused = 0;
+    for (int i = 0; i < 150; ++i) {
+        QByteArray flipped = sound;
+        // The data, then what surrounds them.
+        const qsizetype at = i < 50    ? 60 + upTo(directory - 60)
+                             : i < 100 ? upTo(60)
+                                       : directory + upTo(sound.size() - directory);
+        flipped[at] = static_cast<char>(flipped[at] ^ (1 << (i % 8)));
+        refused += look(flipped) == Finding::Sound ? 0 : 1;
+    }
+    EXPECT_GE(refused, 90);
+}
+
+} // namespace
