@@ -22,6 +22,14 @@ void refuse(QWidget& window, const QString& message) {
         {.text = message, .title = QStringLiteral("Chybová správa"), .icon = QMessageBox::Warning});
 }
 
+bool mayDrop(QWidget& window, const QString& question) {
+    return forms::showMessage(&window, {.text = question,
+                                        .title = QStringLiteral("Upozornenie"),
+                                        .icon = QMessageBox::Question,
+                                        .buttons = QMessageBox::Yes | QMessageBox::No,
+                                        .defaultButton = QMessageBox::No}) == QMessageBox::Yes;
+}
+
 void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character) {
     if (character == u'\r' || character == u'\b' || (character >= u'0' && character <= u'9'))
         return;

@@ -22,6 +22,9 @@ bool opensPicker(int key, Qt::KeyboardModifiers modifiers);
 /// Says that what was entered is not taken.
 void refuse(QWidget& window, const QString& message);
 
+/// Asks whether what was typed and is not written may be dropped.
+bool mayDrop(QWidget& window, const QString& question);
+
 /// Drops a character that is no digit, and says so; the field keeps the focus.
 void takeDigitsOnly(QWidget& window, const forms::Control& control, QChar& character);
 

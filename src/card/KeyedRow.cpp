@@ -4,7 +4,23 @@
 #include "store/EngineError.h"
 #include "store/Sql.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace card {
+
+int missing(KeyField& field, std::initializer_list<Mandatory> others) {
+    const auto [surname, firstName] = field.typed();
+    std::vector<Mandatory> all{{firstName, QStringLiteral("Meno je povinný údaj !")},
+                               {surname, QStringLiteral("Priezvisko je povinný údaj !")}};
+    all.insert(all.end(), others);
+    const auto empty = std::ranges::find_if(
+        all, [](const Mandatory& one) { return trimBlanks(one.text).isEmpty(); });
+    if (empty == all.end())
+        return 0;
+    field.tellMissing(empty->message);
+    return int(empty - all.begin()) + 1;
+}
 
 QString KeyedRow::text(QStringView column) const {
     return trimBlanks(source_.Recordset().Fields(column).Value().toText());
@@ -46,6 +62,8 @@ void refreshDependents(std::span<const Dependent> dependents, const Sources& sou
 
 void moveDependents(std::span<const Dependent> dependents, const Sources& sources,
                     const QString& oldKey, const QString& newKey) {
+    if (oldKey.isEmpty())
+        return;
     for (const Dependent& dependent : dependents)
         sources(dependent.source)
             .Database()

@@ -7,6 +7,7 @@
 #include <QStringView>
 
 #include <functional>
+#include <initializer_list>
 #include <span>
 
 namespace card {
@@ -15,11 +16,23 @@ namespace card {
 class KeyField {
   public:
     virtual ~KeyField() = default;
+    /// The names as they stand in the fields.
+    virtual Names typed() const = 0;
+    /// Says that a mandatory field is empty.
+    virtual void tellMissing(const QString& message) = 0;
     /// The key reaches the row through the field that is bound to its column.
     virtual void setKey(const QString& key) = 0;
     /// Keeps an error that a save passes over, for the user to be told after it.
     virtual void passOver(const store::EngineError& error) = 0;
 };
+
+struct Mandatory {
+    QString text;
+    QString message;
+};
+/// Tells of the first mandatory field that is empty; the names are the first two.
+/// @return its place, counted from 1; 0 when all are filled
+int missing(KeyField& field, std::initializer_list<Mandatory> others = {});
 
 /// How an Update ended that does not stop a save.
 enum class Written { Yes, KeyTaken, Refused };
@@ -64,7 +77,8 @@ using Sources = std::function<store::DataSource&(QStringView name)>;
 
 /// @throws store::EngineError
 void refreshDependents(std::span<const Dependent> dependents, const Sources& sources);
-/// Puts the new key in the place of the old one in all rows that carry it.
+/// Puts the new key in the place of the old one in all rows that carry it. Rows without a key are
+/// nobody's.
 /// @throws store::EngineError
 void moveDependents(std::span<const Dependent> dependents, const Sources& sources,
                     const QString& oldKey, const QString& newKey);

@@ -1,9 +1,9 @@
 #include "clientcard/EntryLayout.h"
 
 #include "card/CalendarNote.h"
+#include "card/FieldGrid.h"
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryTable.h"
-#include "clientcard/FieldGrid.h"
 #include "clientcard/ImpairmentFields.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
@@ -104,7 +104,7 @@ class FrameMaker {
     void place(const Cell& cell, int element) {
         const EntryRow& row = entryTable()[std::size_t(element)];
         forms::EntryField& field = controls_.fields.field(element);
-        setWidth(field, cell.characters);
+        card::setWidth(field, cell.characters);
         fields_.add({cell.row, cell.pair, cell.pairs}, QString::fromUtf16(row.field.caption), field,
                     pickOf(element, row));
     }
@@ -128,7 +128,7 @@ class FrameMaker {
     }
 
     const EntryControls& controls_;
-    FieldGrid fields_;
+    card::FieldGrid fields_;
 };
 
 QGroupBox* makeFrame(const QString& title, const QString& name, QWidget* parent) {
@@ -171,7 +171,7 @@ QGroupBox* makeParentFrame(const EntryControls& controls, const QString& title, 
     FrameMaker maker(controls, lineOf(*frame));
     maker.place(parentCells, distance);
     for (const int element : {krz::dominantM, krz::associatedM})
-        setWidth(controls.fields.field(distance + element), impairmentCharacters);
+        card::setWidth(controls.fields.field(distance + element), impairmentCharacters);
     addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1, 3);
     const int captions = widestCaption(parentCells);
     maker.grid().setColumnMinimumWidth(0, captions);
@@ -258,7 +258,7 @@ QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
     auto* impaired =
         makeFrame(QStringLiteral("Postihnutia klienta"), QStringLiteral("fraZiaPos"), page);
     for (const int element : {krz::dominantK, krz::associatedK})
-        setWidth(controls.fields.field(element), impairmentCharacters);
+        card::setWidth(controls.fields.field(element), impairmentCharacters);
     addImpairments(FrameMaker(controls, lineOf(*impaired)).grid(), controls.client, 0,
                    ImpairmentFields::Shape::Wide, widestCaption(basicCells))
         .setColumnMinimumWidth(3, widestCaption(basicCells, 1));

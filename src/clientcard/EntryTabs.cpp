@@ -45,8 +45,9 @@ class EntryTabs : public TabFamily, public KeyFields {
     std::function<void()> keepTyped() override;
     std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
-    QString firstName() const override { return fields_.text(krz::meno); }
-    QString surname() const override { return fields_.text(krz::priezv); }
+    card::Names typed() const override {
+        return {fields_.text(krz::priezv), fields_.text(krz::meno)};
+    }
     QString catalogueNumber() const override { return fields_.text(krz::katcis); }
     void setKey(const QString& key) override { txtIdKod_->setText(key); }
     void zapisPostih() override;

@@ -1,6 +1,7 @@
 #include "clientcard/FrmKlientUdaj.h"
 
 #include "card/Buttons.h"
+#include "card/FieldKeys.h"
 #include "card/TextRules.h"
 #include "clientcard/CardPages.h"
 #include "clientcard/CardTables.h"
@@ -346,12 +347,8 @@ bool FrmKlientUdaj::endsByFrame() {
 /// A new client who was typed in is not given up unasked.
 bool FrmKlientUdaj::mayDrop() {
     return !draft_.isChanged() ||
-           forms::showMessage(this, {.text = QStringLiteral(
-                                         "Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"),
-                                     .title = QStringLiteral("Upozornenie"),
-                                     .icon = QMessageBox::Question,
-                                     .buttons = QMessageBox::Yes | QMessageBox::No,
-                                     .defaultButton = QMessageBox::No}) == QMessageBox::Yes;
+           card::mayDrop(*this,
+                         QStringLiteral("Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"));
 }
 
 } // namespace clientcard

@@ -1,6 +1,6 @@
 #include "clientcard/ImpairmentFields.h"
 
-#include "clientcard/FieldGrid.h"
+#include "card/FieldGrid.h"
 #include "clientcard/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/DropDown.h"
@@ -95,7 +95,7 @@ ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryF
     if (traits.hidesPicks) {
         for (QWidget* hidden : std::initializer_list<QWidget*>{
                  dominantPick_, associatedPick_, dominantCaption_, associatedCaption_})
-            keepPlace(*hidden);
+            card::keepPlace(*hidden);
     }
     show(QString());
 }

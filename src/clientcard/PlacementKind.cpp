@@ -1,6 +1,6 @@
+#include "card/FieldGrid.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
-#include "clientcard/FieldGrid.h"
 #include "clientcard/RecordKind.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
@@ -101,7 +101,7 @@ PlacementKind::PlacementKind(const RecordParts& parts)
 
 void PlacementKind::makeOptions() {
     Frame4_->setObjectName(QStringLiteral("Frame4"));
-    keepPlace(*Frame4_);
+    card::keepPlace(*Frame4_);
     auto* line = new QHBoxLayout(Frame4_);
     line->setSpacing(16);
     for (std::size_t i = 0; i < views.size(); ++i) {

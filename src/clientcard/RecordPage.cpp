@@ -1,7 +1,7 @@
 #include "clientcard/RecordPage.h"
 
 #include "card/CalendarNote.h"
-#include "clientcard/FieldGrid.h"
+#include "card/FieldGrid.h"
 #include "clientcard/RecordKind.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
@@ -29,7 +29,7 @@ QVBoxLayout* layOutList(const RecordControls& controls) {
     column->setSpacing(4);
     column->addWidget(labelOf(controls.list, controls.row.listLabel));
     column->addWidget(&controls.list, 1);
-    setWidth(controls.list, controls.row.listCharacters);
+    card::setWidth(controls.list, controls.row.listCharacters);
     return column;
 }
 
@@ -42,12 +42,12 @@ Qt::Alignment labelsOf(const RecordRow& row) {
 }
 
 void layOutFields(const RecordControls& controls, QBoxLayout& frame) {
-    FieldGrid grid(frame, labelsOf(controls.row));
+    card::FieldGrid grid(frame, labelsOf(controls.row));
     for (std::size_t i = 0; i < controls.row.fields.size(); ++i) {
         const RecordField& field = controls.row.fields[i];
         if (field.characters == 0)
             continue;
-        setWidth(*controls.fields[i], field.characters);
+        card::setWidth(*controls.fields[i], field.characters);
         // What stands alone in its row may reach over all columns.
         const bool isAlone =
             std::ranges::count(controls.row.fields, field.row, &RecordField::row) == 1;

@@ -270,7 +270,7 @@ bool RecordTab::zapis() {
         return false;
     if (draft_.isOwed())
         draft_.openOwed(typed());
-    keepOpenRecord();
+    draft_.keepRow(source_, typed());
     const auto write = [this] {
         kind_->complete(records());
         if (records().EditMode() == store::EditState::Edit)
@@ -282,28 +282,8 @@ bool RecordTab::zapis() {
     return true;
 }
 
-void RecordTab::keepOpenRecord() {
-    const store::EditState mode = records().EditMode();
-    // A new record has no place, and the row behind it may be gone.
-    const qint64 place = mode == store::EditState::Edit ? records().AbsolutePosition() : -1;
-    draft_.keep([this, mode, place] { reopen(mode, place); }, typed());
-}
-
 card::Draft::Typed RecordTab::typed() {
     return {binding_->keepTyped(), kind_->keepTyped()};
-}
-
-void RecordTab::reopen(store::EditState mode, qint64 place) {
-    {
-        const QSignalBlocker silent(source_);
-        if (source_.isOpen())
-            records().CancelUpdate();
-    }
-    source_.Refresh();
-    if (mode != store::EditState::Edit)
-        return records().AddNew();
-    records().setAbsolutePosition(place);
-    records().Edit();
 }
 
 void RecordTab::resume() {

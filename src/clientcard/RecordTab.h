@@ -77,8 +77,6 @@ class RecordTab : public forms::FieldEvents {
     bool isComplete();
     void writeEdited();
     void writeNew();
-    void keepOpenRecord();
-    void reopen(store::EditState mode, qint64 place);
     card::Draft::Typed typed();
     void resume();
     QString question() const;

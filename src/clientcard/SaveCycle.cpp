@@ -22,8 +22,11 @@ constexpr std::array<card::Dependent, 6> dependents = {{
 } // namespace
 
 SaveResult SaveCycle::zapisZaklad() {
-    if (const auto why = missing())
-        return *why;
+    const int missing = card::missing(
+        fields_,
+        {{fields_.catalogueNumber(), QStringLiteral("Katalógové číslo je povinný údaj !")}});
+    if (missing != 0)
+        return SaveResult(missing);
     fields_.zapisPostih();
     if (modKontrola::gAkcia == 2) {
         saveExisting();
@@ -35,31 +38,10 @@ SaveResult SaveCycle::zapisZaklad() {
     return SaveResult::Saved;
 }
 
-std::optional<SaveResult> SaveCycle::missing() const {
-    struct Mandatory {
-        QString text;
-        QString message;
-        SaveResult result;
-    };
-    const std::array<Mandatory, 3> mandatory = {{
-        {fields_.firstName(), QStringLiteral("Meno je povinný údaj !"), SaveResult::NoFirstName},
-        {fields_.surname(), QStringLiteral("Priezvisko je povinný údaj !"), SaveResult::NoSurname},
-        {fields_.catalogueNumber(), QStringLiteral("Katalógové číslo je povinný údaj !"),
-         SaveResult::NoCatalogueNumber},
-    }};
-    for (const Mandatory& field : mandatory) {
-        if (trimBlanks(field.text).isEmpty()) {
-            fields_.tellMissing(field.message);
-            return field.result;
-        }
-    }
-    return std::nullopt;
-}
-
 void SaveCycle::saveExisting() {
     const QString oldKey = row_.key();
-    const QString base = card::keyBase(typedNames());
-    if (typedNames() == row_.names()) {
+    const QString base = card::keyBase(fields_.typed());
+    if (fields_.typed() == row_.names()) {
         row_.updateUnder(oldKey);
     } else if (base != card::baseOfKey(oldKey)) {
         const auto [key, isWritten] = row_.updateUnderFreeKey(base);
@@ -70,7 +52,7 @@ void SaveCycle::saveExisting() {
 }
 
 void SaveCycle::saveNew() {
-    const auto [key, isWritten] = row_.updateUnderFreeKey(card::keyBase(typedNames()));
+    const auto [key, isWritten] = row_.updateUnderFreeKey(card::keyBase(fields_.typed()));
     modKontrola::gIdKod = key;
     CardData::reopenOn(data_.datZaklad(), QStringLiteral("select * from k_zaklad order by idkod"),
                        key);

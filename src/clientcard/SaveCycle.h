@@ -5,20 +5,14 @@
 
 #include <QString>
 
-#include <optional>
-
 namespace clientcard {
 
 /// What the save cycle reads from the card's fields and writes into them.
 class KeyFields : public card::KeyField {
   public:
-    virtual QString firstName() const = 0;
-    virtual QString surname() const = 0;
     virtual QString catalogueNumber() const = 0;
     /// Puts what no field is bound to into the open row: flags, empty dates, impairments.
     virtual void zapisPostih() = 0;
-    /// Says that a mandatory field is empty.
-    virtual void tellMissing(const QString& message) = 0;
 };
 
 /// Why the cycle did not begin; the numbers are those that its callers act on.
@@ -45,10 +39,8 @@ class SaveCycle {
     bool kon_katCislo(const QString& number) const;
 
   private:
-    std::optional<SaveResult> missing() const;
     void saveExisting();
     void saveNew();
-    card::Names typedNames() const { return {fields_.surname(), fields_.firstName()}; }
 
     CardData& data_;
     KeyFields& fields_;

@@ -1,6 +1,6 @@
+#include "card/FieldGrid.h"
 #include "card/TextRules.h"
 #include "clientcard/CardData.h"
-#include "clientcard/FieldGrid.h"
 #include "clientcard/ImpairmentFields.h"
 #include "clientcard/RecordKind.h"
 #include "clientcard/SexPick.h"
@@ -53,10 +53,10 @@ SiblingKind::SiblingKind(const RecordParts& parts)
       impairments_(impairmentTraits(Person::Sibling), *fields_[sibling::dominant],
                    *fields_[sibling::associated], parts.workshop, parts.frame.guard()) {
     sexPick_.pick().setFixedWidth(sexPickWidth);
-    keepPlace(sexPick_.pick());
+    card::keepPlace(sexPick_.pick());
     sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
     for (const int field : {sibling::dominant, sibling::associated})
-        setWidth(*fields_[std::size_t(field)], 2);
+        card::setWidth(*fields_[std::size_t(field)], 2);
 }
 
 forms::DropDown* SiblingKind::pickOf(int field) const {

@@ -1,4 +1,4 @@
-#include "clientcard/FieldGrid.h"
+#include "card/FieldGrid.h"
 
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QWidget>
 
-namespace clientcard {
+namespace card {
 
 void setWidth(QWidget& field, int characters) {
     const QFontMetrics metrics(field.font());
@@ -40,4 +40,4 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);
 }
 
-} // namespace clientcard
+} // namespace card

@@ -7,7 +7,7 @@ class QBoxLayout;
 class QGridLayout;
 class QWidget;
 
-namespace clientcard {
+namespace card {
 
 /// Gives a field the width of that many characters.
 void setWidth(QWidget& field, int characters);
@@ -37,4 +37,4 @@ class FieldGrid {
     Qt::Alignment labels_;
 };
 
-} // namespace clientcard
+} // namespace card
