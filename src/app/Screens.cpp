@@ -3,6 +3,7 @@
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
@@ -59,6 +60,7 @@ void openDialog(FrmUvod& window) {
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
         {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::EmployeeCard, openDialog<staff::FrmPsychUdaj>},
         {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
         {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
         {Screen::PrintVek, printVek},

@@ -1,0 +1,96 @@
+#include "staff/EmployeeOptions.h"
+
+#include "forms/FocusGuard.h"
+#include "store/Recordset.h"
+#include "validation/Validators.h"
+
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace staff {
+
+namespace {
+
+struct OptionRow {
+    const char16_t* name;
+    const char16_t* caption;
+    const char16_t* code;
+};
+
+struct PairRow {
+    const char16_t* title;
+    const char16_t* column;
+    std::array<OptionRow, 2> options;
+};
+
+constexpr std::array<PairRow, 3> pairs = {{
+    {u"interný/externý",
+     u"int-ext",
+     {{{u"optZamInt", u"interný zamestnanec", u"i"},
+       {u"optZamExt", u"externý zamestnanec", u"e"}}}},
+    {u"pohlavie", u"pohlavie", {{{u"optZamMuz", u"muž", u"m"}, {u"optZamZena", u"žena", u"z"}}}},
+    {u"kvalifikácia",
+     u"kvalifikacia",
+     {{{u"optZamMaKva", u"má požadovanú kvalifikáciu", u"a"},
+       {u"optZamNeKva", u"nemá požadovanú kvalifikáciu", u"n"}}}},
+}};
+
+} // namespace
+
+EmployeeOptions::EmployeeOptions(forms::FocusGuard& guard, QWidget* parent) {
+    for (const PairRow& pair : pairs) {
+        auto* frame = frames_.emplace_back(new QGroupBox(QString::fromUtf16(pair.title), parent));
+        auto* lines = new QVBoxLayout(frame);
+        for (const OptionRow& row : pair.options) {
+            auto* option =
+                options_.emplace_back(new QRadioButton(QString::fromUtf16(row.caption), frame));
+            guard.watch(option, QString::fromUtf16(row.name), -1, *this);
+            lines->addWidget(option);
+        }
+    }
+}
+
+void EmployeeOptions::show(store::Recordset& employee) {
+    auto option = options_.begin();
+    for (const PairRow& pair : pairs) {
+        const QString code = employee.Fields(pair.column).Value().toText();
+        for (const OptionRow& row : pair.options) {
+            if (code == row.code)
+                (*option)->setChecked(true);
+            ++option;
+        }
+    }
+}
+
+void EmployeeOptions::volbyDoZaznamu(store::Recordset& employee) const {
+    const QStringList codes = chosen();
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        if (const QString& code = codes[qsizetype(i)]; !code.isEmpty())
+            employee.Fields(pairs[i].column).setValue(code);
+    }
+}
+
+QStringList EmployeeOptions::chosen() const {
+    QStringList codes;
+    auto option = options_.begin();
+    for (const PairRow& pair : pairs) {
+        QString code;
+        for (const OptionRow& row : pair.options) {
+            if ((*option++)->isChecked())
+                code = QString::fromUtf16(row.code);
+        }
+        codes << code;
+    }
+    return codes;
+}
+
+/// Enter walks on; only the blank and the arrows choose.
+void EmployeeOptions::keyDown(const forms::Control& /*control*/, int& key,
+                              Qt::KeyboardModifiers /*modifiers*/) {
+    modKontrola::enterNaTab(key);
+}
+
+} // namespace staff

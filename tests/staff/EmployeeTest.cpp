@@ -1,0 +1,205 @@
+#include "EmployeeScreen.h"
+#include "card/TextRules.h"
+#include "store/FaultVfs.h"
+#include "store/Sql.h"
+
+using cardtest::text;
+using enum QMessageBox::StandardButton;
+
+namespace {
+
+class EmployeeTest : private faults::Layer, public cardtest::EmployeeScreen {
+  protected:
+    forms::DropDown& function() { return at<forms::DropDown>("DBCombo1"); }
+    void expectLost(QMessageBox::StandardButton answer) {
+        expectQuestion(text("Zamestnanec nie je zapísaný. Zahodiť, čo bolo zadané ?"),
+                       text("Upozornenie"), answer);
+    }
+};
+
+} // namespace
+
+TEST_F(EmployeeTest, EachFieldAndOptionHasAColumnOfItsOwnAndIsReachedByKeys) {
+    constexpr const char* columns[] = {"idkod",   "meno",     "priezv",      "prac_zar",
+                                       "int-ext", "pohlavie", "kvalifikacia"};
+    struct Case {
+        const char *firstName, *surname, *function;
+        bool takesOther;
+        const char *button, *stored;
+    };
+    open();
+    EXPECT_EQ(card->windowTitle(), text("Údaje zamestnanca"));
+    EXPECT_EQ(function().text() + at("txtIdKod").text(), QString());
+    for (const Case& c :
+         {Case{"adam", "biely", "f3", false, "cmdzapNew", "BIELYAD00|Adam|Biely|3|i|m|a"},
+          Case{"iva", "cierna", "F4", true, "cmdZap", "CIERNAIV00|Iva|Cierna|4|e|z|n"}}) {
+        EXPECT_EQ(focused(), text("TextPsych(0)"));
+        for (const char* typed : {c.firstName, c.surname, c.function})
+            enter(typed);
+        for (int pair = 0; pair < 3; ++pair) {
+            key(c.takesOther ? Qt::Key_Down : Qt::Key_Space);
+            key(Qt::Key_Return);
+        }
+        EXPECT_EQ(focused(), text("cmdZap"));
+        while (focused() != text(c.button))
+            key(Qt::Key_Tab);
+        key(Qt::Key_Return);
+        QStringList row;
+        const QString where = text("select * from zamestnanci where prac_zar = %1");
+        for (const char* column : columns)
+            row << reg.text(where.arg(text(c.function).back()), text(column));
+        EXPECT_EQ(row.join(u'|'), text(c.stored));
+    }
+    EXPECT_FALSE(card->isVisible());
+    modKontrola::gMenoKlienta = text(" : Iva  Cierna");
+    open(text("CIERNAIV00"));
+    EXPECT_EQ(card->windowTitle(), text("Údaje zamestnanca: Iva  Cierna"));
+    EXPECT_EQ(function().text(), text("F4"));
+    for (const char* option : {"optZamExt", "optZamZena", "optZamNeKva"})
+        EXPECT_TRUE(at<QRadioButton>(option).isChecked()) << option;
+    click("cmdzapNew");
+    enter("ota");
+    type("maly");
+    click("cmdZap");
+    EXPECT_EQ(employees("idkod = 'MALYOT00' and [int-ext] = 'e' and isnull(prac_zar)"), 1)
+        << "the options were carried on";
+}
+
+TEST_F(EmployeeTest, TheKeyFollowsTheNameAndTheRecordsTheKey) {
+    struct Case {
+        const char *key, *firstName, *surname, *stored;
+    };
+    for (const char* button : {"cmdZap", "cmdzapNew", "frame"}) {
+        const bool byFrame = text(button) == text("frame");
+        for (const Case& c : {Case{"NOVOTNEV00", "Eva", "Novotna", "NOVOTNEV00"},
+                              {"NOVOTNEV00", "Evelina", "Novotnova", "NOVOTNEV00"},
+                              {"NOVOTNEV01", "eva", "mala", "MALAEV00"},
+                              {"NOVOTNEV01", "eva", "o'tool", "O'TOOLEV00"},
+                              {"NOVOTNEV00", "Ema", "Biela", "BIELAEM01"}}) {
+            SCOPED_TRACE(std::string(button) + c.stored);
+            reg.execute({text("delete from zamestnanci"), text("delete from k_vysetrenie"),
+                         text("delete from k_zaznam_spc"), text("delete from k_zaznam_zmeny")});
+            addEmployee(c.key);
+            addEmployee("BIELAEM00");
+            open(text(c.key));
+            typeName(0, c.firstName);
+            typeName(1, c.surname);
+            at<QRadioButton>("optZamMuz").click();
+            byFrame ? void(card->close()) : click(button);
+            const QString key = text(byFrame ? c.key : c.stored);
+            EXPECT_EQ(card->isVisible(), text(button) == text("cmdzapNew"));
+            EXPECT_EQ(modKontrola::gAkcia, byFrame ? 2 : card->isVisible() ? 1 : 0);
+            for (const char* table : cardtest::workTables)
+                EXPECT_EQ(reg.count(text("select * from %1 where idkod_p = %2")
+                                        .arg(text(table), store::quoted(key))),
+                          1)
+                    << table;
+            EXPECT_EQ(
+                reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("idkod")),
+                key);
+            EXPECT_EQ(employees("pohlavie = 'm'"), 1);
+            EXPECT_EQ(
+                reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("priezv")),
+                card::capitalised(text(c.surname)));
+        }
+    }
+}
+
+TEST_F(EmployeeTest, WhatIsNoFunctionOfTheReturnHoldsTheFocusButTowardsStorno) {
+    struct Case {
+        const char *typed, *shown;
+        bool isTaken;
+    };
+    for (const Case& c : {Case{"F8", "F8", true},
+                          {"f1", "F1", true},
+                          {"F9", "F9", false},
+                          {"nic", "nic", false},
+                          {"", "", false}}) {
+        SCOPED_TRACE(c.typed);
+        open();
+        function().setFocus();
+        type(c.typed);
+        if (!c.isTaken)
+            expect("Nebol zadaný správny údaj");
+        key(Qt::Key_Return);
+        EXPECT_EQ(focused() == text("DBCombo1"), !c.isTaken);
+        EXPECT_EQ(function().text(), text(c.shown));
+        click("cmdStorno");
+        EXPECT_FALSE(card->isVisible());
+        EXPECT_EQ(modKontrola::gAkcia, 0);
+    }
+    EXPECT_EQ(employees("true"), 1);
+}
+
+TEST_F(EmployeeTest, WithoutANameNothingIsWrittenAndNothingGoesUnasked) {
+    open();
+    const auto saves = [&](const char* message, const char* field) {
+        expect(message);
+        click("cmdzapNew");
+        EXPECT_EQ(focused(), text(field));
+    };
+    saves("Meno je povinný údaj !", "TextPsych(0)");
+    type("iva");
+    saves("Priezvisko je povinný údaj !", "TextPsych(1)");
+    for (const auto answer : {No, Yes}) {
+        expectLost(answer);
+        card->close();
+        boxes.allCame();
+        EXPECT_EQ(card->isVisible(), answer == No);
+    }
+    EXPECT_EQ(employees("true"), 1);
+    EXPECT_EQ(modKontrola::gAkcia, 1);
+    open(text("NOVOTNEV00"));
+    typeName(1, "Mala");
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_EQ(employees("priezv = 'Novotna'"), 1);
+    EXPECT_THROW(open(text("NIKTO00")), store::EngineError);
+}
+
+TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingTyped) {
+    // A new one, a change of the key and a change behind its letters.
+    for (const char* button : {"cmdZap", "cmdzapNew", "frame"}) {
+        for (const auto& [key, surname] : {std::pair{"", "Mala"}, std::pair{"NOVOTNEV00", "Mala"},
+                                           std::pair{"NOVOTNEV00", "Novotnova"}}) {
+            const bool isNew = *key == '\0';
+            if (isNew && text(button) == text("frame"))
+                continue;
+            SCOPED_TRACE(std::string(button) + key + surname);
+            const auto leave = [&, road = button] {
+                text(road) == text("frame") ? void(card->close()) : click(road);
+                boxes.allCame();
+            };
+            open(text(key));
+            typeName(0, "Eva");
+            typeName(1, surname);
+            function().setFocus();
+            type("F5");
+            at<QRadioButton>("optZamMaKva").click();
+            reg.letGo();
+            reg.engine.commitPending();
+            faults::install({faults::Plan::Fault::SyncFails, 1});
+            expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+            leave();
+            faults::install({});
+            EXPECT_TRUE(card->isVisible());
+            EXPECT_EQ(employees("true"), 1);
+            EXPECT_EQ(employees("idkod = 'NOVOTNEV00' and priezv = 'Novotna' and prac_zar = 2"), 1);
+            EXPECT_EQ(at("TextPsych(1)").text() + function().text(), text(surname) + text("F5"));
+            leave();
+            EXPECT_EQ(employees("prac_zar = 5 and kvalifikacia = 'a'"), 1);
+            card.reset();
+            reg.execute({text("delete from zamestnanci"), text("delete from k_vysetrenie"),
+                         text("delete from k_zaznam_spc"), text("delete from k_zaznam_zmeny")});
+            addEmployee("NOVOTNEV00");
+        }
+    }
+    open(text("NOVOTNEV00"));
+    refuse("update on k_zaznam_zmeny");
+    typeName(1, "Mala");
+    expectEngineError("Chyba č. 3000\n\nChyba databázového stroja: refused.");
+    click("cmdZap");
+    EXPECT_EQ(at("TextPsych(1)").text(), text("Mala"));
+    EXPECT_EQ(reg.text(text("k_vysetrenie"), text("idkod_p")), text("NOVOTNEV00"));
+    EXPECT_EQ(employees("idkod = 'NOVOTNEV00'"), 1);
+}
