@@ -68,6 +68,8 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(pages_->layOut(), 1);
     lines->addLayout(makeFoot());
+    connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
+            &FrmKlientUdaj::closeUnread);
     draft_.open();
     data_.otvorCiselniky();
     modKontrola::gZVyberu = false;
@@ -288,6 +290,12 @@ void FrmKlientUdaj::cmdStornoClick() {
     data_.dropClient();
     modKontrola::gAkcia = 0;
     reject();
+}
+
+/// A card that can't be read closes, unless it holds what was typed.
+void FrmKlientUdaj::closeUnread() {
+    if (isVisible() && !recordIsOpen() && !draft_.isChanged())
+        cmdStornoClick();
 }
 
 void FrmKlientUdaj::tellNotWritten() {

@@ -77,6 +77,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void CmdZapClick();
     void cmdZapNewClick();
     void cmdStornoClick();
+    void closeUnread();
     void tellNotWritten();
     bool recordIsOpen() const;
     bool staysForRecord();

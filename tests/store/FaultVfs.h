@@ -11,7 +11,9 @@ struct Plan {
         /// This call and all later ones that write bytes find the disk full.
         DiskFull,
         /// This call and all later ones fail to make bytes durable.
-        SyncFails
+        SyncFails,
+        /// Reads fail from now on; `at` says nothing.
+        ReadFails
     };
     Fault fault = Fault::None;
     /// The call that the fault strikes first, from 1.
