@@ -1,6 +1,6 @@
 #include "clientcard/SaveCycle.h"
 
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
 
@@ -48,7 +48,7 @@ std::optional<SaveResult> SaveCycle::missing() const {
          SaveResult::NoCatalogueNumber},
     }};
     for (const Mandatory& field : mandatory) {
-        if (trimBlanks(field.text).isEmpty()) {
+        if (card::trimBlanks(field.text).isEmpty()) {
             fields_.tellMissing(field.message);
             return field.result;
         }
