@@ -1,6 +1,6 @@
 #include "clientcard/SaveCycle.h"
 
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
 
