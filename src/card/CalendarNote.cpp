@@ -23,11 +23,15 @@ bool isNoDate(const forms::EntryField& field) {
 CalendarNote::CalendarNote(QWidget* parent) : QLabel(parent) {
     setObjectName(QStringLiteral("lblKalendar"));
     setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignTop);
     hide();
 }
 
 void CalendarNote::watch(forms::EntryField& field) {
     fields_.push_back({&field});
+    // The place of its lines is kept: a button must not move away while it is being pressed.
+    setHidden(false);
+    setMinimumHeight(fontMetrics().lineSpacing() * int(fields_.size()));
     connect(&field, &QLineEdit::textChanged, this, [this, watched = fields_.size() - 1] {
         Watched& changed = fields_[watched];
         mark(changed, !changed.field->hasFocus() && isNoDate(*changed.field));
@@ -61,7 +65,6 @@ void CalendarNote::showLines() {
                          .arg(watched.field->text().trimmed());
     }
     setText(lines.join(u'\n'));
-    setVisible(!lines.isEmpty());
 }
 
 } // namespace card

@@ -156,12 +156,11 @@ forms::Leave RuledFields::lostFocus(const forms::Control& control, const forms::
 forms::Leave RuledFields::leave(const forms::Control& control, const forms::Control& now) {
     const int index = control.index();
     const SparingPick* pick = sparing(set_, now);
-    if (pick != nullptr && (pick->field < 0 || pick->field == index)) {
-        leftForPick(index);
+    const bool isSpared = pick != nullptr && (pick->field < 0 || pick->field == index);
+    if (isSpared || control.tag() == checkedMark) {
+        leftUnchecked(index);
         return forms::Leave::Go;
     }
-    if (control.tag() == checkedMark)
-        return forms::Leave::Go;
     return check(index, false) == Checked::Failed ? forms::Leave::Hold : forms::Leave::Go;
 }
 

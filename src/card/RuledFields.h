@@ -56,8 +56,8 @@ class RuledFields : public forms::FieldEvents {
     virtual Checked checkOwn(int /*index*/) { return Checked::Passed; }
     /// The drop-down that belongs to a field; null for a field without one.
     virtual forms::DropDown* pickOf(int /*index*/) const { return nullptr; }
-    /// The field was left unchecked, towards a pick.
-    virtual void leftForPick(int /*index*/) {}
+    /// The field was left unchecked: towards a pick, or because a key has checked it before.
+    virtual void leftUnchecked(int /*index*/) {}
 
   private:
     const FieldRow& rowOf(int index) const { return rows_[std::size_t(index)]; }

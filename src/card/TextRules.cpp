@@ -4,10 +4,6 @@ namespace card {
 
 namespace {
 
-bool isInvisible(QChar letter) {
-    return letter.category() == QChar::Other_Control || letter.category() == QChar::Other_Format;
-}
-
 QString withFirstUpper(QString text) {
     if (!text.isEmpty())
         text[0] = text[0].toUpper();
@@ -16,19 +12,9 @@ QString withFirstUpper(QString text) {
 
 } // namespace
 
-QString trimBlanks(const QString& text) {
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == u' ')
-        ++first;
-    while (last > first && text[last - 1] == u' ')
-        --last;
-    return text.mid(first, last - first);
-}
-
 QString tidied(const QString& text) {
     QString visible = text;
-    visible.removeIf(isInvisible);
+    visible.removeIf(forms::isInvisible);
     return visible.trimmed();
 }
 
@@ -42,12 +28,6 @@ QString capitalisedName(const QString& text) {
     if (blank < 0)
         return name;
     return name.left(blank + 1) + withFirstUpper(name.mid(blank + 1));
-}
-
-QString withoutAccents(const QString& text) {
-    QString plain = text.normalized(QString::NormalizationForm_D);
-    plain.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
-    return plain;
 }
 
 QString ageAtBirth(int childYear, int parentYear) {

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "forms/Letters.h"
+
 #include <QString>
 
 namespace card {
 
-/// The text without the blanks (U+0020 only) at its ends.
-QString trimBlanks(const QString& text);
+using forms::trimBlanks;
 
 /// What a text is when its field has been left: free of blanks of every kind at its ends, and of
 /// letters that nobody sees (controls, marks of format and order) everywhere. A key that was made
@@ -18,9 +19,6 @@ QString capitalised(const QString& text);
 /// A person's name: the first character and the one behind the first blank in upper case. Only the
 /// first blank counts.
 QString capitalisedName(const QString& text);
-
-/// The text with each letter's accents taken off.
-QString withoutAccents(const QString& text);
 
 /// A parent's age at the birth of the child, as the age field takes it: the first two characters of
 /// the difference of the years. The years must be in order.

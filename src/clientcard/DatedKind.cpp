@@ -6,6 +6,7 @@
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
+#include "forms/Letters.h"
 #include "forms/MessageBox.h"
 
 #include <QDialog>
@@ -36,7 +37,8 @@ class WorkerPick : public CodePick {
     const QString& idkodPracovnika() const { return idkodPracovnika_; }
     void forget() { idkodPracovnika_.clear(); }
     QString current() const { return codes().Recordset().Fields(u"idkod").Value().toText(); }
-    /// An employee's name in the field becomes the employee's key.
+    /// An employee's name in the field becomes the employee's key, and the list of employees stands
+    /// at that one.
     void takeName();
     /// The binding carries the worker's key into the record.
     void putIntoField(const QString& key) { field().setText(card::trimBlanks(key)); }
@@ -70,7 +72,7 @@ void WorkerPick::take() {
 /// Case, accents and the number of blanks aside, if need be.
 QString letters(const QString& name, bool withAccents) {
     const QString folded = name.simplified().toCaseFolded();
-    return withAccents ? folded : card::withoutAccents(folded);
+    return withAccents ? folded : forms::withoutAccents(folded);
 }
 
 /// The keys of the employees of that name, whichever of its two parts comes first.
@@ -99,8 +101,11 @@ void WorkerPick::takeName() {
     QStringList keys = employeesNamed(field().text(), *employees, true);
     if (keys.isEmpty())
         keys = employeesNamed(field().text(), *employees, false);
-    if (keys.size() == 1)
-        putIntoField(keys.front());
+    if (keys.size() != 1)
+        return;
+    putIntoField(keys.front());
+    codes().Recordset().FindFirst(QStringLiteral("idkod =") + store::quoted(keys.front()));
+    showMeaning();
 }
 
 /// Examinations, changes, care and visits. Visits have no worker.
@@ -126,6 +131,11 @@ class DatedKind : public RecordKind {
     void rowShown(store::Recordset& /*rows*/) override {
         if (worker_)
             worker_->showMeaning();
+    }
+    /// Without a word of what is nobody's name.
+    void leftUnchecked(int field) override {
+        if (worker_ && field == row_.pickedField)
+            worker_->takeName();
     }
     bool holds(int /*field*/) override {
         worker_->takeName();

@@ -80,7 +80,7 @@ forms::DropDown* EntryFields::pickOf(int element) const {
     }
 }
 
-void EntryFields::leftForPick(int element) {
+void EntryFields::leftUnchecked(int element) {
     const Own own = ownCheckOf(element);
     if (own == Own::Dominant || own == Own::Associated)
         impairmentsOf(element).takePending();

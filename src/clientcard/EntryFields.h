@@ -25,7 +25,7 @@ class EntryFields : public card::RuledFields {
   protected:
     card::Checked checkOwn(int element) override;
     forms::DropDown* pickOf(int element) const override;
-    void leftForPick(int element) override;
+    void leftUnchecked(int element) override;
 
   private:
     bool isOwnNumber() const;

@@ -5,6 +5,7 @@
 #include "card/TextRules.h"
 #include "clientcard/CardPages.h"
 #include "clientcard/CardTables.h"
+#include "clientcard/EntryTable.h"
 #include "clientcard/EntryTabs.h"
 #include "clientcard/MemoTabs.h"
 #include "clientcard/RecordTabs.h"
@@ -227,10 +228,10 @@ bool FrmKlientUdaj::saves(bool turnsTab, const std::function<void()>& afterwards
 
 void FrmKlientUdaj::goToMissing(SaveResult missing, bool turnsTab) {
     if (missing == SaveResult::NoCatalogueNumber)
-        return entry_->focusElement(6);
+        return entry_->focusElement(krz::katcis);
     if (turnsTab)
         turnTo(0);
-    entry_->focusElement(missing == SaveResult::NoFirstName ? 0 : 1);
+    entry_->focusElement(missing == SaveResult::NoFirstName ? krz::meno : krz::priezv);
 }
 
 void FrmKlientUdaj::resume() {
@@ -243,7 +244,7 @@ void FrmKlientUdaj::resume() {
 
 void FrmKlientUdaj::goToStart() {
     turnTo(0);
-    entry_->focusElement(0);
+    entry_->focusElement(krz::meno);
 }
 
 void FrmKlientUdaj::cmdZaklUdClick() {
@@ -251,7 +252,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
         return;
     pages_->enable(1, true);
     buttons_[cmdZaklUd]->hide();
-    entry_->focusElement(0);
+    entry_->focusElement(krz::meno);
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {

@@ -1,7 +1,7 @@
 #include "clientcard/ImpairmentFields.h"
 
 #include "card/FieldGrid.h"
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 #include "forms/Colours.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"

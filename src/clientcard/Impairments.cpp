@@ -1,6 +1,6 @@
 #include "clientcard/Impairments.h"
 
-#include "clientcard/TextRules.h"
+#include "card/TextRules.h"
 
 namespace clientcard {
 
@@ -16,7 +16,7 @@ const QString blank = QStringLiteral(" ");
 
 // Reading stops at the first character that is no digit, so that "3 5" has a value and " x3" none.
 bool hasImpairment(const QString& stored) {
-    for (const QChar c : trimBlanks(stored)) {
+    for (const QChar c : card::trimBlanks(stored)) {
         if (c < u'0' || c > u'9')
             return false;
         if (c != u'0')

@@ -33,8 +33,8 @@ forms::DropDown* RecordFields::pickOf(int index) const {
     return kind_->pickOf(index);
 }
 
-void RecordFields::leftForPick(int index) {
-    kind_->leftForPick(index);
+void RecordFields::leftUnchecked(int index) {
+    kind_->leftUnchecked(index);
 }
 
 card::Checked RecordFields::checkOwn(int index) {

@@ -25,7 +25,7 @@ class RecordFields : public card::RuledFields {
   protected:
     card::Checked checkOwn(int index) override;
     forms::DropDown* pickOf(int index) const override;
-    void leftForPick(int index) override;
+    void leftUnchecked(int index) override;
 
   private:
     bool dateIsTaken(const QString& date);

@@ -59,8 +59,8 @@ class RecordKind {
     /// Another row is current, or its edit was opened, written or dropped.
     virtual void rowShown(store::Recordset& /*rows*/) {}
 
-    /// A field was left unchecked, towards a pick.
-    virtual void leftForPick(int /*field*/) {}
+    /// A field was left unchecked: towards a pick, or because a key has checked it before.
+    virtual void leftUnchecked(int /*field*/) {}
     /// Checks a field whose check is the kind's own. @return true to keep the focus
     virtual bool holds(int /*field*/) { return false; }
     /// Remembers what no field is bound to; calling the result shows it again.

@@ -2,11 +2,11 @@
 
 #include "card/Actions.h"
 #include "card/FieldKeys.h"
+#include "card/TextRules.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
 #include "clientcard/RecordPage.h"
 #include "clientcard/TabFamily.h"
-#include "clientcard/TextRules.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
 #include "forms/MessageBox.h"
@@ -294,7 +294,8 @@ void RecordTab::resume() {
 
 bool RecordTab::isComplete() {
     for (const MandatoryField& mandatory : row_.mandatory) {
-        if (mandatory.field < 0 || !trimBlanks(fields_.field(mandatory.field).text()).isEmpty())
+        if (mandatory.field < 0 ||
+            !card::trimBlanks(fields_.field(mandatory.field).text()).isEmpty())
             continue;
         card::refuse(frame_.window(), QString::fromUtf16(mandatory.message));
         fields_.field(mandatory.field).setFocus();
@@ -346,7 +347,7 @@ QString RecordTab::question() const {
             *part.source == u'\0' ? source_ : frame_.data().source(part.source);
         text += QString::fromUtf16(part.before);
         if (!from.Recordset().Eof())
-            text += trimBlanks(from.Recordset().Fields(part.column).Value().toText());
+            text += card::trimBlanks(from.Recordset().Fields(part.column).Value().toText());
     }
     return text + QStringLiteral(" ?");
 }

@@ -1,6 +1,5 @@
 #include "clientcard/SaveCycle.h"
 
-#include "clientcard/TextRules.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
 

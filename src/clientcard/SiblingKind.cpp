@@ -30,7 +30,7 @@ class SiblingKind : public RecordKind {
 
     void enableInput(bool enabled) override;
     void rowShown(store::Recordset& rows) override;
-    void leftForPick(int field) override;
+    void leftUnchecked(int field) override;
     bool holds(int field) override;
     std::function<void()> keepTyped() override {
         return [this, codes = impairments_.joined()] {
@@ -106,7 +106,7 @@ void SiblingKind::rowShown(store::Recordset& rows) {
     sexPick_.pick().setPick(-1);
 }
 
-void SiblingKind::leftForPick(int field) {
+void SiblingKind::leftUnchecked(int field) {
     if (field == sibling::dominant || field == sibling::associated)
         impairments_.takePending();
 }

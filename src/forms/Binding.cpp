@@ -111,6 +111,8 @@ void Binding::enter(const QWidget* widget, const QString& text) {
     if (std::exchange(tie->owed, false))
         tie->bound->showBound(valueOf(tie->column).toText());
     tie->bound->enter(text);
+    // What it shows may be what an undone Update had written: it is owed to the row again.
+    tie->put = true;
 }
 
 void Binding::putAll() {

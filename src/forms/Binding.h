@@ -75,7 +75,7 @@ class Binding : public QObject {
         QPointer<QWidget> widget;
         Bound* bound;
         QString column;
-        /// Put into the open row already, by an Update that failed.
+        /// Put into the open row already, by an Update that failed, or entered again after one.
         bool put = false;
         /// Shown when the field becomes visible.
         bool owed = false;

@@ -1,5 +1,7 @@
 #include "forms/EntryField.h"
 
+#include "forms/Letters.h"
+
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
@@ -22,12 +24,6 @@ bool endsLine(QChar character) {
     return character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
            character == QChar::Tabulation || character == QChar::LineFeed ||
            character == QChar::CarriageReturn;
-}
-
-bool isInvisible(QChar character) {
-    return character.category() == QChar::Other_Control ||
-           character.category() == QChar::Other_Format ||
-           character == QChar::ObjectReplacementCharacter;
 }
 
 QString inOneLine(const QString& text) {

@@ -1,24 +1,12 @@
 #include "forms/RowsModel.h"
 
+#include "forms/Letters.h"
 #include "store/DataSource.h"
 #include "store/EngineError.h"
 
 #include <utility>
 
 namespace forms {
-
-namespace {
-
-QString withoutAccents(const QString& text) {
-    QString plain;
-    for (const QChar character : text.normalized(QString::NormalizationForm_D)) {
-        if (character.category() != QChar::Mark_NonSpacing)
-            plain += character;
-    }
-    return plain;
-}
-
-} // namespace
 
 void RowsModel::setItems(const QStringList& items) {
     beginResetModel();

@@ -3,6 +3,7 @@
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
+#include "forms/Letters.h"
 #include "forms/MessageBox.h"
 #include "store/DataSource.h"
 #include "store/Sql.h"
@@ -16,6 +17,7 @@ namespace modKontrola {
 namespace {
 
 using forms::EntryField;
+using forms::trimBlanks;
 
 /// How much of a name is looked for.
 constexpr qsizetype soughtCharacters = 30;
@@ -40,15 +42,6 @@ bool refuse(EntryField& field, const QString& text, QMessageBox::StandardButtons
 bool isNumeric(const QString& text) {
     return !text.isEmpty() &&
            std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
-QString trimBlanks(const QString& text) {
-    QStringView left(text);
-    while (left.startsWith(u' '))
-        left = left.mid(1);
-    while (left.endsWith(u' '))
-        left.chop(1);
-    return left.toString();
 }
 
 /// Cuts the text before the first dot off `rest`. Empty unless it is a number of one or two digits

@@ -190,12 +190,10 @@ TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
         fill(m->second);
         fill({{index, "31.9.18"}});
         EXPECT_EQ(calendarNote(), QString()) << "while it is typed";
+        // The line that comes when the field is left must not push the button away.
         for (const char* next : {"Opr", "Novy"}) {
-            entry(index).setFocus();
-            key(Qt::Key_Return);
-            EXPECT_EQ(calendarNote(), line("31.9.2018"));
-            EXPECT_TRUE(isMarked(entry(index)));
             press("Zap");
+            EXPECT_TRUE(isMarked(entry(index)));
             EXPECT_EQ(calendarNote(), line("31.9.2018"));
             EXPECT_EQ(value(column), text("31.9.2018"));
             press(next);
@@ -215,6 +213,12 @@ TEST_F(FieldFaultsTest, AWorkerCanBeNamed) {
                 {{u"idkod", text(key)}, {u"meno", text(name)}, {u"priezv", text(surname)}});
     for (const auto& [tab, index] : {std::pair{10, 1}, {12, 1}, {11, 3}}) {
         turnTo(tab);
+        // By a key at first; from then on nothing is asked when the field is left.
+        press("Novy");
+        fill({{index, "eva adamova"}});
+        key(Qt::Key_Return);
+        EXPECT_EQ(entry(index).text(), text("ADAMOVEV00"));
+        key(Qt::Key_Escape);
         for (const auto& [typed, key] : {std::pair{"Novák Ján", "NOVÁKJÁ00"},
                                          {"jan novak", "NOVAKJA00"},
                                          {"adamova eva", "ADAMOVEV00"},
@@ -222,8 +226,10 @@ TEST_F(FieldFaultsTest, AWorkerCanBeNamed) {
             SCOPED_TRACE(typed);
             add({{0, "1.9.2005"}, {index, typed}});
             EXPECT_EQ(value("idkod_p"), text(key));
+            edit({{index, "Adamova"}});
+            edit({{index, typed}});
+            EXPECT_EQ(value("idkod_p"), text(key)) << "edited";
             reg.execute({text("delete from ") + text(m->table)});
-            turnTo(tab);
         }
         press("Novy");
         entry(index).setFocus();

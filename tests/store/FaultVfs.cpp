@@ -22,6 +22,7 @@ struct State {
 /// An open file of ours: the methods, then the file of the layer below.
 struct File {
     sqlite3_file own;
+    bool isDatabase;
     sqlite3_file* below() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
 
@@ -43,7 +44,8 @@ int writeBytes(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 o
     if (state.plan.fault == Fault::Kill && state.calls + 1 >= state.plan.at)
         below(file)->pMethods->xWrite(below(file), bytes, count / 2, offset);
     countCall();
-    if (strikes(Fault::DiskFull))
+    const bool isDatabase = reinterpret_cast<File*>(file)->isDatabase;
+    if (strikes(Fault::DiskFull) || (isDatabase && strikes(Fault::DatabaseFull)))
         return SQLITE_FULL;
     return below(file)->pMethods->xWrite(below(file), bytes, count, offset);
 }
@@ -70,6 +72,7 @@ int remove(sqlite3_vfs*, const char* name, int syncFolder) {
 
 int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
     file->pMethods = nullptr;
+    reinterpret_cast<File*>(file)->isDatabase = (flags & SQLITE_OPEN_MAIN_DB) != 0;
     const int code = state.base->xOpen(state.base, name, below(file), flags, outFlags);
     if (below(file)->pMethods != nullptr)
         file->pMethods = &state.methods;

@@ -10,6 +10,9 @@ struct Plan {
         Kill,
         /// This call and all later ones that write bytes find the disk full.
         DiskFull,
+        /// As DiskFull, but for databases alone: their journals take all, so what has begun to be
+        /// written can't be undone before the fault has gone.
+        DatabaseFull,
         /// This call and all later ones fail to make bytes durable.
         SyncFails
     };
