@@ -1,8 +1,12 @@
 #include "app/Screens.h"
 
+#include "backup/FrmArch_new.h"
+#include "backup/FrmDearch_new.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/FileKind.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
@@ -56,6 +60,56 @@ void openDialog(FrmUvod& window) {
     Dialog(around.engine, around.folder, &window).exec();
 }
 
+/// A register of ours, or one of the old format, which the next load offers to take over.
+bool isRegister(store::DBEngine& engine, const QString& path) {
+    const auto kind = oldregister::kindOf(path);
+    if (kind != oldregister::FileKind::Register)
+        return kind == oldregister::FileKind::OldRegister;
+    try {
+        engine.OpenDatabase(path).Close();
+        store::DBEngine::verifyDatabase(path);
+        return true;
+    } catch (const store::EngineError& error) {
+        if (error.number() != store::ErrorNumber::UnrecognizedFile)
+            throw;
+        return false;
+    }
+}
+
+/// Closes the main window, so that the register is free, and opens it anew afterwards.
+template <class Action>
+void whileClosed(FrmUvod& window, const Action& action) {
+    window.hide();
+    forms::guarded(nullptr, [&window] {
+        window.zavri();
+        window.surroundings().engine.commitPending();
+    });
+    action();
+    window.open();
+}
+
+void archive(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    whileClosed(window, [&around] { backup::FrmArch_new(around.engine, around.folder).exec(); });
+}
+
+void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
+    backup::FrmDearch_new form(around.engine, around.folder, [&around](const QString& path) {
+        return isRegister(around.engine, path);
+    });
+    form.setMode(QString::fromLatin1(mode));
+    form.exec();
+}
+
+void restore(FrmUvod& window) {
+    whileClosed(window, [&window] { restoreAs("MENU", window.surroundings()); });
+}
+
+/// The main window is just loading; it ends the run when this is done.
+void restoreAtStart(FrmUvod& window) {
+    restoreAs("LOAD", window.surroundings());
+}
+
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
@@ -68,6 +122,9 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::Archive, archive},
+        {Screen::Restore, restore},
+        {Screen::RestoreAtStart, restoreAtStart},
     };
     return table;
 }

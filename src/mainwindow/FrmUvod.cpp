@@ -78,10 +78,12 @@ QString FrmUvod::schoolYear() const {
 
 void FrmUvod::open() {
     load();
-    if (ukoncit_)
-        close();
-    else
-        show();
+    if (!ukoncit_)
+        return show();
+    // A window that was closed before is not told of its closing again.
+    hide();
+    unload();
+    finishRun();
 }
 
 void FrmUvod::load() {
@@ -347,8 +349,11 @@ void FrmUvod::unload() {
 void FrmUvod::closeEvent(QCloseEvent* event) {
     unload();
     event->accept();
-    if (runGoesOn_)
-        return;
+    if (!runGoesOn_)
+        finishRun();
+}
+
+void FrmUvod::finishRun() {
     // What could not be told while the data sources ended.
     forms::guardedEnd([this] { around_.engine.commitPending(); });
     around_.endRun();

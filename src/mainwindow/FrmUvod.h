@@ -73,6 +73,7 @@ class FrmUvod : public QMainWindow {
     void setControlsEnabled(bool enabled);
     void nastavSkolskyRok();
     void unload();
+    void finishRun();
 
     void pressed(int button);
     void openTable(int button, Screen screen);

@@ -1,0 +1,35 @@
+#include "backup/FileChoice.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+namespace backup {
+
+namespace {
+
+QString startFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+} // namespace
+
+std::optional<QString> chooseFile(QWidget* parent, const FileChoice& choice) {
+    QFileDialog dialog(parent, choice.title, startFolder());
+    // The desktop's own would speak the desktop's language.
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+    dialog.setAcceptMode(choice.mode);
+    dialog.setFileMode(choice.mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                              : QFileDialog::AnyFile);
+    QStringList filters;
+    for (const auto& [caption, pattern] : choice.filters)
+        filters << QStringLiteral("%1 (%2)").arg(caption, pattern);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.at(choice.filter));
+    dialog.selectFile(QStringLiteral("arch_tvk.zip"));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst().trimmed();
+}
+
+} // namespace backup

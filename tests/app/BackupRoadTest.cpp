@@ -1,0 +1,134 @@
+// Archive and restore from the main window's menu, and at a start without a register.
+
+#include "app/Screens.h"
+#include "mainwindow/FrmUvod.h"
+#include "store/FileBytes.h"
+#include "support/ScriptedBoxes.h"
+#include "support/TemporaryRegister.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+#include <zip.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
+
+class BackupRoad : public testing::Test {
+  protected:
+    BackupRoad() { setClient(u"Prvý"); }
+
+    void setClient(QStringView surname) {
+        reg.execute({u"delete * from k_zaklad"_s,
+                     u"insert into k_zaklad (idkod, priezv) values ('A', '%1')"_s.arg(surname)});
+        reg.engine.commitPending();
+        reg.letGo();
+    }
+    void expectFile(const QString& path) {
+        boxes.expect(support::ExpectedWindow{u"QFileDialog"_s, [this, path](QWidget& dialog) {
+                                                 EXPECT_FALSE(window.isVisible());
+                                                 auto* name = dialog.findChild<QLineEdit*>(
+                                                     u"fileNameEdit"_s);
+                                                 name->setText(path);
+                                                 QTest::keyClick(name, Qt::Key_Return);
+                                             }});
+    }
+    void expectBox(const QString& text, QMessageBox::Icon icon = QMessageBox::Information,
+                   QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+                   const QString& title = {}) {
+        boxes.expect(
+            support::ExpectedBox{.text = text,
+                                 .title = title,
+                                 .icon = icon,
+                                 .buttons = buttons,
+                                 .answer = buttons == yesNo ? QMessageBox::Yes : QMessageBox::Ok});
+    }
+    void choose(const char* item) {
+        window.findChild<QAction*>(QLatin1String(item))->trigger();
+        boxes.allCame();
+        EXPECT_TRUE(window.isVisible());
+    }
+    QString firstSurname() {
+        window.ukazKlientov();
+        return window.findChild<QTableView*>(u"dbgKlient"_s)
+            ->model()
+            ->index(0, 1)
+            .data()
+            .toString();
+    }
+
+    support::TemporaryRegister reg;
+    QTemporaryDir elsewhere;
+    const QString archive = elsewhere.filePath(u"a.zip"_s);
+    support::ScriptedBoxes boxes;
+    int runsEnded = 0;
+    QByteArray offered;
+    mainwindow::Surroundings around{reg.engine,
+                                    reg.folder,
+                                    [] { return QDate(2007, 9, 20); },
+                                    app::openScreen,
+                                    [this] { ++runsEnded; },
+                                    [this](const QString& path, QWidget*) {
+                                        offered = files::read(path);
+                                        return !offered.contains("Jet");
+                                    }};
+    mainwindow::FrmUvod window{around};
+};
+
+TEST_F(BackupRoad, theWindowComesBackOverTheRestoredRegister) {
+    window.open();
+    expectFile(archive);
+    expectBox(u"Archivácia bola úspešne ukončená"_s);
+    choose("mniArchiv");
+    window.zavri();
+    setClient(u"Druhý");
+    window.open();
+    EXPECT_EQ(firstSurname(), u"Druhý"_s);
+    expectFile(archive);
+    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
+              QMessageBox::Information, yesNo);
+    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    choose("mniDearchiv");
+    EXPECT_FALSE(window.findChild<QTableView*>(u"dbgKlient"_s)->isVisible());
+    EXPECT_EQ(firstSurname(), u"Prvý"_s);
+    EXPECT_EQ(runsEnded, 0);
+
+    window.zavri();
+    ASSERT_TRUE(QFile::remove(reg.folder.database()));
+    expectBox(u"V adresári - chýba súbor -tvk.mdb-, pokúste sa o obnovu archívu !"_s,
+              QMessageBox::Critical, yesNo, u"Upozornenie"_s);
+    expectFile(archive);
+    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    window.open();
+    boxes.allCame();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(runsEnded, 1);
+    window.open();
+    EXPECT_EQ(firstSurname(), u"Prvý"_s);
+}
+
+TEST_F(BackupRoad, aRegisterOfTheOldFormatIsOfferedForTakingOver) {
+    const QByteArray old("\0\1\0\0Standard Jet DB\0\1", 21);
+    zip_t* made = zip_open(archive.toUtf8().constData(), ZIP_CREATE, nullptr);
+    zip_file_add(made, "tvk.mdb",
+                 zip_source_buffer(made, old.constData(), static_cast<zip_uint64_t>(old.size()), 0),
+                 0);
+    ASSERT_EQ(zip_close(made), 0);
+    window.open();
+    expectFile(archive);
+    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
+              QMessageBox::Information, yesNo);
+    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    window.findChild<QAction*>(u"mniDearchiv"_s)->trigger();
+    boxes.allCame();
+    EXPECT_EQ(offered, old);
+    EXPECT_EQ(runsEnded, 1);
+}
+
+} // namespace
