@@ -67,10 +67,20 @@ void RecordsetGrid::bind(store::DataSource* source) {
         source_->disconnect(this);
     source_ = source;
     if (source != nullptr) {
-        connect(source, &store::DataSource::refreshed, this, &RecordsetGrid::rebind);
-        connect(source, &store::DataSource::repositioned, this, &RecordsetGrid::followSource);
+        connect(source, &store::DataSource::refreshed, this,
+                [this] { keepingErrors(&RecordsetGrid::rebind); });
+        connect(source, &store::DataSource::repositioned, this,
+                [this] { keepingErrors(&RecordsetGrid::followSource); });
     }
     rebind();
+}
+
+void RecordsetGrid::keepingErrors(void (RecordsetGrid::*action)()) {
+    try {
+        (this->*action)();
+    } catch (const store::EngineError& error) {
+        source_->throwLater(error);
+    }
 }
 
 void RecordsetGrid::rebind() {

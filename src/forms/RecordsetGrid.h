@@ -39,6 +39,8 @@ class RecordsetGrid : public QTableView {
   private:
     void layOut(std::span<const GridColumn> columns);
     void followSource();
+    /// For a slot: its error comes up when the action ends.
+    void keepingErrors(void (RecordsetGrid::*action)());
     void moveSource(int row);
     QColor rowColour(int row) const;
 
