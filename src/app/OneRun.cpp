@@ -1,5 +1,7 @@
 #include "app/OneRun.h"
 
+#include "store/Files.h"
+
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QFileInfo>
@@ -62,7 +64,7 @@ bool OneRun::isHeldHere() const {
     QString program;
     // A lock that is gone by now can be taken.
     return !lock_.getLockInfo(&process, &computer, &program) ||
-           computer == QSysInfo::machineHostName();
+           (computer == QSysInfo::machineHostName() && store::isOwnFile(path_));
 }
 
 QString OneRun::holder() const {

@@ -15,9 +15,9 @@ class OneRun : public QObject {
     enum class Outcome {
         /// The register is taken until the end of this object; or nothing can be written there.
         Taken,
-        /// Another program of this computer has it and has shown its window.
+        /// Another program of this user, on this computer, has it and has shown its window.
         Shown,
-        /// Somebody else has it.
+        /// Somebody else has it, or somewhere else.
         Held
     };
 

@@ -42,9 +42,6 @@ class FocusGuard : public QObject {
     /// As above, and names the control: the element of an array, or a lone one for index -1.
     void watch(QWidget* control, const QString& name, int index, FieldEvents& events);
 
-    /// The control in charge: the one in focus, or while its rule runs the one that is being left.
-    Control activeControl() const { return inCharge_; }
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

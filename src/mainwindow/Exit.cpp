@@ -21,33 +21,17 @@ void refuseLeftCopy(const QString& path) {
             path);
 }
 
-/// A file that is gone with its block, and was not there before.
-class WorkFile {
-  public:
-    explicit WorkFile(QString path) : path_(std::move(path)) { remove(); }
-    ~WorkFile() { remove(); }
-    Q_DISABLE_COPY_MOVE(WorkFile)
-    const QString& path() const { return path_; }
-
-  private:
-    void remove() const {
-        QFile::remove(path_);
-        QFile::remove(path_ + QStringLiteral("-journal"));
-    }
-    QString path_;
-};
-
 } // namespace
 
 void compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder) {
     refuseLeftCopy(folder.path(u"tmp.mdb"));
     const QString behindLinks = QFileInfo(folder.database()).canonicalFilePath();
     const QString live = behindLinks.isEmpty() ? folder.database() : behindLinks;
-    const WorkFile copy(live + QStringLiteral(".kopia"));
-    engine.CompactDatabase(live, copy.path(), QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"));
-    store::DBEngine::verifyDatabase(copy.path());
-    if (store::takeOwnerOf(live, copy.path()))
-        store::replaceFile(copy.path(), live);
+    const store::WorkFiles files(live);
+    engine.CompactDatabase(live, files.copy(), QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"));
+    store::DBEngine::verifyDatabase(files.copy());
+    if (store::takeOwnerOf(live, files.copy()))
+        store::replaceFile(files.copy(), live);
     QFile::remove(folder.path(u"arch_tmp.zip"));
 }
 

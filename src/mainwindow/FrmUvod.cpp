@@ -103,7 +103,7 @@ void FrmUvod::load() {
 
 void FrmUvod::finishLoad() {
     openData();
-    emptyScratchTables();
+    clearUp();
     lists_->clear();
     panel_->resetColours();
     if (schoolYear().isEmpty())
@@ -131,11 +131,14 @@ bool FrmUvod::ensureLoaded() {
     return loaded_;
 }
 
-/// Once for a file: what this run leaves in them has its reason.
-void FrmUvod::emptyScratchTables() {
-    const auto file = store::fileIdentity(around_.folder.database());
-    if (file == emptied_)
+/// What a program that was killed left in the scratch tables and beside the file. Once for a file:
+/// the rows that this run leaves have their reason.
+void FrmUvod::clearUp() {
+    const QString path = QFileInfo(around_.folder.database()).canonicalFilePath();
+    const auto file = store::fileIdentity(path);
+    if (file == clearedUp_)
         return;
+    const store::WorkFiles left(path);
     try {
         statreturn::emptyScratchTables(sources_->datTlac.Database());
         around_.engine.commitPending();
@@ -144,7 +147,7 @@ void FrmUvod::emptyScratchTables() {
         if (error.number() != store::ErrorNumber::ReadOnly)
             throw;
     }
-    emptied_ = file;
+    clearedUp_ = file;
 }
 
 bool FrmUvod::fileFound() {

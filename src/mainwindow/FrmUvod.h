@@ -63,7 +63,7 @@ class FrmUvod : public QMainWindow {
     void openData();
     void finishLoad();
     bool ensureLoaded();
-    void emptyScratchTables();
+    void clearUp();
     void loadFailed(const store::EngineError& error);
     void tellUnloaded(const store::EngineError& error);
     void listFailed(const store::EngineError& error);
@@ -89,8 +89,8 @@ class FrmUvod : public QMainWindow {
     QLabel* state_ = nullptr;
     bool ukoncit_ = false;
     bool loaded_ = false;
-    /// The file whose scratch tables this run has emptied.
-    std::optional<store::FileIdentity> emptied_;
+    /// The file that this run has cleared up after killed programs.
+    std::optional<store::FileIdentity> clearedUp_;
     bool runGoesOn_ = false;
 };
 

@@ -29,8 +29,6 @@ class ListPane : public QWidget {
     void clear();
     /// Puts a list on show in the order of names. @throws store::EngineError
     void ukaz(const ListTraits& list);
-    /// 1 clients, 2 employees, 0 none.
-    int aktZoznam() const { return aktZoznam_; }
 
   Q_SIGNALS:
     /// A card that was opened to edit a row of that list has closed.

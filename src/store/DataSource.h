@@ -35,6 +35,10 @@ class DataSource : public QObject, private RecordsetObserver {
     /// @throws EngineError 3021 before the first Refresh
     store::Database& Database();
 
+    /// Takes the error of a slot of these signals, which must not throw. It comes up when the
+    /// user's action ends: see DBEngine::throwLater.
+    void throwLater(const EngineError& error) { engine_.throwLater(error); }
+
   Q_SIGNALS:
     // The first three are the observer's calls themselves: a signal of the same form overrides
     // them.

@@ -34,8 +34,6 @@ class Database {
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
     QueryDef QueryDefs(const QString& name);
-    /// Adds a query object. @throws EngineError 3012 when the name is taken.
-    void appendQueryDef(const QString& name, const QString& sql);
     /// Gives up the handle; further calls but Close throw. The last handle or recordset of a file
     /// closes the file and writes what is pending. @throws EngineError when it can't
     void Close();

@@ -102,6 +102,18 @@ bool takeOwnerOf(const QString& model, const QString& path) {
     return true;
 }
 
+bool isOwnFile(const QString& path) {
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
+           status.st_uid == ::geteuid();
+}
+
+void WorkFiles::remove() const {
+    for (const QString& file : {copy(), tables()})
+        for (const QString& part : {file, file + QStringLiteral("-journal")})
+            QFile::remove(part);
+}
+
 void syncFile(const QString& path) {
     sync(path, O_RDONLY);
 }

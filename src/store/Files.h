@@ -29,6 +29,30 @@ void createPrivateFile(const QString& path);
 /// administrator may give it to that owner @throws EngineError
 bool takeOwnerOf(const QString& model, const QString& path);
 
+/// Whether a file belongs to this program's user.
+bool isOwnFile(const QString& path);
+
+/// What compaction and repair of a register work on beside it. Gone with this object, as is with
+/// its making what a killed program left of them.
+class WorkFiles {
+  public:
+    /// @param path the register's, without links
+    explicit WorkFiles(QString path) : path_(std::move(path)) { remove(); }
+    ~WorkFiles() { remove(); }
+    WorkFiles(const WorkFiles&) = delete;
+    WorkFiles& operator=(const WorkFiles&) = delete;
+
+    const QString& path() const { return path_; }
+    /// Where the file is made that will take the register's place.
+    QString copy() const { return path_ + QStringLiteral(".kopia"); }
+    /// Where the tables of a damaged register are read.
+    QString tables() const { return path_ + QStringLiteral(".tabulky"); }
+
+  private:
+    void remove() const;
+    QString path_;
+};
+
 /// Makes a file's contents durable. @throws EngineError 3043, 3026
 void syncFile(const QString& path);
 

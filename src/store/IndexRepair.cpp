@@ -2,7 +2,6 @@
 
 #include "store/Connection.h"
 #include "store/EngineError.h"
-#include "store/Files.h"
 #include "store/Maintenance.h"
 #include "store/OpenCheck.h"
 #include "store/Schema.h"
@@ -59,35 +58,26 @@ std::unique_ptr<IndexRepair> IndexRepair::tryMake(const QString& path) {
     }
 }
 
-IndexRepair::IndexRepair(const QString& path)
-    : path_(path), tables_(path + QStringLiteral(".tabulky")),
-      copy_(path + QStringLiteral(".oprava")) {
-    removeFiles();
-}
-
-IndexRepair::~IndexRepair() {
-    removeFiles();
-}
-
-void IndexRepair::removeFiles() {
-    QFile::remove(tables_);
-    QFile::remove(copy_);
-}
-
 void IndexRepair::make() {
-    checkHeader(path_);
-    if (!QFile::copy(path_, tables_))
+    const QString& path = files_.path();
+    checkHeader(path);
+    if (!QFile::copy(path, files_.tables()))
         throw EngineError(ErrorNumber::DiskFull,
-                          QStringLiteral("Opravená kópia databázy sa nedá zapísať."), tables_);
-    forgetIndexes(tables_);
-    makeIndexes(tables_);
-    vacuumInto(tables_, copy_);
-    verifyDatabase(copy_);
-    takeOwnerOf(path_, copy_);
+                          QStringLiteral("Opravená kópia databázy sa nedá zapísať."),
+                          files_.tables());
+    forgetIndexes(files_.tables());
+    makeIndexes(files_.tables());
+    vacuumInto(files_.tables(), files_.copy());
+    verifyDatabase(files_.copy());
+    if (!takeOwnerOf(path, files_.copy()))
+        throw EngineError(ErrorNumber::ReadOnly,
+                          QStringLiteral("Register patrí inému používateľovi, opraviť ho môže "
+                                         "len on."),
+                          path);
 }
 
 void IndexRepair::putInPlace() {
-    replaceFile(copy_, path_);
+    replaceFile(files_.copy(), files_.path());
 }
 
 } // namespace store

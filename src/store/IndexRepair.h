@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Files.h"
+
 #include <QString>
 
 #include <memory>
@@ -11,23 +13,16 @@ namespace store {
 class IndexRepair {
   public:
     /// Nobody may have the register open. @return null when more than indexes is damaged
-    /// @throws EngineError when the copy can't be written
+    /// @throws EngineError when the copy can't be written, or given to the register's owner
     static std::unique_ptr<IndexRepair> tryMake(const QString& path);
-    ~IndexRepair();
-    IndexRepair(const IndexRepair&) = delete;
-    IndexRepair& operator=(const IndexRepair&) = delete;
-
     /// Puts the copy in the place of the register, in one step. @throws EngineError
     void putInPlace();
 
   private:
-    explicit IndexRepair(const QString& path);
+    explicit IndexRepair(const QString& path) : files_(path) {}
     void make();
-    void removeFiles();
 
-    QString path_;
-    QString tables_;
-    QString copy_;
+    WorkFiles files_;
 };
 
 } // namespace store

@@ -72,6 +72,9 @@ qint64 Keyset::size() {
 }
 
 void Keyset::append(RowKeyView key) {
+    // Its first adding was undone.
+    if (isAdded(key))
+        return;
     added_.insert(added_.end(), key.begin(), key.end());
     if (!complete_)
         return;

@@ -1,6 +1,7 @@
 #include "store/Maintenance.h"
 
 #include "store/Connection.h"
+#include "store/Dates.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
 #include "store/OpenCheck.h"
@@ -10,6 +11,10 @@
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace store {
 
@@ -172,9 +177,33 @@ void makeAnew(Connection& connection, const TableDef& table) {
          QStringLiteral("ALTER TABLE %1 RENAME TO %2").arg(sqlName(beside), sqlName(table.name))});
 }
 
+/// An older version took fewer ways of typing a date for one: reads the texts that it left anew.
+void readDatesAnew(Connection& connection, const QString& table, const QString& column) {
+    Query texts(connection.handle(),
+                QStringLiteral("SELECT rowid, %1 FROM %2 WHERE %1 >= ?1").arg(column, table));
+    texts.bind(1, Cell(nonDateToColumn(u"")));
+    std::vector<std::pair<qint64, std::string>> changes;
+    while (texts.step()) {
+        const Value typed = dateFromColumn(texts.text(1).toStdString());
+        if (const auto date = readDate(typed.toText()))
+            changes.emplace_back(texts.integer(0), dateToColumn(*date));
+    }
+    Query update(connection.handle(),
+                 QStringLiteral("UPDATE %1 SET %2 = ?2 WHERE rowid = ?1").arg(table, column));
+    for (const auto& [rowid, date] : changes) {
+        update.bind(1, rowid);
+        update.bind(2, Cell(date));
+        update.run();
+    }
+}
+
 void makeAllAnew(Connection& connection) {
-    for (const TableDef& table : schema())
+    for (const TableDef& table : schema()) {
         makeAnew(connection, table);
+        for (const ColumnDef& column : table.columns)
+            if (column.type == ColumnType::Date)
+                readDatesAnew(connection, sqlName(table.name), sqlName(column.name));
+    }
     run(connection, createIndexes());
     fillFigures(connection);
     noteVersion(connection);

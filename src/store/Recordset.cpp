@@ -415,8 +415,4 @@ void Recordset::addObserver(RecordsetObserver* observer) {
     impl_->observers().push_back(observer);
 }
 
-void Recordset::removeObserver(RecordsetObserver* observer) {
-    std::erase(impl_->observers(), observer);
-}
-
 } // namespace store

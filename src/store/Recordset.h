@@ -125,9 +125,8 @@ class Recordset {
     /// @throws what an observer threw on leaving, when all is given up
     void Close();
 
-    /// Observers are not owned and must be removed before they end.
+    /// Observers are not owned and must outlive the recordset.
     void addObserver(RecordsetObserver* observer);
-    void removeObserver(RecordsetObserver* observer);
 
   private:
     friend class Field;

@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <future>
 #include <stdexcept>
@@ -49,12 +50,27 @@ TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
     QTest::qWait(0);
     boxes.allCame();
     expectReport(boxes, "Chyba č. 3000\n\nmimo");
-    inLoop([] { throw std::runtime_error("mimo"); });
+    inLoop([] {
+        const auto fail = [] {
+            throw std::runtime_error("mimo");
+        };
+        for (int again = 0; again < 3; ++again)
+            QMetaObject::invokeMethod(application, fail, Qt::QueuedConnection);
+        fail();
+    });
     QTest::qWait(0);
     boxes.allCame();
     bool alive = false;
     inLoop([&alive] { alive = true; });
     EXPECT_TRUE(alive);
+}
+
+/// While this thread goes on answering.
+app::OneRun::Outcome outcomeOfAnotherStart(const QString& database) {
+    auto start = std::async(std::launch::async, [&] { return app::OneRun(database).take(); });
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    return start.get();
 }
 
 TEST(OneRunTest, theSecondOfAComputerShowsTheFirstAndAnotherComputerIsNamed) {
@@ -69,11 +85,12 @@ TEST(OneRunTest, theSecondOfAComputerShowsTheFirstAndAnotherComputerIsNamed) {
         ASSERT_EQ(first.take(), Outcome::Taken);
         int shown = 0;
         QObject::connect(&first, &app::OneRun::windowAsked, [&shown] { ++shown; });
-        auto second = std::async(std::launch::async, [&] { return app::OneRun(register_).take(); });
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return second.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-        EXPECT_EQ(second.get(), Outcome::Shown);
+        EXPECT_EQ(outcomeOfAnotherStart(register_), Outcome::Shown);
         EXPECT_EQ(shown, 1);
+        // What another user's session shows can't be seen here.
+        if (geteuid() == 0 && chown(lock.toUtf8().constData(), 1234, 5678) == 0) {
+            EXPECT_EQ(outcomeOfAnotherStart(register_), Outcome::Held);
+        }
     }
     EXPECT_FALSE(QFile::exists(lock));
     QLockFile held(lock);

@@ -25,8 +25,12 @@ void MainWindow::open() {
     window->open();
     if (!window->isVisible())
         return;
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    // A box may come in between, after which the window has to be made active again, or is closed.
+    ASSERT_TRUE(QTest::qWaitFor([this] {
+        if (!window->isActiveWindow())
+            window->activateWindow();
+        return window->isActiveWindow() || !window->isVisible();
+    }));
 }
 
 void MainWindow::click(const char* name) {

@@ -1,10 +1,6 @@
 #include "store/Database.h"
-#include "store/FaultVfs.h"
-#include "store/Files.h"
 #include "store/KillEverywhere.h"
 #include "support/TemporaryRegister.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -53,16 +49,6 @@ void stampAges(store::DBEngine& engine, const QString& path) {
     engine.commitPending();
 }
 
-void compactAsAtExit(store::DBEngine& engine, const QString& path) {
-    const QString compacted = path + u".tmp"_s;
-    QFile::remove(compacted);
-    engine.CompactDatabase(path, compacted, {});
-    store::DBEngine::verifyDatabase(compacted);
-    faults::step();
-    store::replaceFile(compacted, path);
-    faults::step();
-}
-
 using Action = void (*)(store::DBEngine&, const QString&);
 
 faults::Outcome kill(Action action) {
@@ -84,10 +70,4 @@ TEST(Crash, ADeletionAndAStampingHappenWhollyOrNotAtAll) {
         EXPECT_GT(outcome.hotJournals, 5);
         EXPECT_GT(outcome.before, 5);
     }
-}
-
-TEST(Crash, CompactionAtExitLosesNothing) {
-    const faults::Outcome outcome = kill(compactAsAtExit);
-    EXPECT_GT(outcome.kills, 30);
-    EXPECT_EQ(outcome.before, outcome.kills + 1) << "the contents are the same all the time";
 }

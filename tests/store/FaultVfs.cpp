@@ -14,6 +14,7 @@ using Fault = Plan::Fault;
 struct State {
     Plan plan;
     int calls = 0;
+    int unsyncedRemovals = 0;
     sqlite3_vfs vfs = {};
     sqlite3_io_methods methods = {};
     sqlite3_vfs* base = nullptr;
@@ -73,6 +74,7 @@ int sync(sqlite3_file* file, int flags) {
 
 int remove(sqlite3_vfs*, const char* name, int syncFolder) {
     countCall();
+    state.unsyncedRemovals += syncFolder == 0 ? 1 : 0;
     return state.base->xDelete(state.base, name, syncFolder);
 }
 
@@ -128,14 +130,15 @@ void install(const Plan& plan) {
         registerLayer();
     state.plan = plan;
     state.calls = 0;
+    state.unsyncedRemovals = 0;
 }
 
 int callCount() {
     return state.calls;
 }
 
-void step() {
-    countCall();
+int unsyncedRemovals() {
+    return state.unsyncedRemovals;
 }
 
 } // namespace faults

@@ -32,7 +32,7 @@ struct Layer {
 };
 /// Writes, syncs, truncations and deletions since install().
 int callCount();
-/// Counts a step of the program's own as a call.
-void step();
+/// Those of the deletions that a power cut may undo.
+int unsyncedRemovals();
 
 } // namespace faults
