@@ -1,9 +1,8 @@
 #pragma once
 
-#include "store/EngineError.h"
+#include "forms/ErrorRoute.h"
 
 #include <functional>
-#include <optional>
 
 class QWidget;
 
@@ -18,12 +17,10 @@ namespace card {
 class Actions {
   public:
     /// @param engine, window must outlive it
-    Actions(store::DBEngine& engine, QWidget& window) : engine_(engine), window_(window) {}
+    Actions(store::DBEngine& engine, QWidget& window);
 
-    /// Runs an action, or a step of the one that runs already. An error ends it alone. The first
-    /// one is told when the outermost action has ended.
-    /// @return false when it was ended by an error
-    bool perform(const std::function<void()>& action);
+    /// See forms::ErrorRoute::perform().
+    bool perform(const std::function<void()>& action) { return route_.perform(action); }
 
     /// Runs what writes, as a part of an action, and makes it durable: all of it or nothing. The
     /// disk may refuse it only at the end.
@@ -33,12 +30,8 @@ class Actions {
     void write(const std::function<void()>& writes, const std::function<void()>& resume);
 
   private:
-    void tell();
-
     store::DBEngine& engine_;
-    QWidget& window_;
-    int depth_ = 0;
-    std::optional<store::EngineError> error_;
+    forms::ErrorRoute& route_;
 };
 
 } // namespace card

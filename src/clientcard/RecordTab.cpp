@@ -49,8 +49,10 @@ RecordTab::RecordTab(CardFrame& frame, int tab)
 /// is to be written.
 RecordTab::~RecordTab() {
     const QSignalBlocker silent(source_);
-    if (source_.isOpen())
-        source_.Recordset().CancelUpdate();
+    frame_.perform([this] {
+        if (source_.isOpen())
+            source_.Recordset().CancelUpdate();
+    });
 }
 
 RecordParts RecordTab::parts() {

@@ -1,5 +1,6 @@
 #include "forms/Binding.h"
 
+#include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "store/DataSource.h"
 
@@ -38,7 +39,7 @@ void Binding::untie(QWidget& widget) {
 
 void Binding::showAll() {
     for (Tie& tie : ties_)
-        show(tie);
+        guard(tie, [&] { show(tie); });
 }
 
 void Binding::show(Tie& tie) {
@@ -46,7 +47,22 @@ void Binding::show(Tie& tie) {
         return;
     tie.put = false;
     tie.owed = tie.bound->showsLate() && !tie.widget->isVisible();
-    tie.bound->showBound(tie.owed ? QString() : valueOf(tie.column).toText());
+    QString text;
+    try {
+        if (!tie.owed)
+            text = valueOf(tie.column).toText();
+    } catch (const store::EngineError&) {
+        // Not what the row before held.
+        tie.bound->showBound(QString());
+        tie.owed = tie.bound->showsLate();
+        throw;
+    }
+    tie.bound->showBound(text);
+}
+
+void Binding::guard(const Tie& tie, const std::function<void()>& reads) {
+    if (tie.widget != nullptr)
+        showGuarded(tie.widget, reads);
 }
 
 /// Null without a row.
@@ -65,7 +81,7 @@ store::Value Binding::valueOf(const QString& column) {
 
 void Binding::limitAll() {
     for (const Tie& tie : ties_)
-        limit(tie);
+        guard(tie, [&] { limit(tie); });
 }
 
 void Binding::limit(const Tie& tie) {
@@ -76,8 +92,8 @@ void Binding::limit(const Tie& tie) {
 bool Binding::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show) {
         const auto tie = std::ranges::find(ties_, watched, &Tie::widget);
-        if (tie != ties_.end() && tie->owed)
-            show(*tie);
+        if (tie != ties_.end() && tie->owed && !tie->bound->dataChanged())
+            guard(*tie, [&] { show(*tie); });
     }
     return false;
 }
@@ -123,12 +139,12 @@ void Binding::putAll() {
 }
 
 void Binding::put(Tie& tie) {
-    auto field = source_->Recordset().Fields(tie.column);
     const QString typed = tie.bound->boundText();
-    const auto type = field.column().type;
-    const bool holdsTexts =
-        !type || *type == store::ColumnType::Text || *type == store::ColumnType::Memo;
     try {
+        auto field = source_->Recordset().Fields(tie.column);
+        const auto type = field.column().type;
+        const bool holdsTexts =
+            !type || *type == store::ColumnType::Text || *type == store::ColumnType::Memo;
         field.setValue(typed.isEmpty() && !holdsTexts ? store::Value() : store::Value(typed));
         tie.put = true;
     } catch (const store::EngineError& error) {

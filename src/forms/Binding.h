@@ -85,6 +85,7 @@ class Binding : public QObject {
     void untie(QWidget& widget);
     void showAll();
     void show(Tie& tie);
+    static void guard(const Tie& tie, const std::function<void()>& reads);
     void limit(const Tie& tie);
     void limitAll();
     store::Value valueOf(const QString& column);

@@ -76,7 +76,8 @@ void DropDown::removeItem(int row) {
 void DropDown::setSource(store::DataSource& source, const QString& column) {
     rows_.setSource(source, column);
     show(-1, QString());
-    connect(&source, &store::DataSource::refreshed, this, &DropDown::refill);
+    connect(&source, &store::DataSource::refreshed, this,
+            [this] { showGuarded(this, [this] { refill(); }); });
 }
 
 void DropDown::refill() {

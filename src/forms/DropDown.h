@@ -93,7 +93,7 @@ class DropDown : public QComboBox, public Bound {
     void userChanged();
     void chosen(int row);
 
-    RowsModel rows_;
+    RowsModel rows_{*this};
     Kind kind_;
     bool arrowOnly_ = false;
     int pick_ = -1;

@@ -2,10 +2,9 @@
 
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
-#include "forms/MessageBox.h"
+#include "forms/Guard.h"
 #include "forms/RichText.h"
 #include "forms/RowList.h"
-#include "store/EngineError.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -119,11 +118,8 @@ void FocusGuard::forwardSignals(QWidget* control, FieldEvents& events) {
 }
 
 void FocusGuard::tell(const std::function<void()>& rule) {
-    try {
-        rule();
-    } catch (const store::EngineError& error) {
-        showEngineError(window_, error);
-    }
+    if (window_ != nullptr)
+        guarded(window_, rule);
 }
 
 bool FocusGuard::isMine(const QWidget* widget) const {

@@ -1,33 +1,22 @@
 #pragma once
 
-#include "forms/MessageBox.h"
-#include "store/Database.h"
-#include "store/EngineError.h"
+#include "forms/ErrorRoute.h"
 
 #include <QWidget>
 
 namespace forms {
 
-/// Runs an action of the user. An error of the engine that the action does not handle ends the
-/// action alone: it is reported here, since exceptions must not travel through Qt.
-template <typename Action>
-void guarded(QWidget* parent, Action&& action) {
-    try {
-        action();
-    } catch (const store::EngineError& error) {
-        showEngineError(parent, error);
-    }
+/// Runs an action of the user in the widget's window. @return false when an error ended it
+inline bool guarded(QWidget* widget, const std::function<void()>& action) {
+    return ErrorRoute::of(*widget).perform(action);
 }
 
-/// The same for an action that writes: what it wrote is undone before its error is told.
-template <typename Action>
-void guarded(QWidget* parent, store::DBEngine& engine, Action&& action) {
-    try {
-        action();
-    } catch (const store::EngineError& error) {
-        engine.rollBackPending();
-        showEngineError(parent, error);
-    }
+/// Runs what ends a run, with no window left to tell an error in: it is told at once.
+void guardedEnd(const std::function<void()>& action);
+
+/// Runs what shows rows in the widget. @return false when an error ended it
+inline bool showGuarded(QWidget* widget, const std::function<void()>& reads) {
+    return ErrorRoute::of(*widget).show(reads);
 }
 
 } // namespace forms

@@ -32,7 +32,7 @@ class RowDelegate : public QStyledItemDelegate {
 } // namespace
 
 RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* parent)
-    : QTableView(parent), model_(new RecordsetModel(columns, this)) {
+    : QTableView(parent), model_(new RecordsetModel(columns, *this)) {
     setModel(model_);
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
@@ -67,8 +67,10 @@ void RecordsetGrid::bind(store::DataSource* source) {
         source_->disconnect(this);
     source_ = source;
     if (source != nullptr) {
-        connect(source, &store::DataSource::refreshed, this, &RecordsetGrid::rebind);
-        connect(source, &store::DataSource::repositioned, this, &RecordsetGrid::followSource);
+        connect(source, &store::DataSource::refreshed, this,
+                [this] { showGuarded(this, [this] { rebind(); }); });
+        connect(source, &store::DataSource::repositioned, this,
+                [this] { showGuarded(this, [this] { followSource(); }); });
     }
     rebind();
 }

@@ -1,5 +1,6 @@
 #include "forms/RecordsetModel.h"
 
+#include "forms/Guard.h"
 #include "store/EngineError.h"
 
 #include <algorithm>
@@ -13,8 +14,8 @@ constexpr int keptRows = 256;
 
 }
 
-RecordsetModel::RecordsetModel(std::span<const GridColumn> columns, QObject* parent)
-    : QAbstractTableModel(parent), columns_(columns), kept_(keptRows) {}
+RecordsetModel::RecordsetModel(std::span<const GridColumn> columns, QWidget& view)
+    : QAbstractTableModel(&view), columns_(columns), view_(view), kept_(keptRows) {}
 
 void RecordsetModel::setRows(std::unique_ptr<store::Recordset> cursor) {
     constexpr qint64 most = std::numeric_limits<int>::max();
@@ -24,6 +25,7 @@ void RecordsetModel::setRows(std::unique_ptr<store::Recordset> cursor) {
     rows_ = static_cast<int>(std::min(rows, most));
     kept_.clear();
     rowsRead_ = 0;
+    failed_ = false;
     endResetModel();
 }
 
@@ -38,7 +40,7 @@ int RecordsetModel::columnCount(const QModelIndex& parent) const {
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole || !index.isValid())
         return {};
-    return texts(index.row()).at(index.column());
+    return texts(index.row()).value(index.column());
 }
 
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -54,8 +56,11 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
 QStringList RecordsetModel::texts(int row) const {
     if (const QStringList* kept = kept_.object(row))
         return *kept;
-    const QStringList texts = read(row);
-    kept_.insert(row, new QStringList(texts));
+    QStringList texts;
+    if (!failed_)
+        failed_ = !showGuarded(&view_, [&] { texts = read(row); });
+    if (!failed_)
+        kept_.insert(row, new QStringList(texts));
     return texts;
 }
 
@@ -68,10 +73,9 @@ QStringList RecordsetModel::read(int row) const {
             texts << cursor_->Fields(column.field).Value().toText();
         return texts;
     } catch (const store::EngineError& error) {
-        // A view paints this: a row deleted meanwhile stays blank, any other fault shows in place.
-        const bool deleted = error.number() == store::ErrorNumber::RecordDeleted;
-        const QString shown = deleted ? QString() : QStringLiteral("#chyba");
-        return QStringList(static_cast<qsizetype>(columns_.size()), shown);
+        if (error.number() != store::ErrorNumber::RecordDeleted)
+            throw;
+        return {};
     }
 }
 

@@ -10,6 +10,8 @@
 #include <memory>
 #include <span>
 
+class QWidget;
+
 namespace forms {
 
 /// A column of a grid; the width is in twips.
@@ -25,7 +27,8 @@ class RecordsetModel : public QAbstractTableModel {
     Q_OBJECT
   public:
     /// @param columns must outlive the model
-    explicit RecordsetModel(std::span<const GridColumn> columns, QObject* parent = nullptr);
+    /// @param view asks for the rows; what can't be read goes its route. It owns the model.
+    RecordsetModel(std::span<const GridColumn> columns, QWidget& view);
 
     /// @param cursor a cursor for this model alone; null empties the table. @throws EngineError
     void setRows(std::unique_ptr<store::Recordset> cursor);
@@ -42,10 +45,13 @@ class RecordsetModel : public QAbstractTableModel {
     QStringList read(int row) const;
 
     std::span<const GridColumn> columns_;
+    QWidget& view_;
     std::unique_ptr<store::Recordset> cursor_;
     int rows_ = 0;
     mutable QCache<int, QStringList> kept_;
     mutable qint64 rowsRead_ = 0;
+    /// A row could not be read; until the next setRows() none is tried.
+    mutable bool failed_ = false;
 };
 
 } // namespace forms

@@ -1,5 +1,6 @@
 #include "forms/RowList.h"
 
+#include "forms/Guard.h"
 #include "store/DataSource.h"
 
 #include <QFocusEvent>
@@ -34,7 +35,8 @@ RowList::RowList(QWidget* parent) : QListView(parent) {
 
 void RowList::setSource(store::DataSource& source, const QString& column) {
     rows_.setSource(source, column);
-    connect(&source, &store::DataSource::refreshed, this, &RowList::refill);
+    connect(&source, &store::DataSource::refreshed, this,
+            [this] { showGuarded(this, [this] { refill(); }); });
     refill();
 }
 

@@ -34,7 +34,7 @@ class RowList : public QListView {
   private:
     void refill();
 
-    RowsModel rows_;
+    RowsModel rows_{*this};
     bool byProgram_ = false;
 };
 

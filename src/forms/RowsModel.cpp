@@ -1,5 +1,6 @@
 #include "forms/RowsModel.h"
 
+#include "forms/Guard.h"
 #include "forms/Letters.h"
 #include "store/DataSource.h"
 #include "store/EngineError.h"
@@ -36,6 +37,7 @@ void RowsModel::load() {
     const auto count = static_cast<size_t>(rows->RecordCount());
     beginResetModel();
     rows_ = std::move(rows);
+    failed_ = false;
     texts_.resize(count);
     endResetModel();
 }
@@ -56,12 +58,10 @@ int RowsModel::rowCount(const QModelIndex& parent) const {
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
-    try {
-        return text(index.row());
-    } catch (const store::EngineError&) {
-        // A view that is painting can't do with an error; the line stays empty.
-        return {};
-    }
+    QString shown;
+    if (!failed_)
+        failed_ = !showGuarded(&view_, [&] { shown = text(index.row()); });
+    return shown;
 }
 
 QString RowsModel::text(int row) const {

@@ -15,6 +15,8 @@ namespace store {
 class DataSource;
 }
 
+class QWidget;
+
 namespace forms {
 
 /// The lines of a drop-down or a list: fixed texts, or one column of a data source's rows. Rows are
@@ -22,7 +24,8 @@ namespace forms {
 class RowsModel : public QAbstractListModel {
     Q_OBJECT
   public:
-    explicit RowsModel(QObject* parent = nullptr) : QAbstractListModel(parent) {}
+    /// @param view asks for the lines; what can't be read goes its route
+    explicit RowsModel(QWidget& view) : view_(view) {}
 
     void setItems(const QStringList& items);
     void removeItem(int row);
@@ -54,10 +57,13 @@ class RowsModel : public QAbstractListModel {
     int first(const std::function<bool(const QString&)>& fits) const;
     int firstWithoutAccents(const QString& beginning) const;
 
+    QWidget& view_;
     store::DataSource* source_ = nullptr;
     QString column_;
     std::unique_ptr<store::Recordset> rows_;
     mutable std::vector<std::optional<QString>> texts_;
+    /// A line on show could not be read; until the next load() none is tried.
+    mutable bool failed_ = false;
 };
 
 } // namespace forms

@@ -1,6 +1,7 @@
 #include "mainwindow/FrmUvod.h"
 
 #include "forms/Guard.h"
+#include "forms/MessageBox.h"
 #include "forms/Twips.h"
 #include "mainwindow/ButtonPanel.h"
 #include "mainwindow/Exit.h"
@@ -58,8 +59,11 @@ FrmUvod::FrmUvod(const Surroundings& around)
     buildKeys();
     buildStatus();
     resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    forms::ErrorRoute& route = forms::ErrorRoute::of(*this);
+    route.undoIn(around_.engine);
+    connect(&route, &forms::ErrorRoute::readFailed, this, &FrmUvod::listFailed);
     connect(panel_, &ButtonPanel::chosen, this,
-            [this](int button) { forms::guarded(this, around_.engine, [&] { pressed(button); }); });
+            [this](int button) { forms::guarded(this, [&] { pressed(button); }); });
     connect(lists_, &ListPane::cardClosed, this,
             [this](int list) { panel_->change(&ButtonColours::cardClosed, list); });
 }
@@ -198,6 +202,17 @@ void FrmUvod::tellUnloaded(const store::EngineError& error) {
     state_->setToolTip(error.place());
 }
 
+/// A list that can't be read ends; choosing one loads anew.
+void FrmUvod::listFailed(const store::EngineError& error) {
+    if (!sources_)
+        return;
+    lists_->setSources(sources_.get());
+    lists_->clear();
+    panel_->resetColours();
+    loaded_ = false;
+    tellUnloaded(error);
+}
+
 /// Whether only the indexes were damaged and have been made anew, with the user's consent.
 bool FrmUvod::indexesRepaired() {
     unload();
@@ -311,7 +326,7 @@ void FrmUvod::koniecTlacidlom() {
 }
 
 void FrmUvod::koniec() {
-    forms::guarded(nullptr, [this] {
+    forms::guardedEnd([this] {
         zavri();
         compactAndReplace(around_.engine, around_.folder);
     });
@@ -340,7 +355,7 @@ void FrmUvod::closeEvent(QCloseEvent* event) {
 
 void FrmUvod::finishRun() {
     // What could not be told while the data sources ended.
-    forms::guarded(nullptr, [this] { around_.engine.commitPending(); });
+    forms::guardedEnd([this] { around_.engine.commitPending(); });
     around_.endRun();
 }
 

@@ -66,6 +66,7 @@ class FrmUvod : public QMainWindow {
     void emptyScratchTables();
     void loadFailed(const store::EngineError& error);
     void tellUnloaded(const store::EngineError& error);
+    void listFailed(const store::EngineError& error);
     bool indexesRepaired();
     void checkInBackground();
     void damageFound();

@@ -68,7 +68,7 @@ void FrmUvod::buildMenu() {
                 QAction* entry = menu->addAction(item.caption.toString());
                 entry->setObjectName(item.name.toString());
                 connect(entry, &QAction::triggered, this, [this, screen = item.screen] {
-                    forms::guarded(this, around_.engine, [&] { openScreen(screen); });
+                    forms::guarded(this, [&] { openScreen(screen); });
                 });
             }
         }

@@ -125,9 +125,8 @@ QPushButton* ListPane::addButton(const ListButton& traits) {
     button->setAutoDefault(true);
     const QString key = traits.key.toString();
     button->setToolTip(traits.toolTip.isEmpty() ? key : traits.toolTip.toString());
-    connect(button, &QPushButton::clicked, this, [this, action = traits.action] {
-        forms::guarded(this, around_.engine, [&] { (this->*action)(); });
-    });
+    connect(button, &QPushButton::clicked, this,
+            [this, action = traits.action] { forms::guarded(this, [&] { (this->*action)(); }); });
     connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button] {
         if (!button->isHidden())
             button->click();

@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QEventLoop>
+#include <QLabel>
 #include <QLockFile>
 #include <QPushButton>
 #include <QTableView>
@@ -172,6 +173,27 @@ TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
     boxes.allCame();
     EXPECT_EQ(window.findChild<QTableView*>(u"dbgKlient"_s)->model()->rowCount(), 1);
     EXPECT_TRUE(window.findChild<QPushButton*>(u"cmdVymaz"_s)->isEnabled());
+}
+
+TEST_F(WholeProgramTest, aListThatCannotBeReadIsToldOnceEndsAndCanBeChosenAnew) {
+    for (int i = 1000; i < 1300; ++i)
+        reg.add(u"k_zaklad"_s, {{u"idkod", u"K%1"_s.arg(i)}, {u"priezv", u"P%1"_s.arg(i)}});
+    window.show();
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
+    };
+    auto* grid = window.findChild<QTableView*>(u"dbgKlient"_s);
+    press(Qt::Key_1);
+    reg.engine.commitPending();
+    faults::install({faults::Plan::Fault::ReadFails});
+    expectReport(boxes, "Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+    press(Qt::Key_End);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty() && !grid->isVisible(); }));
+    EXPECT_TRUE(window.findChild<QLabel*>(u"lblStav"_s)->text().contains(u"Chyba pri čítaní"_s));
+    faults::install({});
+    press(Qt::Key_1);
+    EXPECT_TRUE(grid->isVisible());
+    EXPECT_EQ(grid->model()->rowCount(), 300);
 }
 
 TEST_F(WholeProgramTest, theTablesOfTheReturnComeInPreviews) {

@@ -132,3 +132,22 @@ TEST_F(LateFaultTest, ARecordThatCouldNotBeDeletedIsStillInTheList) {
     EXPECT_EQ(at<forms::RowList>("DBList1").row(), 0);
     EXPECT_EQ(at("textSur(0)").text(), text("Adam"));
 }
+
+TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatWasTyped) {
+    for (const bool typed : {true, false}) {
+        openSiblings({"Adam", "Eva"});
+        turnTo(0);
+        if (typed)
+            typeInto("textKrz(12)", "Dlha 1");
+        reg.letGo();
+        reg.engine.commitPending();
+        faults::install({Plan::Fault::ReadFails});
+        expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+        turnTo(3);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
+        QTest::qWait(0);
+        EXPECT_EQ(card->isVisible(), typed);
+        EXPECT_EQ(field(12).text(), typed ? text("Dlha 1") : QString());
+        faults::install({});
+    }
+}

@@ -1,8 +1,10 @@
 #include "forms/DropDown.h"
 
+#include "forms/Binding.h"
 #include "forms/KitScreen.h"
 #include "forms/RowList.h"
 #include "store/DataSource.h"
+#include "store/FaultVfs.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
@@ -90,7 +92,7 @@ class PickScreen : public kittest::KitScreen {
     }
 };
 
-class DropDownTest : public testing::Test {
+class DropDownTest : private faults::Layer, public testing::Test {
   protected:
     DropDownTest() {
         int code = 1;
@@ -108,6 +110,17 @@ class DropDownTest : public testing::Test {
         screen.drop.setSource(towns, u"nazov"_s);
         screen.fixed.setItems({u"M"_s, u"Z"_s});
         screen.start();
+    }
+    /// While nothing can be read, the action brings one box, and the program goes on.
+    void failReads(const std::function<void()>& action) {
+        reg.engine.commitPending();
+        faults::install({faults::Plan::Fault::ReadFails});
+        boxes.expect({.text = u"Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň."_s,
+                      .icon = QMessageBox::Critical});
+        action();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
+        boxes.allCame();
+        faults::install({});
     }
     QString pickedName() {
         towns.Recordset().setBookmark(screen.drop.selectedItem());
@@ -324,4 +337,25 @@ TEST_F(DropDownTest, AListShowsRowsAndTellsOfTheUsersChoiceOnly) {
     towns.Refresh();
     EXPECT_EQ(list.count(), 4);
     EXPECT_FALSE(list.selectedItem().isValid());
+}
+
+TEST_F(DropDownTest, WhatCannotBeReadIsToldOnceAndComesWhenItCan) {
+    start();
+    failReads([&] { screen.key(Qt::Key_F4); });
+    EXPECT_FALSE(screen.isOpened());
+    screen.key(Qt::Key_F4);
+    EXPECT_EQ(screen.drop.count(), 5) << "not empty for good";
+    screen.key(Qt::Key_Escape);
+    forms::RowList list(&screen);
+    list.setSource(towns, u"nazov"_s);
+    forms::Binding binding(towns);
+    binding.bind(screen.text[1], u"nazov"_s);
+    binding.bind(screen.text[2], u"kod"_s);
+    failReads([&] {
+        list.grab();
+        EXPECT_NO_THROW(towns.Recordset().MoveNext());
+        EXPECT_EQ(screen.text[1].text() + screen.text[2].text(), QString());
+    });
+    towns.Recordset().MoveFirst();
+    EXPECT_EQ(screen.text[1].text(), u"Bardejov"_s);
 }

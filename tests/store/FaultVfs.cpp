@@ -50,6 +50,12 @@ int writeBytes(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 o
     return below(file)->pMethods->xWrite(below(file), bytes, count, offset);
 }
 
+int readBytes(sqlite3_file* file, void* bytes, int count, sqlite3_int64 offset) {
+    if (state.plan.fault == Fault::ReadFails)
+        return SQLITE_IOERR_READ;
+    return below(file)->pMethods->xRead(below(file), bytes, count, offset);
+}
+
 int truncate(sqlite3_file* file, sqlite3_int64 size) {
     countCall();
     return below(file)->pMethods->xTruncate(below(file), size);
@@ -91,7 +97,7 @@ void fillMethods() {
     Methods& m = state.methods;
     m.iVersion = 1;
     m.xClose = passOn<&Methods::xClose>;
-    m.xRead = passOn<&Methods::xRead>;
+    m.xRead = readBytes;
     m.xWrite = writeBytes;
     m.xTruncate = truncate;
     m.xSync = sync;

@@ -14,7 +14,9 @@ struct Plan {
         /// written can't be undone before the fault has gone.
         DatabaseFull,
         /// This call and all later ones fail to make bytes durable.
-        SyncFails
+        SyncFails,
+        /// Reads fail from now on; `at` says nothing.
+        ReadFails
     };
     Fault fault = Fault::None;
     /// The call that the fault strikes first, from 1.
