@@ -11,7 +11,9 @@
 #include "clientcard/RecordTabs.h"
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
+#include "forms/DropDown.h"
 #include "forms/MessageBox.h"
+#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -19,6 +21,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -69,6 +72,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(pages_->layOut(), 1);
     lines->addLayout(makeFoot());
+    noteInput();
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
     draft_.open();
@@ -293,9 +297,24 @@ void FrmKlientUdaj::cmdStornoClick() {
     reject();
 }
 
-/// A card that can't be read closes, unless it holds what was typed.
+void FrmKlientUdaj::noteInput() {
+    const auto note = [this] {
+        hasInput_ = true;
+    };
+    for (auto* field : findChildren<forms::EntryField*>())
+        connect(field, &forms::EntryField::textEdited, this, note);
+    for (auto* text : findChildren<forms::RichText*>())
+        connect(text, &forms::RichText::textEdited, this, note);
+    for (auto* pick : findChildren<forms::DropDown*>())
+        connect(pick, &forms::DropDown::textEdited, this, note);
+    for (auto* option : findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::clicked, this, note);
+}
+
+/// A card that can't be read closes, unless the user has entered anything. What of it differs from
+/// the row can't be read either.
 void FrmKlientUdaj::closeUnread() {
-    if (isVisible() && !recordIsOpen() && !draft_.isChanged())
+    if (isVisible() && !recordIsOpen() && !hasInput_)
         cmdStornoClick();
 }
 

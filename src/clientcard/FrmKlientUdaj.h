@@ -77,6 +77,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void CmdZapClick();
     void cmdZapNewClick();
     void cmdStornoClick();
+    void noteInput();
     void closeUnread();
     void tellNotWritten();
     bool recordIsOpen() const;
@@ -98,6 +99,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::optional<SaveCycle> cycle_;
     std::function<void(int)> print_;
     bool wasShown_ = false;
+    /// The user has typed or picked since the card was opened.
+    bool hasInput_ = false;
 };
 
 } // namespace clientcard
