@@ -1,6 +1,7 @@
 #include "card/FieldKeys.h"
 
 #include "forms/FieldEvents.h"
+#include "forms/FocusGuard.h"
 #include "forms/MessageBox.h"
 
 namespace card {
@@ -10,6 +11,15 @@ bool walks(int key, Qt::KeyboardModifiers modifiers) {
         return false;
     return key == Qt::Key_Return || key == Qt::Key_Down || key == Qt::Key_Up ||
            key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
+bool leadsToButton(QWidget& window, const QString& button, int& key) {
+    if (key != Qt::Key_PageUp && key != Qt::Key_PageDown)
+        return false;
+    key = 0;
+    if (auto* asked = window.findChild<QWidget*>(button))
+        forms::moveFocus(asked);
+    return true;
 }
 
 bool opensPicker(int key, Qt::KeyboardModifiers modifiers) {

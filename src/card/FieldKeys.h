@@ -16,6 +16,10 @@ namespace card {
 /// The key leads to another field: Enter, Up, Down, PageUp, PageDown.
 bool walks(int key, Qt::KeyboardModifiers modifiers);
 
+/// PageUp and PageDown ask for the focus of a button by its name; a disabled one does not take it.
+/// @return false, and the focus and the key stay, for all other keys
+bool leadsToButton(QWidget& window, const QString& button, int& key);
+
 /// The key opens the drop-down beside the field.
 bool opensPicker(int key, Qt::KeyboardModifiers modifiers);
 

@@ -113,11 +113,8 @@ void RuledFields::openPick(int index) const {
 }
 
 void RuledFields::walk(int index, int key) const {
-    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
-        if (auto* button = window_.findChild<QWidget*>(QString::fromUtf16(set_.pageKeysTo)))
-            forms::moveFocus(button);
+    if (leadsToButton(window_, QString::fromUtf16(set_.pageKeysTo), key))
         return;
-    }
     field(index).selectAll();
     step(index, key == Qt::Key_Up ? Way::Back : Way::Forth);
 }

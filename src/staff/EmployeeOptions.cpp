@@ -1,5 +1,6 @@
 #include "staff/EmployeeOptions.h"
 
+#include "card/FieldKeys.h"
 #include "forms/FocusGuard.h"
 #include "store/Recordset.h"
 #include "validation/Validators.h"
@@ -8,6 +9,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace staff {
@@ -40,9 +42,9 @@ constexpr std::array<PairRow, 3> pairs = {{
 
 } // namespace
 
-EmployeeOptions::EmployeeOptions(forms::FocusGuard& guard, QWidget* parent) {
+EmployeeOptions::EmployeeOptions(QWidget& window, forms::FocusGuard& guard) : window_(window) {
     for (const PairRow& pair : pairs) {
-        auto* frame = frames_.emplace_back(new QGroupBox(QString::fromUtf16(pair.title), parent));
+        auto* frame = frames_.emplace_back(new QGroupBox(QString::fromUtf16(pair.title), &window));
         auto* lines = new QVBoxLayout(frame);
         for (const OptionRow& row : pair.options) {
             auto* option =
@@ -87,10 +89,27 @@ QStringList EmployeeOptions::chosen() const {
     return codes;
 }
 
-/// Enter walks on; only the blank and the arrows choose.
-void EmployeeOptions::keyDown(const forms::Control& /*control*/, int& key,
+/// The blank chooses the option in focus, an arrow that of its side. Enter walks on to the next
+/// pair.
+void EmployeeOptions::keyDown(const forms::Control& control, int& key,
                               Qt::KeyboardModifiers /*modifiers*/) {
-    modKontrola::enterNaTab(key);
+    if (card::leadsToButton(window_, QStringLiteral("cmdZap"), key))
+        return;
+    const auto place = std::ranges::find(options_, control.widget()) - options_.begin();
+    QRadioButton* first = options_[std::size_t(place - place % 2)];
+    QRadioButton* second = options_[std::size_t(place - place % 2 + 1)];
+    const bool isForth = key == Qt::Key_Down || key == Qt::Key_Right;
+    if (isForth || key == Qt::Key_Up || key == Qt::Key_Left) {
+        key = 0;
+        QRadioButton* option = isForth ? second : first;
+        option->setChecked(true);
+        option->setFocus();
+    } else if (key == Qt::Key_Return) {
+        // Without a choice both are stations of Tab.
+        if (!first->isChecked())
+            second->setFocus();
+        modKontrola::enterNaTab(key);
+    }
 }
 
 } // namespace staff

@@ -24,8 +24,7 @@ namespace staff {
 /// until the user or a row does.
 class EmployeeOptions : public forms::FieldEvents {
   public:
-    /// The options belong to the parent until they are laid out.
-    EmployeeOptions(forms::FocusGuard& guard, QWidget* parent);
+    EmployeeOptions(QWidget& window, forms::FocusGuard& guard);
 
     /// The frames of the pairs, from left to right.
     const std::vector<QGroupBox*>& frames() const { return frames_; }
@@ -41,6 +40,7 @@ class EmployeeOptions : public forms::FieldEvents {
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
 
   private:
+    QWidget& window_;
     std::vector<QGroupBox*> frames_;
     /// Two of each frame.
     std::vector<QRadioButton*> options_;

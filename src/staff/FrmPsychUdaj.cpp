@@ -36,8 +36,7 @@ constexpr std::array<card::FieldRow, 2> nameRows = {{
 constexpr card::FieldSet nameSet = {.array = u"TextPsych", .pageKeysTo = u"cmdZap"};
 
 constexpr int nameCharacters = 34;
-constexpr auto cardKeys =
-    u"Enter ďalšie pole  ·  F4 zoznam  ·  medzerník voľba  ·  PageDown na zápis";
+constexpr auto cardKeys = u"Enter ďalšie pole  ·  F4 zoznam  ·  šípky voľba  ·  PageDown na zápis";
 
 } // namespace
 
@@ -64,7 +63,7 @@ void FrmPsychUdaj::makeControls() {
                     std::vector<card::FieldRow>(nameRows.begin(), nameRows.end()), this);
     function_.emplace(*this, guard_, data_.datFunkc);
     fields_->setNeighbours(nullptr, &function_->pick());
-    options_.emplace(guard_, this);
+    options_.emplace(*this, guard_);
     save_.emplace(data_, static_cast<card::KeyField&>(*this), *options_);
     buttons_ = card::makeButtons(buttonTable, this, [this](int i) { act(Button(i)); });
     esc_.set(buttons_[cmdStorno]);

@@ -34,7 +34,8 @@ void FunctionPick::gotFocus(const forms::Control& /*control*/) {
 
 void FunctionPick::keyDown(const forms::Control& /*control*/, int& key,
                            Qt::KeyboardModifiers /*modifiers*/) {
-    modKontrola::enterNaTab(key);
+    if (!card::leadsToButton(window_, QStringLiteral("cmdZap"), key))
+        modKontrola::enterNaTab(key);
 }
 
 forms::Leave FunctionPick::lostFocus(const forms::Control& /*control*/, const forms::Control& now) {

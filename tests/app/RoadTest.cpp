@@ -138,12 +138,17 @@ void RoadTest::readTableOne(QWidget& preview) {
 } // namespace
 
 TEST_F(RoadTest, fromAnEmptyRegisterToTableOne) {
-    // The card of an employee does not stand yet.
-    reg.execute({text("insert into zamestnanci (idkod, meno, priezv) values "
-                      "('ADAMOVEV00', 'Eva', 'Adamová')")});
     reg.letGo();
     window.open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    click("Picture2");
+    boxes.expect(support::ExpectedWindow{text("FrmPsychUdaj"), [this](QWidget& card) {
+                                             ASSERT_TRUE(QTest::qWaitForWindowActive(&card));
+                                             enter({"eva", "adamová", "psychológ"});
+                                             press("cmdZap");
+                                         }});
+    click("CmdNovy");
+    boxes.allCame();
     click("Picture1");
     boxes.expect(support::ExpectedWindow{text("FrmKlientUdaj"), [this](QWidget& card) {
                                              ASSERT_TRUE(QTest::qWaitForWindowActive(&card));

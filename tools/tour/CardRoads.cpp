@@ -45,7 +45,7 @@ void addCareRecord(Guide& guide) {
     guide.press(QStringLiteral("cmdZscNovy"));
     guide.type(QStringLiteral("Nácvik čítania s porozumením, práca s obrázkami."));
     guide.goTo(QStringLiteral("textZsc(0)"));
-    enter(guide, {"15.9.26", "08", "09", "NOVAKOEV00"});
+    enter(guide, {"15.9.26", "08", "09", "NOVÁKOEV00"});
     guide.picture(QStringLiteral("starostlivost-novy-zaznam"));
     guide.press(QStringLiteral("cmdZscZap"));
     guide.picture(QStringLiteral("starostlivost-zapisana"));
@@ -85,7 +85,29 @@ void lookAtRecords(Guide& guide) {
     }
 }
 
+void fillEmployee(Guide& guide) {
+    guide.picture(QStringLiteral("novy-zamestnanec"));
+    enter(guide, {"eva", "nováková"});
+    guide.key(Qt::Key_F4);
+    guide.picture(QStringLiteral("novy-zamestnanec-zaradenie"));
+    enter(guide, {"Psy"});
+    // Internal, a woman, qualified.
+    for (const auto choice : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Space}) {
+        guide.key(choice);
+        guide.key(Qt::Key_Return);
+    }
+    guide.picture(QStringLiteral("novy-zamestnanec-vyplneny"));
+    guide.press(QStringLiteral("cmdZap"));
+}
+
 } // namespace
+
+void walkNewEmployee(Guide& guide) {
+    guide.click(QStringLiteral("Picture2"));
+    guide.inModalWindow([&guide](QWidget&) { fillEmployee(guide); });
+    guide.click(QStringLiteral("CmdNovy"));
+    guide.picture(QStringLiteral("prvy-zamestnanec"));
+}
 
 void walkNewClient(Guide& guide) {
     guide.click(QStringLiteral("Picture1"));
@@ -103,7 +125,7 @@ void walkClientCard(Guide& guide) {
     guide.click(QStringLiteral("Picture1"));
     guide.inModalWindow([&guide](QWidget&) {
         // A client with records of every kind.
-        enter(guide, {"Klein"});
+        enter(guide, {"Beran"});
     });
     guide.click(QStringLiteral("cmdHladaj"));
     guide.inModalWindow([&guide](QWidget&) {

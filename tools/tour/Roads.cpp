@@ -28,6 +28,11 @@ void walkLists(Guide& guide) {
     guide.click(QStringLiteral("cmdVymaz"));
     guide.click(QStringLiteral("Picture2"));
     guide.picture(QStringLiteral("zamestnanci"));
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.picture(QStringLiteral("zamestnanec"));
+        guide.key(Qt::Key_Escape);
+    });
+    guide.click(QStringLiteral("cmdOprava"));
     guide.click(QStringLiteral("Picture1"));
 }
 

@@ -10,6 +10,8 @@ class Guide;
 
 /// The main roads through the program, each from a window without a card open back to it.
 void walkLists(Guide& guide);
+/// Enters the first employee of an empty register.
+void walkNewEmployee(Guide& guide);
 /// Enters the first client of an empty register, with a record of care.
 void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);

@@ -62,17 +62,10 @@ void walk(const char16_t* kind, const QString& output, const Roads& roads) {
     guide.allCame();
 }
 
-// The card of an employee does not stand yet.
-void addEmployee(const mainwindow::Surroundings& around) {
-    around.engine.OpenDatabase(around.folder.database())
-        .Execute(QStringLiteral("insert into zamestnanci (idkod, meno, priezv) values "
-                                "('NOVAKOEV00', 'Eva', 'Nováková')"));
-}
-
 /// From nothing to the first return.
 void walkFirstClient(const QString& output) {
     walk(u"prazdna", output, [](tour::Guide& guide, mainwindow::FrmUvod& window) {
-        addEmployee(window.surroundings());
+        tour::walkNewEmployee(guide);
         tour::walkNewClient(guide);
         tour::walkSchoolYear(guide);
         tour::walkTableOne(guide, window);
