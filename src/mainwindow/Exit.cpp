@@ -45,7 +45,6 @@ void compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& fold
     const QString live = behindLinks.isEmpty() ? folder.database() : behindLinks;
     const WorkFile copy(live + QStringLiteral(".kopia"));
     engine.CompactDatabase(live, copy.path(), QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"));
-    store::DBEngine::verifyDatabase(copy.path());
     if (store::takeOwnerOf(live, copy.path()))
         store::replaceFile(copy.path(), live);
     QFile::remove(folder.path(u"arch_tmp.zip"));

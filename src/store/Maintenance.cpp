@@ -1,6 +1,7 @@
 #include "store/Maintenance.h"
 
 #include "store/Connection.h"
+#include "store/CopyCheck.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
 #include "store/OpenCheck.h"
@@ -10,6 +11,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <future>
 
 namespace store {
 
@@ -208,7 +211,13 @@ void compactDatabase(const QString& source, const QString& target) {
     checkHeader(source);
     BegunFile begun(target);
     vacuumInto(source, target);
-    syncFile(target);
+    auto synced = std::async(std::launch::async, [&target] { syncFile(target); });
+    try {
+        checkCopy(target);
+    } catch (const EngineError& error) {
+        throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), target);
+    }
+    synced.get();
     begun.keep();
 }
 
@@ -216,6 +225,7 @@ void verifyDatabase(const QString& path) {
     checkHeader(path);
     try {
         Connection connection(path, Connection::Access::ReadOnly);
+        connection.execute(roomForChecks);
         checkIdentity(connection);
         checkPages(connection);
     } catch (const EngineError& error) {
