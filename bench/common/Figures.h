@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,8 +17,18 @@ struct PreparedWork {
     Work act;
 };
 
-/// Median of several timed calls, in milliseconds, after one that is not counted.
-double median(const Work& work, int runs);
+/// Times in milliseconds.
+struct Times {
+    double wall = std::numeric_limits<double>::max();
+    /// Of all threads. Tells more where other programs keep the machine busy.
+    double processor = std::numeric_limits<double>::max();
+
+    /// Of one part of so many.
+    Times over(double parts) const { return {wall / parts, processor / parts}; }
+};
+
+/// The least of several timed calls, after one that is not counted.
+Times least(const Work& work, int runs);
 
 /// A table of times of ours against a baseline, printed when it is complete.
 class Figures {
@@ -26,13 +37,13 @@ class Figures {
 
     /// Times both in turn, so that what slows the machine down for a while slows both.
     /// @param wanted greatest ratio of ours to the baseline; nothing where none is asked for
-    /// @return the median of ours, in milliseconds
-    double compare(const std::string& name, const Work& ours, const Work& baseline,
-                   std::optional<double> wanted = {}, int runs = 9);
-    double compare(const std::string& name, const PreparedWork& ours, const PreparedWork& baseline,
-                   std::optional<double> wanted = {}, int runs = 9);
+    /// @return the least of ours
+    Times compare(const std::string& name, const Work& ours, const Work& baseline,
+                  std::optional<double> wanted = {}, int runs = 9);
+    Times compare(const std::string& name, const PreparedWork& ours, const PreparedWork& baseline,
+                  std::optional<double> wanted = {}, int runs = 9);
     /// A ratio of two times measured before, such as the same work at two sizes.
-    void ratio(const std::string& name, double ours, double baseline,
+    void ratio(const std::string& name, const Times& ours, const Times& baseline,
                std::optional<double> wanted = {});
 
     /// Prints the table. @return exit code of the program: 1 when a wanted ratio is missed
@@ -41,11 +52,11 @@ class Figures {
   private:
     struct Line {
         std::string name;
-        double ours;
-        double baseline;
+        Times ours;
+        Times baseline;
         std::optional<double> wanted;
 
-        double ratio() const { return ours / baseline; }
+        double ratio() const { return ours.wall / baseline.wall; }
         bool isMissed() const { return wanted && ratio() > *wanted; }
     };
     static void printLine(const Line& line);

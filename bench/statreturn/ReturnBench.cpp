@@ -188,8 +188,9 @@ constexpr const char* tableThreeByHand =
     "sum(not i and a) from (select prac_zar, \"int-ext\" = 'i' i, pohlavie = 'z' z, "
     "kvalifikacia = 'a' a from zamestnanci) group by prac_zar";
 
-/// Times Tables II and III. @return their medians in milliseconds
-std::pair<double, double> compareTables(bench::Figures& figures, int clients, int runs) {
+/// Times Tables II and III. @return the least of ours
+std::pair<bench::Times, bench::Times> compareTables(bench::Figures& figures, int clients,
+                                                    int runs) {
     Registers registers(clients, 5);
     const QByteArray two = tableTwoByHand + QByteArray(inCare) + " group by 2, 3, 4, 5";
     if (tableTwo(registers) != registers.bare->read(two))
@@ -197,10 +198,10 @@ std::pair<double, double> compareTables(bench::Figures& figures, int clients, in
     const auto name = [clients](const char* table, int size, const char* what) {
         return table + std::to_string(size) + what;
     };
-    const double second = figures.compare(
+    const bench::Times second = figures.compare(
         name("Table II, ", clients, " clients"), [&] { tableTwo(registers); },
         [&] { registers.bare->read(two); }, 2.0, runs);
-    const double third = figures.compare(
+    const bench::Times third = figures.compare(
         name("Table III, ", clients / 10, " employees"), [&] { tableThree(registers); },
         [&] {
             registers.bare->run(tableThreeByHand);
@@ -210,8 +211,8 @@ std::pair<double, double> compareTables(bench::Figures& figures, int clients, in
     return {second, third};
 }
 
-/// @return the median of Table I in milliseconds
-double compare(bench::Figures& figures, int clients, int years, int runs) {
+/// @return the least of Table I
+bench::Times compare(bench::Figures& figures, int clients, int years, int runs) {
     Registers registers(clients, years);
     QDate ours(2007, 9, 3);
     QDate theirs = ours;
@@ -234,15 +235,15 @@ double compare(bench::Figures& figures, int clients, int years, int runs) {
 int main() {
     bench::Figures figures("Tables of the return without preview, against statements by hand");
     compare(figures, 1000, 5, 7);
-    const double small = compare(figures, 10000, 5, 7);
+    const bench::Times small = compare(figures, 10000, 5, 7);
     compare(figures, 10000, 1, 7);
-    const double large = compare(figures, 100000, 5, 3);
-    figures.ratio("Table I, a client of 100000 against one of 10000", large / 10, small, 1.5);
+    const bench::Times large = compare(figures, 100000, 5, 3);
+    figures.ratio("Table I, a client of 100000 against one of 10000", large.over(10), small, 1.5);
     const auto [smallTwo, smallThree] = compareTables(figures, 10000, 7);
     const auto [largeTwo, largeThree] = compareTables(figures, 100000, 3);
-    figures.ratio("Table II, a client of 100000 against one of 10000", largeTwo / 10, smallTwo,
+    figures.ratio("Table II, a client of 100000 against one of 10000", largeTwo.over(10), smallTwo,
                   1.5);
-    figures.ratio("Table III, an employee of 10000 against one of 1000", largeThree / 10,
+    figures.ratio("Table III, an employee of 10000 against one of 1000", largeThree.over(10),
                   smallThree, 1.5);
     return figures.print();
 }

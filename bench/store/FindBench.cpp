@@ -29,7 +29,7 @@ void findBare(BareQuery& query, const QStringList& keys) {
 } // namespace
 
 void measureFinding(Samples& samples, Figures& figures) {
-    std::vector<double> times;
+    std::vector<Times> times;
     for (const int clients : sizes) {
         store::DBEngine engine;
         auto database = engine.OpenDatabase(samples.clientsOnly(clients));

@@ -32,7 +32,7 @@ void openBare(const BareFile& file) {
 } // namespace
 
 void measureOpening(Samples& samples, Figures& figures) {
-    std::vector<double> times;
+    std::vector<Times> times;
     for (const int clients : sizes) {
         store::DBEngine engine;
         auto database = engine.OpenDatabase(samples.clientsOnly(clients));

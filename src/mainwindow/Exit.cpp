@@ -29,7 +29,6 @@ void compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& fold
     const QString live = behindLinks.isEmpty() ? folder.database() : behindLinks;
     const store::WorkFiles files(live);
     engine.CompactDatabase(live, files.copy(), QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"));
-    store::DBEngine::verifyDatabase(files.copy());
     if (store::takeOwnerOf(live, files.copy()))
         store::replaceFile(files.copy(), live);
     QFile::remove(folder.path(u"arch_tmp.zip"));

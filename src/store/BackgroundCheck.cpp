@@ -33,6 +33,7 @@ bool looksSound(const QString& path, std::stop_token stop) {
     try {
         Connection connection(path, Connection::Access::Unlocked);
         sqlite3_progress_handler(connection.handle(), stride, isStopped, &stop);
+        connection.execute(roomForChecks);
         checkPages(connection);
         return true;
     } catch (const EngineError& error) {

@@ -60,8 +60,8 @@ class DBEngine {
     /// @throws EngineError 3024 when there is no such file, 3343 when it is no register, is cut off
     /// or damaged or of a newer schema (the file is not changed then), 3051 when it can't be read.
     Database OpenDatabase(const QString& path);
-    /// Copies a closed database to a new file without its free space, readable by its owner only
-    /// and durable on return. The locale is taken for the only one that there is.
+    /// Copies a closed database to a new file without its free space, readable by its owner
+    /// only and, on return, checked in full and durable. There is only one locale.
     /// @throws EngineError 3204 when the target exists, 3024, 3343, 3026 when the disk is full. A
     /// target that was begun is removed.
     void CompactDatabase(const QString& source, const QString& target, const QString& locale);

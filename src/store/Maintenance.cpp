@@ -1,6 +1,7 @@
 #include "store/Maintenance.h"
 
 #include "store/Connection.h"
+#include "store/CopyCheck.h"
 #include "store/Dates.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
@@ -12,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <future>
 #include <string>
 #include <utility>
 #include <vector>
@@ -237,7 +239,13 @@ void compactDatabase(const QString& source, const QString& target) {
     checkHeader(source);
     BegunFile begun(target);
     vacuumInto(source, target);
-    syncFile(target);
+    auto synced = std::async(std::launch::async, [&target] { syncFile(target); });
+    try {
+        checkCopy(target);
+    } catch (const EngineError& error) {
+        throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), target);
+    }
+    synced.get();
     begun.keep();
 }
 
@@ -245,6 +253,7 @@ void verifyDatabase(const QString& path) {
     checkHeader(path);
     try {
         Connection connection(path, Connection::Access::ReadOnly);
+        connection.execute(roomForChecks);
         checkIdentity(connection);
         checkPages(connection);
     } catch (const EngineError& error) {

@@ -35,6 +35,9 @@ quint32 versionOf(Connection& connection);
 /// True when a full check of a file is done before its user would notice.
 bool isQuicklyChecked(const QString& path);
 
+/// Lets a connection that checks keep the pages of an index, of which it looks up every entry.
+inline constexpr const char* roomForChecks = "PRAGMA cache_size=-65536";
+
 /// Reads every page and every index entry. @throws EngineError 3343
 void checkPages(Connection& connection);
 /// As checkPages, of one table and its indexes. @throws EngineError 3343

@@ -155,11 +155,30 @@ int TextOrder::collateSlowly(std::string_view left, std::string_view right) cons
                       : collate(spelledOut(left, true), spelledOut(right, true));
 }
 
+/// Whether signs at a place and behind it weigh the same whatever stands before it.
+bool TextOrder::startsAfresh(std::string_view text, std::size_t at) const {
+    return at == 0 || (isRanked(text, at - 1) && (text[at - 1] | ' ') != 'c');
+}
+
+/// Length of a beginning that both texts share and that does not decide.
+std::size_t TextOrder::sharedLength(std::string_view left, std::string_view right) const {
+    const auto [l, r] = std::ranges::mismatch(left, right);
+    auto at = static_cast<std::size_t>(l - left.begin());
+    while (at > 0 && !(isRanked(left, at) && isRanked(right, at) && startsAfresh(left, at)))
+        --at;
+    return at;
+}
+
 int TextOrder::compare(std::string_view left, std::string_view right) const {
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
+    if (left == right)
+        return 0;
+    const std::size_t shared = sharedLength(left, right);
+    left.remove_prefix(shared);
+    right.remove_prefix(shared);
     int result = 0;
-    if (left == right || compareRanks(left, right, result))
+    if (compareRanks(left, right, result))
         return result;
     return isPlain(left) && isPlain(right) ? collate(left, right) : collateSlowly(left, right);
 }
