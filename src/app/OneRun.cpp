@@ -72,7 +72,9 @@ QString OneRun::holder() const {
     QString computer;
     QString program;
     lock_.getLockInfo(&process, &computer, &program);
-    return QStringLiteral("%1 (počítač %2)").arg(QFileInfo(path_).owner(), computer);
+    const QString user = QFileInfo(path_).owner();
+    return QStringLiteral("%1 (počítač %2)")
+        .arg(user.isEmpty() ? QStringLiteral("niekto") : user, computer);
 }
 
 bool OneRun::askForWindow() const {
