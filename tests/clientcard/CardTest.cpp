@@ -188,13 +188,14 @@ TEST_F(CardTest, StornoDropsWhatIsNotWrittenAndNothingElse) {
 }
 
 TEST_F(CardTest, SavingForTheNextClientEmptiesTheCard) {
-    openClient("postih = '35', matvla = true, datnar = #12/05/1980#");
+    openClient("postih = '35', matvla = true, datnar = #12/05/1980#, kon_pomer = 'matka'");
     pressByKeys("cmdZapNew");
     EXPECT_EQ(focused(), text("textKrz(0)"));
     EXPECT_EQ(modKontrola::gAkcia, 1);
     EXPECT_FALSE(isEnabled(1));
     for (const char* name : {"textKrz(1)", "textKrz(4)", "textPosK(0)"})
         EXPECT_EQ(at(name).text(), QString()) << name;
+    EXPECT_FALSE(at<QRadioButton>("optKrz(4)").isChecked());
     for (const char* typed : {"ema", "mala"})
         enter(typed);
     goTo(6);
