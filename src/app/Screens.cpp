@@ -80,7 +80,7 @@ bool isRegister(store::DBEngine& engine, const QString& path) {
 template <class Action>
 void whileClosed(FrmUvod& window, const Action& action) {
     window.hide();
-    forms::guarded(nullptr, [&window] {
+    forms::guardedEnd([&window] {
         window.zavri();
         window.surroundings().engine.commitPending();
     });
