@@ -66,6 +66,18 @@ TEST_F(FieldFaultsTest, WhatAPickShowsWhenItIsLeftIsStored) {
         click("CmdZap");
         EXPECT_EQ(stored(c.column), text(c.stored));
     }
+    turnTo(10);
+    for (const auto& [pressed, worker] : {std::pair{"novT", "NOVAKJA00"}, {"FDDE", ""}}) {
+        press("Novy");
+        entry(0).setFocus();
+        type("1.9.2005");
+        at<forms::DropDown>("DBCPza").setFocus();
+        keys(pressed);
+        EXPECT_EQ(entry(1).text(), text(worker));
+        entry(0).setFocus();
+        card->activateWindow();
+        key(Qt::Key_Escape);
+    }
 }
 
 TEST_F(FieldFaultsTest, ATypedDigitOfASiblingIsTakenWhereverTheFocusGoes) {
