@@ -34,6 +34,9 @@ TEST(PageFlow, PlacesBandsOnPages) {
     const FlowCase cases[] = {
         {"fills to the edge", {{600}, {400}}, {{0, 100, 0, 600}, {0, 700, 0, 400}}},
         {"one twip too many", {{600}, {401}}, {{0, 100, 0, 600}, {1, 100, 0, 401}}},
+        {"stays together though it has cuts",
+         {{600}, {500, {200, 400}}},
+         {{0, 100, 0, 600}, {1, 100, 0, 500}}},
         {"later pages leave room for the header",
          {{300}, {650}, {100}, {650}, {1}},
          {{0, 100, 0, 300}, {0, 400, 0, 650}, {1, 400, 0, 100}, {2, 400, 0, 650}, {2, 1050, 0, 1}},
