@@ -13,7 +13,8 @@ namespace {
 class CardTroubleTest : public CardTest {
   protected:
     void expectNotWritten() {
-        expect("Tieto údaje sa nezapísali:\n\nzáznam\nChyba č. 3000: Chyba databázového stroja: "
+        expect("Tieto údaje sa nezapísali:\n\nzáznam\nChyba č. 3000: Chyba "
+               "databázového stroja: "
                "refused.");
     }
 };
@@ -74,25 +75,6 @@ TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) 
     EXPECT_EQ(reg.count(text("k_memo")), 1);
 }
 
-TEST_F(CardTroubleTest, AChangeOfKeyThatIsStoppedMidwayLeavesAllAsItWas) {
-    insertClient("NOVOTNEV00");
-    insertRecords("NOVOTNEV00");
-    refuse("update on k_zariad");
-    open(text("NOVOTNEV00"));
-    typeNote("pozn");
-    enterInto(1, "Mala");
-    expectEngineError("Chyba č. 3000\n\nChyba databázového stroja: refused.");
-    pressByKeys("CmdZap");
-    EXPECT_EQ(field(1).text(), text("Mala"));
-    for (const char* table : {"k_zaklad", "k_memo", "k_navstevy", "k_surodenci", "k_zaznam_zmeny"})
-        EXPECT_EQ(stored("idkod", table), text("NOVOTNEV00")) << table;
-    refuseNoMore();
-    pressByKeys("CmdZap");
-    EXPECT_FALSE(card->isVisible());
-    EXPECT_EQ(stored("idkod", "k_zariad") + stored("idkod"), text("MALAEV00MALAEV00"));
-    EXPECT_EQ(stored("poznamky", "k_memo"), text("<p>pozn</p>"));
-}
-
 TEST_F(CardTroubleTest, StornoClosesACardWhoseFileHasGone) {
     openClient();
     type("Iva");
@@ -118,26 +100,6 @@ TEST_F(CardTroubleTest, TheNumberOfAClientSavedOnTheWayIsOnlyAskedAboutWhenItIsC
     EXPECT_TRUE(leaves("17")) << "back to its own";
 }
 
-TEST_F(CardTroubleTest, DigitsThatWereNotTakenOverYetAreSaved) {
-    struct Case {
-        const char* typed;
-        Qt::Key key;
-        const char* stored;
-    };
-    // Left for the picker beside it, or behind a key that found nothing to check.
-    for (const Case& c :
-         {Case{"3", Qt::Key_Tab, "3        "}, Case{"\r3", Qt::Key_F6, "3        "},
-          Case{"3\r5\r7", Qt::Key_F6, "357      "}, Case{"3\r5\r3", Qt::Key_Tab, "35       "}}) {
-        openClient();
-        goTo(18);
-        for (const char* k = c.typed; *k != '\0'; ++k)
-            *k == '\r' ? key(Qt::Key_Return) : QTest::keyClick(keyboard(), *k);
-        key(c.key);
-        click("CmdZap");
-        EXPECT_EQ(stored("postih"), text(c.stored)) << c.typed;
-    }
-}
-
 TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld) {
     open();
     goTo(4);
@@ -157,29 +119,6 @@ TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld)
     expectWrongDate(Retry);
     EXPECT_EQ(clickTab(3), text("textKrz(4)"));
     EXPECT_EQ(tabs().currentRow(), 0);
-}
-
-TEST_F(CardTroubleTest, WhatIsTypedBehindAPickReplacesIt) {
-    addCode("c_narodn", "02", "madarska");
-    addCode("c_zdrpoi", "21", "Ina");
-    for (const auto& [element, picked, typed] :
-         {std::tuple{2, "n", "Bab"}, std::tuple{8, "0", "02"}}) {
-        open();
-        goTo(element);
-        key(Qt::Key_F4);
-        enter(picked);
-        enter();
-        enterInto(element, typed);
-        EXPECT_EQ(field(element).text(), text(typed));
-    }
-    // The picker of insurers gives the focus back at once, with a line picked.
-    open();
-    goTo(7);
-    key(Qt::Key_F4);
-    type("2");
-    EXPECT_EQ(focused(), text("textKrz(7)"));
-    enter("25");
-    EXPECT_EQ(field(7).text(), text("25"));
 }
 
 TEST_F(CardTroubleTest, ClosingByTheFrameChecksTheFieldInFocus) {

@@ -118,6 +118,39 @@ TEST_F(ColumnsTest, EachFieldOfTheClientHasAColumnOfItsOwn) {
     EXPECT_EQ(clients("matvla = true and otevla = false"), 1);
 }
 
+TEST_F(ColumnsTest, EachPickHasAFieldOfItsOwn) {
+    constexpr int served[] = {2, 8, 9, 10, 13, 25, 40, 52, 7, 11};
+    openClient();
+    for (const int element : {2, 7, 8, 9, 10, 11, 13, 25, 40, 52}) {
+        SCOPED_TRACE(element);
+        if (!field(element).isVisible())
+            turnTabs(1);
+        goTo(element);
+        key(Qt::Key_F4);
+        const auto pick = std::ranges::find(served, element) - served;
+        EXPECT_EQ(focused(), text("dbcvolby(%1)").arg(pick));
+        key(Qt::Key_Home);
+        // The picker of insurers gives the focus back at once.
+        if (element != 7)
+            enter();
+        EXPECT_EQ(focused(), field(element).objectName());
+        const QString taken = field(element).text();
+        EXPECT_NE(taken, QString());
+        // What is typed behind a pick replaces it.
+        const bool isTown = taken == text("Bab");
+        if (isTown)
+            enterInto(element, "Nitra");
+        goTo(element);
+        if (element != 7) {
+            key(Qt::Key_F4);
+            key(Qt::Key_Up);
+            key(Qt::Key_Escape);
+            EXPECT_TRUE(std::exchange(modKontrola::gZVyberu, false));
+        }
+        EXPECT_EQ(field(element).text(), isTown ? text("Nitra") : taken);
+    }
+}
+
 TEST_F(ColumnsTest, EachFieldOfARecordHasAColumnOfItsOwn) {
     struct Tab {
         int number;

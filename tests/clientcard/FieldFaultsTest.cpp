@@ -28,12 +28,6 @@ class FieldFaultsTest : public RecordTest {
             shown += label->isVisible() ? label->text() : QString();
         return shown.join(QString());
     }
-    QString slotTexts(const char* array) {
-        QString all;
-        for (int i = 0; i < 9; ++i)
-            all += at(qPrintable(text("%1(%2)").arg(text(array)).arg(i))).text();
-        return all;
-    }
 
     static constexpr std::pair<char, Qt::Key> codes[] = {{'T', Qt::Key_Tab},
                                                          {'R', Qt::Key_Return},
@@ -86,38 +80,20 @@ TEST_F(FieldFaultsTest, WhatAPickShowsWhenItIsLeftIsStored) {
     }
 }
 
-TEST_F(FieldFaultsTest, ATypedDigitIsTakenWhereverTheFocusGoes) {
-    struct Case {
-        const char* before;
-        int element;
-        const char *pressed, *after;
-    };
-    for (const Case& c : {Case{"5", 18, "3TT9R", "39       "}, Case{"5", 18, "3T", "3        "},
-                          Case{"57", 19, "9T", "579"}, Case{"57", 19, "0T", "5        "},
-                          Case{"57", 19, "7F", "57"}, Case{"57", 18, "0R", "57"}}) {
-        SCOPED_TRACE(testing::Message() << c.before << " by " << c.pressed);
-        openClient(qPrintable(text("postih = '%1'").arg(text(c.before))));
-        goTo(c.element);
-        keys(c.pressed);
-        EXPECT_EQ(slotTexts("textPosK"), text(c.after));
-        if (auto* popup = QApplication::activePopupWidget())
-            popup->close();
-        card->activateWindow();
-        click("CmdZap");
-        EXPECT_EQ(stored("postih"), text(c.after));
-    }
-    for (const auto& [pressed, after] :
-         {std::pair{"0R", "        "}, {"0T", "        "}, {"R", "35"}, {"3T", "35"}}) {
+TEST_F(FieldFaultsTest, ATypedDigitOfASiblingIsTakenWhereverTheFocusGoes) {
+    for (const auto& [pressed, after] : {std::pair{"0R", "        "},
+                                         {"0T", "        "},
+                                         {"R", "35"},
+                                         {"3T", "35"},
+                                         {"6", "6        "}}) {
         SCOPED_TRACE(pressed);
         reg.execute({text("delete from k_surodenci")});
-        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', '35')");
+        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', "
+               "'35')");
         turnTo(2);
         press("Opr");
         entry(4).setFocus();
         keys(pressed);
-        EXPECT_EQ(slotTexts("textPosS"), text(after));
-        EXPECT_EQ(entry(4).text(), QString());
-        EXPECT_EQ(at<forms::DropDown>("cmbSek(3)").isVisible(), text(after) == text("35"));
         press("Zap");
         EXPECT_EQ(value("postih"), text(after));
     }
@@ -254,21 +230,4 @@ TEST_F(FieldFaultsTest, TheRepresentativesOptionIsTheClients) {
                       i == option)
                 << relation << ", " << i;
     }
-}
-
-TEST_F(FieldFaultsTest, AMunicipalityWithALongNameIsTyped) {
-    const char* name = "Bratislava-Podunajské Biskupice";
-    addCode("c_iczuj", "529303", name);
-    const std::pair<int, const char*> fields[] = {
-        {2, "mienar"}, {13, "obec"}, {25, "matobe"}, {40, "oteobe"}, {52, "kon_obe"}};
-    openClient();
-    for (const auto& [element, column] : fields) {
-        if (!field(element).isVisible())
-            turnTabs(1);
-        enterInto(element, name);
-        EXPECT_NE(focused(), field(element).objectName());
-    }
-    click("CmdZap");
-    for (const auto& [element, column] : fields)
-        EXPECT_EQ(stored(column), text(name)) << column;
 }

@@ -69,7 +69,7 @@ class FieldRulesTest : public RecordTest {
 
 TEST_F(FieldRulesTest, OfTheClientsFields) {
     const Rule rules[] = {{krz::meno, "eva", "Eva"},
-                          {krz::priezv, "o'neil", "O'neil"},
+                          {krz::priezv, "o'neil maly", "O'neil maly"},
                           {krz::mienar, "nitra", "Nitra", "Nikde", &noTown},
                           {krz::rodcis, "8055120007", "8055120007", "8055120008", &noBirthNumber},
                           {krz::datnar, "1.9.99", "1.9.1999", "31.13.2000", &noDate},

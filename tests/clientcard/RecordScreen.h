@@ -1,7 +1,10 @@
 #pragma once
 
 #include "CardScreen.h"
+#include "forms/RichText.h"
 #include "forms/RowList.h"
+
+#include <QTextEdit>
 
 #include <algorithm>
 #include <tuple>
@@ -70,8 +73,10 @@ class RecordTest : public CardTest {
   protected:
     RecordTest() {
         insertClient("NOVOTNEV00");
-        insert("zamestnanci (idkod, meno, priezv) values ('ADAMOVEV00', 'Eva', 'Adamova')");
-        insert("zamestnanci (idkod, meno, priezv) values ('NOVAKJA00', 'Jan', 'Novak')");
+        insert("zamestnanci (idkod, meno, priezv) values ('ADAMOVEV00', 'Eva', "
+               "'Adamova')");
+        insert("zamestnanci (idkod, meno, priezv) values ('NOVAKJA00', 'Jan', "
+               "'Novak')");
         insert("c_zariad (kod, nazov, akronym) values ('05', 'Trieda', 'VYCH')");
         insert("c_zariad (kod, nazov, akronym) values ('07', 'Skola', 'VYCH')");
         insert("c_zariad (kod, nazov, akronym) values ('21', 'Poradna', 'TVK')");
@@ -153,6 +158,9 @@ class RecordTest : public CardTest {
             EXPECT_EQ(isEnabled(tab), !editing || tab == m->tab) << tab;
         EXPECT_EQ(list().isEnabled(), !editing);
         EXPECT_EQ(entry(0).isEnabled(), editing);
+        if (auto* rich = card->findChild<forms::RichText*>(text(m->opensOn))) {
+            EXPECT_EQ(rich->editor().isReadOnly(), !editing);
+        }
         EXPECT_EQ(focused(), focus);
     }
     void expectBrowse() {

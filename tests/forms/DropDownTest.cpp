@@ -219,19 +219,6 @@ TEST_F(DropDownTest, TheListOpensOnWhatTheFieldHoldsAndEscGivesItBack) {
     }
 }
 
-TEST_F(DropDownTest, EnterPicksByClickWhereNoRuleTakesTheKey) {
-    start();
-    screen.takesKeys = false;
-    screen.fixed.setFocus();
-    screen.key(Qt::Key_F4);
-    screen.key(Qt::Key_Down);
-    screen.key(Qt::Key_Down);
-    screen.told.clear();
-    screen.key(Qt::Key_Return);
-    EXPECT_EQ(screen.heard(), u"click2 Z"_s);
-    EXPECT_EQ(screen.fixed.pick(), 1);
-}
-
 TEST_F(DropDownTest, TypedInTheClosedFieldItCompletes) {
     start();
     screen.type("br");
@@ -286,17 +273,6 @@ TEST_F(DropDownTest, TheListOpensOnTheRowThatTheButtonsRuleHasFound) {
     };
     screen.openByMouse();
     EXPECT_FALSE(screen.isOpened());
-}
-
-TEST_F(DropDownTest, ARuleOfChangeMayTakeTheFocusOutOfTheOpenList) {
-    start();
-    screen.openByMouse();
-    screen.onChange = [&] {
-        screen.field.setFocus();
-    };
-    screen.key(Qt::Key_Down);
-    EXPECT_FALSE(screen.isOpened());
-    EXPECT_EQ(QApplication::focusWidget(), &screen.field);
 }
 
 TEST_F(DropDownTest, OpeningReadsOnlyTheLinesInSight) {

@@ -162,13 +162,6 @@ class FocusGuardTest : public testing::Test {
     support::ScriptedBoxes boxes;
 };
 
-TEST_F(FocusGuardTest, GotFocusComesAfterTheLeavingAndTheFieldKnowsIt) {
-    screen.key(Qt::Key_Tab);
-    EXPECT_EQ(screen.heard(), u"lost text(0) to text(1); got text(1)"_s);
-    QTest::keyClicks(&screen.text[1], u"5"_s);
-    EXPECT_EQ(screen.text[1].text(), u"5"_s);
-}
-
 TEST_F(FocusGuardTest, TheFocusSentToAThirdControlIsItsOnlyGotFocus) {
     screen.rule = [&](const Control&, const Control&) {
         screen.text[2].setFocus();
@@ -305,25 +298,6 @@ TEST_F(FocusGuardTest, KeysCanBeConsumedAndCharactersDropped) {
     EXPECT_FALSE(screen.told.contains(u"save"_s)) << "Enter pressed a button";
     forms::pressTab();
     EXPECT_EQ(screen.focused(), u"text(2)"_s);
-}
-
-TEST_F(FocusGuardTest, CheckedByAKeyTheFieldIsNotCheckedAgain) {
-    int checks = 0;
-    screen.onKey = [&](const Control& field, int& key) {
-        if (key != Qt::Key_Return)
-            return;
-        ++checks;
-        field.setTag(u"BK"_s);
-        screen.text[1].setFocus();
-    };
-    screen.rule = [&](const Control& field, const Control&) {
-        checks += field.tag() == u"BK" ? 0 : 1;
-        return Leave::Go;
-    };
-    screen.key(Qt::Key_Return);
-    EXPECT_EQ(checks, 1);
-    screen.press(screen.save);
-    EXPECT_EQ(checks, 2);
 }
 
 TEST_F(FocusGuardTest, AnEngineErrorInARuleIsReportedAndNothingIsHeld) {

@@ -63,12 +63,6 @@ TEST(MessageBoxTest, givesTheWindowItsActivationBack) {
     EXPECT_TRUE(window.isActiveWindow()) << "a move of the focus would be told later";
 }
 
-TEST(MessageBoxTest, engineErrorTellsNumberAndDescription) {
-    ScriptedBoxes boxes;
-    boxes.expect({.text = u"Chyba č. 3204\n\nSúbor už existuje"_s, .icon = QMessageBox::Critical});
-    forms::showEngineError(nullptr, {store::ErrorNumber::TargetExists, u"Súbor už existuje"_s, {}});
-}
-
 TEST(AskTextTest, givesTheAnswerOrNothing) {
     const QString prompt = u"Zadaj <rok>"_s;
     const QString title = u"Školský rok"_s;

@@ -26,15 +26,4 @@ TEST(Fonts, AMissingFamilyIsFoundOut) {
     EXPECT_FALSE(isInstalled(u"No Such Family"_s));
 }
 
-TEST(Fonts, WidthsAreTwips) {
-    const FontMeter meter;
-    // Digits of this family are 1139/2048 of its size, so ten of them at 12 points are 1334.8.
-    EXPECT_NEAR(meter.width(u"0123456789"_s, {.points = 12}), 1334.8, 0.5);
-    EXPECT_NEAR(meter.width(u"0123456789"_s, {.points = 6}), 667.4, 0.5);
-    EXPECT_NEAR(meter.ascent({.points = 10}), 200 * 0.905, 1);
-    EXPECT_NEAR(meter.lineHeight({.points = 10}), 200 * 1.117, 1);
-    EXPECT_GT(meter.width(u"abc"_s, {.points = 8, .bold = true}),
-              meter.width(u"abc"_s, {.points = 8}));
-}
-
 } // namespace

@@ -149,18 +149,12 @@ TEST(PageMaker, GrowthsAddUpAndStretchLinesAndTheBand) {
     EXPECT_EQ(page.lines[3].rect.top(), 1320) << "the second row stands below the first";
 }
 
-TEST(PageMaker, TextThatFitsOrMayNotGrowKeepsItsLine) {
-    const Pages pages = madeOf(section(500, {growing(a, 0, 0, 600), field(b, 0, 240, 400)}),
-                               {u"aa bb"_s, u"aa bb cc"_s});
-    EXPECT_EQ(tops(pages.pages[0]), words(u"aa bb@0/aa bb cc@240"));
-    EXPECT_EQ(cutTexts(pages.pages[0]).size(), 1) << "neither wrapped nor shortened";
-}
-
 TEST(PageMaker, RowTallerThanAPageBreaksBetweenLines) {
     Layout layout = fullLayout();
     layout.reportFooter = {};
     layout.detail = section(720, {label(u"L"_s, 1000, 0, 900, u"popis"_s), growing(a, 0, 240, 200),
                                   drawn(ControlKind::Box, 0, 0, 2000, 720),
+                                  drawn(ControlKind::Line, 0, 0, 2000, 0),
                                   label(u"K"_s, 0, 480, 900, u"záver"_s)});
     QStringList lines;
     for (int i = 10; i < 24; ++i)
@@ -175,8 +169,10 @@ TEST(PageMaker, RowTallerThanAPageBreaksBetweenLines) {
                                                  u"záver@2500"));
     EXPECT_EQ(layoutFaults(pages), QStringList());
     const std::vector<QRectF> boxes{{567, 1800, 2000, 960}, {567, 1300, 2000, 1440}};
-    for (std::size_t i = 0; i < boxes.size(); ++i)
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
         EXPECT_EQ(pages.pages[i].lines.at(0).rect, boxes[i]);
+        EXPECT_EQ(pages.pages[i].lines.size(), i == 0 ? 2 : 1) << "the line on top";
+    }
 }
 
 TEST(PageMaker, SideBySideColumnsAreBrokenWhereNeitherIsHurt) {

@@ -104,13 +104,8 @@ TEST_F(PreviewTest, ZoomsByKeys) {
     const double start = view().zoomFactor();
     press(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_GT(view().zoomFactor(), start);
-    press(Qt::Key_Minus, Qt::ControlModifier);
-    press(Qt::Key_Minus, Qt::ControlModifier);
-    EXPECT_LT(view().zoomFactor(), start);
     press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(view().zoomMode(), QPrintPreviewWidget::FitInView);
-    press(Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(view().zoomMode(), QPrintPreviewWidget::FitToWidth);
 }
 
 TEST_F(PreviewTest, TellsWhenThereIsNoPrinter) {

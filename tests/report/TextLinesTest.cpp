@@ -53,13 +53,6 @@ TEST(Lines, AreFoundQuicklyInEndlessWords) {
     EXPECT_EQ(broken(plainParagraphs(endless, {}), 10000).size(), 2000);
 }
 
-TEST(Lines, BlankOnesHaveTheHeightOfTheirStyle) {
-    const auto lines = breakLines(plainParagraphs({}, {}), 500, GridMeter());
-    ASSERT_EQ(lines.size(), 1);
-    EXPECT_TRUE(lines[0].runs.empty());
-    EXPECT_EQ(lines[0].height, 240);
-}
-
 TEST(RichText, KeepsStylesAndListsAndWrapsOverThem) {
     const QString html = u"<html><body><p>ab <b>cd</b>ef <i>gh</i><br/>x &lt; y</p>"
                          "<ul><li>jeden</li><li>dva</li></ul><ol><li><u>tri</u></li></ol></body>"_s;
