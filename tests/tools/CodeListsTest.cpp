@@ -33,8 +33,7 @@ TEST(CodeLists, areRefused) {
         {"kod,nazov\n,x\n", u"c_jazyk"},
         {"fc_idkod,nazov\na,x\n", u"c_funkcie"},
         {tooMany.c_str(), u"c_zariad"},
-        {tooLong.c_str(), u"c_jazyk"},
-    };
+        {tooLong.c_str(), u"c_jazyk"}};
     for (const auto& [csv, table] : cases)
         EXPECT_THROW(list(csv, table), mkdb::CsvError) << csv;
 }

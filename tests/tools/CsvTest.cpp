@@ -24,8 +24,7 @@ TEST(Csv, reads) {
         {"a,b\n\"x,y\",\"q\"\"q\"\n", "a|b/x,y|q\"q"},
         {"a,b\n\"1\n2\",\"\"\n", "a|b/1\n2|"},
         {"a\n čaj \n", "a/ čaj "},
-        {"a\n", "a"},
-    };
+        {"a\n", "a"}};
     for (const auto& [bytes, rows] : cases)
         EXPECT_EQ(parsed(bytes), QString::fromUtf8(rows)) << bytes;
 }
@@ -41,8 +40,7 @@ TEST(Csv, refusesAndSaysWhere) {
         {"a\n\n\"b\nc\n", "x.csv, riadok 3: neuzavretá úvodzovka"},
         {"a\nb\rc\n", "x.csv, riadok 2: osamotený znak CR"},
         {"a,A\n", "x.csv, riadok 1: prázdny alebo opakovaný názov stĺpca"},
-        {"a,\n", "x.csv, riadok 1: prázdny alebo opakovaný názov stĺpca"},
-    };
+        {"a,\n", "x.csv, riadok 1: prázdny alebo opakovaný názov stĺpca"}};
     for (const auto& [bytes, message] : cases) {
         try {
             parsed(bytes);

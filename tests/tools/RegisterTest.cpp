@@ -2,189 +2,162 @@
 
 #include "mkdb/BirthNumber.h"
 #include "mkdb/Calendar.h"
+#include "mkdb/Commands.h"
 #include "mkdb/KeyMaker.h"
 #include "mkdb/Random.h"
 #include "mkdb/TextMaker.h"
-#include "store/Schema.h"
-
-#include <QHash>
-#include <QRegularExpression>
-#include <QSet>
+#include "store/FileBytes.h"
+#include "support/TemporaryRegister.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <map>
 #include <set>
 
 namespace {
 
-using mkdb::RowShape;
-using store::Value;
 using namespace Qt::StringLiterals;
 
-/// A row by column name, in lower case.
-struct Row : QHash<QString, Value> {
-    QString text(const char* column) const { return value(QString::fromUtf8(column)).toText(); }
-    int number(const char* column) const { return text(column).toInt(); }
-    QDate date(const char* column) const { return value(QString::fromUtf8(column)).toDate(); }
-};
+const QDate today(2026, 11, 23);
 
-/// Keeps the rows, and refuses what the file would refuse.
-class Rows : public mkdb::RowSink {
-  public:
-    void add(const RowShape& shape, const std::vector<Value>& values) override {
-        const QString table = QString::fromUtf16(shape.table);
-        Row row;
-        for (std::size_t index = 0; index < values.size(); ++index) {
-            const QString name = QString::fromUtf16(shape.columns[index]);
-            check(table, name, values[index]);
-            row[name.toLower()] = values[index];
-        }
-        tables[table].push_back(row);
-    }
-
-    std::map<QString, std::vector<Row>> tables;
-
-  private:
-    static void check(const QString& table, const QString& name, const Value& value) {
-        SCOPED_TRACE(qPrintable(table + u'.' + name + u' ' + value.toText()));
-        const store::ColumnDef* column = store::findTable(table)->column(name);
-        ASSERT_NE(column, nullptr);
-        const bool isText = column->type == store::ColumnType::Text;
-        EXPECT_TRUE(!isText || value.toText().size() <= column->width);
-        const bool isDate = column->type == store::ColumnType::Date;
-        EXPECT_TRUE(!isDate || value.isNull() || value.isDate());
-    }
-};
-
-const std::vector<mkdb::CodeList>& lists() {
-    static const auto lists = mkdb::readCodeLists(QStringLiteral(TVK_DATA_FOLDER "/ciselniky"));
-    return lists;
+void make(const QString& file, int clients, int seed, const QDate& day = today) {
+    mkdb::run({mkdb::Command::Sample,
+               file,
+               QStringLiteral(TVK_DATA_FOLDER "/ciselniky"),
+               QStringLiteral(TVK_DATA_FOLDER "/ukazka"),
+               {clients, static_cast<std::uint64_t>(seed), day}});
 }
 
-const mkdb::Vocabulary& words() {
-    static const auto words = mkdb::readVocabulary(QStringLiteral(TVK_DATA_FOLDER "/ukazka"));
-    return words;
+support::TemporaryRegister& sample() {
+    static support::TemporaryRegister sample{[](const QString& file) {
+        make(file, 300, 1);
+    }};
+    return sample;
 }
 
-Rows makeRows(const mkdb::RegisterPlan& plan) {
-    Rows rows;
-    mkdb::makeRegister(plan, words(), lists(), rows);
-    return rows;
-}
-
-constexpr int clients = 300;
-const QDate ageDay(2026, 11, 23);
-
-const std::vector<Row>& table(const char* name) {
-    static const Rows rows = makeRows({clients, 1, ageDay});
-    return rows.tables.at(QString::fromUtf8(name));
-}
-
-QSet<QString> texts(const char* name, const char* column) {
-    QSet<QString> texts;
-    for (const Row& row : table(name))
-        texts.insert(row.text(column));
-    return texts;
-}
-
-QSet<QString> codes(const char16_t* list, const char16_t* column = u"kod") {
-    const QStringList texts = mkdb::codeList(lists(), list).texts(column);
-    return {texts.begin(), texts.end()};
+void expectRows(const QString& sql, int fewest, int most) {
+    const qint64 rows = sample().count(sql);
+    EXPECT_TRUE(rows >= fewest && rows <= most) << rows << ": " << qPrintable(sql);
 }
 
 TEST(Register, isTheSameForTheSameSeedAlone) {
-    const mkdb::RegisterPlan plan{40, 5, ageDay};
-    const Rows first = makeRows(plan);
-    EXPECT_EQ(first.tables, makeRows(plan).tables);
-    EXPECT_NE(first.tables, makeRows({40, 6, ageDay}).tables);
-    EXPECT_NE(first.tables, makeRows({40, 5, ageDay.addYears(-3)}).tables);
+    const QTemporaryDir folder;
+    const auto made = [&](int seed, const QDate& day) {
+        const QString file = folder.filePath(u"a.mdb"_s);
+        make(file, 40, seed, day);
+        const QByteArray bytes = files::read(file);
+        QFile::remove(file);
+        return bytes;
+    };
+    const QByteArray first = made(5, today);
+    EXPECT_EQ(made(5, today), first);
+    EXPECT_NE(made(6, today), first);
+    EXPECT_NE(made(5, today.addYears(-3)), first);
     mkdb::Random onEveryMachine(1, 0);
     for (const int drawn : {2, 598, 53, 794, 558})
         EXPECT_EQ(onEveryMachine.below(1000), drawn);
 }
 
-TEST(Register, repeatsNothing) {
-    const std::pair<const char*, std::vector<const char*>> uniques[] = {
-        {"k_zaklad", {"katcis"}},
-        {"k_zaklad", {"idkod"}},
-        {"zamestnanci", {"idkod"}},
-        {"k_surodenci", {"idkod", "meno"}},
-        {"k_vysetrenie", {"idkod", "datum"}},
-        {"k_zaznam_zmeny", {"idkod", "datum"}},
-        {"k_zaznam_spc", {"idkod", "datum"}},
-        {"k_navstevy", {"idkod", "datum"}},
-    };
-    for (const auto& [name, columns] : uniques) {
-        QSet<QStringList> seen;
-        for (const Row& row : table(name)) {
-            QStringList entry;
-            for (const char* column : columns)
-                entry << row.text(column);
-            EXPECT_FALSE(seen.contains(entry)) << name << ' ' << qPrintable(entry.join(u' '));
-            seen << entry;
-        }
-        EXPECT_FALSE(seen.isEmpty()) << name;
+TEST(Register, pointsOnlyToWhatIsThere) {
+    const std::pair<QString, QStringList> references[] = {
+        {u"c_zdrpoi.kod"_s, {u"k_zaklad.zdrpoi"_s}},
+        {u"c_narodn.kod"_s, {u"k_zaklad.narodn"_s}},
+        {u"c_iczeme.kod"_s, {u"k_zaklad.stprisl"_s}},
+        {u"c_jazyk.kod"_s, {u"k_zaklad.jazyk"_s, u"k_zaklad.jaz_doma"_s}},
+        {u"c_funkcie.fc_idkod"_s, {u"zamestnanci.prac_zar"_s}},
+        {u"c_zariad.kod"_s, {u"k_zariad.nazzar"_s}},
+        {u"c_iczuj.nazov"_s,
+         {u"k_zaklad.mienar"_s, u"k_zaklad.obec"_s, u"k_zaklad.matobe"_s, u"k_zaklad.oteobe"_s,
+          u"k_zaklad.kon_obe"_s}},
+        {u"zamestnanci.idkod"_s,
+         {u"k_vysetrenie.idkod_p"_s, u"k_zaznam_zmeny.idkod_p"_s, u"k_zaznam_spc.idkod_p"_s}},
+        {u"k_zaklad.idkod"_s,
+         {u"k_memo.idkod"_s, u"k_surodenci.idkod"_s, u"k_zariad.idkod"_s, u"k_vysetrenie.idkod"_s,
+          u"k_zaznam_zmeny.idkod"_s, u"k_zaznam_spc.idkod"_s, u"k_navstevy.idkod"_s}}};
+    for (const auto& [target, columns] : references)
+        for (const QString& column : columns)
+            expectRows(
+                u"select %1 from %2 left join %3 on %1 = %4 where %4 is null and len(%1 & '') > 0"_s
+                    .arg(column, column.section(u'.', 0, 0), target.section(u'.', 0, 0), target),
+                0, 0);
+}
+
+/// Rows that may not be, or how many there have to be.
+TEST(Register, holdsRowsThatAgree) {
+    for (const char16_t* forbidden :
+         {u"select * from k_zaklad where rodcis <> '' and (len(rodcis) <> 10 or val(rodcis) mod 11 "
+          u"<> 0)",
+          u"select rodcis from k_zaklad where rodcis <> '' group by rodcis having count(*) > 1",
+          u"select katcis from k_zaklad group by katcis having count(*) > 1",
+          u"select * from k_zaklad where rodcis <> '' and (val(left(rodcis, 2)) + 2000 <> "
+          u"year(datnar) or val(mid(rodcis, 3, 2)) mod 50 <> month(datnar) or "
+          u"val(mid(rodcis, 5, 2)) <> day(datnar) or "
+          u"iif(val(mid(rodcis, 3, 2)) > 12, 'Z', 'M') <> pohlav)",
+          u"select * from k_zaklad where year(datnar) - val(matnar) <> val(matvek) or val(matvek) "
+          u"< 16",
+          u"select * from k_zaklad where kon_pomer = 'matka' and kon_meno <> matka",
+          u"select k_surodenci.meno from k_surodenci inner join k_zaklad on k_surodenci.idkod = "
+          u"k_zaklad.idkod where val(roknar) - val(matnar) < 16",
+          u"select idkod, meno from k_surodenci group by idkod, meno having count(*) > 1",
+          u"select * from zamestnanci where (pohlavie = 'z') <> (priezv like '*á')",
+          u"select * from k_surodenci where (pohlavie = 'Z') <> (meno like '*á')",
+          u"select * from k_zaznam_spc where val(hod_od) >= val(hod_do) or cinnost is null",
+          u"select * from k_navstevy where datum >= dat_budn",
+          u"select * from k_zariad where vzar_do < vzar_od",
+          u"select * from k_zariad, k_zaklad where k_zariad.idkod = k_zaklad.idkod and nazzar = "
+          u"'14' and akronym = 'VYCH' and not left(postih, 1) in ('1', '2')",
+          u"select * from k_memo, k_zaklad where k_memo.idkod = k_zaklad.idkod and u_ziak <> '' "
+          u"and "
+          u"datnar > dateserial(2020, 11, 23)",
+          u"select * from k_memo where poznamky like '*[{|]*'",
+          u"select * from k_vysetrenie where popis like '*[{|]*'",
+          u"select * from odbstar where val(s_1) <> val(s_2) + val(s_3) + val(s_4) + val(s_5) or "
+          u"val(s_6) <> val(s_7) + val(s_8) + val(s_9) + val(s_10)",
+          u"select sum(val(s_1)) from odbstar having sum(iif(c_ria = '0536', -val(s_1), val(s_1))) "
+          u"<> 0 or sum(iif(c_ria = '0536', -val(s_10), val(s_10))) <> 0",
+          u"select count(*) from odbstar where c_ria < '0506' having "
+          u"sum(iif(c_ria = '0501', -val(s_2), val(s_2))) <> 0"})
+        expectRows(QString::fromUtf16(forbidden), 0, 0);
+    const std::tuple<const char16_t*, int, int> counted[] = {
+        {u"select * from k_zaklad where rodcis <> ''", 270, 299},
+        {u"select * from k_zaklad where pohlav = 'M'", 151, 250},
+        {u"select distinct idkod_p from k_zaznam_spc", 7, 11},
+        {u"select idkod from k_zariad where akronym = 'VYCH' and vzar_do is null group by idkod "
+         u"having count(*) = 1",
+         300, 300},
+        {u"select distinct left(trim(postih) & '', 1) from k_zaklad", 10, 10},
+        {u"select distinct iif(datnar <= dateserial(2008, 11, 23), 18, 2026 - year(datnar) - "
+         u"iif(format(datnar, 'mm') & format(datnar, 'dd') > '1123', 1, 0)), pohlav from k_zaklad, "
+         u"k_zaznam_spc "
+         u"where k_zaklad.idkod = k_zaznam_spc.idkod and datum >= dateserial(2026, 9, 1) and "
+         u"isnull(datnar) = false "
+         u"and trim(postih) <> ''",
+         38, 38},
+        {u"odbstar", 28, 28},
+        {u"select * from dop_ukaz where r_0401 + r_0402 + r_0403 + r_0404 = r_0416", 1, 1}};
+    for (const auto& [sql, fewest, most] : counted)
+        expectRows(QString::fromUtf16(sql), fewest, most);
+    for (const char16_t* table :
+         {u"k_vysetrenie", u"k_zaznam_zmeny", u"k_zaznam_spc", u"k_navstevy"}) {
+        const QString name = QString::fromUtf16(table);
+        expectRows(
+            u"select idkod, datum from %1 group by idkod, datum having count(*) > 1"_s.arg(name), 0,
+            0);
+        expectRows(u"select datum from %1 inner join k_zaklad on %1.idkod = k_zaklad.idkod where "
+                   "datum < datevi or datum > dateserial(2026, 11, 23)"_s.arg(name),
+                   0, 0);
+        expectRows(u"select distinct year(datum) - iif(month(datum) < 9, 1, 0) from %1"_s.arg(name),
+                   7, 7);
     }
 }
 
-TEST(Register, givesBirthNumbersAndNamesThatAgreeWithDateAndSex) {
-    QSet<QString> seen;
-    for (const Row& row : table("k_zaklad")) {
-        const QString number = row.text("rodcis");
-        if (number.isEmpty())
-            continue;
-        SCOPED_TRACE(qPrintable(number));
-        EXPECT_EQ(number.size(), 10);
-        EXPECT_EQ(number.toLongLong() % 11, 0);
-        EXPECT_FALSE(seen.contains(number));
-        seen.insert(number);
-        const int month = QStringView(number).mid(2, 2).toInt();
-        const bool girl = month > 12;
-        EXPECT_EQ(row.text("pohlav"), girl ? u"Z"_s : u"M"_s);
-        const QDate born(2000 + QStringView(number).left(2).toInt(), girl ? month - 50 : month,
-                         QStringView(number).mid(4, 2).toInt());
-        EXPECT_EQ(row.date("datnar"), born);
-        EXPECT_TRUE(
-            row.text("idkod").startsWith(mkdb::keyBase(row.text("priezv"), row.text("meno"))));
-        EXPECT_TRUE((girl ? words().girls : words().boys).contains(row.text("meno")));
-        EXPECT_EQ(born.year() - row.number("matnar"), row.number("matvek"));
-    }
-    EXPECT_GT(seen.size(), clients * 9 / 10);
-}
-
-TEST(Register, holdsRowsWhoseCellsAgree) {
-    const std::array<std::array<const char*, 3>, 4> homes{{{"ulica", "obec", "psc"},
-                                                           {"matuli", "matobe", "matpsc"},
-                                                           {"oteuli", "oteobe", "otepsc"},
-                                                           {"kon_uli", "kon_obe", "kon_psc"}}};
-    int boys = 0;
-    for (const Row& row : table("k_zaklad")) {
-        boys += row.text("pohlav") == u"M" ? 1 : 0;
-        for (const auto& [street, town, zip] : homes) {
-            const bool known =
-                std::any_of(words().towns.begin(), words().towns.end(), [&](const auto& one) {
-                    return one.name == row.text(town) && one.zip == row.text(zip);
-                });
-            EXPECT_TRUE(known || row.text(town).isEmpty()) << town;
-            EXPECT_TRUE(row.text(town) == row.text("obec") || row.text(street) != row.text("ulica"))
-                << street;
-        }
-        EXPECT_TRUE(row.text("narodn") != u"02" || row.text("jaz_doma") == u"hu");
-        EXPECT_TRUE(row.text("kon_pomer") != u"matka" || row.text("kon_meno") == row.text("matka"));
-    }
-    EXPECT_GT(boys, clients / 2);
-    for (const Row& row : table("k_zaznam_spc"))
-        EXPECT_LT(row.number("hod_od"), row.number("hod_do"));
-    for (const Row& row : table("zamestnanci"))
-        EXPECT_EQ(row.text("pohlavie") == u"z", row.text("priezv").endsWith(u'á'));
-    for (const Row& row : table("k_surodenci"))
-        EXPECT_EQ(row.text("pohlavie") == u"Z", row.text("meno").endsWith(u'á'));
-}
-
-TEST(Register, givesABirthNumberOnceUntilADayIsUsedUp) {
+TEST(Register, makesNamesNumbersAndTexts) {
+    EXPECT_EQ(mkdb::schoolYearStart({2026, 8, 31}), QDate(2025, 9, 1));
+    EXPECT_EQ(mkdb::fillTemplate(u"{meno} {bol|bola} {rád|rada}."_s, u"Eva"_s, true),
+              u"Eva bola rada."_s);
+    const auto rows = sample().database().OpenRecordset(u"select * from k_zaklad"_s);
+    for (; !rows->Eof(); rows->MoveNext())
+        EXPECT_TRUE(rows->Fields(u"idkod").Value().toText().startsWith(mkdb::keyBase(
+            rows->Fields(u"priezv").Value().toText(), rows->Fields(u"meno").Value().toText())));
     mkdb::BirthNumbers numbers;
     mkdb::Random random(1, 0);
     std::set<QString> given;
@@ -194,174 +167,6 @@ TEST(Register, givesABirthNumberOnceUntilADayIsUsedUp) {
     };
     EXPECT_THROW(giveAll(), std::runtime_error);
     EXPECT_GT(given.size(), 900U);
-}
-
-TEST(Register, pointsOnlyToWhatIsThere) {
-    struct Reference {
-        const char* table;
-        const char* column;
-        QSet<QString> targets;
-    };
-    std::vector<Reference> references{
-        {"k_zaklad", "zdrpoi", codes(u"c_zdrpoi")},
-        {"k_zaklad", "narodn", codes(u"c_narodn")},
-        {"k_zaklad", "stprisl", codes(u"c_iczeme")},
-        {"k_zaklad", "jazyk", codes(u"c_jazyk")},
-        {"k_zaklad", "jaz_doma", codes(u"c_jazyk")},
-        {"zamestnanci", "prac_zar", codes(u"c_funkcie", u"fc_idkod")},
-        {"k_zariad", "nazzar", codes(u"c_zariad")},
-    };
-    for (const char* column : {"mienar", "obec", "matobe", "oteobe", "kon_obe"})
-        references.push_back({"k_zaklad", column, codes(u"c_iczuj", u"nazov")});
-    for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc"})
-        references.push_back({name, "idkod_p", texts("zamestnanci", "idkod")});
-    for (const char* name : {"k_memo", "k_surodenci", "k_zariad", "k_vysetrenie", "k_zaznam_zmeny",
-                             "k_zaznam_spc", "k_navstevy"})
-        references.push_back({name, "idkod", texts("k_zaklad", "idkod")});
-    for (const auto& [name, column, targets] : references) {
-        const QStringList wrong = (texts(name, column) - targets - QSet{QString()}).values();
-        EXPECT_TRUE(wrong.isEmpty()) << name << '.' << column << qPrintable(wrong.join(u' '));
-    }
-}
-
-TEST(Register, spreadsRecordsEvenlyOverSixSchoolYearsAndThisOne) {
-    EXPECT_EQ(mkdb::schoolYearStart({2026, 8, 31}), QDate(2025, 9, 1));
-    QHash<QString, QDate> since;
-    for (const Row& row : table("k_zaklad"))
-        since[row.text("idkod")] = row.date("datevi");
-    for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc", "k_navstevy"}) {
-        std::map<QDate, int> years;
-        for (const Row& row : table(name)) {
-            const QDate day = row.date("datum");
-            EXPECT_TRUE(day >= since[row.text("idkod")] && day <= ageDay) << name;
-            ++years[mkdb::schoolYearStart(day)];
-        }
-        EXPECT_EQ(years.size(), 7U);
-        EXPECT_LT(years.extract(mkdb::schoolYearStart(ageDay)).mapped(), years.begin()->second);
-        const auto [fewest, most] =
-            std::minmax_element(years.begin(), years.end(), [](const auto& one, const auto& other) {
-                return one.second < other.second;
-            });
-        EXPECT_LT(most->second, 2 * fewest->second) << name;
-    }
-    for (const Row& row : table("k_navstevy"))
-        EXPECT_GT(row.date("dat_budn"), row.date("datum"));
-}
-
-TEST(Register, fillsEveryRowOfTheReturnForBothSexes) {
-    static const QRegularExpression differentDigits(u"^(?:([1-9])(?!.*\\1))* *$"_s);
-    QSet<QString> cared;
-    for (const Row& row : table("k_zaznam_spc")) {
-        if (row.date("datum") >= QDate(2026, 9, 1))
-            cared.insert(row.text("idkod"));
-    }
-    std::set<std::pair<int, QString>> filled;
-    QSet<QString> dominant;
-    for (const Row& row : table("k_zaklad")) {
-        const QString impairments = row.text("postih");
-        EXPECT_TRUE(differentDigits.match(impairments).hasMatch()) << qPrintable(impairments);
-        dominant << impairments.trimmed().left(1);
-        const QDate born = row.date("datnar");
-        if (cared.contains(row.text("idkod")) && born.isValid() && impairments.trimmed() != u"")
-            filled.insert({std::min(mkdb::ageAt(born, ageDay), 18), row.text("pohlav")});
-    }
-    EXPECT_EQ(filled.size(), 38U);
-    EXPECT_EQ(dominant.size(), 10) << "the nine, and none";
-}
-
-TEST(Register, leavesOnePlacementOpenAndClosesTheOthers) {
-    QHash<QString, QString> schools;
-    for (const Row& row : table("k_zaklad"))
-        schools[row.text("idkod")] = row.text("skola");
-    QStringList open;
-    for (const Row& row : table("k_zariad")) {
-        const QDate to = row.date("vzar_do");
-        EXPECT_TRUE(!to.isValid() || to >= row.date("vzar_od"));
-        if (row.text("akronym") != u"VYCH" || to.isValid())
-            continue;
-        open << row.text("idkod");
-        const QString school = schools[row.text("idkod")];
-        EXPECT_TRUE(school.isEmpty() || school == row.text("adresa"));
-    }
-    EXPECT_EQ(open.size(), clients);
-    EXPECT_EQ(open.removeDuplicates(), 0);
-}
-
-TEST(Register, sendsToSpecialSchoolsWhoNeedsThem) {
-    const QSet<QString> special{u"02"_s, u"06"_s, u"07"_s, u"13"_s, u"14"_s, u"15"_s};
-    QHash<QString, QString> dominant;
-    for (const Row& row : table("k_zaklad"))
-        dominant[row.text("idkod")] = row.text("postih").left(1);
-    std::map<bool, std::array<int, 2>> placed;
-    for (const Row& row : table("k_zariad")) {
-        const QString& code = dominant[row.text("idkod")];
-        const bool grave = code == u"1" || code == u"2";
-        if (row.text("akronym") == u"VYCH")
-            ++placed[grave][special.contains(row.text("nazzar")) ? 1 : 0];
-        const bool ofSpecialSchool = row.text("nazzar") == u"07" || row.text("nazzar") == u"14";
-        EXPECT_TRUE(!ofSpecialSchool || grave || QStringView(u"346").contains(code));
-    }
-    EXPECT_GT(placed[true][1], placed[true][0]);
-    EXPECT_LT(4 * placed[false][1], placed[false][0]);
-}
-
-TEST(Register, hasNoMotherUnderSixteen) {
-    QHash<QString, int> mothersYear;
-    for (const Row& row : table("k_zaklad")) {
-        EXPECT_GE(row.number("matvek"), 16);
-        mothersYear[row.text("idkod")] = row.number("matnar");
-    }
-    for (const Row& row : table("k_surodenci"))
-        EXPECT_GE(row.number("roknar") - mothersYear[row.text("idkod")], 16);
-}
-
-TEST(Register, hasAFewEmployeesWithoutRecords) {
-    QSet<QString> idle = texts("zamestnanci", "idkod");
-    for (const char* name : {"k_vysetrenie", "k_zaznam_zmeny", "k_zaznam_spc"})
-        idle -= texts(name, "idkod_p");
-    EXPECT_TRUE(idle.size() >= 2 && idle.size() <= 6) << idle.size();
-}
-
-TEST(Register, writesTextsWithoutHoles) {
-    QHash<QString, QDate> born;
-    for (const Row& row : table("k_zaklad"))
-        born[row.text("idkod")] = row.date("datnar");
-    for (const Row& row : table("k_memo"))
-        EXPECT_TRUE(row.text("u_ziak").isEmpty() || !born[row.text("idkod")].isValid() ||
-                    mkdb::ageAt(born[row.text("idkod")], ageDay) >= mkdb::schoolAge);
-    for (const auto& [name, column] :
-         {std::pair("k_memo", "poznamky"), {"k_vysetrenie", "popis"}}) {
-        const QSet<QString> written = texts(name, column);
-        EXPECT_GT(written.size(), 10) << name;
-        for (const QString& one : written)
-            EXPECT_FALSE(one.contains(u'{') || one.contains(u'|')) << one.toStdString();
-    }
-    EXPECT_FALSE(texts("k_zaznam_spc", "cinnost").contains(QString()));
-    EXPECT_EQ(mkdb::fillTemplate(u"{meno} {bol|bola} {rád|rada}."_s, u"Eva"_s, true),
-              u"Eva bola rada."_s);
-}
-
-TEST(Register, fillsTheTypedTablesWithSumsThatAgree) {
-    const auto& care = table("odbstar");
-    ASSERT_EQ(care.size(), 28U);
-    const auto cell = [&](std::size_t row, int column) {
-        return care[row].number(qPrintable(u"s_%1"_s.arg(column)));
-    };
-    for (int column = 1; column <= 10; ++column) {
-        int all = 0;
-        for (std::size_t row = 0; row < 27; ++row)
-            all += cell(row, column);
-        EXPECT_EQ(cell(27, column), all);
-    }
-    for (std::size_t row = 0; row < 28; ++row) {
-        for (const int total : {1, 6})
-            EXPECT_EQ(cell(row, total), cell(row, total + 1) + cell(row, total + 2) +
-                                            cell(row, total + 3) + cell(row, total + 4));
-    }
-    const Row& indicators = table("dop_ukaz").at(0);
-    EXPECT_EQ(indicators.number("r_0401") + indicators.number("r_0402") +
-                  indicators.number("r_0403") + indicators.number("r_0404"),
-              indicators.number("r_0416"));
 }
 
 } // namespace
