@@ -59,8 +59,7 @@ const std::pair<const char*, const char*> walks[] = {
     {"tables reset the entries below them", "l1 ...... t3 V..... t5 V..... m3 V.h... m5 V...h."},
     {"exit marks the third entry", "l1 ...... x4 ...... m3 ..h... m4 ..Vh.."},
     {"a closed card shows its list again",
-     "m1 h..... l1 h..... m2 Vh.... c1 Vh.... m3 V.h... l2 ..h... c2 .Vh... c0 .Vh..."},
-};
+     "m1 h..... l1 h..... m2 Vh.... c1 Vh.... m3 V.h... l2 ..h... c2 .Vh... c0 .Vh..."}};
 
 TEST(ButtonColours, followTheWalk) {
     for (const auto& [name, walk] : walks) {

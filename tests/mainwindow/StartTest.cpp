@@ -52,8 +52,7 @@ TEST_F(MainWindow, buttonsSayWhatTheyDo) {
         {"Picture6", "",
          "Nastaví školský rok pre tvorbu výkazov v tvare RR/RR+1 resp. RRRR/RRRR+1"},
         {"CmdNovy", "Nový", "Zadávanie nových dát zamestnancov"},
-        {"cmdVymaz", "Výmaz ", "Ctrl+Del"},
-    };
+        {"cmdVymaz", "Výmaz ", "Ctrl+Del"}};
     for (const auto& [name, text, toolTip] : parts) {
         EXPECT_EQ(caption(name), QString::fromUtf8(text)) << name;
         EXPECT_EQ(find<QWidget>(name).toolTip(), QString::fromUtf8(toolTip)) << name;
@@ -147,8 +146,7 @@ TEST_F(MainWindow, menuOpensItsScreens) {
         {"mniDopUkaz", "Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
         {"mniZozKlient", "Zoznam klientov", Screen::PrintZozKlient},
         {"mniArchiv", "Archivácia dát", Screen::Archive},
-        {"mniDearchiv", "Obnova archivovaných dát", Screen::Restore},
-    };
+        {"mniDearchiv", "Obnova archivovaných dát", Screen::Restore}};
     for (const auto& [name, text, screen] : items) {
         auto* action = window->findChild<QAction*>(QLatin1String(name));
         ASSERT_NE(action, nullptr) << name;
@@ -217,8 +215,7 @@ TEST_F(MainWindow, aDamagedFileIsTheLastMessageAndStaysAsItIs) {
         {"empty", {}},
         {"text", QByteArray("evidencia klientov\n").repeated(500)},
         {"cut off", whole.first(whole.size() / 2)},
-        {"other header", QByteArray(whole).replace(0, 16, "SQLite formaX 3\0")},
-    };
+        {"other header", QByteArray(whole).replace(0, 16, "SQLite formaX 3\0")}};
     for (const auto& [kind, bytes] : kinds) {
         SCOPED_TRACE(kind);
         runsEnded = 0;

@@ -181,8 +181,7 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
          u"Klienti (k_zaklad): kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján "
          u"Novák)\n   "
          u"Obsah: idkod=NOVÁKJÁ00; "},
-        {"a renamed column", otherColumn, u"stĺpec kon_pomor register nepozná"},
-    };
+        {"a renamed column", otherColumn, u"stĺpec kon_pomor register nepozná"}};
     for (const auto& [name, bytes, words] : cases) {
         SCOPED_TRACE(name);
         const QString told = converted(bytes);
@@ -221,8 +220,7 @@ TEST_F(Conversion, KeepsOfAValueWhatItsColumnCanHold) {
         {"no date as text", u"datnar", QStringLiteral("jar 2003"), QStringLiteral("jar 2003"), {}},
         {"number in date", u"datnar", qint64{7}, {}, wrong},
         {"date of no year", u"datnar", RawDate{1e9}, {}, QStringLiteral("mimo rokov")},
-        {"unreadable", u"meno", Unreadable{}, {}, QStringLiteral("nedá prečítať")},
-    };
+        {"unreadable", u"meno", Unreadable{}, {}, QStringLiteral("nedá prečítať")}};
     for (const auto& [name, columnName, old, stored, problem] : cases) {
         SCOPED_TRACE(name);
         const store::ColumnDef& column = *store::findTable(u"k_zaklad")->column(columnName);

@@ -57,8 +57,7 @@ TEST(Rtf, BecomesTheEditorsText) {
         {"a sign alone", QStringLiteral("<5 rokov"), QStringLiteral("<5 rokov")},
         {"plain like a page", QStringLiteral("<html> a"), QStringLiteral("<p>&lt;html&gt; a</p>")},
         {"plain like HTML", QStringLiteral("<P>a & b\r\nc"),
-         QStringLiteral("<p>&lt;P&gt;a &amp; b</p><p>c</p>")},
-    };
+         QStringLiteral("<p>&lt;P&gt;a &amp; b</p><p>c</p>")}};
     for (const auto& [name, old, stored] : cases) {
         SCOPED_TRACE(name);
         EXPECT_EQ(toStoredText(old).toStdString(), stored.toStdString());

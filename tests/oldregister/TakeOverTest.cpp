@@ -77,8 +77,7 @@ TEST_F(TakeOver, GoesOnFromWhateverLiesThere) {
          {live, kept, text, QStringLiteral("tvk_prevod_2.txt")}},
         {"a journal of another file",
          lay("tvk.mdb-journal"),
-         {live, kept, QStringLiteral("tvk_povodny.mdb-journal"), text}},
-    };
+         {live, kept, QStringLiteral("tvk_povodny.mdb-journal"), text}}};
     for (const auto& [name, layIt, names] : cases) {
         SCOPED_TRACE(name);
         for (const QString& file : files::namesIn(folder.path()))

@@ -68,8 +68,7 @@ TEST_F(DataSourceTest, TellsWhatHappens) {
         {"add", [](auto& r) { r.AddNew(); }, "leave moved"},
         {"write", [](auto& r) { r.Update(); }, "write moved"},
         {"delete", [](auto& r) { r.Delete(); }, "moved"},
-        {"move from the gap", [](auto& r) { r.MoveNext(); }, "moved"},
-    };
+        {"move from the gap", [](auto& r) { r.MoveNext(); }, "moved"}};
     source.Refresh();
     EXPECT_EQ(taken(), u"refreshed moved"_s);
     for (const auto& [name, act, words] : steps) {

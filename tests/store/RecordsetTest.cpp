@@ -97,8 +97,7 @@ TEST_F(RecordsetTest, FindsTheFirstInItsOwnOrder) {
          u"NOVAKJA01"_s, 1},
         {byName, u"priezv like 'nov*'"_s, u"NOVAKJA00"_s, 2},
         {byName, u"idkod = 'CAPOLA00  '"_s, u"CAPOLA00"_s, 1},
-        {u"select * from k_zaklad where meno='Ján'"_s, u"trim(katcis) ='3'"_s, u"NOVAKJA01"_s, 1},
-    };
+        {u"select * from k_zaklad where meno='Ján'"_s, u"trim(katcis) ='3'"_s, u"NOVAKJA01"_s, 1}};
     for (const auto& [source, criterion, found, position] : cases) {
         SCOPED_TRACE(qPrintable(source + u" / "_s + criterion));
         auto rows = open(source);
@@ -193,8 +192,7 @@ TEST_F(RecordsetTest, ValuesComeIntoTheirColumns) {
         {u"meno", u"1e20"_s, 1e20, u"1e+20"_s},
         {u"meno", u"false"_s, false, u"0"_s},
         {u"meno", u"#9.8.2003 7:05#"_s, store::DateTime{QDate(2003, 8, 9), QTime(7, 5)},
-         u"09.08.2003 07:05:00"_s},
-    };
+         u"09.08.2003 07:05:00"_s}};
     const auto setting = u"update k_zaklad set %1=%2 where idkod='NOVAKJA00'"_s;
     for (const auto& [name, literal, given, shown, refusal] : cases) {
         const QString column = QString::fromUtf16(name);

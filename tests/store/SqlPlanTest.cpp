@@ -34,8 +34,7 @@ TEST_F(SqlPlan, OutputColumnsBearTheNamesToAskFor) {
         {u"select b.* from c_jazyk as a, c_narodn as b"_s, u"kod nazov"_s},
         {u"select kod, nazov as KOD from c_jazyk"_s, u"c_jazyk.kod KOD"_s},
         {u"select kod, kod from c_jazyk"_s, u"c_jazyk.kod Expr1000"_s},
-        {u"select [int-ext], [Zamestnanci]![prac_zar] from Zamestnanci"_s, u"int-ext prac_zar"_s},
-    };
+        {u"select [int-ext], [Zamestnanci]![prac_zar] from Zamestnanci"_s, u"int-ext prac_zar"_s}};
     for (const auto& [sql, expected] : selections)
         EXPECT_EQ(names(sql).join(u' '), expected) << sql.toStdString();
 }
@@ -56,8 +55,7 @@ TEST_F(SqlPlan, TellsWhatCanBeWrittenAndWhatIsInRowidOrder) {
         {u"select idkod from k_memo group by idkod", false, false},
         {u"select * from c_jazyk left join (k_memo inner join k_zaklad on k_memo.idkod = "
          u"k_zaklad.idkod) on c_jazyk.kod = k_zaklad.jazyk",
-         false, false},
-    };
+         false, false}};
     for (const auto& [sql, updatable, inRowidOrder] : cases) {
         SCOPED_TRACE(QString::fromUtf16(sql).toStdString());
         const SelectPlan plan = database_.plan(QString::fromUtf16(sql));
@@ -120,8 +118,7 @@ TEST_F(SqlPlan, SearchesUseIndexes) {
         {u"k_vysetrenie", u"idkod_p='A'", u"k_vysetrenie_idkod_p (idkod_p=?)"},
         {u"c_iczuj", u"nazov='Žilina'", u"c_iczuj_nazov (nazov=?)"},
         {u"k_navstevy", u"idkod = 'A' and datum >= datevalue('1.9.2006') and datum < date()",
-         u"k_navstevy_idkod (idkod=? AND datum>? AND datum<?)"},
-    };
+         u"k_navstevy_idkod (idkod=? AND datum>? AND datum<?)"}};
     for (const auto& [source, criterion, index] : cases) {
         SCOPED_TRACE(QString::fromUtf16(criterion).toStdString());
         const SelectPlan plan = database_.plan(QString::fromUtf16(source));
