@@ -96,17 +96,6 @@ TEST_F(SqlPlan, CriteriaNameOutputColumnsFirst) {
               QStringList(u"1"_s));
 }
 
-TEST_F(SqlPlan, StoredQueriesAreSources) {
-    database_.execute(u"insert into k_zaklad(idkod, meno, datnar) values('A', 'Ján', "
-                      "'1.9.2006')"_s);
-    database_.stored[u"vyp_a"_s] = u"select meno as m, datnar, vek is null as nic from k_zaklad"_s;
-    database_.stored[u"vyp_b"_s] = u"select * from vyp_a where m = 'JÁN'"_s;
-    EXPECT_EQ(database_.select(
-                  u"select b.m, format(b.datnar,'mm') as x from vyp_b as b, k_zaklad where "
-                  "b.m = k_zaklad.meno and b.nic = true and b.datnar >= datevalue('1.9.2006')"_s),
-              QStringList(u"Ján|09"_s));
-}
-
 TEST_F(SqlPlan, SearchesUseIndexes) {
     const std::tuple<const char16_t*, const char16_t*, const char16_t*> cases[] = {
         {u"k_zaklad", u"idkod= 'A'", u"k_zaklad_idkod (idkod=?)"},
@@ -135,16 +124,6 @@ TEST_F(SqlPlan, ListsAreReadInTheOrderOfAnIndex) {
         const QString steps = stepsOf(selectKeys(plan));
         EXPECT_FALSE(steps.contains(u"TEMP B-TREE")) << steps.toStdString();
     }
-}
-
-/// Tables without a key are read back as they were filled.
-TEST_F(SqlPlan, RowsStandInTheOrderOfInsertion) {
-    for (const char* key : {"C", "A", "B"})
-        database_.execute(
-            u"insert into k_zaklad(idkod, vek) values('%1', 1)"_s.arg(QString::fromUtf8(key)));
-    EXPECT_EQ(database_.select(u"select idkod from k_zaklad"_s).join(QString()), u"CAB"_s);
-    EXPECT_EQ(database_.select(u"select idkod from k_zaklad order by vek"_s).join(QString()),
-              u"CAB"_s);
 }
 
 } // namespace
