@@ -105,7 +105,7 @@ TEST_F(SqlMeaning, IsThatOfTheList) {
             EXPECT_TRUE(stepsOf(parts[1].section(u" | "_s, 0, 0), parts[1].section(u" | "_s, 1))
                             .contains(parts[2]));
         else
-            EXPECT_EQ(refusal(parts[0], parts[1]).first(parts[2].size()), parts[2]);
+            EXPECT_EQ(refusal(parts[0], parts[1]).left(parts[2].size()), parts[2]);
     }
     const QString text = u"O'Neil \"x\" '' [*] č"_s;
     EXPECT_EQ(value(quoted(text)), text);
