@@ -1,9 +1,7 @@
 #include "mainwindow/MainWindow.h"
 #include "store/FileBytes.h"
 
-#include <QAction>
 #include <QFile>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -35,7 +33,7 @@ TEST_F(ExitTest, menuAndButtonCompactTheFile) {
         const qint64 before = size();
         open();
         if (byMenu)
-            window->findChild<QAction*>(u"mnuKoniec"_s)->trigger();
+            key(Qt::Key_K, Qt::AltModifier);
         else
             click("Label4");
         EXPECT_FALSE(window->isVisible());
@@ -68,18 +66,6 @@ TEST_F(ExitTest, theFileKeepsItsRightsAndItsPlaceBehindALink) {
     EXPECT_EQ(status.st_uid, mayGive ? 1234U : geteuid());
     EXPECT_EQ(status.st_gid, mayGive ? 5678U : getegid());
     EXPECT_TRUE(QFileInfo(reg.folder.database()).isSymLink());
-}
-
-TEST_F(ExitTest, menuActsOnItsOwnClickAndKey) {
-    open();
-    const QMenuBar* bar = window->menuBar();
-    const QRect place = bar->actionGeometry(window->findChild<QAction*>(u"mnuKoniec"_s));
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                      bar->mapTo(window.get(), place.center()));
-    EXPECT_EQ(runsEnded, 1);
-    open();
-    key(Qt::Key_K, Qt::AltModifier);
-    EXPECT_EQ(runsEnded, 2);
 }
 
 TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {

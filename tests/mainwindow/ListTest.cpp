@@ -3,7 +3,6 @@
 #include "validation/modKontrola.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QPaintEvent>
 #include <QPushButton>
 #include <QTableView>
@@ -22,7 +21,7 @@ class ListTest : public MainWindow {
   protected:
     void addClients() {
         addClient("CIZMARAN00", "Anna", "Čižmárová", "10", "1998-02-07");
-        addClient("CHOVANPE00", "Peter", "Chovan", "2");
+        addClient("CHOVAN'P00", "Peter", "Chovan", "2");
         addClient("HORVATEV00", "Eva", "Horváthová", "x");
         addClient("NOVAKJA000", "Jana", "Nováková", "1", "2001-12-31");
         addClient("NOVAKJAN00", "Ján", "Novák", "3");
@@ -84,12 +83,6 @@ TEST_F(ListTest, clientsComeByName) {
     EXPECT_EQ(focused(), u"dbgKlient"_s);
     EXPECT_EQ(captions(), u"Nový klient/Výmaz klienta/Hľadaj klienta"_s);
     EXPECT_EQ(caption("lblZoznam"), u"Klienti"_s);
-    const auto* header = find<QTableView>("dbgKlient").horizontalHeader();
-    const int widths[] = {93, 127, 67, 87};
-    for (int column = 0; column < 4; ++column) {
-        EXPECT_EQ(header->sectionSize(column), widths[column]);
-        EXPECT_EQ(header->sectionResizeMode(column), QHeaderView::Interactive);
-    }
 }
 
 TEST_F(ListTest, employeesWithoutAFunctionAreNotListed) {
@@ -143,26 +136,15 @@ TEST_F(ListTest, editNamesTheRowAndStaysOnIt) {
     key(Qt::Key_Down);
     play = [this](Screen) {
         EXPECT_EQ(modKontrola::gAkcia, 2);
-        EXPECT_EQ(modKontrola::gIdKod, u"CHOVANPE00"_s);
+        EXPECT_EQ(modKontrola::gIdKod, u"CHOVAN'P00"_s);
         EXPECT_EQ(modKontrola::gMenoKlienta, u" : Peter  Chovan"_s);
-        reg.execute({u"update k_zaklad set priezv='Žiak' where idkod='CHOVANPE00'"_s});
+        reg.execute({u"update k_zaklad set priezv='Žiak' where idkod='CHOVAN''P00'"_s});
     };
     click("cmdOprava");
     EXPECT_EQ(opened, std::vector{Screen::ClientCard});
     EXPECT_EQ(row("dbgKlient"), u"Peter|Žiak||2"_s);
     EXPECT_EQ(find<QTableView>("dbgKlient").currentIndex().row(), 4);
     EXPECT_EQ(focused(), u"dbgKlient"_s);
-}
-
-TEST_F(ListTest, anApostropheInAKeyFindsItsRow) {
-    addClient("OHARAJA000", "Ján", "Ohara");
-    addClient("O'HARAJA00", "Jack", "O'Hara");
-    open();
-    click("Label1");
-    key(Qt::Key_End);
-    const QString before = row("dbgKlient");
-    click("cmdOprava");
-    EXPECT_EQ(row("dbgKlient"), before);
 }
 
 TEST_F(ListTest, sortTogglesAndKeepsItsCaptionThroughAnEdit) {
@@ -315,51 +297,33 @@ TEST_F(ListTest, clientIsDeletedFromEveryTable) {
         EXPECT_EQ(reg.text(table, u"idkod"_s), u"O'HARX"_s);
     }
     EXPECT_EQ(column("dbgKlient", 0), QStringList{u"Eva"_s});
-}
-
-TEST_F(ListTest, deletingTheLastRowLeavesNewOnly) {
-    addClient("A", "Ján", "Novák");
-    open();
-    click("Label1");
-    expectDelete("Naozaj chceš vymazať klienta : Ján  Novák ?", "Výmaz klienta", QMessageBox::Yes);
+    expectDelete("Naozaj chceš vymazať klienta : Eva  Zelená ?", "Výmaz klienta", QMessageBox::Yes);
     key(Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(buttons(), "+---+");
     EXPECT_EQ(caption("lblPocet"), u"Počet: 0"_s);
 }
 
-TEST_F(ListTest, employeeInUseStays) {
-    const std::pair<QString, const char*> uses[] = {
-        {u"k_vysetrenie"_s, "Zamestnanca : -Mária  Bartošová- nie je možné vymazať"},
-        {u"k_zaznam_zmeny"_s, "Zamestnanca: -Mária  Bartošová- nie je možné vymazať"},
-        {u"k_zaznam_spc"_s, "Zamestnanca: -Mária  Bartošová- nie je možné vymazať"}};
-    addEmployees();
+TEST_F(ListTest, employeeIsDeletedWhenNotInUse) {
+    const std::pair<QString, const char*> uses[] = {{u"k_vysetrenie"_s, "Zamestnanca : "},
+                                                    {u"k_zaznam_zmeny"_s, "Zamestnanca: "},
+                                                    {u"k_zaznam_spc"_s, "Zamestnanca: "}};
+    showEmployees();
     for (const auto& [table, refusal] : uses) {
+        reg.execute({u"delete * from "_s + table});
         reg.add(table, {{u"idkod", u"X"_s}, {u"idkod_p", u"BARTO'MA00"_s}});
-        open();
-        click("Label2");
-        expectBox(refusal, "Chybová správa", QMessageBox::Warning);
+        expectBox((refusal + std::string("-Mária  Bartošová- nie je možné vymazať")).c_str(),
+                  "Chybová správa", QMessageBox::Warning);
         click("cmdVymaz");
         boxes.allCame();
-        EXPECT_EQ(reg.count(u"zamestnanci"_s), 3);
-        reg.execute({u"delete * from "_s + table});
+        reg.execute({u"update %1 set idkod_p = 'INY'"_s.arg(table)});
     }
-}
-
-TEST_F(ListTest, employeeNotInUseIsDeleted) {
-    reg.add(u"k_vysetrenie"_s, {{u"idkod", u"X"_s}, {u"idkod_p", u"INY"_s}});
-    showEmployees();
-    key(Qt::Key_Down);
-    const auto ask = [this](QMessageBox::StandardButton answer) {
-        expectDelete("Naozaj chceš vymazať zamestnanca : Iveta  Kováčová ?", "výmaz zamestnanca",
+    for (const auto& [answer, left] : {std::pair{QMessageBox::No, 3}, {QMessageBox::Yes, 2}}) {
+        expectDelete("Naozaj chceš vymazať zamestnanca : Mária  Bartošová ?", "výmaz zamestnanca",
                      answer);
         click("cmdVymaz");
-    };
-    ask(QMessageBox::No);
-    EXPECT_EQ(reg.count(u"zamestnanci"_s), 3);
-    ask(QMessageBox::Yes);
-    EXPECT_EQ(column("dbgPsych", 1), QStringList{u"Bartošová"_s});
-    EXPECT_EQ(reg.count(u"select * from zamestnanci where idkod='KOVA''IV00'"_s), 0);
-    EXPECT_EQ(reg.count(u"zamestnanci"_s), 2);
+        EXPECT_EQ(reg.count(u"zamestnanci"_s), left);
+    }
+    EXPECT_EQ(column("dbgPsych", 1), QStringList{u"Kováčová"_s});
 }
 
 // Cost

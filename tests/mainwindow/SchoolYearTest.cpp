@@ -40,42 +40,27 @@ TEST(SchoolYear, isReadOrRefused) {
     }
 }
 
-class AskYearTest : public testing::Test {
-  protected:
-    void answer(const char* typed) {
-        boxes_.expect(
-            {.prompt = u"Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje "_s,
-             .title = u"Školský rok"_s,
-             .initial = u"2006/2007"_s,
-             .answer = typed != nullptr ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
-    }
-    void complaint(const char* text) {
-        boxes_.expect({.text = QString::fromUtf8(text),
-                       .title = u"Chybová správa"_s,
-                       .icon = QMessageBox::Warning});
-    }
-    std::optional<QString> ask() { return mainwindow::askSchoolYear(nullptr, {2006, 10, 1}); }
-
-  private:
-    support::ScriptedBoxes boxes_;
-};
-
-TEST_F(AskYearTest, asksUntilTheAnswerIsRight) {
-    answer("6/7");
-    complaint(lengthMessage);
-    answer("06-07");
-    complaint(dateMessage);
-    answer("  04/05 ");
-    EXPECT_EQ(ask(), u"2004/2005"_s);
-}
-
-TEST_F(AskYearTest, cancelAndNothingLeaveItAloneAndTheDefaultIsTakenAsItStands) {
-    answer(nullptr);
-    EXPECT_EQ(ask(), std::nullopt);
-    answer("   ");
-    EXPECT_EQ(ask(), std::nullopt);
-    answer("2006/2007");
-    EXPECT_EQ(ask(), u"2006/2007"_s);
+TEST(SchoolYear, isAskedUntilTheAnswerIsRight) {
+    support::ScriptedBoxes boxes;
+    const auto ask = [&](std::initializer_list<std::pair<const char*, const char*>> answers) {
+        for (const auto& [typed, complaint] : answers) {
+            boxes.expect(
+                {.prompt = u"Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje "_s,
+                 .title = u"Školský rok"_s,
+                 .initial = u"2006/2007"_s,
+                 .answer = typed ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
+            if (complaint)
+                boxes.expect({.text = QString::fromUtf8(complaint),
+                              .title = u"Chybová správa"_s,
+                              .icon = QMessageBox::Warning});
+        }
+        return mainwindow::askSchoolYear(nullptr, {2006, 10, 1});
+    };
+    EXPECT_EQ(ask({{"6/7", lengthMessage}, {"06-07", dateMessage}, {"  04/05 ", nullptr}}),
+              u"2004/2005"_s);
+    EXPECT_EQ(ask({{nullptr, nullptr}}), std::nullopt);
+    EXPECT_EQ(ask({{"   ", nullptr}}), std::nullopt);
+    EXPECT_EQ(ask({{"2006/2007", nullptr}}), u"2006/2007"_s);
 }
 
 } // namespace

@@ -35,91 +35,7 @@ TEST_F(MainWindow, comesUpWithNoListAndTheSchoolYear) {
         EXPECT_FALSE(enabled(button)) << button;
     EXPECT_FALSE(shown("CmdSort"));
     EXPECT_EQ(caption("lblSkolskyRok"), u"2006/2007"_s);
-    EXPECT_EQ(window->schoolYear(), u"2006/2007"_s);
     EXPECT_TRUE(modKontrola::gSpusteny);
-    EXPECT_EQ(find<PictureButton>("Picture1").colour(), mainwindow::farbaZakl);
-    EXPECT_EQ(find<QWidget>("Frame2").palette().color(QPalette::Window), QColor(157, 157, 206));
-}
-
-TEST_F(MainWindow, buttonsSayWhatTheyDo) {
-    open();
-    const std::tuple<const char*, const char*, const char*> parts[] = {
-        {"Picture1", "", "Zobrazí zoznam klientov"},
-        {"Label1", "KLIENTI", "Zobrazí údaje klientov"},
-        {"Label2", "   ZAMESTNANCI", "Zobrazí údaje zamestnancov"},
-        {"Label3", "DOPĹŇAJÚCE", ""},
-        {"Label7", "STAROSTLIVOSŤ", ""},
-        {"Picture6", "",
-         "Nastaví školský rok pre tvorbu výkazov v tvare RR/RR+1 resp. RRRR/RRRR+1"},
-        {"CmdNovy", "Nový", "Zadávanie nových dát zamestnancov"},
-        {"cmdVymaz", "Výmaz ", "Ctrl+Del"}};
-    for (const auto& [name, text, toolTip] : parts) {
-        EXPECT_EQ(caption(name), QString::fromUtf8(text)) << name;
-        EXPECT_EQ(find<QWidget>(name).toolTip(), QString::fromUtf8(toolTip)) << name;
-    }
-}
-
-TEST_F(MainWindow, coloursFollowThePointerOverPicturesAndTheClicks) {
-    const auto colour = [this](const char* picture) {
-        return find<PictureButton>(picture).colour();
-    };
-    open();
-    moveTo("Picture1", corner);
-    EXPECT_EQ(colour("Picture1"), mainwindow::farbaHover);
-    EXPECT_EQ(find<QLabel>("Label1").palette().color(QPalette::Window), mainwindow::farbaHover);
-    moveTo("Label4", find<QWidget>("Label4").rect().center());
-    EXPECT_EQ(colour("Picture4"), mainwindow::farbaZakl) << "a label is no picture";
-    clickAt("Picture1", corner);
-    moveTo("Picture4", corner);
-    EXPECT_EQ(colour("Picture4"), mainwindow::farbaZakl) << "the first move after a click";
-    moveTo("Picture4", corner + QPoint(1, 1));
-    EXPECT_EQ(colour("Picture4"), mainwindow::farbaHover);
-    EXPECT_EQ(colour("Picture1"), mainwindow::farbaVyber);
-    click("Label2");
-    EXPECT_TRUE(shown("dbgPsych"));
-    moveTo("Picture6", corner);
-    EXPECT_EQ(colour("Picture6"), mainwindow::farbaHover) << "no move is ignored after a label";
-    EXPECT_EQ(colour("Picture4"), mainwindow::farbaZakl);
-}
-
-TEST_F(MainWindow, everyPartAndKeyOfAButtonActs) {
-    open();
-    for (const char* part : {"Picture3", "Label3", "Label5"})
-        clickAt(part, QPoint(6, 6));
-    key(Qt::Key_3, Qt::ControlModifier);
-    key(Qt::Key_Space);
-    key(Qt::Key_Return);
-    EXPECT_EQ(opened, std::vector<Screen>(6, Screen::TableIV));
-    opened.clear();
-    click("Label7");
-    EXPECT_EQ(opened, std::vector<Screen>{Screen::TableV});
-}
-
-TEST_F(MainWindow, rowsThatAKilledPrintOutLeftAreGoneAndThoseOfThisRunStay) {
-    const auto leaveRow = u"insert into z_vek (vek) values ('1')"_s;
-    reg.execute({leaveRow});
-    open();
-    EXPECT_EQ(reg.count(u"z_vek"_s), 0);
-    reg.execute({leaveRow});
-    window->zavri();
-    window->open();
-    EXPECT_EQ(reg.count(u"z_vek"_s), 1);
-}
-
-TEST_F(MainWindow, schoolYearIsSetByItsButton) {
-    open();
-    const auto answer = [this](const char* year) {
-        expectInput("Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje ", "Školský rok",
-                    year, "2006/2007");
-    };
-    answer("80/81");
-    click("lblSkolskyRok");
-    EXPECT_EQ(window->schoolYear(), u"2080/1981"_s);
-    // The prompt goes by the day, not by what was set.
-    answer("05/06");
-    key(Qt::Key_6, Qt::ControlModifier);
-    EXPECT_EQ(caption("lblSkolskyRok"), u"2005/2006"_s);
-    EXPECT_EQ(find<QWidget>("Picture6").accessibleDescription(), u"2005/2006"_s);
 }
 
 TEST_F(MainWindow, tabLeadsThroughEverything) {
@@ -138,30 +54,15 @@ TEST_F(MainWindow, tabLeadsThroughEverything) {
 
 TEST_F(MainWindow, menuOpensItsScreens) {
     open();
-    const std::tuple<const char*, const char*, Screen> items[] = {
-        {"mniVek", "Zostava klientov zoradena podľa veku", Screen::PrintVek},
-        {"mniVzd", "Zostava klientov zoradená podľa spôsobu vzdelávania", Screen::PrintVzd},
-        {"mniZam", "Evidenčný počet zamestnancov", Screen::PrintZam},
-        {"mniOdbStar", "Odborná starostlivosť", Screen::PrintOdbStar},
-        {"mniDopUkaz", "Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
-        {"mniZozKlient", "Zoznam klientov", Screen::PrintZozKlient},
-        {"mniArchiv", "Archivácia dát", Screen::Archive},
-        {"mniDearchiv", "Obnova archivovaných dát", Screen::Restore}};
-    for (const auto& [name, text, screen] : items) {
-        auto* action = window->findChild<QAction*>(QLatin1String(name));
-        ASSERT_NE(action, nullptr) << name;
-        EXPECT_EQ(action->text(), QString::fromUtf8(text));
-        action->trigger();
+    const std::pair<const char*, Screen> items[] = {
+        {"mniVek", Screen::PrintVek},         {"mniVzd", Screen::PrintVzd},
+        {"mniZam", Screen::PrintZam},         {"mniOdbStar", Screen::PrintOdbStar},
+        {"mniDopUkaz", Screen::PrintDopUkaz}, {"mniZozKlient", Screen::PrintZozKlient},
+        {"mniArchiv", Screen::Archive},       {"mniDearchiv", Screen::Restore}};
+    for (const auto& [name, screen] : items) {
+        window->findChild<QAction*>(QLatin1String(name))->trigger();
         EXPECT_EQ(opened.back(), screen) << name;
     }
-    QString menus;
-    for (const QAction* menu : window->menuBar()->actions())
-        menus += menu->objectName() + u' ' + menu->text() + u' ';
-    EXPECT_EQ(menus, u"mnuTlac Tlač mnuServis Servis mnuKoniec Koniec "_s);
-}
-
-TEST_F(MainWindow, menuOpensByKeys) {
-    open();
     for (const auto& [opening, modifiers] :
          {std::pair{Qt::Key_T, Qt::AltModifier}, {Qt::Key_F10, Qt::NoModifier}}) {
         opened.clear();
@@ -171,6 +72,50 @@ TEST_F(MainWindow, menuOpensByKeys) {
         EXPECT_EQ(menu->objectName(), u"mnuTlac"_s);
         QTest::keyClick(menu, Qt::Key_Return);
         EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
+    }
+}
+
+TEST_F(MainWindow, buttonsActWithEveryPartAndKeyAndFollowThePointer) {
+    const auto colours = [this] {
+        std::string letters;
+        for (int button = 1; button <= 6; ++button) {
+            const QColor colour =
+                find<PictureButton>(("Picture" + std::to_string(button)).c_str()).colour();
+            letters += colour == mainwindow::farbaHover   ? 'h'
+                       : colour == mainwindow::farbaVyber ? 'V'
+                                                          : '.';
+        }
+        return letters;
+    };
+    open();
+    moveTo("Picture1", corner);
+    EXPECT_EQ(find<QLabel>("Label1").palette().color(QPalette::Window), mainwindow::farbaHover);
+    moveTo("Label4", find<QWidget>("Label4").rect().center());
+    EXPECT_EQ(colours(), "h.....") << "a label is no picture";
+    clickAt("Picture1", corner);
+    moveTo("Picture4", corner);
+    EXPECT_EQ(colours(), "h.....") << "the first move after a click";
+    moveTo("Picture4", corner + QPoint(1, 1));
+    EXPECT_EQ(colours(), "V..h..");
+    click("Label2");
+    moveTo("Picture6", corner);
+    EXPECT_EQ(colours().substr(2), "...h") << "no move is ignored after a label";
+    for (const char* part : {"Picture3", "Label3", "Label5"})
+        clickAt(part, QPoint(6, 6));
+    key(Qt::Key_3, Qt::ControlModifier);
+    key(Qt::Key_Space);
+    key(Qt::Key_Return);
+    EXPECT_EQ(opened, std::vector<Screen>(6, Screen::TableIV));
+    click("Label7");
+    EXPECT_EQ(opened.back(), Screen::TableV);
+    for (const auto& [typed, year] :
+         {std::pair{"80/81", u"2080/1981"_s}, {"05/06", u"2005/2006"_s}}) {
+        // The prompt goes by the day, not by what was set.
+        expectInput("Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje ", "Školský rok",
+                    typed, "2006/2007");
+        key(Qt::Key_6, Qt::ControlModifier);
+        EXPECT_EQ(caption("lblSkolskyRok"), year);
+        EXPECT_EQ(window->schoolYear(), year);
     }
 }
 
@@ -310,8 +255,12 @@ TEST_F(MainWindow, closingByTheFrameEndsTheRunWithoutCompaction) {
 }
 
 TEST_F(MainWindow, openingAgainSetsEverythingBack) {
-    addClient("NOVAKJAN00", "Ján", "Novák");
+    // What a print-out that was killed left is gone; what this run leaves stays.
+    const auto leaveRow = u"insert into z_vek (vek) values ('1')"_s;
+    reg.execute({leaveRow});
     open();
+    EXPECT_EQ(reg.count(u"z_vek"_s), 0);
+    reg.execute({leaveRow});
     click("Label1");
     moveTo("Picture2", corner);
     window->zavri();
@@ -324,6 +273,7 @@ TEST_F(MainWindow, openingAgainSetsEverythingBack) {
     EXPECT_EQ(find<PictureButton>("Picture1").colour(), mainwindow::farbaZakl);
     EXPECT_EQ(find<PictureButton>("Picture2").colour(), mainwindow::farbaZakl);
     EXPECT_EQ(window->schoolYear(), u"2007/2008"_s);
+    EXPECT_EQ(reg.count(u"z_vek"_s), 1);
 }
 
 } // namespace

@@ -191,11 +191,6 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         EXPECT_FALSE(converted(withFlips(whole, seed)).isEmpty());
 }
 
-TEST_F(Conversion, LeavesNothingWhenItIsGivenUp) {
-    EXPECT_THROW(convert(sample::path, newFile, [](const Progress&) { return false; }), Cancelled);
-    EXPECT_EQ(files::namesIn(folder.path()), QStringList());
-}
-
 TEST_F(Conversion, KeepsOfAValueWhatItsColumnCanHold) {
     const auto wrong = QStringLiteral("iného typu");
     struct Case {

@@ -61,13 +61,6 @@ class Offer : public testing::Test {
         window.open();
         EXPECT_TRUE(!window.isVisible() || QTest::qWaitForWindowExposed(&window));
     }
-    void expectUntouched() {
-        EXPECT_FALSE(window.isVisible());
-        EXPECT_EQ(runsEnded, 1);
-        EXPECT_EQ(files::namesIn(directory.path()), QStringList{QStringLiteral("tvk.mdb")});
-        EXPECT_EQ(files::read(path("tvk.mdb")), sample::bytes());
-    }
-
     QTemporaryDir directory;
     store::DBEngine engine;
     const store::ProgramFolder folder{directory.path()};
@@ -105,17 +98,18 @@ TEST_F(Offer, GoesOnWithTheNewRegisterOnYes) {
     EXPECT_EQ(files::read(path("moja.txt")), files::read(path("tvk_prevod.txt")));
 }
 
-TEST_F(Offer, EndsTheRunOnNo) {
-    expectQuestion(QMessageBox::No);
-    start();
-    expectUntouched();
-}
-
-TEST_F(Offer, ChangesNothingWhenTheConversionIsBrokenOff) {
-    expectQuestion(QMessageBox::Yes);
-    expectWindow("dlgPrevod", [](QWidget& progress) { press(progress, "Zrušiť"); });
-    start();
-    expectUntouched();
+TEST_F(Offer, ChangesNothingOnNoOrWhenTheConversionIsBrokenOff) {
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        expectQuestion(answer);
+        if (answer == QMessageBox::Yes)
+            expectWindow("dlgPrevod", [](QWidget& progress) { press(progress, "Zrušiť"); });
+        start();
+        boxes.allCame();
+        EXPECT_FALSE(window.isVisible());
+        EXPECT_EQ(std::exchange(runsEnded, 0), 1);
+        EXPECT_EQ(files::namesIn(directory.path()), QStringList{QStringLiteral("tvk.mdb")});
+        EXPECT_EQ(files::read(path("tvk.mdb")), sample::bytes());
+    }
 }
 
 TEST_F(Offer, TellsWhyAFileCannotBeTakenOver) {

@@ -384,20 +384,14 @@ TEST_F(RecordsetTest, ACloneIsAnotherCursorOnTheSameRows) {
     clone->setAbsolutePosition(1);
     clone->Delete();
     EXPECT_EQ(rows->AbsolutePosition(), 2);
+    rows->MoveFirst();
+    clone->MoveFirst();
+    clone->Delete();
+    rows->MoveNext();
+    EXPECT_EQ(at(*rows, u"idkod"), u"NOVAKJA00"_s) << "what a clone deletes leaves no gap";
     clone->Close();
     EXPECT_ENGINE_ERROR(clone->MoveFirst(), 3021);
-    EXPECT_EQ(rows->RecordCount(), 3);
-}
-
-TEST_F(RecordsetTest, SeesWhatWasWrittenBesideIt) {
-    auto rows = open(byName);
-    EXPECT_EQ(at(*rows, u"meno"), u"Eva"_s);
-    database.Execute(u"update k_zaklad set meno='Iva' where idkod='ADAMEV00'"_s);
-    EXPECT_EQ(at(*rows, u"meno"), u"Iva"_s);
-    database.Execute(u"insert into k_zaklad (idkod,priezv) values ('B','Aa')"_s);
-    EXPECT_EQ(rows->RecordCount(), 4) << "rows of others come with a refresh";
-    rows->FindFirst(u"idkod='B'"_s);
-    EXPECT_TRUE(rows->NoMatch());
+    EXPECT_EQ(rows->RecordCount(), 2);
 }
 
 TEST_F(RecordsetTest, KeepsItsRowsWhileItReadsThemLate) {
@@ -433,10 +427,4 @@ TEST_F(RecordsetTest, StoredQueriesAreSources) {
     auto notes = open(u"vyp_zazZmeny"_s);
     EXPECT_EQ(at(*notes, u"datum") + at(*notes, u"Expr1") + at(*notes, u"zmeny"),
               u"01.09.2006Zita  Zlánič"_s);
-}
-
-TEST_F(RecordsetTest, RefusesBadSourcesAndAClosedDatabase) {
-    EXPECT_ENGINE_ERROR(open(u"niet"_s), 3078);
-    database.Close();
-    EXPECT_ENGINE_ERROR(open(u"k_zaklad"_s), 3021);
 }

@@ -23,6 +23,7 @@ class SqlMeaning : public testing::Test {
         database_.stored[u"vyp_sam"_s] = u"select * from vyp_kruh"_s;
         database_.stored[u"vyp_kruh"_s] = u"select * from VYP_SAM"_s;
         database_.stored[u"vyp_zly"_s] = u"select nic from k_zaklad"_s;
+        database_.stored[u"vyp_poradie"_s] = u"select * from k_memo order by idkod"_s;
         database_.stored[u"vyp_dobry"_s] = u"select * from k_zaklad"_s;
     }
 
@@ -57,11 +58,31 @@ class SqlMeaning : public testing::Test {
         return u"%1 %2"_s.arg(number).arg(place);
     }
 
+    QString names(const QString& sql) {
+        QStringList names;
+        for (const OutputColumn& column : database_.plan(sql).columns)
+            names << column.name;
+        return names.join(u' ');
+    }
+    QString use(const QString& sql) {
+        const SelectPlan plan = database_.plan(sql);
+        database_.raw(plan.rows);
+        return QString(plan.updatable ? u"written"_s : u"read"_s) +
+               (plan.inRowidOrder ? u" in order of rowids"_s : QString());
+    }
+    QString stepsOf(const QString& source, const QString& criterion = {}) {
+        const SelectPlan plan = database_.plan(source);
+        const QStringList conditions =
+            criterion.isEmpty() ? QStringList() : QStringList(translateCriterion(criterion, plan));
+        return database_.raw(u"EXPLAIN QUERY PLAN "_s + selectKeys(plan, conditions)).join(u'\n');
+    }
+
     test::SqlDatabase database_;
 };
 
 /// A line is a kind, what is asked, and what comes: the value of an expression, the keys of the
-/// visits that a condition selects, what an assignment leaves, or the beginning of a refusal.
+/// visits that a condition selects, what an assignment leaves, the names of a selection's columns,
+/// how its rows are used, the index that a search in it takes, or the beginning of a refusal.
 TEST_F(SqlMeaning, IsThatOfTheList) {
     QFile file(QStringLiteral(TVK_TEST_DATA "/meanings.tsv"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -76,8 +97,15 @@ TEST_F(SqlMeaning, IsThatOfTheList) {
             EXPECT_EQ(database_.select(keys.arg(parts[1])).join(QString()), parts[2]);
         else if (parts[0] == u"write")
             EXPECT_EQ(written(parts[1]), parts[2]);
+        else if (parts[0] == u"names")
+            EXPECT_EQ(names(parts[1]), parts[2]);
+        else if (parts[0] == u"plan")
+            EXPECT_EQ(use(parts[1]), parts[2]);
+        else if (parts[0] == u"index")
+            EXPECT_TRUE(stepsOf(parts[1].section(u" | "_s, 0, 0), parts[1].section(u" | "_s, 1))
+                            .contains(parts[2]));
         else
-            EXPECT_EQ(refusal(parts[0], parts[1]).first(parts[2].size()), parts[2]);
+            EXPECT_EQ(refusal(parts[0], parts[1]).left(parts[2].size()), parts[2]);
     }
     const QString text = u"O'Neil \"x\" '' [*] č"_s;
     EXPECT_EQ(value(quoted(text)), text);
@@ -136,6 +164,47 @@ TEST_F(SqlMeaning, TooComplexTextsAreRefused) {
         const QString chain = u"select %1vek from k_zaklad"_s;
         EXPECT_EQ(number(chain.arg(term.repeated(40))), expected) << term.toStdString();
         EXPECT_EQ(number(chain.arg(term.repeated(400))), 3360) << term.toStdString();
+    }
+}
+
+TEST_F(SqlMeaning, JoinsKeepTheSideTheyAreNamedFor) {
+    database_.execute(u"delete from k_zaklad"_s);
+    database_.execute(u"insert into c_jazyk values('SK', 'slovenský')"_s);
+    database_.execute(u"insert into k_zaklad(idkod, jazyk) values('A', 'xx')"_s);
+    const QString join = u"select idkod, kod from k_zaklad %1 join c_jazyk on jazyk = kod"_s;
+    EXPECT_EQ(database_.select(join.arg(u"left")), QStringList(u"A|<Null>"_s));
+    EXPECT_EQ(database_.select(join.arg(u"right")), QStringList(u"<Null>|SK"_s));
+    EXPECT_EQ(database_.select(join.arg(u"inner")), QStringList());
+}
+
+TEST_F(SqlMeaning, CriteriaNameOutputColumnsFirst) {
+    database_.execute(u"delete from k_zaklad"_s);
+    database_.execute(u"insert into k_zaklad(idkod, meno, priezv, vek) "
+                      "values('A', 'Ján', 'Novák', 5)"_s);
+    const SelectPlan plan = database_.plan(
+        u"select priezv as meno, meno+space(2)+priezv as cele from k_zaklad where vek = 5"_s);
+    const auto found = [&](const char16_t* criterion) {
+        const QString condition = translateCriterion(QString::fromUtf16(criterion), plan);
+        return !database_.raw(u"SELECT 1 FROM %1 WHERE %2"_s.arg(plan.from, condition)).isEmpty();
+    };
+    EXPECT_TRUE(found(u"meno = 'novák'"));
+    EXPECT_FALSE(found(u"meno = 'ján'"));
+    EXPECT_TRUE(found(u"k_zaklad.meno = 'ján'"));
+    EXPECT_TRUE(found(u"cele like 'J*k'"));
+    EXPECT_TRUE(found(u"idkod = 'a'and vek = 5"));
+
+    const SelectPlan grouped =
+        database_.plan(u"select meno, count(*) as pocet from k_zaklad group by meno"_s);
+    const QString condition = translateCriterion(u"pocet = 1 and meno = 'JÁN'"_s, grouped);
+    EXPECT_EQ(database_.raw(u"SELECT count(*) FROM (%1) WHERE %2"_s.arg(grouped.rows, condition)),
+              QStringList(u"1"_s));
+}
+
+TEST_F(SqlMeaning, ListsAreReadInTheOrderOfAnIndex) {
+    for (const char16_t* order : {u"priezv, meno", u"val(katcis)", u"idkod"}) {
+        const QString steps =
+            stepsOf(u"select * from k_zaklad order by "_s + QString::fromUtf16(order));
+        EXPECT_FALSE(steps.contains(u"TEMP B-TREE")) << steps.toStdString();
     }
 }
 
