@@ -23,7 +23,7 @@ QString capitalised(const QString& text) {
 }
 
 QString capitalisedName(const QString& text) {
-    const QString name = capitalised(text);
+    QString name = capitalised(text);
     const qsizetype blank = name.indexOf(u' ');
     if (blank < 0)
         return name;

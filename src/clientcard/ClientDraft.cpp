@@ -17,10 +17,12 @@ void ClientDraft::open() {
 
 void ClientDraft::openExisting() {
     // The source stands on somebody else's row when the client has gone since the list was read.
-    if (data_.datZaklad().Recordset().NoMatch())
+    if (data_.datZaklad().Recordset().NoMatch()) {
+        data_.leaveClient();
         throw store::EngineError(
             store::ErrorNumber::NoCurrentRecord,
             QStringLiteral("Klient s kľúčom „%1“ už v databáze nie je.").arg(modKontrola::gIdKod));
+    }
     data_.datZaklad().Recordset().Edit();
     if (!data_.datMemo().Recordset().Eof())
         data_.datMemo().Recordset().Edit();

@@ -230,9 +230,10 @@ void ImpairmentFields::pickAssociated(int row) {
 /// The slots say what holds, so the picker shows nothing afterwards.
 void ImpairmentFields::takePick(const forms::Control& control) {
     const bool isDominant = control.widget() == dominantPick_;
-    forms::DropDown& pick = isDominant ? *dominantPick_ : *associatedPick_;
-    const int row = pick.pick();
-    pick.setPick(-1);
+    forms::DropDown* pick = isDominant ? dominantPick_ : associatedPick_;
+    const int row = pick != nullptr ? pick->pick() : -1;
+    if (pick != nullptr)
+        pick->setPick(-1);
     if (row < 0)
         return;
     isDominant ? pickDominant(row) : pickAssociated(row);

@@ -331,7 +331,7 @@ bool FocusGuard::drops(const Control& control, QChar character) {
 }
 
 bool FocusGuard::textComposed(QWidget* widget, const QInputMethodEvent* event) {
-    const QString text = event->commitString();
+    const QString& text = event->commitString();
     return widget == window_->focusWidget() &&
            std::any_of(text.begin(), text.end(),
                        [&](QChar character) { return drops(controlOf(widget), character); });

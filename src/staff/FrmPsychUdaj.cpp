@@ -51,7 +51,7 @@ FrmPsychUdaj::FrmPsychUdaj(store::DBEngine& engine, const store::ProgramFolder& 
     makeControls();
     layOut();
     bind();
-    open();
+    openEmployee();
 }
 
 FrmPsychUdaj::~FrmPsychUdaj() = default;
@@ -120,7 +120,7 @@ void FrmPsychUdaj::bind() {
     binding_->bind(function_->pick(), QStringLiteral("prac_zar"));
 }
 
-void FrmPsychUdaj::open() {
+void FrmPsychUdaj::openEmployee() {
     data_.openEmployee(modKontrola::gIdKod);
     store::Recordset& employee = data_.datPsych.Recordset();
     if (modKontrola::gAkcia != 2)

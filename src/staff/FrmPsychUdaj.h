@@ -54,7 +54,7 @@ class FrmPsychUdaj : public QDialog, private card::KeyField {
     void layOutFields(QBoxLayout& lines);
     QLayout* layOutFoot();
     void bind();
-    void open();
+    void openEmployee();
 
     void act(Button button);
     void press(Button button);
