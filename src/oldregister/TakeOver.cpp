@@ -67,8 +67,7 @@ bool keepAs(const QString& path, const QString& kept) {
 
 QString keep(const QString& path) {
     for (int number = 1;; ++number) {
-        const QString kept =
-            besideName(path, QStringLiteral("povodny"), QStringLiteral("mdb"), number);
+        QString kept = besideName(path, QStringLiteral("povodny"), QStringLiteral("mdb"), number);
         if (!keepAs(path, kept))
             continue;
         store::syncFile(kept);
@@ -108,8 +107,7 @@ void moveJournals(const QString& path, const QString& kept) {
 QString writeReport(const QString& path, const ConversionReport& report) {
     const QByteArray text = report.text().toUtf8();
     for (int number = 1;; ++number) {
-        const QString file =
-            besideName(path, QStringLiteral("prevod"), QStringLiteral("txt"), number);
+        QString file = besideName(path, QStringLiteral("prevod"), QStringLiteral("txt"), number);
         if (writeNew(file, text))
             return file;
     }

@@ -40,8 +40,9 @@ class Random {
         for (const int weight : weights)
             sum += weight;
         int rest = below(sum);
+        const int last = static_cast<int>(weights.size()) - 1;
         int index = 0;
-        while (rest >= weights[index])
+        while (index < last && rest >= weights[index])
             rest -= weights[index++];
         return index;
     }
