@@ -6,7 +6,7 @@ build_packages=(g++ cmake ninja-build ccache mold pkg-config
     libsqlite3-dev libicu-dev libzip-dev mdbtools-dev fonts-liberation)
 run_packages=(libqt6svg6 qt6-qpa-plugins)
 test_packages=(libgtest-dev poppler-utils)
-ci_packages=(git clang clang-format clang-tidy libclang-rt-14-dev)
+ci_packages=(git clang clang-format libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
 
 is_installed() {

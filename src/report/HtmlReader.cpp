@@ -105,7 +105,7 @@ QString named(const QString& name) {
     if (found != known.constEnd())
         return *found;
     const QString call = QLatin1Char('&') + name + QLatin1Char(';');
-    const QString character = QTextDocumentFragment::fromHtml(call).toPlainText();
+    QString character = QTextDocumentFragment::fromHtml(call).toPlainText();
     if (known.size() < keptNames)
         known.insert(name, character);
     return character;
