@@ -75,8 +75,9 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     noteInput();
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
-    draft_.open();
+    // The row that is opened shows what its codes mean.
     data_.otvorCiselniky();
+    draft_.open();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)
         zamkniZalozky();
