@@ -25,14 +25,18 @@ class PageMaker {
   public:
     PageMaker(const Layout& layout, const TextMeter& meter, const QDate& today)
         : layout_(layout), meter_(meter),
-          today_(today), pages_{layout.title, layout.orientation, paperOf(layout), {}},
+          today_(today), pages_{layout.title, layout.orientation, paperOf(layout), {}, {}},
           footer_(set(layout.pageFooter)), flow_(layout.marginTop, footerTop()) {}
 
     Pages make(RowSource& rows) {
         put(set(layout_.reportHeader));
         beginPageHeader();
-        while (rows.next())
+        for (const SavedColumn& column : layout_.savedColumns)
+            pages_.table.heads << column.head;
+        while (rows.next()) {
             put(set(layout_.detail, &rows));
+            keep(rows);
+        }
         put(set(layout_.reportFooter));
         return std::move(pages_);
     }
@@ -40,6 +44,16 @@ class PageMaker {
   private:
     Band set(const Section& section, const RowSource* row = nullptr) const {
         return setBand(section, row, meter_, today_);
+    }
+
+    /// Keeps a row of a plain table, to be saved.
+    void keep(const RowSource& row) {
+        if (layout_.savedColumns.empty())
+            return;
+        QStringList cells;
+        for (const SavedColumn& column : layout_.savedColumns)
+            cells << row.text(column.dataField);
+        pages_.table.rows.push_back(std::move(cells));
     }
 
     double bottom() const { return pages_.paper.height() - layout_.marginBottom; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/Table.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -48,6 +49,8 @@ struct Pages {
     /// Size of the paper in twips, turned for landscape.
     QSizeF paper;
     std::vector<Page> pages;
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table = {};
 };
 
 /// The rows that a report prints.

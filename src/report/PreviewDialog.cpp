@@ -1,18 +1,14 @@
 #include "report/PreviewDialog.h"
 
+#include "report/Csv.h"
+
 #include <QAction>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -28,21 +24,6 @@ struct PreviewDialog::ActionRow {
     QKeySequence key;
     void (PreviewDialog::*run)();
 };
-
-namespace {
-
-const QString pdfSuffix = QStringLiteral(".pdf");
-
-/// A name for the file that a report of that title is saved in.
-QString suggestedPath(const QString& title) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-    const QString name = QString(title).remove(unfit).simplified();
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + pdfSuffix);
-}
-
-} // namespace
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
@@ -77,15 +58,18 @@ void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
     addActions(
         {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
-         {},
-         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
-         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
-         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-         {},
-         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
-         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    if (!pages_.table.heads.isEmpty())
+        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                     &P::askAndSaveCsv}});
+    addActions({{},
+                {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+                {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+                {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+                {},
+                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
     addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
                 {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
@@ -186,42 +170,27 @@ void PreviewDialog::print() {
 }
 
 void PreviewDialog::askAndSavePdf() {
-    if (const QString path = askPdfPath(); !path.isEmpty())
-        savePdf(path);
+    tellOutcome(askAndSave(
+        pdfFile(), pages_.title, [this](QIODevice& file) { return writePdf(pages_, file); }, this));
 }
 
-/// Empty when the user has cancelled, or when the name they meant is another file's.
-QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.title));
-    dialog.setObjectName(QStringLiteral("pdfDialog"));
-    // The system's own dialog speaks the system's language.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
-    dialog.setDefaultSuffix(pdfSuffix);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString chosen = dialog.selectedFiles().value(0);
-    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
-        return chosen;
-    // The dialog leaves names with another suffix alone and has asked about that name only.
-    QString path = chosen + pdfSuffix;
-    if (!QFileInfo::exists(path))
-        return path;
-    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
-    return {};
+void PreviewDialog::askAndSaveCsv() {
+    tellOutcome(askAndSave(
+        csvFile(), pages_.title, [this](QIODevice& file) { return writeCsv(pages_.table, file); },
+        this));
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
-    if (saved)
-        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writePdf(pages_, file); }));
+}
+
+void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
+    if (!outcome)
+        return;
+    if (outcome->saved)
+        state_->setText(outcome->text);
     else
-        tell(
-            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
-                           "sa doň smie zapisovať a či je na disku miesto.")
-                .arg(QDir::toNativeSeparators(path)));
+        tell(outcome->text);
 }
 
 void PreviewDialog::tell(const QString& problem) {
