@@ -9,8 +9,10 @@
 #include "oldregister/FileKind.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
+#include "statreturn/FrmKlientVykaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
+#include "validation/modKontrola.h"
 
 #include <map>
 
@@ -58,6 +60,22 @@ template <class Dialog>
 void openDialog(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
     Dialog(around.engine, around.folder, &window).exec();
+}
+
+void clientsInReturn(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    const auto openCard = [&around](const statreturn::Person& person, QWidget* parent) {
+        modKontrola::editRecord(person.key, person.firstName, person.surname);
+        if (person.isEmployee)
+            staff::FrmPsychUdaj(around.engine, around.folder, parent).exec();
+        else
+            clientcard::FrmKlientUdaj(around.engine, around.folder, parent).exec();
+        return modKontrola::gIdKod;
+    };
+    statreturn::FrmKlientVykaz(printTools(window), window.schoolYear(), around.today(), openCard,
+                               &window)
+        .exec();
+    window.readListAnew();
 }
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
@@ -122,6 +140,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},

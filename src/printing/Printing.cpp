@@ -57,7 +57,10 @@ report::Pages pagesOf(const PrintTools& tools, const report::Layout& form, const
 
 void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
                 const QDate& today, QWidget* parent, const BlankRows& blank) {
-    const report::Pages pages = pagesOf(tools, form, source, today, blank);
+    showPages(tools, pagesOf(tools, form, source, today, blank), parent);
+}
+
+void showPages(const PrintTools& tools, const report::Pages& pages, QWidget* parent) {
     if (tools.showPreview)
         tools.showPreview(pages, parent);
     else

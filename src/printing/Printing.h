@@ -38,4 +38,7 @@ using BlankRows = std::vector<std::map<QString, QString>>;
 void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
                 const QDate& today, QWidget* parent, const BlankRows& blank = {});
 
+/// Shows finished pages, and returns when the user has closed them.
+void showPages(const PrintTools& tools, const report::Pages& pages, QWidget* parent);
+
 } // namespace printing

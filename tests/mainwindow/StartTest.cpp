@@ -54,11 +54,15 @@ TEST_F(MainWindow, tabLeadsThroughEverything) {
 
 TEST_F(MainWindow, menuOpensItsScreens) {
     open();
-    const std::pair<const char*, Screen> items[] = {
-        {"mniVek", Screen::PrintVek},         {"mniVzd", Screen::PrintVzd},
-        {"mniZam", Screen::PrintZam},         {"mniOdbStar", Screen::PrintOdbStar},
-        {"mniDopUkaz", Screen::PrintDopUkaz}, {"mniZozKlient", Screen::PrintZozKlient},
-        {"mniArchiv", Screen::Archive},       {"mniDearchiv", Screen::Restore}};
+    const std::pair<const char*, Screen> items[] = {{"mniVek", Screen::PrintVek},
+                                                    {"mniVzd", Screen::PrintVzd},
+                                                    {"mniZam", Screen::PrintZam},
+                                                    {"mniOdbStar", Screen::PrintOdbStar},
+                                                    {"mniDopUkaz", Screen::PrintDopUkaz},
+                                                    {"mniZozKlient", Screen::PrintZozKlient},
+                                                    {"mniKlientVykaz", Screen::ClientsInReturn},
+                                                    {"mniArchiv", Screen::Archive},
+                                                    {"mniDearchiv", Screen::Restore}};
     for (const auto& [name, screen] : items) {
         window->findChild<QAction*>(QLatin1String(name))->trigger();
         EXPECT_EQ(opened.back(), screen) << name;

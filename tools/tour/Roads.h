@@ -17,5 +17,7 @@ void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
 void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+/// Asks for the clients behind the numbers of the return, and for those who are left out.
+void walkClientsInReturn(Guide& guide, mainwindow::FrmUvod& window);
 
 } // namespace tour
