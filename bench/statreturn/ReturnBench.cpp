@@ -275,7 +275,7 @@ bench::Times compareWindow(bench::Figures& figures, int clients, int runs) {
     };
     const std::string size = std::to_string(clients) + " clients";
     const bench::Times opened =
-        figures.compare("Window of clients, " + size, open, byHandToo, 6.0, runs);
+        figures.compare("Window of clients, " + size, open, byHandToo, 8.0, runs);
     const auto window = openWindow(registers);
     const bench::Times list = bench::least([&] { turnLists(*window); }, runs);
     figures.ratio("  two of its lists against its opening, " + size, list, opened, 0.1);

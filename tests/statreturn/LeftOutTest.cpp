@@ -118,6 +118,8 @@ TEST_F(LeftOutTest, tellsOfEachTableWhyInWords) {
     }
     for (std::size_t i = 0; i < staffCases.size(); ++i)
         EXPECT_EQ(words(ReturnTable::Three, i), staffCases[i].three);
+    for (const auto& [table, leftOutOfIt] : {std::pair(0, 4), {1, 4}, {2, 2}})
+        EXPECT_EQ(leftOut.numbers.behind(0, std::size_t(table)).size(), std::size_t(leftOutOfIt));
 }
 
 } // namespace
