@@ -33,13 +33,22 @@ namespace {
 
 const QString pdfSuffix = QStringLiteral(".pdf");
 
-/// A name for the file that a report of that title is saved in.
-QString suggestedPath(const QString& title) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
+/// A file name of that wording, without what file systems refuse or people can't type, and short
+/// enough for all of them.
+QString fileName(const QString& wording) {
+    static const QRegularExpression unfit(QStringLiteral("[^\\w –-]|_"),
                                           QRegularExpression::UseUnicodePropertiesOption);
-    const QString name = QString(title).remove(unfit).simplified();
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + pdfSuffix);
+    constexpr qsizetype mostBytes = 200;
+    QString name = QString(wording).remove(unfit).simplified();
+    while (name.toUtf8().size() > mostBytes)
+        name.chop(1);
+    return name.isEmpty() ? QStringLiteral("zostava") : name.trimmed();
+}
+
+/// Where pages of that name are saved if the user agrees: among their documents.
+QString suggestedPath(const QString& name) {
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return (documents.exists() ? documents : QDir::home()).filePath(fileName(name) + pdfSuffix);
 }
 
 } // namespace
@@ -49,7 +58,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
       toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
       pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
-    setWindowTitle(pages.title);
+    setWindowTitle(pages.name());
     setModal(true);
     resize(1200, 740);
     setWindowState(Qt::WindowMaximized);
@@ -172,8 +181,8 @@ void PreviewDialog::print() {
         return tell(QStringLiteral("Nie je k dispozícii žiadna tlačiareň. Zostavu môžete uložiť "
                                    "ako PDF."));
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(pages_.title);
-    printer.setPageLayout(paperOf(pages_));
+    printer.setDocName(pages_.name());
+    printer.setPageLayout(paperOf(pages_.pages.front()));
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("printDialog"));
     dialog.setMinMax(1, pageBox_->maximum());
@@ -192,7 +201,7 @@ void PreviewDialog::askAndSavePdf() {
 
 /// Empty when the user has cancelled, or when the name they meant is another file's.
 QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.title));
+    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.name()));
     dialog.setObjectName(QStringLiteral("pdfDialog"));
     // The system's own dialog speaks the system's language.
     dialog.setOption(QFileDialog::DontUseNativeDialog);

@@ -29,7 +29,9 @@ Pages threePages() {
     layout.detail.height = 12000;
     layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
     ListSource rows(QList<QStringList>(3, {u"Žofia"_s}));
-    return makePages(layout, rows, FontMeter(), today);
+    Pages pages = makePages(layout, rows, FontMeter(), today);
+    pages.subject = u"Novák Ján"_s;
+    return pages;
 }
 
 class PreviewTest : public testing::Test {
@@ -68,7 +70,7 @@ class PreviewTest : public testing::Test {
                 return;
             waiting.stop();
             auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Zoznam klientiškola.pdf"_s);
+            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klientiškola.pdf"_s);
             line->setText(name);
             QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
@@ -159,7 +161,7 @@ TEST(Preview, IsModalAndReturnsWhenClosed) {
     QTimer::singleShot(0, [&seen] {
         auto* dialog = qobject_cast<PreviewDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
-        seen = dialog->windowTitle() == u"Zoznam: klienti/škola"_s;
+        seen = dialog->windowTitle() == u"Novák Ján – Zoznam: klienti/škola"_s;
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     showPreview(pages, nullptr);
