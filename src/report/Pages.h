@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/Table.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -61,6 +62,8 @@ struct Pages {
     std::vector<Page> pages{};
     /// The reports of a document; a report alone has none.
     std::vector<Bookmark> bookmarks{};
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table{};
 
     /// Subject and title, which together tell these pages from others.
     QString name() const;
