@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace store {
@@ -70,6 +71,10 @@ class DBEngine {
     void CreateDatabase(const QString& path);
     /// True when OpenDatabase leaves the search for damage to be done in the background.
     static bool owesFullCheck(const QString& path);
+    /// Has something called when a register begins to be brought to the present schema, and again
+    /// and again until that is done, which with a large one takes minutes.
+    /// @param working must not throw, nor use the engine; empty for nothing
+    void whileUpgrading(std::function<void()> working);
     /// Opens the file on its own and checks every page. @throws EngineError 3343
     static void verifyDatabase(const QString& path);
 

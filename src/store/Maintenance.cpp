@@ -211,6 +211,32 @@ void makeAllAnew(Connection& connection) {
     noteVersion(connection);
 }
 
+/// Calls now, and again and again as long as it lives, while SQLite works.
+class Heartbeat {
+  public:
+    Heartbeat(Connection& connection, const std::function<void()>& call) : connection_(connection) {
+        if (!call)
+            return;
+        call();
+        sqlite3_progress_handler(connection.handle(), stride, beat,
+                                 const_cast<std::function<void()>*>(&call));
+    }
+    ~Heartbeat() { sqlite3_progress_handler(connection_.handle(), 0, nullptr, nullptr); }
+    Heartbeat(const Heartbeat&) = delete;
+    Heartbeat& operator=(const Heartbeat&) = delete;
+
+  private:
+    /// Instructions of SQLite between two calls: some milliseconds.
+    static constexpr int stride = 100'000;
+
+    static int beat(void* call) {
+        (*static_cast<const std::function<void()>*>(call))();
+        return 0;
+    }
+
+    Connection& connection_;
+};
+
 } // namespace
 
 void createDatabase(const QString& path) {
@@ -265,10 +291,11 @@ bool isUpToDate(Connection& connection) {
     return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
 }
 
-void bringUpToDate(Connection& connection) {
+void bringUpToDate(Connection& connection, const std::function<void()>& working) {
     const bool isOld = versionOf(connection) != schemaVersion;
     if (!isOld && isTextOrderCurrent(connection))
         return;
+    const Heartbeat heartbeat(connection, working);
     try {
         connection.writeAll([&] {
             if (isOld)
@@ -276,7 +303,7 @@ void bringUpToDate(Connection& connection) {
             else
                 connection.execute("REINDEX");
             noteTextOrder(connection);
-            checkPages(connection);
+            checkShape(connection);
             return true;
         });
         connection.commit();

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace store {
 
 class Connection;
@@ -18,7 +20,9 @@ void verifyDatabase(const QString& path);
 bool isUpToDate(Connection& connection);
 /// Brings tables of an older version and indexes of another order of texts to the present ones, if
 /// the whole file is sound then. An older version that can't be written stays: it is read all the
-/// same. @throws EngineError
-void bringUpToDate(Connection& connection);
+/// same.
+/// @param working see DBEngine::whileUpgrading
+/// @throws EngineError
+void bringUpToDate(Connection& connection, const std::function<void()>& working = {});
 
 } // namespace store

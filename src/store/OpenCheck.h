@@ -40,6 +40,9 @@ inline constexpr const char* roomForChecks = "PRAGMA cache_size=-65536";
 
 /// Reads every page and every index entry. @throws EngineError 3343
 void checkPages(Connection& connection);
+/// As checkPages, but takes it that indexes which were just made hold what their tables do.
+/// @throws EngineError 3343
+void checkShape(Connection& connection);
 /// As checkPages, of one table and its indexes. @throws EngineError 3343
 void checkTable(Connection& connection, const QString& name);
 

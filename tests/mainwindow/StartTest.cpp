@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 using mainwindow::PictureButton;
 using mainwindow::Screen;
@@ -227,6 +228,21 @@ TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
     EXPECT_EQ(runsEnded, 1);
     EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
+}
+
+TEST_F(MainWindow, aLargeRegisterOfAnOlderVersionIsBroughtToThisOneInSight) {
+    reg.add(u"k_memo"_s, {{u"poznamky", QString(9 << 20, u'x')}});
+    reg.letGo();
+    store::Connection(reg.folder.database(), store::Connection::Access::ReadWrite)
+        .execute("pragma user_version=1");
+    QString told;
+    QTimer::singleShot(0, [&] {
+        for (const QWidget* shown : QApplication::topLevelWidgets())
+            told += shown->isVisible() ? shown->objectName() : QString();
+    });
+    open();
+    EXPECT_EQ(told, u"dlgUprava"_s);
+    EXPECT_EQ(caption("lblSkolskyRok"), u"2006/2007"_s);
 }
 
 TEST_F(MainWindow, aFaultOfAnActionIsReportedAndTheWindowGoesOn) {
