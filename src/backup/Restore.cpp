@@ -9,8 +9,6 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include <unistd.h>
-
 #include <vector>
 
 namespace backup {
@@ -27,21 +25,10 @@ constexpr quint64 bombRatio = 200;
 /// The share of the work that is done when the register is checked.
 constexpr double unpacking = 0.4;
 
-constexpr const char16_t* journals[] = {u"-journal", u"-wal", u"-shm"};
-
 void removeWithJournals(const QString& path) {
     QFile::remove(path);
-    for (const char16_t* suffix : journals)
+    for (const char16_t* suffix : store::journalSuffixes)
         QFile::remove(path + QString::fromUtf16(suffix));
-}
-
-/// A journal beside the old file is none of the new one, which would be spoilt by it.
-void moveJournals(const QString& path, const QString& kept) {
-    for (const char16_t* suffix : journals) {
-        const QString journal = path + QString::fromUtf16(suffix);
-        if (QFileInfo::exists(journal))
-            store::replaceFile(journal, kept + QString::fromUtf16(suffix));
-    }
 }
 
 bool isBomb(const ZipEntry& entry) {
@@ -88,10 +75,8 @@ void settle(store::DBEngine& engine, const QString& path) {
 /// Gives the live register its second name.
 void keepOld(const QString& live, const QString& kept) {
     removeWithJournals(kept);
-    if (::link(QFile::encodeName(live).constData(), QFile::encodeName(kept).constData()) != 0)
-        return store::replaceFile(live, kept);
-    store::syncFile(kept);
-    store::syncFile(QFileInfo(kept).absolutePath());
+    if (!store::addName(live, kept))
+        store::replaceFile(live, kept);
 }
 
 /// After an exchange that failed half-way.
@@ -100,7 +85,7 @@ void takeBack(const QString& live, const QString& kept) {
         store::replaceFile(kept, live);
     else if (store::fileIdentity(kept) == store::fileIdentity(live))
         QFile::remove(kept);
-    moveJournals(kept, live);
+    store::moveJournals(kept, live);
 }
 
 } // namespace
@@ -148,7 +133,7 @@ void Restore::replaceLive() {
     const QString kept = folder_.path(u"tvk_ren.mdb");
     keepOld(live, kept);
     try {
-        moveJournals(live, kept);
+        store::moveJournals(live, kept);
         store::replaceFile(made_, live);
     } catch (const EngineError&) {
         takeBack(live, kept);
@@ -158,7 +143,7 @@ void Restore::replaceLive() {
 
 void Restore::placeNew() {
     const QString live = folder_.database();
-    moveJournals(live, live + QStringLiteral(".stary"));
+    store::moveJournals(live, live + QStringLiteral(".stary"));
     store::moveToFreeName(made_, live);
 }
 

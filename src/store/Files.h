@@ -64,4 +64,16 @@ void replaceFile(const QString& from, const QString& to);
 /// As replaceFile, but fails when the target exists. @throws EngineError 3204
 void moveToFreeName(const QString& from, const QString& to);
 
+/// Gives a file a second name, durable on return; it may have it already.
+/// @return false where the file system gives none
+/// @throws EngineError 3204 when another file has that name
+bool addName(const QString& path, const QString& second);
+
+/// What SQLite may leave beside a register, as it is called behind the register's name.
+inline constexpr const char16_t* journalSuffixes[] = {u"-journal", u"-wal", u"-shm"};
+
+/// Takes the journals of a register along to its other name: one that stays would spoil the
+/// register that comes into its place. @throws EngineError
+void moveJournals(const QString& from, const QString& to);
+
 } // namespace store

@@ -1,13 +1,19 @@
+// All that is asked of the operating system itself rather than through Qt.
+
 #include "store/Files.h"
+#include "store/Process.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 
 namespace store {
@@ -63,6 +69,11 @@ void rename(const QString& from, const QString& to, unsigned flags) {
                     QFile::encodeName(to).constData(), flags) != 0)
         throw systemError(errno, errno == EEXIST ? to : from);
     syncFolderOf(to);
+}
+
+void limit(__rlimit_resource what, rlim_t most) {
+    const rlimit both{most, most};
+    ::setrlimit(what, &both);
 }
 
 } // namespace
@@ -126,6 +137,54 @@ void replaceFile(const QString& from, const QString& to) {
 void moveToFreeName(const QString& from, const QString& to) {
     syncFile(from);
     rename(from, to, RENAME_NOREPLACE);
+}
+
+bool addName(const QString& path, const QString& second) {
+    const bool isThere = fileIdentity(path) == fileIdentity(second);
+    if (!isThere &&
+        ::link(QFile::encodeName(path).constData(), QFile::encodeName(second).constData()) != 0) {
+        if (errno == EEXIST)
+            throw systemError(errno, second);
+        return false;
+    }
+    syncFile(second);
+    syncFolderOf(second);
+    return true;
+}
+
+void moveJournals(const QString& from, const QString& to) {
+    for (const char16_t* suffix : journalSuffixes) {
+        const QString journal = from + QString::fromUtf16(suffix);
+        if (QFile::exists(journal))
+            replaceFile(journal, to + QString::fromUtf16(suffix));
+    }
+}
+
+void confineProcess(const ProcessLimits& limits) {
+#ifndef __SANITIZE_ADDRESS__ // whose shadow would count as memory
+    limit(RLIMIT_DATA, static_cast<rlim_t>(limits.megabytes) * 1024 * 1024);
+#endif
+    limit(RLIMIT_CPU, static_cast<rlim_t>(limits.processorSeconds));
+    limit(RLIMIT_CORE, 0);
+    limit(RLIMIT_FSIZE, 0);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+}
+
+OutputPipe::OutputPipe() : number_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    ::dup2(nowhere, STDOUT_FILENO);
+    ::dup2(nowhere, STDERR_FILENO);
+}
+
+bool OutputPipe::write(QByteArrayView bytes) const {
+    while (!bytes.empty()) {
+        const auto sent = ::write(number_, bytes.data(), static_cast<size_t>(bytes.size()));
+        if (sent <= 0)
+            return false;
+        bytes = bytes.sliced(sent);
+    }
+    return true;
 }
 
 } // namespace store
