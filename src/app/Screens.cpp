@@ -61,13 +61,13 @@ void openDialog(FrmUvod& window) {
 }
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
-bool isRegister(store::DBEngine& engine, const QString& path) {
+bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
     const auto kind = oldregister::kindOf(path);
     if (kind != oldregister::FileKind::Register)
         return kind == oldregister::FileKind::OldRegister;
     try {
         engine.OpenDatabase(path).Close();
-        store::DBEngine::verifyDatabase(path);
+        store::DBEngine::verifyDatabase(path, tell);
         return true;
     } catch (const store::EngineError& error) {
         if (error.number() != store::ErrorNumber::UnrecognizedFile)
@@ -94,9 +94,10 @@ void archive(FrmUvod& window) {
 }
 
 void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
-    backup::FrmDearch_new form(around.engine, around.folder, [&around](const QString& path) {
-        return isRegister(around.engine, path);
-    });
+    backup::FrmDearch_new form(around.engine, around.folder,
+                               [&around](const QString& path, const store::TellProgress& tell) {
+                                   return isRegister(around.engine, path, tell);
+                               });
     form.setMode(QString::fromLatin1(mode));
     form.exec();
 }

@@ -28,7 +28,7 @@ constexpr qint64 chunk = 1 << 18;
 
 /// What libzip's callbacks know of a work.
 struct Packing {
-    const TellProgress& tell;
+    const store::TellProgress& tell;
     bool givenUp = false;
 };
 
@@ -57,7 +57,7 @@ void addRegister(zip_t* archive, const QString& path) {
                                      zip_uint32_t{S_IFREG | S_IRUSR | S_IWUSR} << 16U);
 }
 
-void pack(const QString& path, const QString& made, const TellProgress& tell) {
+void pack(const QString& path, const QString& made, const store::TellProgress& tell) {
     // libzip gives what it makes the rights of what it replaces.
     store::createPrivateFile(made);
     int code = 0;
@@ -72,7 +72,7 @@ void pack(const QString& path, const QString& made, const TellProgress& tell) {
     zip_register_cancel_callback_with_state(archive.get(), isPackingGivenUp, nullptr, &packing);
     if (zip_close(archive.get()) != 0) {
         if (packing.givenUp)
-            throw GivenUp();
+            throw store::GivenUp();
         throw zipFault(*zip_get_error(archive.get()), made);
     }
     static_cast<void>(archive.release());
@@ -93,7 +93,7 @@ void openToRead(QFile& file) {
 
 /// Reads both to the end, of which the first is `size` long, and compares them.
 template <typename Read>
-void compare(const Read& read, quint64 size, const QString& path, const Share& share) {
+void compare(const Read& read, quint64 size, const QString& path, const store::Share& share) {
     QFile original(path);
     openToRead(original);
     std::vector<char> ours(chunk);
@@ -110,11 +110,11 @@ void compare(const Read& read, quint64 size, const QString& path, const Share& s
         throwDifferent(path);
 }
 
-void readBack(const QString& made, const QString& path, const TellProgress& tell) {
+void readBack(const QString& made, const QString& path, const store::TellProgress& tell) {
     try {
         ZipEntry entry(made);
         compare([&](char* into, qint64 most) { return entry.read(into, most); }, entry.size(), path,
-                Share(tell, 0.7, 1));
+                store::Share(tell, 0.7, 1));
     } catch (ZipEntry::Fault) {
         throwDifferent(made);
     }
@@ -147,7 +147,7 @@ class Begun {
     bool kept_ = false;
 };
 
-void copy(const QString& from, const QString& to, const Share& share) {
+void copy(const QString& from, const QString& to, const store::Share& share) {
     store::createPrivateFile(to);
     QFile source(from);
     openToRead(source);
@@ -165,7 +165,7 @@ void copy(const QString& from, const QString& to, const Share& share) {
     store::syncFile(to);
 }
 
-void compareFiles(const QString& made, const QString& original, const Share& share) {
+void compareFiles(const QString& made, const QString& original, const store::Share& share) {
     QFile file(made);
     openToRead(file);
     compare([&](char* into, qint64 most) { return file.read(into, most); },
@@ -199,7 +199,7 @@ void refuseOwnFiles(const store::ProgramFolder& folder, const QString& target) {
 } // namespace
 
 void makeArchive(store::DBEngine& engine, const store::ProgramFolder& folder,
-                 const TellProgress& tell) {
+                 const store::TellProgress& tell) {
     const QString path = folder.database();
     // What a crash has left half-written must not be packed.
     if (store::hasHotJournal(path))
@@ -211,7 +211,7 @@ void makeArchive(store::DBEngine& engine, const store::ProgramFolder& folder,
 }
 
 void placeArchive(const store::ProgramFolder& folder, const QString& target,
-                  const TellProgress& tell) {
+                  const store::TellProgress& tell) {
     refuseOwnFiles(folder, target);
     const QString made = folder.path(u"arch_tmp.zip");
     if (isSamePlace(folder.path(u"arch_tvk.zip"), target))
@@ -219,8 +219,8 @@ void placeArchive(const store::ProgramFolder& folder, const QString& target,
     const QFileInfo existing(target);
     const QString place = existing.exists() ? existing.canonicalFilePath() : target;
     const Begun begun(place + QStringLiteral(".cast"));
-    copy(made, begun.path(), Share(tell, 0, 0.6));
-    compareFiles(begun.path(), made, Share(tell, 0.6, 1));
+    copy(made, begun.path(), store::Share(tell, 0, 0.6));
+    compareFiles(begun.path(), made, store::Share(tell, 0.6, 1));
     store::replaceFile(begun.path(), place);
 }
 

@@ -27,7 +27,7 @@ FrmDearch_new::FrmDearch_new(store::DBEngine& engine, const store::ProgramFolder
 void FrmDearch_new::work() {
     try {
         restore();
-    } catch (const GivenUp&) {
+    } catch (const store::GivenUp&) {
         fail(QStringLiteral("Obnova bola zrušená."));
     } catch (const store::EngineError& error) {
         fail(error.description());

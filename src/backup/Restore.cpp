@@ -22,6 +22,8 @@ constexpr qint64 portion = 1 << 18;
 /// No register of this size has ever been packed to so small a part of it.
 constexpr quint64 bombSize = quint64{64} << 20U;
 constexpr quint64 bombRatio = 200;
+/// The share of the work that is done when the register is checked.
+constexpr double unpacking = 0.4;
 
 void removeWithJournals(const QString& path) {
     QFile::remove(path);
@@ -47,7 +49,7 @@ void writePortion(QFile& file, const std::vector<char>& bytes, qint64 count) {
                           file.fileName());
 }
 
-void writeEntry(ZipEntry& entry, const QString& path, const Share& share) {
+void writeEntry(ZipEntry& entry, const QString& path, const store::Share& share) {
     store::createPrivateFile(path);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
@@ -98,21 +100,26 @@ Restore::~Restore() {
     removeWithJournals(made_);
 }
 
-Finding Restore::extract(const QString& archive, const TellProgress& tell) {
+Finding Restore::extract(const QString& archive, const store::TellProgress& tell) {
     removeWithJournals(made_);
     try {
-        return unpack(archive, tell) && isRegister_(made_) ? Finding::Sound : Finding::NoRegister;
+        if (!unpack(archive, store::Share(tell, 0, unpacking)))
+            return Finding::NoRegister;
+        const store::Share checked(tell, unpacking, 1);
+        return isRegister_(made_, [&checked](double part) { return checked.tells(part); })
+                   ? Finding::Sound
+                   : Finding::NoRegister;
     } catch (const ZipEntry::Fault fault) {
         return fault == ZipEntry::Fault::NoArchive ? Finding::NoArchive : Finding::NoRegister;
     }
 }
 
-bool Restore::unpack(const QString& archive, const TellProgress& tell) {
+bool Restore::unpack(const QString& archive, const store::Share& share) {
     ZipEntry entry(archive);
     if (isBomb(entry))
         return false;
     needRoom(made_, entry.size());
-    writeEntry(entry, made_, Share(tell, 0, 1));
+    writeEntry(entry, made_, share);
     store::syncFile(made_);
     return true;
 }

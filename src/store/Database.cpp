@@ -168,17 +168,18 @@ Database DBEngine::OpenDatabase(const QString& path) {
     return Database(impl_->open(canonical.isEmpty() ? path : canonical));
 }
 
-void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&) {
+void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&,
+                               const TellProgress& tell) {
     commitPending();
-    compactDatabase(source, target);
+    compactDatabase(source, target, tell);
 }
 
 void DBEngine::CreateDatabase(const QString& path) {
     createDatabase(path);
 }
 
-void DBEngine::verifyDatabase(const QString& path) {
-    store::verifyDatabase(path);
+void DBEngine::verifyDatabase(const QString& path, const TellProgress& tell) {
+    store::verifyDatabase(path, tell);
 }
 
 bool DBEngine::owesFullCheck(const QString& path) {

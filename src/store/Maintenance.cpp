@@ -9,10 +9,12 @@
 #include "store/Query.h"
 #include "store/Schema.h"
 #include "store/SqlFunctions.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <future>
 #include <string>
 #include <utility>
@@ -199,6 +201,12 @@ void readDatesAnew(Connection& connection, const QString& table, const QString& 
     }
 }
 
+double bytesInUse(const Connection& connection) {
+    const qint64 pages = connection.number(QStringLiteral("PRAGMA page_count")) -
+                         connection.number(QStringLiteral("PRAGMA freelist_count"));
+    return static_cast<double>(pages * connection.number(QStringLiteral("PRAGMA page_size")));
+}
+
 void makeAllAnew(Connection& connection) {
     for (const TableDef& table : schema()) {
         makeAnew(connection, table);
@@ -252,22 +260,30 @@ void createDatabase(const QString& path) {
     begun.keep();
 }
 
-void vacuumInto(const QString& source, const QString& target) {
+void vacuumInto(const QString& source, const QString& target, const TellProgress& tell) {
     Connection connection(source, Connection::Access::ReadWrite);
     checkIdentity(connection);
+    const double bytes = bytesInUse(connection);
     Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
     query.bind(1, Cell(target.toStdString()));
-    query.run();
+    Watch(connection.handle(), [&] {
+        return !tell || tell(std::min(1.0, static_cast<double>(QFileInfo(target).size()) / bytes));
+    }).run([&query] { query.run(); });
 }
 
-void compactDatabase(const QString& source, const QString& target) {
+void compactDatabase(const QString& source, const QString& target, const TellProgress& tell) {
+    constexpr double copying = 0.4;
     refuseExisting(target);
     checkHeader(source);
     BegunFile begun(target);
-    vacuumInto(source, target);
+    const Share copied(tell, 0, copying);
+    copied(0);
+    vacuumInto(source, target, [&copied](double part) { return copied.tells(part); });
     auto synced = std::async(std::launch::async, [&target] { syncFile(target); });
+    const Share checked(tell, copying, 1);
+    checked(0);
     try {
-        checkCopy(target);
+        checkCopy(target, [&checked](double part) { return checked.tells(part); });
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), target);
     }
@@ -275,13 +291,13 @@ void compactDatabase(const QString& source, const QString& target) {
     begun.keep();
 }
 
-void verifyDatabase(const QString& path) {
+void verifyDatabase(const QString& path, const TellProgress& tell) {
     checkHeader(path);
     try {
         Connection connection(path, Connection::Access::ReadOnly);
         connection.execute(roomForChecks);
         checkIdentity(connection);
-        checkPages(connection);
+        checkAllPages(connection, tell);
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
     }
