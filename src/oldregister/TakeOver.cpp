@@ -104,6 +104,14 @@ void moveJournals(const QString& path, const QString& kept) {
 
 } // namespace
 
+QString keptNameOf(const QString& path) {
+    for (int number = 1;; ++number) {
+        QString kept = besideName(path, QStringLiteral("povodny"), QStringLiteral("mdb"), number);
+        if (!QFileInfo::exists(kept) || store::fileIdentity(kept) == store::fileIdentity(path))
+            return kept;
+    }
+}
+
 QString writeReport(const QString& path, const ConversionReport& report) {
     const QByteArray text = report.text().toUtf8();
     for (int number = 1;; ++number) {
