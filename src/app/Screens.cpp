@@ -6,6 +6,7 @@
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
@@ -62,10 +63,11 @@ void openDialog(FrmUvod& window) {
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
 bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
-    const auto kind = oldregister::kindOf(path);
-    if (kind != oldregister::FileKind::Register)
-        return kind == oldregister::FileKind::OldRegister;
     try {
+        if (oldregister::kindOf(path) == oldregister::FileKind::OldRegister) {
+            oldregister::readThrough(path);
+            return true;
+        }
         engine.OpenDatabase(path).Close();
         store::DBEngine::verifyDatabase(path, tell);
         return true;

@@ -4,6 +4,7 @@
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/ReaderMain.h"
 #include "store/FaultVfs.h"
 #include "store/FileBytes.h"
 #include "support/ScriptedBoxes.h"
@@ -232,6 +233,8 @@ TEST_F(WholeProgramTest, theTablesOfTheReturnComeInPreviews) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const auto code = oldregister::runAsReader(argc, argv))
+        return *code;
     app::Application own(argc, argv);
     application = &own;
     testing::InitGoogleTest(&argc, argv);
