@@ -302,8 +302,8 @@ void FrmKlientUdaj::cmdTlacClick() {
     if (print_ == nullptr)
         return;
     if (!draft_.isNew())
-        return print_({pages_->current(), data_.source(u"datNavstevy").RecordSource(),
-                       draft_.isChanged()});
+        return print_(
+            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_.isChanged()});
     forms::showMessage(
         this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
                .title = QStringLiteral("Upozornenie"),

@@ -26,9 +26,8 @@ struct Name {
 };
 
 Name nameOf(store::Database& database, const QString& key) {
-    const auto rows =
-        database.OpenRecordset(QStringLiteral("select meno, priezv from k_zaklad where idkod = ") +
-                               store::quoted(key));
+    const auto rows = database.OpenRecordset(
+        QStringLiteral("select meno, priezv from k_zaklad where idkod = ") + store::quoted(key));
     if (rows->Eof())
         throw store::EngineError(
             store::ErrorNumber::NoCurrentRecord,

@@ -110,6 +110,7 @@ report::Layout layoutOf(const Form& form) {
     layout.name = form.name;
     layout.title = form.title;
     layout.orientation = form.orientation;
+    layout.savedColumns = form.saved;
     layout.marginLeft = layout.marginRight = margin;
     layout.reportHeader = reportHeader(form, width);
     layout.pageHeader = pageHeader(form, width);

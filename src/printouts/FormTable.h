@@ -48,6 +48,8 @@ struct Form {
     /// Heights of the lines across the detail.
     std::vector<int> lines = {};
     report::Orientation orientation = report::Orientation::Portrait;
+    /// What is saved of a plain table; nothing of other forms.
+    std::vector<report::SavedColumn> saved = {};
 };
 
 /// Adds the columns "retaz1" to "retaz9", with the person's letter behind, side by side.

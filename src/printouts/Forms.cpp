@@ -82,17 +82,15 @@ void addParent(std::vector<Part>& parts, const Parent& parent) {
         return parent.top + row * rowHeight;
     };
     parts.push_back({Caption, 0, parent.top, valueLeft, QString::fromUtf16(parent.caption)});
+    parts.push_back({Value, valueLeft, parent.top, valueWidth, QString::fromUtf16(parent.own)});
     parts.push_back(
-        {Value, valueLeft, parent.top, valueWidth, QString::fromUtf16(parent.own)});
-    parts.push_back({Value, valueLeft, rowTop(1), 7371 - valueLeft,
-                     QString::fromUtf16(parent.name)});
+        {Value, valueLeft, rowTop(1), 7371 - valueLeft, QString::fromUtf16(parent.name)});
     for (const ParentPart& part : parentParts) {
         const QString text = QString::fromUtf16(part.text);
         parts.push_back({part.look, part.left, rowTop(part.row), part.width,
                          part.look == Value ? QString::fromUtf16(parent.stem) + text : text});
     }
-    addImpairments(parts, {Small, valueLeft, rowTop(8), impairmentWidth, {}, 700},
-                   parent.letter);
+    addImpairments(parts, {Small, valueLeft, rowTop(8), impairmentWidth, {}, 700}, parent.letter);
 }
 
 } // namespace
@@ -175,17 +173,20 @@ report::Layout rptDemo() {
 }
 
 report::Layout rptUdajVV() {
-    return layoutOf(
-        {.name = QStringLiteral("rptUdajVV"),
-         .title = QStringLiteral("Údaje o výchove a vzdelávaní :"),
-         .detail = {{Value, 0, 0, 2835, QStringLiteral("nazov")},
-                    {Value, 2835, 0, 3571, QStringLiteral("adresa")},
-                    {Value, 6406, 0, 1134, QStringLiteral("vzar_od")},
-                    {Caption, 7540, 0, 227, QStringLiteral("--")},
-                    {Value, 7767, 0, 1134, QStringLiteral("vzar_do")}},
-         .heads = {{Caption, 0, 0, 2835, QStringLiteral("Názov zariadenia")},
-                   {Caption, 2835, 0, 3571, QStringLiteral("Adresa zariadenia")},
-                   {Caption, 6406, 0, 4366, QStringLiteral("v zariadení je od-do")}}});
+    return layoutOf({.name = QStringLiteral("rptUdajVV"),
+                     .title = QStringLiteral("Údaje o výchove a vzdelávaní :"),
+                     .detail = {{Value, 0, 0, 2835, QStringLiteral("nazov")},
+                                {Value, 2835, 0, 3571, QStringLiteral("adresa")},
+                                {Value, 6406, 0, 1134, QStringLiteral("vzar_od")},
+                                {Caption, 7540, 0, 227, QStringLiteral("--")},
+                                {Value, 7767, 0, 1134, QStringLiteral("vzar_do")}},
+                     .heads = {{Caption, 0, 0, 2835, QStringLiteral("Názov zariadenia")},
+                               {Caption, 2835, 0, 3571, QStringLiteral("Adresa zariadenia")},
+                               {Caption, 6406, 0, 4366, QStringLiteral("v zariadení je od-do")}},
+                     .saved = {{QStringLiteral("Názov zariadenia"), QStringLiteral("nazov")},
+                               {QStringLiteral("Adresa zariadenia"), QStringLiteral("adresa")},
+                               {QStringLiteral("od"), QStringLiteral("vzar_od")},
+                               {QStringLiteral("do"), QStringLiteral("vzar_do")}}});
 }
 
 report::Layout rptVysetrenie() {
@@ -202,19 +203,18 @@ report::Layout rptVysetrenie() {
 }
 
 report::Layout rptZaz_spc() {
-    return layoutOf(
-        {.name = QStringLiteral("rptZaz_spc"),
-         .title = QStringLiteral("Záznam o špeciálno-pedagogickej činnosti :"),
-         .detail = {{Caption, 0, 0, 680, QStringLiteral("dátum :")},
-                    {Value, 680, 0, 1134, QStringLiteral("datum")},
-                    {Caption, 1984, 0, 1304, QStringLiteral("od - do(hodiny)")},
-                    {Value, 3288, 0, 794, QStringLiteral("hod_od")},
-                    {Value, 4082, 0, 794, QStringLiteral("hod_do")},
-                    {Caption, 5103, 0, 1757, QStringLiteral("meno zamestnanca :")},
-                    {Value, 6860, 0, uprightWidth - 6860, QStringLiteral("Expr1")},
-                    {Caption, 0, 283, 1134, QStringLiteral("činnosť :")},
-                    {Words, 0, 567, 9015, QStringLiteral("cinnost")}},
-         .detailHeight = 567 + 2 * rowHeight});
+    return layoutOf({.name = QStringLiteral("rptZaz_spc"),
+                     .title = QStringLiteral("Záznam o špeciálno-pedagogickej činnosti :"),
+                     .detail = {{Caption, 0, 0, 680, QStringLiteral("dátum :")},
+                                {Value, 680, 0, 1134, QStringLiteral("datum")},
+                                {Caption, 1984, 0, 1304, QStringLiteral("od - do(hodiny)")},
+                                {Value, 3288, 0, 794, QStringLiteral("hod_od")},
+                                {Value, 4082, 0, 794, QStringLiteral("hod_do")},
+                                {Caption, 5103, 0, 1757, QStringLiteral("meno zamestnanca :")},
+                                {Value, 6860, 0, uprightWidth - 6860, QStringLiteral("Expr1")},
+                                {Caption, 0, 283, 1134, QStringLiteral("činnosť :")},
+                                {Words, 0, 567, 9015, QStringLiteral("cinnost")}},
+                     .detailHeight = 567 + 2 * rowHeight});
 }
 
 report::Layout rptZaz_zmeny() {
@@ -237,7 +237,9 @@ report::Layout rptNavstevy() {
          .detail = {{Value, 0, 0, second, QStringLiteral("datum")},
                     {Value, second, 0, uprightWidth - second, QStringLiteral("dat_budn")}},
          .heads = {{Caption, 0, 0, second, QStringLiteral("dátum návštevy :")},
-                   {Caption, second, 0, 2835, QStringLiteral("dátum budúcej návštevy :")}}});
+                   {Caption, second, 0, 2835, QStringLiteral("dátum budúcej návštevy :")}},
+         .saved = {{QStringLiteral("dátum návštevy"), QStringLiteral("datum")},
+                   {QStringLiteral("dátum budúcej návštevy"), QStringLiteral("dat_budn")}}});
 }
 
 report::Layout rptZozKlient() {
@@ -262,10 +264,11 @@ report::Layout rptZozKlient() {
               .title = QStringLiteral("Zoznam klientov TVK :"),
               .detail = {}};
     for (const Column& column : columns) {
-        form.heads.push_back({Head, column.headLeft, 0, column.right - column.headLeft,
-                              QString::fromUtf16(column.head)});
-        form.detail.push_back({Cell, column.left, 0, column.right - column.left,
-                               QString::fromUtf16(column.column)});
+        const QString head = QString::fromUtf16(column.head);
+        const QString name = QString::fromUtf16(column.column);
+        form.heads.push_back({Head, column.headLeft, 0, column.right - column.headLeft, head});
+        form.detail.push_back({Cell, column.left, 0, column.right - column.left, name});
+        form.saved.push_back({head, name});
     }
     return layoutOf(form);
 }

@@ -13,17 +13,16 @@ namespace {
 constexpr int impairmentColumns = 9;
 
 /// By their codes from 0.
-constexpr std::array<QStringView, 10> impairmentWords = {
-    u"žiadne",
-    u"syndróm autizmu",
-    u"mentálne",
-    u"sluchové",
-    u"zrakové",
-    u"rečové",
-    u"telesné",
-    u"špecifické vývinové poruchy správania",
-    u"špecifické vývinové poruchy učenia",
-    u"iné"};
+constexpr std::array<QStringView, 10> impairmentWords = {u"žiadne",
+                                                         u"syndróm autizmu",
+                                                         u"mentálne",
+                                                         u"sluchové",
+                                                         u"zrakové",
+                                                         u"rečové",
+                                                         u"telesné",
+                                                         u"špecifické vývinové poruchy správania",
+                                                         u"špecifické vývinové poruchy učenia",
+                                                         u"iné"};
 
 /// The word for the code in one place of a string of codes, empty for whatever is no code.
 QString impairmentWord(QStringView column, int place) {
@@ -102,9 +101,8 @@ QString parents(const QString& key) {
 }
 
 QString siblings(const QString& key) {
-    return QStringLiteral(
-               "SELECT k_surodenci.Meno, k_surodenci.pohlavie, k_surodenci.Idkod, "
-               "k_surodenci.roknar,k_surodenci.choroby, k_surodenci.postih,") +
+    return QStringLiteral("SELECT k_surodenci.Meno, k_surodenci.pohlavie, k_surodenci.Idkod, "
+                          "k_surodenci.roknar,k_surodenci.choroby, k_surodenci.postih,") +
            impairments(u"k_surodenci.postih") +
            QStringLiteral(" FROM k_surodenci WHERE k_surodenci.Idkod") + equals(key);
 }

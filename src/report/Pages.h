@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/Table.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -63,6 +64,8 @@ struct Pages {
     QString note{};
     /// The reports of a document; a report alone has none.
     std::vector<Bookmark> bookmarks{};
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table{};
 
     /// Subject and title, which together tell these pages from others.
     QString name() const;

@@ -1,18 +1,14 @@
 #include "report/PreviewDialog.h"
 
+#include "report/Csv.h"
+
 #include <QAction>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -29,30 +25,6 @@ struct PreviewDialog::ActionRow {
     void (PreviewDialog::*run)();
 };
 
-namespace {
-
-const QString pdfSuffix = QStringLiteral(".pdf");
-
-/// A file name of that wording, without what file systems refuse or people can't type, and short
-/// enough for all of them.
-QString fileName(const QString& wording) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w –-]|_"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-    constexpr qsizetype mostBytes = 200;
-    QString name = QString(wording).remove(unfit).simplified();
-    while (name.toUtf8().size() > mostBytes)
-        name.chop(1);
-    return name.isEmpty() ? QStringLiteral("zostava") : name.trimmed();
-}
-
-/// Where pages of that name are saved if the user agrees: among their documents.
-QString suggestedPath(const QString& name) {
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return (documents.exists() ? documents : QDir::home()).filePath(fileName(name) + pdfSuffix);
-}
-
-} // namespace
-
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
       toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
@@ -66,6 +38,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setWordWrap(true);
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
@@ -77,6 +50,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
             tell(QStringLiteral("Zostavu sa nepodarilo zobraziť."));
     });
     connect(view_, &QPrintPreviewWidget::previewChanged, this, &PreviewDialog::showPage);
+    state_->setText(pages.note);
     fitWidth();
     view_->setFocus();
     showPage();
@@ -86,15 +60,18 @@ void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
     addActions(
         {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
-         {},
-         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
-         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
-         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-         {},
-         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
-         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    if (!pages_.table.heads.isEmpty())
+        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                     &P::askAndSaveCsv}});
+    addActions({{},
+                {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+                {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+                {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+                {},
+                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
     addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
                 {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
@@ -195,42 +172,28 @@ void PreviewDialog::print() {
 }
 
 void PreviewDialog::askAndSavePdf() {
-    if (const QString path = askPdfPath(); !path.isEmpty())
-        savePdf(path);
+    tellOutcome(askAndSave(
+        pdfFile(), pages_.name(), [this](QIODevice& file) { return writePdf(pages_, file); },
+        this));
 }
 
-/// Empty when the user has cancelled, or when the name they meant is another file's.
-QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.name()));
-    dialog.setObjectName(QStringLiteral("pdfDialog"));
-    // The system's own dialog speaks the system's language.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
-    dialog.setDefaultSuffix(pdfSuffix);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString chosen = dialog.selectedFiles().value(0);
-    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
-        return chosen;
-    // The dialog leaves names with another suffix alone and has asked about that name only.
-    QString path = chosen + pdfSuffix;
-    if (!QFileInfo::exists(path))
-        return path;
-    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
-    return {};
+void PreviewDialog::askAndSaveCsv() {
+    tellOutcome(askAndSave(
+        csvFile(), pages_.name(), [this](QIODevice& file) { return writeCsv(pages_.table, file); },
+        this));
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
-    if (saved)
-        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writePdf(pages_, file); }));
+}
+
+void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
+    if (!outcome)
+        return;
+    if (outcome->saved)
+        state_->setText(outcome->text);
     else
-        tell(
-            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
-                           "sa doň smie zapisovať a či je na disku miesto.")
-                .arg(QDir::toNativeSeparators(path)));
+        tell(outcome->text);
 }
 
 void PreviewDialog::tell(const QString& problem) {

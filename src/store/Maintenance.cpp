@@ -220,10 +220,9 @@ void makeAllAnew(Connection& connection) {
 /// Gives the stored query of changes the client's key, unless somebody has put another statement
 /// there.
 void renewChanges(Connection& connection) {
-    const auto current = std::ranges::find(storedQueries, QLatin1String("vyp_zazZmeny"),
-                                           [](const StoredQuery& query) {
-                                               return QLatin1String(query.name);
-                                           });
+    const auto current =
+        std::ranges::find(storedQueries, QLatin1String("vyp_zazZmeny"),
+                          [](const StoredQuery& query) { return QLatin1String(query.name); });
     Query renew(connection.handle(),
                 QStringLiteral("UPDATE tvk_queries SET sql = ?1 WHERE name = ?2 AND sql = ?3"));
     renew.bind(1, Cell(QString::fromUtf16(current->sql).toStdString()));
