@@ -8,10 +8,12 @@
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
+#include "printouts/CardPrints.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
+#include "validation/modKontrola.h"
 
 #include <map>
 
@@ -52,6 +54,22 @@ void printDopUkaz(FrmUvod& window) {
 
 void printOdbStar(FrmUvod& window) {
     statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
+}
+
+void printZozKlient(FrmUvod& window) {
+    printouts::printClientList(printTools(window), window.surroundings().today(), &window);
+}
+
+void openClientCard(FrmUvod& window) {
+    using clientcard::FrmKlientUdaj;
+    const mainwindow::Surroundings& around = window.surroundings();
+    FrmKlientUdaj card(around.engine, around.folder, &window);
+    card.setPrinting([&](const FrmKlientUdaj::Shown& shown) {
+        printouts::printTab(printTools(window), shown.tab,
+                            {modKontrola::gIdKod, shown.visits, shown.isChanged}, around.today(),
+                            &card);
+    });
+    card.exec();
 }
 
 /// Opens a screen that works on the register and waits until it is done.
@@ -116,7 +134,7 @@ void restoreAtStart(FrmUvod& window) {
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::ClientCard, openClientCard},
         {Screen::EmployeeCard, openDialog<staff::FrmPsychUdaj>},
         {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
         {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
@@ -125,6 +143,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::PrintZozKlient, printZozKlient},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},

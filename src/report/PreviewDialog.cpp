@@ -44,6 +44,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setWordWrap(true);
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
@@ -51,6 +52,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     box->addWidget(view_, 1);
     box->addWidget(state_);
     connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
+    state_->setText(pages.note);
     view_->setFocus();
     noticePage();
 }

@@ -69,6 +69,17 @@ QueryDef Database::QueryDefs(const QString& name) {
     return {connection_, name};
 }
 
+void Database::CreateQueryDef(const QString& name, const QString& sql) {
+    Connection& connection = opened(connection_);
+    if (connection.storedQuery(name))
+        throw EngineError(ErrorNumber::ObjectExists,
+                          QStringLiteral("Objekt %1 už v databáze je.").arg(name), name);
+    Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
+    query.bind(1, Cell(name.toStdString()));
+    query.bind(2, Cell(sql.toStdString()));
+    runWrite(connection, query);
+}
+
 void Database::Close() {
     const auto last = std::move(connection_);
     connection_.reset();

@@ -36,6 +36,8 @@ class Database {
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
     QueryDef QueryDefs(const QString& name);
+    /// Puts a new query object into the file. @throws EngineError 3012 when one has that name
+    void CreateQueryDef(const QString& name, const QString& sql);
     /// Gives up the handle; further calls but Close throw. The last handle or recordset of a file
     /// closes the file and writes what is pending. @throws EngineError when it can't
     void Close();

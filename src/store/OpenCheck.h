@@ -13,8 +13,9 @@ class Connection;
 
 /// What tells our files from those of other programs: "TVK1".
 inline constexpr quint32 applicationId = 0x54564B31;
-/// Grows with every change of the tables. 2: no number of a row is given twice.
-inline constexpr quint32 schemaVersion = 2;
+/// Grows with every change of the tables and of the stored queries that the program only reads.
+/// 2: no number of a row is given twice. 3: vyp_zazZmeny gives the client's key.
+inline constexpr quint32 schemaVersion = 3;
 /// The oldest version that is still read, and brought to the present one where it can be written.
 inline constexpr quint32 oldestVersion = 1;
 
