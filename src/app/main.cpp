@@ -3,6 +3,7 @@
 #include "app/RegisterPlace.h"
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
+#include "help/HelpKey.h"
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Offer.h"
 #include "oldregister/ReaderMain.h"
@@ -47,6 +48,7 @@ int main(int argc, char** argv) {
     // Other arguments are none of ours, nor of the toolkit's.
     int programName = std::min(argc, 1);
     app::Application application(programName, argv);
+    const help::HelpKey helpKey(application);
     const QString programFolder = QCoreApplication::applicationDirPath();
     const store::ProgramFolder folder = app::registerPlace(programFolder, userFolder());
     app::OneRun run(folder.database());
