@@ -5,6 +5,7 @@
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "help/HelpWindow.h"
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
@@ -14,6 +15,10 @@
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
 
 #include <map>
 
@@ -131,6 +136,24 @@ void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
 }
 
+void showHelp(FrmUvod& window) {
+    help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
+}
+
+void showAbout(FrmUvod& window) {
+    const QString path = window.surroundings().folder.database();
+    const QLocale slovak(QLocale::Slovak, QLocale::Slovakia);
+    forms::showMessage(
+        &window,
+        {.text = QStringLiteral("TVK %1, register centra špeciálno-pedagogického poradenstva\n\n"
+                                "Slobodný softvér s licenciou GNU GPL, verzia 3 alebo novšia, bez "
+                                "záruky.\n\nRegister: %2\nVeľkosť: %3")
+                     .arg(QCoreApplication::applicationVersion(), QDir::toNativeSeparators(path),
+                          slovak.formattedDataSize(QFileInfo(path).size())),
+         .title = QStringLiteral("O programe"),
+         .icon = QMessageBox::Information});
+}
+
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
@@ -147,6 +170,8 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::Help, showHelp},
+        {Screen::About, showAbout},
     };
     return table;
 }

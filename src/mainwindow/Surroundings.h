@@ -30,6 +30,8 @@ enum class Screen {
     Archive,
     Restore,
     RestoreAtStart,
+    Help,
+    About,
 };
 
 /// What the main window needs of the rest of the program.
