@@ -154,7 +154,7 @@ void showAbout(FrmUvod& window) {
          .icon = QMessageBox::Information});
 }
 
-/// Every screen that there is. What is missing here is told to the user as not ready yet.
+/// Every screen that there is.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
         {Screen::ClientCard, openClientCard},
@@ -179,12 +179,7 @@ const std::map<Screen, Opener>& openers() {
 } // namespace
 
 void openScreen(Screen screen, FrmUvod& window) {
-    const auto opener = openers().find(screen);
-    if (opener != openers().end())
-        return opener->second(window);
-    forms::showMessage(&window, {.text = QStringLiteral("Táto časť programu sa pripravuje."),
-                                 .title = QStringLiteral("Informácia"),
-                                 .icon = QMessageBox::Information});
+    openers().at(screen)(window);
 }
 
 } // namespace app
