@@ -53,6 +53,11 @@ void printOdbStar(FrmUvod& window) {
     statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
 }
 
+void printReturn(FrmUvod& window) {
+    statreturn::printReturn(returnTools(window), window.schoolYear(),
+                            window.surroundings().today(), &window);
+}
+
 /// Opens a screen that works on the register and waits until it is done.
 template <class Dialog>
 void openDialog(FrmUvod& window) {
@@ -122,6 +127,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::PrintReturn, printReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},

@@ -70,7 +70,7 @@ class PreviewTest : public testing::Test {
                 return;
             waiting.stop();
             auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klientiškola.pdf"_s);
+            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola.pdf"_s);
             line->setText(name);
             QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
