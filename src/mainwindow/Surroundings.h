@@ -27,6 +27,7 @@ enum class Screen {
     PrintOdbStar,
     PrintDopUkaz,
     PrintZozKlient,
+    PrintReturn,
     Archive,
     Restore,
     RestoreAtStart,

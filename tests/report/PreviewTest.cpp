@@ -71,7 +71,7 @@ class PreviewTest : public testing::Test {
                 return;
             waiting.stop();
             auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klientiškola"_s + suffix);
+            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola"_s + suffix);
             line->setText(name);
             QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });

@@ -16,6 +16,10 @@ void walkNewEmployee(Guide& guide);
 void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
-void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+/// Types Tables IV and V into an empty register.
+void walkEntryForms(Guide& guide);
+/// Prints the five tables of the return one by one.
+void walkTables(Guide& guide, mainwindow::FrmUvod& window);
+void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window);
 
 } // namespace tour

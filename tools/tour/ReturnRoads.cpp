@@ -1,0 +1,114 @@
+#include "mainwindow/FrmUvod.h"
+#include "report/PreviewDialog.h"
+#include "tour/Guide.h"
+#include "tour/Roads.h"
+
+#include <QAction>
+#include <QFile>
+
+namespace tour {
+
+namespace {
+
+/// A print-out by its entry in the menu, and how its picture and its file are named.
+struct PrintOut {
+    const char* entry;
+    const char* name;
+};
+
+void walkPrintOut(Guide& guide, mainwindow::FrmUvod& window, const PrintOut& printOut) {
+    const QString name = QString::fromLatin1(printOut.name);
+    const QString file = guide.path(name + QStringLiteral(".pdf"));
+    guide.inModalWindow([&](QWidget& preview) {
+        preview.showNormal();
+        preview.setGeometry(window.geometry());
+        guide.picture(name);
+        dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
+        guide.key(Qt::Key_Escape);
+    });
+    window.findChild<QAction*>(QLatin1StringView(printOut.entry))->trigger();
+    if (QFile(file).size() == 0)
+        giveUp(QStringLiteral("No print-out came: ") + name);
+}
+
+void keys(Guide& guide, int key, int times, Qt::KeyboardModifiers modifiers = {}) {
+    for (int i = 0; i < times; ++i)
+        guide.key(key, modifiers);
+}
+
+/// Answers a question about a sum that is about to come with yes.
+void correct(Guide& guide, const char* name) {
+    guide.inModalWindow([&guide, name](QWidget&) {
+        guide.picture(QString::fromLatin1(name));
+        guide.key(Qt::Key_Return);
+    });
+}
+
+void fillTableFour(Guide& guide) {
+    guide.enter({"6", "1", "12", "340"});
+    correct(guide, "doplnujuce-ukazovatele-otazka");
+    guide.enter({"350"});
+    keys(guide, Qt::Key_Return, 4);
+    guide.type(QStringLiteral("359"));
+    guide.picture(QStringLiteral("doplnujuce-ukazovatele"));
+    guide.key(Qt::Key_S, Qt::ControlModifier);
+}
+
+void fillTableFive(Guide& guide) {
+    guide.picture(QStringLiteral("odborna-starostlivost-prazdna"));
+    const auto fieldWork = [&guide] {
+        keys(guide, Qt::Key_Return, 5);
+    };
+    guide.enter({"10", "4", "3", "2", "1"});
+    fieldWork();
+    guide.enter({"4", "2", "1", "1", "0"});
+    fieldWork();
+    guide.enter({"3", "1", "1", "0", "1"});
+    fieldWork();
+    guide.enter({"2", "1", "1", "0", "0"});
+    fieldWork();
+    correct(guide, "odborna-starostlivost-otazka");
+    guide.enter({"2"});
+    keys(guide, Qt::Key_Down, 4, Qt::ControlModifier);
+    guide.enter({"1", "0", "0", "1", "0"});
+    keys(guide, Qt::Key_Return, 5);
+    keys(guide, Qt::Key_Down, 22, Qt::ControlModifier);
+    guide.enter({"20", "8", "6", "4", "2"});
+    guide.picture(QStringLiteral("odborna-starostlivost"));
+    guide.key(Qt::Key_S, Qt::ControlModifier);
+}
+
+} // namespace
+
+void walkSchoolYear(Guide& guide) {
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.picture(QStringLiteral("skolsky-rok"));
+        guide.key(Qt::Key_Return);
+    });
+    guide.click(QStringLiteral("Picture6"));
+}
+
+void walkEntryForms(Guide& guide) {
+    guide.inModalWindow([&guide](QWidget&) { fillTableFour(guide); });
+    guide.click(QStringLiteral("Picture3"));
+    guide.inModalWindow([&guide](QWidget&) { fillTableFive(guide); });
+    guide.click(QStringLiteral("Picture5"));
+}
+
+void walkTables(Guide& guide, mainwindow::FrmUvod& window) {
+    for (const PrintOut& table : {PrintOut{"mniVek", "rptVek"},
+                                  {"mniVzd", "rptVzd"},
+                                  {"mniZam", "rptZam"},
+                                  {"mniDopUkaz", "rptDopUkaz"},
+                                  {"mniOdbStar", "rptOdbStar"}})
+        walkPrintOut(guide, window, table);
+}
+
+void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window) {
+    guide.key(Qt::Key_T, Qt::AltModifier);
+    guide.picture(QStringLiteral("ponuka-tlac"));
+    guide.key(Qt::Key_Escape);
+    walkPrintOut(guide, window, {"mniVykaz", "cely-vykaz"});
+}
+
+} // namespace tour
