@@ -48,17 +48,31 @@ void walkTableOne(Guide& guide, mainwindow::FrmUvod& window) {
     guide.key(Qt::Key_T, Qt::AltModifier);
     guide.picture(QStringLiteral("ponuka-tlac"));
     guide.key(Qt::Key_Escape);
-    guide.inModalWindow([&guide, &window](QWidget& preview) {
+    lookAtPrint(guide, QStringLiteral("tabulka1"), QStringLiteral("rptVek"),
+                [&window] { window.findChild<QAction*>(QStringLiteral("mniVek"))->trigger(); });
+}
+
+void walkClientList(Guide& guide, mainwindow::FrmUvod& window) {
+    lookAtPrint(
+        guide, QStringLiteral("zoznam-klientov"), QStringLiteral("rptZozKlient"),
+        [&window] { window.findChild<QAction*>(QStringLiteral("mniZozKlient"))->trigger(); });
+}
+
+void lookAtPrint(Guide& guide, const QString& picture, const QString& report,
+                 const std::function<void()>& print) {
+    const QString file = guide.path(report + QStringLiteral(".pdf"));
+    guide.inModalWindow([&](QWidget& preview) {
         preview.showNormal();
-        preview.setGeometry(window.geometry());
-        guide.picture(QStringLiteral("tabulka1"));
-        auto& dialog = dynamic_cast<report::PreviewDialog&>(preview);
-        dialog.savePdf(guide.path(QStringLiteral("rptVek.pdf")));
+        preview.setGeometry(guide.place());
+        guide.picture(picture);
+        dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
         guide.key(Qt::Key_Escape);
     });
-    window.findChild<QAction*>(QStringLiteral("mniVek"))->trigger();
-    if (QFile(guide.path(QStringLiteral("rptVek.pdf"))).size() == 0)
-        giveUp(QStringLiteral("Table I gave no print-out"));
+    print();
+    // Without a window manager nobody brings the window back.
+    guide.inFront().activateWindow();
+    if (QFile(file).size() == 0)
+        giveUp(report + QStringLiteral(" gave no print-out"));
 }
 
 } // namespace tour

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+
+#include <functional>
+
 namespace mainwindow {
 class FrmUvod;
 }
@@ -17,5 +21,10 @@ void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
 void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+void walkClientList(Guide& guide, mainwindow::FrmUvod& window);
+
+/// Runs what shows a preview, takes its picture and leaves its PDF under the report's name.
+void lookAtPrint(Guide& guide, const QString& picture, const QString& report,
+                 const std::function<void()>& print);
 
 } // namespace tour
