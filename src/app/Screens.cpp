@@ -71,6 +71,11 @@ void openClientCard(FrmUvod& window) {
     card.exec();
 }
 
+void printReturn(FrmUvod& window) {
+    statreturn::printReturn(returnTools(window), window.schoolYear(),
+                            window.surroundings().today(), &window);
+}
+
 /// Opens a screen that works on the register and waits until it is done.
 template <class Dialog>
 void openDialog(FrmUvod& window) {
@@ -141,6 +146,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
         {Screen::PrintZozKlient, printZozKlient},
+        {Screen::PrintReturn, printReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},

@@ -17,10 +17,11 @@ namespace mainwindow {
 
 namespace {
 
+/// An item without a name is a separator.
 struct ItemTraits {
     QStringView name;
     QStringView caption;
-    Screen screen;
+    Screen screen{};
 };
 
 struct MenuTraits {
@@ -40,7 +41,9 @@ const std::array<MenuTraits, 3>& menus() {
           {u"mniZam", u"Evidenčný počet zamestnancov", Screen::PrintZam},
           {u"mniOdbStar", u"Odborná starostlivosť", Screen::PrintOdbStar},
           {u"mniDopUkaz", u"Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
-          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient}}},
+          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient},
+          {},
+          {u"mniVykaz", u"Celý výkaz", Screen::PrintReturn}}},
         {u"mnuServis",
          u"Servis",
          u"Alt+S",
@@ -65,6 +68,10 @@ void FrmUvod::buildMenu() {
             menu->setObjectName(traits.name.toString());
             action = menu->menuAction();
             for (const ItemTraits& item : traits.items) {
+                if (item.name.isEmpty()) {
+                    menu->addSeparator();
+                    continue;
+                }
                 QAction* entry = menu->addAction(item.caption.toString());
                 entry->setObjectName(item.name.toString());
                 connect(entry, &QAction::triggered, this, [this, screen = item.screen] {

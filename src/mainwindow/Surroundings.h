@@ -25,6 +25,7 @@ enum class Screen {
     PrintOdbStar,
     PrintDopUkaz,
     PrintZozKlient,
+    PrintReturn,
     Archive,
     Restore,
     RestoreAtStart,

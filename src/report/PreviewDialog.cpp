@@ -1,11 +1,11 @@
 #include "report/PreviewDialog.h"
 
 #include "report/Csv.h"
+#include "report/PageView.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QSpinBox>
@@ -25,10 +25,16 @@ struct PreviewDialog::ActionRow {
     void (PreviewDialog::*run)();
 };
 
+namespace {
+
+constexpr double zoomStep = 1.2;
+
+} // namespace
+
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
-      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
-      pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
+      toolBar_(new QToolBar(this)), view_(new PageView(pages, this)), pageBox_(new QSpinBox(this)),
+      state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
     setWindowTitle(pages.name());
     setModal(true);
@@ -45,15 +51,10 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     box->addWidget(toolBar_);
     box->addWidget(view_, 1);
     box->addWidget(state_);
-    connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-        if (!printPages(pages_, *printer))
-            tell(QStringLiteral("Zostavu sa nepodarilo zobraziť."));
-    });
-    connect(view_, &QPrintPreviewWidget::previewChanged, this, &PreviewDialog::showPage);
+    connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
     state_->setText(pages.note);
-    fitWidth();
     view_->setFocus();
-    showPage();
+    noticePage();
 }
 
 void PreviewDialog::buildToolBar() {
@@ -98,16 +99,16 @@ void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
 void PreviewDialog::addPageBox() {
     pageBox_->setObjectName(QStringLiteral("pageNumber"));
     pageBox_->setAccessibleName(QStringLiteral("Strana"));
-    pageBox_->setRange(1, std::max(1, int(pages_.pages.size())));
+    pageBox_->setRange(1, view_->pageCount());
     pageBox_->setPrefix(QStringLiteral("Strana "));
-    pageBox_->setSuffix(QStringLiteral(" z %1").arg(pages_.pages.size()));
+    pageBox_->setSuffix(QStringLiteral(" z %1").arg(view_->pageCount()));
     pageBox_->setKeyboardTracking(false);
-    connect(pageBox_, &QSpinBox::valueChanged, this, &PreviewDialog::goTo);
+    connect(pageBox_, &QSpinBox::valueChanged, view_, &PageView::setCurrentPage);
     toolBar_->addWidget(pageBox_);
 }
 
-void PreviewDialog::showPage() {
-    const int page = std::clamp(view_->currentPage(), pageBox_->minimum(), pageBox_->maximum());
+void PreviewDialog::noticePage() {
+    const int page = view_->currentPage();
     const QSignalBlocker quiet(pageBox_);
     pageBox_->setValue(page);
     const auto enable = [this](const char* name, bool on) {
@@ -120,37 +121,36 @@ void PreviewDialog::showPage() {
         enable(name, page < pageBox_->maximum());
 }
 
-void PreviewDialog::goTo(int page) {
-    view_->setCurrentPage(std::clamp(page, pageBox_->minimum(), pageBox_->maximum()));
-    showPage();
+void PreviewDialog::goToFirst() {
+    view_->setCurrentPage(1);
 }
 
 void PreviewDialog::goToPrevious() {
-    goTo(view_->currentPage() - 1);
+    view_->setCurrentPage(view_->currentPage() - 1);
 }
 
 void PreviewDialog::goToNext() {
-    goTo(view_->currentPage() + 1);
+    view_->setCurrentPage(view_->currentPage() + 1);
 }
 
 void PreviewDialog::goToLast() {
-    goTo(pageBox_->maximum());
+    view_->setCurrentPage(view_->pageCount());
 }
 
 void PreviewDialog::zoomIn() {
-    view_->zoomIn();
+    view_->zoomBy(zoomStep);
 }
 
 void PreviewDialog::zoomOut() {
-    view_->zoomOut();
+    view_->zoomBy(1 / zoomStep);
 }
 
 void PreviewDialog::fitWidth() {
-    view_->fitToWidth();
+    view_->setFit(PageView::Fit::Width);
 }
 
 void PreviewDialog::fitPage() {
-    view_->fitInView();
+    view_->setFit(PageView::Fit::Page);
 }
 
 void PreviewDialog::print() {
@@ -162,7 +162,7 @@ void PreviewDialog::print() {
     printer.setPageLayout(paperOf(pages_.pages.front()));
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("printDialog"));
-    dialog.setMinMax(1, pageBox_->maximum());
+    dialog.setMinMax(1, view_->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (printer.printRange() != QPrinter::PageRange)

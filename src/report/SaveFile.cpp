@@ -17,7 +17,7 @@ QString fileName(const QString& wording) {
     static const QRegularExpression unfit(QStringLiteral("[^\\w –-]|_"),
                                           QRegularExpression::UseUnicodePropertiesOption);
     constexpr qsizetype mostBytes = 200;
-    QString name = QString(wording).remove(unfit).simplified();
+    QString name = QString(wording).replace(u'/', u'-').remove(unfit).simplified();
     while (name.toUtf8().size() > mostBytes)
         name.chop(1);
     return name.isEmpty() ? QStringLiteral("zostava") : name.trimmed();
