@@ -185,8 +185,8 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
             at<QRadioButton>("optZamMaKva").click();
             reg.letGo();
             reg.engine.commitPending();
-            faults::install({faults::Plan::Fault::SyncFails, 1});
-            expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+            faults::install({faults::Plan::Fault::DiskFull, 1});
+            expectEngineError("Chyba č. 3026\n\nDisk je plný.");
             leave();
             faults::install({});
             EXPECT_TRUE(card->isVisible());
