@@ -189,12 +189,14 @@ TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
     EXPECT_EQ(runsEnded, 0);
     EXPECT_TRUE(caption("lblStav").contains(u"iný program"_s));
     expectBox("Chyba č. 3218\n\nSúbor práve používa iný program.", "", QMessageBox::Critical);
-    click("Label1");
+    key(Qt::Key_1, Qt::ControlModifier);
     other.execute("rollback");
     window->findChild<QAction*>(u"mniVek"_s)->trigger();
     EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
     EXPECT_EQ(window->schoolYear(), u"2006/2007"_s);
     EXPECT_EQ(caption("lblStav"), QString());
+    key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(shown("dbgKlient"));
 }
 
 TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
