@@ -147,24 +147,6 @@ class Begun {
     bool kept_ = false;
 };
 
-void copy(const QString& from, const QString& to, const store::Share& share) {
-    store::createPrivateFile(to);
-    QFile source(from);
-    openToRead(source);
-    QFile target(to);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Archív sa nedá vytvoriť."), to);
-    std::vector<char> bytes(chunk);
-    for (qint64 count = 0; (count = source.read(bytes.data(), chunk)) > 0;) {
-        if (target.write(bytes.data(), count) != count)
-            throw EngineError(ErrorNumber::DiskFull,
-                              QStringLiteral("Archív sa nedá zapísať, disk je asi plný."), to);
-        share(static_cast<double>(source.pos()) / static_cast<double>(source.size()));
-    }
-    target.close();
-    store::syncFile(to);
-}
-
 void compareFiles(const QString& made, const QString& original, const store::Share& share) {
     QFile file(made);
     openToRead(file);
@@ -172,22 +154,24 @@ void compareFiles(const QString& made, const QString& original, const store::Sha
             static_cast<quint64>(file.size()), original, share);
 }
 
-/// Two names of one place, whether or not something lies there.
-bool isSamePlace(const QString& one, const QString& other) {
-    const auto identity = store::fileIdentity(one);
-    if (identity && identity == store::fileIdentity(other))
-        return true;
+/// Two paths to one name, whether or not something lies there.
+bool isSameName(const QString& one, const QString& other) {
     const QFileInfo first(one);
     const QFileInfo second(other);
     return first.fileName() == second.fileName() &&
            first.dir().canonicalPath() == second.dir().canonicalPath();
 }
 
+bool isSameFile(const QString& one, const QString& other) {
+    const auto identity = store::fileIdentity(one);
+    return (identity && identity == store::fileIdentity(other)) || isSameName(one, other);
+}
+
 void refuseOwnFiles(const store::ProgramFolder& folder, const QString& target) {
     static constexpr auto own =
         std::to_array<QStringView>({u"tvk.mdb", u"tvk_ren.mdb", u"tmp.mdb", u"arch_tmp.zip"});
     for (const QStringView name : own) {
-        if (isSamePlace(folder.path(name), target))
+        if (isSameFile(folder.path(name), target))
             throw EngineError(ErrorNumber::TargetExists,
                               QStringLiteral("Do súboru %1 sa archív uložiť nedá, pracuje s ním "
                                              "program. Zvoľte iný názov.")
@@ -214,12 +198,13 @@ void placeArchive(const store::ProgramFolder& folder, const QString& target,
                   const store::TellProgress& tell) {
     refuseOwnFiles(folder, target);
     const QString made = folder.path(u"arch_tmp.zip");
-    if (isSamePlace(folder.path(u"arch_tvk.zip"), target))
+    if (isSameName(folder.path(u"arch_tvk.zip"), target))
         return store::replaceFile(made, folder.path(u"arch_tvk.zip"));
     const QFileInfo existing(target);
     const QString place = existing.exists() ? existing.canonicalFilePath() : target;
     const Begun begun(place + QStringLiteral(".cast"));
-    copy(made, begun.path(), store::Share(tell, 0, 0.6));
+    const store::Share copied(tell, 0, 0.6);
+    store::copyFile(made, begun.path(), [&copied](double part) { return copied.tells(part); });
     compareFiles(begun.path(), made, store::Share(tell, 0.6, 1));
     store::replaceFile(begun.path(), place);
 }

@@ -72,27 +72,11 @@ void settle(store::DBEngine& engine, const QString& path) {
     }
 }
 
-/// Gives the live register its second name.
-void keepOld(const QString& live, const QString& kept) {
-    removeWithJournals(kept);
-    if (!store::addName(live, kept))
-        store::replaceFile(live, kept);
-}
-
-/// After an exchange that failed half-way.
-void takeBack(const QString& live, const QString& kept) {
-    if (!QFileInfo::exists(live))
-        store::replaceFile(kept, live);
-    else if (store::fileIdentity(kept) == store::fileIdentity(live))
-        QFile::remove(kept);
-    store::moveJournals(kept, live);
-}
-
 } // namespace
 
 Restore::Restore(store::DBEngine& engine, const store::ProgramFolder& folder, IsRegister isRegister)
     : engine_(engine), folder_(folder), isRegister_(std::move(isRegister)),
-      made_(folder.path(u"tvk.mdb.obnova")) {
+      made_(store::behindLinks(folder.database()) + QStringLiteral(".obnova")) {
     removeWithJournals(made_);
 }
 
@@ -125,26 +109,41 @@ bool Restore::unpack(const QString& archive, const store::Share& share) {
 }
 
 void Restore::replaceLive() {
-    const QString live = folder_.database();
+    const QString live = store::behindLinks(folder_.database());
     if (!QFileInfo::exists(live))
         return placeNew();
     settle(engine_, live);
     store::takeOwnerOf(live, made_);
     const QString kept = folder_.path(u"tvk_ren.mdb");
-    keepOld(live, kept);
+    removeWithJournals(kept);
+    store::keepAs(live, kept);
     try {
         store::moveJournals(live, kept);
         store::replaceFile(made_, live);
     } catch (const EngineError&) {
-        takeBack(live, kept);
+        if (QFileInfo::exists(made_)) {
+            store::moveJournals(kept, live);
+            QFile::remove(kept);
+        }
         throw;
     }
 }
 
 void Restore::placeNew() {
-    const QString live = folder_.database();
+    const QString live = store::behindLinks(folder_.database());
     store::moveJournals(live, live + QStringLiteral(".stary"));
     store::moveToFreeName(made_, live);
+}
+
+bool Restore::bringBackOld() {
+    const QString live = store::behindLinks(folder_.database());
+    const QString kept = folder_.path(u"tvk_ren.mdb");
+    if (QFileInfo::exists(live) || !QFileInfo::exists(kept))
+        return false;
+    store::keepAs(kept, live);
+    store::moveJournals(kept, live);
+    QFile::remove(kept);
+    return true;
 }
 
 } // namespace backup

@@ -32,12 +32,15 @@ class Restore {
     /// @throws store::EngineError, 3026 when there is no room for it; store::GivenUp
     Finding extract(const QString& archive, const store::TellProgress& tell = {});
     /// Keeps the closed live register as "tvk_ren.mdb", in the place of an older one, and puts the
-    /// sound one there. At every moment a whole register stands under its name, but for file
-    /// systems that know one name for a file only.
+    /// sound one there: behind the link where the register is one. At every moment a whole register
+    /// stands under its name.
     /// @throws store::EngineError
     void replaceLive();
     /// Puts the sound one where no register is. @throws store::EngineError 3204 when there is one
     void placeNew();
+    /// Gives "tvk_ren.mdb" the register's name back where no register is.
+    /// @return false when there is nothing to bring back @throws store::EngineError
+    bool bringBackOld();
 
   private:
     bool unpack(const QString& archive, const store::Share& share);

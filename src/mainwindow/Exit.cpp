@@ -38,8 +38,7 @@ bool compact(store::DBEngine& engine, const store::WorkFiles& files,
 bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder,
                        const store::TellProgress& tell) {
     refuseLeftCopy(folder.path(u"tmp.mdb"));
-    const QString behindLinks = QFileInfo(folder.database()).canonicalFilePath();
-    const store::WorkFiles files(behindLinks.isEmpty() ? folder.database() : behindLinks);
+    const store::WorkFiles files(store::behindLinks(folder.database()));
     const bool isCompact = compact(engine, files, tell);
     if (isCompact && store::takeOwnerOf(files.path(), files.copy()))
         store::replaceFile(files.copy(), files.path());

@@ -52,24 +52,6 @@ struct FileState {
     QDateTime changed;
 };
 
-/// Some file systems know one name for a file only.
-void copyWhole(const QString& from, const QString& to) {
-    const QString begun = to + QStringLiteral(".kopia");
-    QFile::remove(begun);
-    if (!QFile::copy(from, begun)) {
-        QFile::remove(begun);
-        throw EngineError(ErrorNumber::DiskError, QStringLiteral("Pôvodný súbor sa nedá odložiť."),
-                          to);
-    }
-    store::moveToFreeName(begun, to);
-}
-
-/// Gives the old file its second name.
-void keepAs(const QString& path, const QString& kept) {
-    if (!store::addName(path, kept))
-        copyWhole(path, kept);
-}
-
 void writeNew(const QString& path, const QByteArray& bytes) {
     store::createPrivateFile(path);
     QFile file(path);
@@ -107,7 +89,7 @@ ConversionReport takeOver(const QString& path, const TellProgress& progress) {
                                              "program, ktorý s ním pracuje."),
                               path);
         report.keptFile = makeBeside(path, QStringLiteral("povodny"), QStringLiteral("mdb"),
-                                     [&](const QString& name) { keepAs(path, name); });
+                                     [&](const QString& name) { store::keepAs(path, name); });
         report.reportFile = writeReport(path, report);
         store::moveJournals(path, report.keptFile);
         store::replaceFile(made, path);
