@@ -16,6 +16,8 @@ namespace {
 
 constexpr auto careKeys =
     u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
+/// What a desktop puts around a window.
+constexpr QSize desktopFrame(16, 48);
 const QString cellPrefix = QStringLiteral("txt");
 
 bool isCell(const forms::Control& control) {
@@ -63,7 +65,7 @@ void FrmOdbStar::layOut() {
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
     // By itself a dialog takes two thirds of the screen at most.
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize(sizeHint().boundedTo(screen()->availableSize() - desktopFrame));
 }
 
 void FrmOdbStar::load() {
