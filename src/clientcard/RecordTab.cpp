@@ -329,7 +329,8 @@ void RecordTab::vymaz() {
         {.text = question(),
          .title = ownTitle.isEmpty() ? QString() : ownTitle + modKontrola::gMenoKlienta,
          .icon = QMessageBox::Question,
-         .buttons = QMessageBox::Yes | QMessageBox::No});
+         .buttons = QMessageBox::Yes | QMessageBox::No,
+         .defaultButton = QMessageBox::No});
     if (answer != QMessageBox::Yes)
         return;
     const auto erase = [this] {
