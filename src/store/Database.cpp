@@ -83,7 +83,6 @@ class DBEngine::Impl {
     std::shared_ptr<Connection> open(const QString& path);
     void commit();
     void rollBack() noexcept;
-    DeferredErrors& deferred() { return *deferred_; }
     /// True when a connection still holds a file that was replaced at this path.
     bool holdsReplaced(const QString& path) const;
 
@@ -189,10 +188,6 @@ void DBEngine::commitPending() {
 
 void DBEngine::rollBackPending() noexcept {
     impl_->rollBack();
-}
-
-void DBEngine::throwLater(const EngineError& error) {
-    impl_->deferred().add(error);
 }
 
 bool DBEngine::holdsReplacedFile(const QString& path) const {
