@@ -156,9 +156,8 @@ TEST_F(BindingTest, WhatIsRefusedIsToldOnceAndTheRestIsWritten) {
     EXPECT_TRUE(binding->takeErrors().empty());
     const QString error =
         u"Chyba č. %1: %2"_s.arg(int(errors[0].error.number())).arg(errors[0].error.description());
-    boxes.expect({.text = u"Tieto údaje sa nezapísali:\n\nvek „veľa“\n"_s + error,
-                  .title = u"Chybová správa"_s,
-                  .icon = QMessageBox::Warning});
+    boxes.expectTold(u"Tieto údaje sa nezapísali:\n\nvek „veľa“\n"_s + error, u"Chybová správa"_s,
+                     QMessageBox::Warning);
     forms::showNotWritten(nullptr, errors);
 }
 
