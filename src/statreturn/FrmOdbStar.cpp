@@ -98,9 +98,13 @@ void FrmOdbStar::change(const forms::Control& control) {
 
 void FrmOdbStar::keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) {
     const int step = key == Qt::Key_Down ? 1 : key == Qt::Key_Up ? -1 : 0;
-    if (step == 0 || !modifiers.testFlag(Qt::ControlModifier) || !isCell(control))
+    const bool isMove = step != 0 && modifiers.testFlag(Qt::ControlModifier);
+    if (!isCell(control) || (!isMove && key != Qt::Key_Up))
         return EntryForm::keyDown(control, key, modifiers);
+    // By itself Up would scroll the cell out of sight.
     key = 0;
+    if (!isMove)
+        return;
     const int row = control.index() + step;
     if (row >= 0 && row < careRows)
         forms::moveFocus(&grid_->cell(row, columnOf(control)));
