@@ -31,8 +31,12 @@ class PageMaker {
     Pages make(RowSource& rows) {
         put(set(layout_.reportHeader));
         beginPageHeader();
-        while (rows.next())
+        for (const SavedColumn& column : layout_.savedColumns)
+            pages_.table.heads << column.head;
+        while (rows.next()) {
             put(set(layout_.detail, &rows));
+            keep(rows);
+        }
         put(set(layout_.reportFooter));
         return std::move(pages_);
     }
@@ -40,6 +44,16 @@ class PageMaker {
   private:
     Band set(const Section& section, const RowSource* row = nullptr) const {
         return setBand(section, row, meter_, today_);
+    }
+
+    /// Keeps a row of a plain table, to be saved.
+    void keep(const RowSource& row) {
+        if (layout_.savedColumns.empty())
+            return;
+        QStringList cells;
+        for (const SavedColumn& column : layout_.savedColumns)
+            cells << row.text(column.dataField);
+        pages_.table.rows.push_back(std::move(cells));
     }
 
     double bottom() const { return paper_.height() - layout_.marginBottom; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/Table.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -59,8 +60,12 @@ struct Pages {
     /// Whom the pages are about, as a client's name; empty for nobody.
     QString subject{};
     std::vector<Page> pages{};
+    /// What the reader should know of them, told beside them and not printed.
+    QString note{};
     /// The reports of a document; a report alone has none.
     std::vector<Bookmark> bookmarks{};
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table{};
 
     /// Subject and title, which together tell these pages from others.
     QString name() const;

@@ -67,6 +67,8 @@ std::optional<QByteArray> withContents(const QByteArray& pdf, const Pages& pages
         Object root = file.getRoot();
         root.replaceKey("/Lang", unicode(QStringLiteral("sk")));
         root.replaceKey("/ViewerPreferences", Object::parse("<< /DisplayDocTitle true >>"));
+        // The writer lets a letter whose code holds a line end, as "č", become another one.
+        file.getTrailer().getKey("/Info").replaceKey("/Title", unicode(pages.name()));
         if (!pages.bookmarks.empty())
             addOutline(file, pages.bookmarks);
         return written(file);

@@ -1,19 +1,14 @@
 #include "report/PreviewDialog.h"
 
+#include "report/Csv.h"
 #include "report/PageView.h"
 
 #include <QAction>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -33,25 +28,6 @@ struct PreviewDialog::ActionRow {
 namespace {
 
 constexpr double zoomStep = 1.2;
-const QString pdfSuffix = QStringLiteral(".pdf");
-
-/// A file name of that wording, without what file systems refuse or people can't type, and short
-/// enough for all of them.
-QString fileName(const QString& wording) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w –-]|_"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-    constexpr qsizetype mostBytes = 200;
-    QString name = QString(wording).replace(u'/', u'-').remove(unfit).simplified();
-    while (name.toUtf8().size() > mostBytes)
-        name.chop(1);
-    return name.isEmpty() ? QStringLiteral("zostava") : name.trimmed();
-}
-
-/// Where pages of that name are saved if the user agrees: among their documents.
-QString suggestedPath(const QString& name) {
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return (documents.exists() ? documents : QDir::home()).filePath(fileName(name) + pdfSuffix);
-}
 
 } // namespace
 
@@ -68,6 +44,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setWordWrap(true);
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
@@ -75,6 +52,7 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     box->addWidget(view_, 1);
     box->addWidget(state_);
     connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
+    state_->setText(pages.note);
     view_->setFocus();
     noticePage();
 }
@@ -83,15 +61,18 @@ void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
     addActions(
         {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
-         {},
-         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
-         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
-         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-         {},
-         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
-         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    if (!pages_.table.heads.isEmpty())
+        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                     &P::askAndSaveCsv}});
+    addActions({{},
+                {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+                {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+                {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+                {},
+                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
     addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
                 {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
@@ -191,42 +172,28 @@ void PreviewDialog::print() {
 }
 
 void PreviewDialog::askAndSavePdf() {
-    if (const QString path = askPdfPath(); !path.isEmpty())
-        savePdf(path);
+    tellOutcome(askAndSave(
+        pdfFile(), pages_.name(), [this](QIODevice& file) { return writePdf(pages_, file); },
+        this));
 }
 
-/// Empty when the user has cancelled, or when the name they meant is another file's.
-QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.name()));
-    dialog.setObjectName(QStringLiteral("pdfDialog"));
-    // The system's own dialog speaks the system's language.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
-    dialog.setDefaultSuffix(pdfSuffix);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString chosen = dialog.selectedFiles().value(0);
-    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
-        return chosen;
-    // The dialog leaves names with another suffix alone and has asked about that name only.
-    QString path = chosen + pdfSuffix;
-    if (!QFileInfo::exists(path))
-        return path;
-    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
-    return {};
+void PreviewDialog::askAndSaveCsv() {
+    tellOutcome(askAndSave(
+        csvFile(), pages_.name(), [this](QIODevice& file) { return writeCsv(pages_.table, file); },
+        this));
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
-    if (saved)
-        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writePdf(pages_, file); }));
+}
+
+void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
+    if (!outcome)
+        return;
+    if (outcome->saved)
+        state_->setText(outcome->text);
     else
-        tell(
-            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
-                           "sa doň smie zapisovať a či je na disku miesto.")
-                .arg(QDir::toNativeSeparators(path)));
+        tell(outcome->text);
 }
 
 void PreviewDialog::tell(const QString& problem) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "report/Print.h"
+#include "report/SaveFile.h"
 
 #include <QDialog>
 
 #include <initializer_list>
+#include <optional>
 
 class QAction;
 class QLabel;
@@ -16,7 +18,7 @@ namespace report {
 class PageView;
 
 /// The window that shows a finished report: one page at a time, with zoom and page turning; from it
-/// the pages go to a printer or into a PDF file. Esc closes it.
+/// the pages go to a printer or into a PDF file, and a plain table into a CSV file. Esc closes it.
 class PreviewDialog : public QDialog {
     Q_OBJECT
 
@@ -44,7 +46,8 @@ class PreviewDialog : public QDialog {
     void fitPage();
     void print();
     void askAndSavePdf();
-    QString askPdfPath();
+    void askAndSaveCsv();
+    void tellOutcome(const std::optional<SaveOutcome>& outcome);
     void tell(const QString& problem);
 
     const Pages& pages_;

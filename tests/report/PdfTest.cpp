@@ -23,7 +23,7 @@ const QString slovak = u"Kŕdeľ šťastných ďatľov učí pri ústí Váhu m�
 
 Pages samplePages() {
     Layout layout;
-    layout.title = u"Zoznam škôl"_s;
+    layout.title = u"Zoznam žiačok"_s;
     layout.orientation = Orientation::Landscape;
     layout.reportHeader.height = 400;
     layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak)};
@@ -68,7 +68,7 @@ TEST(Pdf, TextsCanBeCopiedAndStandWhereThePagesSay) {
     EXPECT_NEAR(match.captured(1).toDouble() * 20, extent.left(), 4);
     EXPECT_NEAR(match.captured(2).toDouble() * 20, extent.top(), 20);
     EXPECT_NEAR(match.captured(3).toDouble() * 20, extent.right(), 4);
-    EXPECT_TRUE(words.contains(u"<title>Zoznam škôl</title>"_s)) << words.toStdString();
+    EXPECT_TRUE(words.contains(u"<title>Zoznam žiačok</title>"_s)) << words.toStdString();
     // name, type, encoding, embedded, subset, unicode
     const QString fonts = toolOutput(u"pdffonts"_s, {u"FILE"_s});
     EXPECT_TRUE(fonts.contains(
@@ -101,7 +101,7 @@ TEST(Pdf, ADocumentHasBookmarksLanguageAndTheNumberOfEachPageInItsPlace) {
     const QString outline =
         toolOutput(u"pdftohtml"_s, {u"-xml"_s, u"-stdout"_s, u"-i"_s, u"FILE"_s}, document);
     for (const auto& item :
-         {u"<item page=\"1\">Zoznam škôl</item>"_s, u"<item page=\"3\">Žiadosť (1)</item>"_s})
+         {u"<item page=\"1\">Zoznam žiačok</item>"_s, u"<item page=\"3\">Žiadosť (1)</item>"_s})
         EXPECT_EQ(outline.count(item), 1) << outline.toStdString();
     QBuffer pdf;
     pdf.open(QIODevice::WriteOnly);

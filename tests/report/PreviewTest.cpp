@@ -30,6 +30,7 @@ Pages threePages() {
     layout.title = u"Zoznam: klienti/škola"_s;
     layout.detail.height = 12000;
     layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
+    layout.savedColumns = {{u"Meno"_s, u"a"_s}};
     ListSource rows(QList<QStringList>(3, {u"Žofia"_s}));
     Pages pages = makePages(layout, rows, FontMeter(), today);
     pages.subject = u"Novák Ján"_s;
@@ -62,20 +63,21 @@ class PreviewTest : public testing::Test {
     }
 
     /// Saves under that name, given to the file dialog by keys; empty for Esc.
-    void saveAs(const QString& name) {
+    void saveAs(const QString& name, const QString& suffix = u".pdf"_s) {
         QTimer waiting;
-        QObject::connect(&waiting, &QTimer::timeout, &dialog_, [&waiting, name] {
+        QObject::connect(&waiting, &QTimer::timeout, &dialog_, [&waiting, name, suffix] {
             auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             if (!files)
                 return;
             waiting.stop();
             auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola.pdf"_s);
+            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola"_s + suffix);
             line->setText(name);
             QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
         waiting.start(0);
-        press(Qt::Key_S, Qt::ControlModifier);
+        press(Qt::Key_S,
+              suffix == u".pdf"_s ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
         EXPECT_TRUE(QTest::qWaitFor([&waiting] { return !waiting.isActive(); }));
         // Without a window manager nobody brings the window back.
         dialog_.activateWindow();
@@ -174,6 +176,14 @@ TEST_F(PreviewTest, SavesAPdfUnderANameWithItsSuffix) {
         EXPECT_TRUE(state.text().contains(written));
     }
     EXPECT_EQ(problems_, QStringList());
+}
+
+TEST_F(PreviewTest, SavesTheRowsOfAPlainTable) {
+    QTemporaryDir folder;
+    saveAs(folder.filePath(u"k"_s), u".csv"_s);
+    QFile file(folder.filePath(u"k.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "\xEF\xBB\xBFMeno\r\nŽofia\r\nŽofia\r\nŽofia\r\n");
 }
 
 TEST_F(PreviewTest, DoesNotReplaceAFileThatTheUserWasNotAskedAbout) {

@@ -220,8 +220,8 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
                           text(surname) + text("F5"));
                 EXPECT_EQ(modKontrola::gAkcia, isNew ? 1 : 2);
             };
-            faults::install({faults::Plan::Fault::SyncFails, 1});
-            leaveInVain("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
+            faults::install({faults::Plan::Fault::DiskFull, 1});
+            leaveInVain("Chyba č. 3026\n\nDisk je plný.");
             faults::install({});
             if (isLocked) {
                 store::Connection other(reg.folder.database(),

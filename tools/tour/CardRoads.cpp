@@ -42,6 +42,11 @@ void addCareRecord(Guide& guide) {
     guide.picture(QStringLiteral("starostlivost-zapisana"));
 }
 
+void printTab(Guide& guide, const char16_t* report) {
+    const QString name = QString::fromUtf16(report);
+    lookAtPrint(guide, name, [&guide] { guide.click(QStringLiteral("cmdTlac")); });
+}
+
 void lookAtBasicData(Guide& guide) {
     guide.picture(QStringLiteral("klient-zakladne-udaje"));
     guide.key(Qt::Key_Return);
@@ -50,8 +55,10 @@ void lookAtBasicData(Guide& guide) {
     guide.type(QStringLiteral("Br"));
     guide.picture(QStringLiteral("klient-obce"));
     guide.key(Qt::Key_Escape);
+    printTab(guide, u"rptZakUdaj");
     turnTabs(guide, 1);
     guide.picture(QStringLiteral("klient-rodicia"));
+    printTab(guide, u"rptRodicia");
 }
 
 /// From the tab of the parents through all that follow.
@@ -60,14 +67,19 @@ void lookAtRecords(Guide& guide) {
         int turns;
         const char16_t* name;
         const char16_t* edit;
+        const char16_t* report;
     };
-    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr"}, Tab{1, u"dieta-v-rannom-veku", u""},
-                           Tab{6, u"zariadenia", u"cmdZarOpr"}, Tab{1, u"vysetrenia", u"cmdPzaOpr"},
-                           Tab{1, u"starostlivost", u"cmdZscOpr"}, Tab{1, u"zmeny", u"cmdZazOpr"},
-                           Tab{1, u"navstevy", u"cmdNavOpr"}}) {
+    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr", u"rptSurodenci"},
+                           Tab{1, u"dieta-v-rannom-veku", u"", u"rptDemo"},
+                           Tab{6, u"zariadenia", u"cmdZarOpr", u"rptUdajVV"},
+                           Tab{1, u"vysetrenia", u"cmdPzaOpr", u"rptVysetrenie"},
+                           Tab{1, u"starostlivost", u"cmdZscOpr", u"rptZaz_spc"},
+                           Tab{1, u"zmeny", u"cmdZazOpr", u"rptZaz_zmeny"},
+                           Tab{1, u"navstevy", u"cmdNavOpr", u"rptNavstevy"}}) {
         turnTabs(guide, tab.turns);
         const QString name = QStringLiteral("klient-") + QString::fromUtf16(tab.name);
         guide.picture(name);
+        printTab(guide, tab.report);
         if (*tab.edit == u'\0')
             continue;
         guide.press(QString::fromUtf16(tab.edit));

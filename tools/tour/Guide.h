@@ -45,6 +45,7 @@ class Guide : public QObject {
     void allCame() const;
     QString path(const QString& name) const { return folder_.filePath(name); }
     QWidget& inFront() const;
+    QRect place() const { return window_.geometry(); }
 
   private:
     void look();

@@ -1,35 +1,11 @@
-#include "mainwindow/FrmUvod.h"
-#include "report/PreviewDialog.h"
 #include "tour/Guide.h"
 #include "tour/Roads.h"
 
-#include <QAction>
-#include <QFile>
+#include <utility>
 
 namespace tour {
 
 namespace {
-
-/// A print-out by its entry in the menu, and how its picture and its file are named.
-struct PrintOut {
-    const char* entry;
-    const char* name;
-};
-
-void walkPrintOut(Guide& guide, mainwindow::FrmUvod& window, const PrintOut& printOut) {
-    const QString name = QString::fromLatin1(printOut.name);
-    const QString file = guide.path(name + QStringLiteral(".pdf"));
-    guide.inModalWindow([&](QWidget& preview) {
-        preview.showNormal();
-        preview.setGeometry(window.geometry());
-        guide.picture(name);
-        dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
-        guide.key(Qt::Key_Escape);
-    });
-    window.findChild<QAction*>(QLatin1StringView(printOut.entry))->trigger();
-    if (QFile(file).size() == 0)
-        giveUp(QStringLiteral("No print-out came: ") + name);
-}
 
 void keys(Guide& guide, int key, int times, Qt::KeyboardModifiers modifiers = {}) {
     for (int i = 0; i < times; ++i)
@@ -96,19 +72,20 @@ void walkEntryForms(Guide& guide) {
 }
 
 void walkTables(Guide& guide, mainwindow::FrmUvod& window) {
-    for (const PrintOut& table : {PrintOut{"mniVek", "rptVek"},
-                                  {"mniVzd", "rptVzd"},
-                                  {"mniZam", "rptZam"},
-                                  {"mniDopUkaz", "rptDopUkaz"},
-                                  {"mniOdbStar", "rptOdbStar"}})
-        walkPrintOut(guide, window, table);
+    constexpr std::pair<const char*, const char*> tables[] = {{"mniVek", "rptVek"},
+                                                              {"mniVzd", "rptVzd"},
+                                                              {"mniZam", "rptZam"},
+                                                              {"mniDopUkaz", "rptDopUkaz"},
+                                                              {"mniOdbStar", "rptOdbStar"}};
+    for (const auto& [entry, name] : tables)
+        lookAtPrint(guide, QString::fromLatin1(name), window, entry);
 }
 
 void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window) {
     guide.key(Qt::Key_T, Qt::AltModifier);
     guide.picture(QStringLiteral("ponuka-tlac"));
     guide.key(Qt::Key_Escape);
-    walkPrintOut(guide, window, {"mniVykaz", "cely-vykaz"});
+    lookAtPrint(guide, QStringLiteral("cely-vykaz"), window, "mniVykaz");
 }
 
 } // namespace tour
