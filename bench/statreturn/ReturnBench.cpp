@@ -1,9 +1,12 @@
 /// Tables I to III without their previews against the best statements that we could write by hand
-/// for SQLite alone, on the same rows; and the window that shows who is behind their numbers.
+/// for SQLite alone, on the same rows; the window that shows who is behind their numbers; and what
+/// the whole return as PDF takes beyond them.
 
 #include "common/Figures.h"
+#include "report/Print.h"
 #include "statreturn/FrmKlientVykaz.h"
 #include "statreturn/PeopleList.h"
+#include "statreturn/ReturnPrints.h"
 #include "statreturn/TableOne.h"
 #include "statreturn/TableThree.h"
 #include "statreturn/TableTwo.h"
@@ -13,6 +16,7 @@
 #include "store/SqlFunctions.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDate>
 #include <QFile>
 #include <QString>
@@ -282,10 +286,45 @@ bench::Times compareWindow(bench::Figures& figures, int clients, int runs) {
     return opened;
 }
 
+/// Makes the whole return and writes it as PDF.
+void wholeReturn(Registers& registers, const QDate& today) {
+    const auto writePdf = [](const report::Pages& pages, QWidget*) {
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        if (pages.pages.size() != 5 || !report::writePdf(pages, file))
+            throw std::runtime_error("no return came");
+    };
+    const statreturn::ReturnTools tools{
+        {registers.engine, store::ProgramFolder(registers.directory.path()), writePdf},
+        *registers.datTlac,
+        *registers.datCisVzd};
+    statreturn::printReturn(tools, u"2006/2007"_s, today, nullptr);
+}
+
+/// Times the whole return against the making of its tables alone.
+void compareWhole(bench::Figures& figures, int clients) {
+    Registers registers(clients, 5);
+    QDate day(2007, 9, 3);
+    // A year back and forth changes every age.
+    const auto turn = [&day] {
+        return day = day.addYears(day.year() == 2007 ? -1 : 1);
+    };
+    figures.compare(
+        "whole return as PDF, " + std::to_string(clients) + " clients, against its tables alone",
+        [&] { wholeReturn(registers, turn()); },
+        [&] {
+            tableOne(registers, turn());
+            tableTwo(registers);
+            tableThree(registers);
+        },
+        1.5, 7);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     bench::needNoDisplay();
+    // The window needs it, and the pages take their measures from its fonts.
     const QApplication application(argc, argv);
     bench::Figures figures("Tables of the return without preview, against statements by hand");
     compare(figures, 1000, 5, 7);
@@ -303,5 +342,6 @@ int main(int argc, char** argv) {
     const bench::Times largeWindow = compareWindow(figures, 100000, 3);
     figures.ratio("Window of clients, a client of 100000 against one of 10000",
                   largeWindow.over(10), smallWindow, 1.5);
+    compareWhole(figures, 10000);
     return figures.print();
 }

@@ -32,6 +32,8 @@ struct Control {
     int height = 0;
     /// Label: its text, in which "%d" stands for the date of printing. Else unused.
     QString caption{};
+    /// Label: its text was typed by somebody, and "%d" in it stands for itself.
+    bool asTyped = false;
     /// Field: the column whose value it prints. Else unused.
     QString dataField{};
     Align align = Align::Left;

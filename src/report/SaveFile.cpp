@@ -11,17 +11,27 @@ namespace report {
 
 namespace {
 
-QString suggestedPath(const QString& title, const QString& suffix) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
+/// A file name of that wording, without what file systems refuse or people can't type, and short
+/// enough for all of them.
+QString fileName(const QString& wording) {
+    static const QRegularExpression unfit(QStringLiteral("[^\\w –-]|_"),
                                           QRegularExpression::UseUnicodePropertiesOption);
-    const QString name = QString(title).remove(unfit).simplified();
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + suffix);
+    constexpr qsizetype mostBytes = 200;
+    QString name = QString(wording).replace(u'/', u'-').remove(unfit).simplified();
+    while (name.toUtf8().size() > mostBytes)
+        name.chop(1);
+    return name.isEmpty() ? QStringLiteral("zostava") : name.trimmed();
+}
+
+/// Where pages of that name are saved if the user agrees: among their documents.
+QString suggestedPath(const QString& name, const QString& suffix) {
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return (documents.exists() ? documents : QDir::home()).filePath(fileName(name) + suffix);
 }
 
 /// Empty when the user has cancelled.
-QString askPath(const FileKind& kind, const QString& title, QWidget* parent) {
-    QFileDialog dialog(parent, kind.caption, suggestedPath(title, kind.suffix));
+QString askPath(const FileKind& kind, const QString& name, QWidget* parent) {
+    QFileDialog dialog(parent, kind.caption, suggestedPath(name, kind.suffix));
     dialog.setObjectName(kind.dialog);
     // The system's own dialog speaks the system's language.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -53,9 +63,9 @@ SaveOutcome saveFile(const QString& path, const FileWriter& write) {
                 .arg(QDir::toNativeSeparators(path))};
 }
 
-std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& title,
+std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& name,
                                       const FileWriter& write, QWidget* parent) {
-    const QString chosen = askPath(kind, title, parent);
+    const QString chosen = askPath(kind, name, parent);
     if (chosen.isEmpty())
         return std::nullopt;
     if (chosen.endsWith(kind.suffix, Qt::CaseInsensitive))

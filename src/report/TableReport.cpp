@@ -1,6 +1,6 @@
 #include "report/TableReport.h"
 
-#include "report/PageNumbers.h"
+#include "report/Document.h"
 
 #include <QDate>
 
@@ -102,11 +102,12 @@ Layout layoutOf(const TableReport& report) {
 
 } // namespace
 
-Pages pagesOf(const TableReport& report, const TextMeter& meter, const QDate& today) {
+Pages pagesOf(const TableReport& report, const std::shared_ptr<const TextMeter>& meter,
+              const QDate& today) {
     TableRows rows(report.table.rows);
-    Pages pages = makePages(layoutOf(report), rows, meter, today);
+    Pages pages = makePages(layoutOf(report), rows, *meter, today);
     pages.table = report.table;
-    numberPages(pages, meter);
+    addRunningLines(pages, meter);
     return pages;
 }
 

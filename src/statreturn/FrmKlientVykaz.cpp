@@ -285,7 +285,7 @@ void FrmKlientVykaz::print() {
     table.table = list_->table();
     for (const PeopleColumn& column : showsLeftOut() ? remarkColumns() : clientColumns())
         table.columns.push_back({.share = column.width});
-    report::Pages pages = report::pagesOf(table, report::FontMeter(), today_);
+    report::Pages pages = report::pagesOf(table, std::make_shared<report::FontMeter>(), today_);
     pages.title = chosenNumber();
     printing::showPages(tools_, pages, this);
 }
