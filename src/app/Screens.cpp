@@ -79,8 +79,8 @@ void openClientCard(FrmUvod& window) {
 }
 
 void printReturn(FrmUvod& window) {
-    statreturn::printReturn(returnTools(window), window.schoolYear(),
-                            window.surroundings().today(), &window);
+    statreturn::printReturn(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                            &window);
 }
 
 /// Opens a screen that works on the register and waits until it is done.
