@@ -60,8 +60,7 @@ class RoadTest : public testing::Test {
     void click(const char* name) {
         auto* target = window.findChild<QWidget*>(text(name));
         ASSERT_TRUE(target != nullptr && target->isVisible());
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                          target->mapTo(&window, target->rect().center()));
+        support::press(*target);
     }
     QString stored(const char* table, const char* column) {
         return reg.text(text(table), text(column));
