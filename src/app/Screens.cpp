@@ -4,7 +4,6 @@
 #include "backup/FrmDearch_new.h"
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/Guard.h"
-#include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/FileKind.h"
 #include "printouts/CardPrints.h"
@@ -63,17 +62,23 @@ void openClientCard(FrmUvod& window) {
     using clientcard::FrmKlientUdaj;
     const mainwindow::Surroundings& around = window.surroundings();
     FrmKlientUdaj card(around.engine, around.folder, &window);
-    card.setPrinting([&](const FrmKlientUdaj::Shown& shown) {
-        printouts::printTab(printTools(window), shown.tab,
-                            {modKontrola::gIdKod, shown.visits, shown.isChanged}, around.today(),
-                            &card);
-    });
+    const auto cardOf = [](const FrmKlientUdaj::Shown& shown) {
+        return printouts::PrintedCard{modKontrola::gIdKod, shown.visits, shown.isChanged};
+    };
+    card.setPrinting(
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printTab(printTools(window), shown.tab, cardOf(shown), around.today(),
+                                &card);
+        },
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printCard(printTools(window), cardOf(shown), around.today(), &card);
+        });
     card.exec();
 }
 
 void printReturn(FrmUvod& window) {
-    statreturn::printReturn(returnTools(window), window.schoolYear(),
-                            window.surroundings().today(), &window);
+    statreturn::printReturn(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                            &window);
 }
 
 /// Opens a screen that works on the register and waits until it is done.
@@ -133,7 +138,7 @@ void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
 }
 
-/// Every screen that there is. What is missing here is told to the user as not ready yet.
+/// Every screen that there is.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
         {Screen::ClientCard, openClientCard},
@@ -157,12 +162,7 @@ const std::map<Screen, Opener>& openers() {
 } // namespace
 
 void openScreen(Screen screen, FrmUvod& window) {
-    const auto opener = openers().find(screen);
-    if (opener != openers().end())
-        return opener->second(window);
-    forms::showMessage(&window, {.text = QStringLiteral("Táto časť programu sa pripravuje."),
-                                 .title = QStringLiteral("Informácia"),
-                                 .icon = QMessageBox::Information});
+    openers().at(screen)(window);
 }
 
 } // namespace app

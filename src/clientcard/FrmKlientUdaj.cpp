@@ -30,12 +30,13 @@ namespace clientcard {
 namespace {
 
 // Two of them are never shown: one does nothing, the other what its neighbour does better.
-constexpr std::array<card::ButtonRow, 7> buttonTable = {{
+constexpr std::array<card::ButtonRow, 8> buttonTable = {{
     {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
      false},
     {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
     {u"cmdSave", u"Zapíš", u"", false},
     {u"cmdTlac", u"Tlač záložku"},
+    {u"cmdTlacKartu", u"Tlač kartu", u"Všetky záložky, v ktorých niečo je, ako jeden dokument"},
     {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
     {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
     {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky"},
@@ -116,7 +117,7 @@ QLayout* FrmKlientUdaj::makeFoot() {
             line->addWidget(keys_, 1, Qt::AlignCenter);
         line->addWidget(button);
     }
-    buttons_[cmdTlac]->setEnabled(false);
+    enablePrinting(false);
     esc_.set(buttons_[cmdStorno]);
     return line;
 }
@@ -125,9 +126,15 @@ QAbstractButton& FrmKlientUdaj::saveButton() {
     return *buttons_[CmdZap];
 }
 
-void FrmKlientUdaj::setPrinting(std::function<void(const Shown&)> print) {
-    print_ = std::move(print);
-    buttons_[cmdTlac]->setEnabled(print_ != nullptr);
+void FrmKlientUdaj::setPrinting(Print tab, Print card) {
+    printTab_ = std::move(tab);
+    printCard_ = std::move(card);
+    enablePrinting(true);
+}
+
+void FrmKlientUdaj::enablePrinting(bool enabled) {
+    buttons_[cmdTlac]->setEnabled(enabled && printTab_ != nullptr);
+    buttons_[cmdTlacKartu]->setEnabled(enabled && printCard_ != nullptr);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -163,7 +170,7 @@ void FrmKlientUdaj::turnBy(int step) {
 void FrmKlientUdaj::enableButtons(bool enabled) {
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
         buttons_[button]->setEnabled(enabled);
-    buttons_[cmdTlac]->setEnabled(enabled && print_ != nullptr);
+    enablePrinting(enabled);
 }
 
 void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
@@ -204,7 +211,9 @@ void FrmKlientUdaj::press(Button button) {
     case cmdStorno:
         return cmdStornoClick();
     case cmdTlac:
-        return cmdTlacClick();
+        return print(printTab_);
+    case cmdTlacKartu:
+        return print(printCard_);
     case cmdSave:
         return;
     }
@@ -298,12 +307,10 @@ void FrmKlientUdaj::cmdStornoClick() {
     reject();
 }
 
-void FrmKlientUdaj::cmdTlacClick() {
-    if (print_ == nullptr)
-        return;
+void FrmKlientUdaj::print(const Print& printed) {
     if (!draft_.isNew())
-        return print_(
-            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_.isChanged()});
+        return printed({pages_->current(), datedRecordsOf(u"k_navstevy", modKontrola::gIdKod),
+                        draft_.isChanged()});
     forms::showMessage(
         this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
                .title = QStringLiteral("Upozornenie"),

@@ -43,8 +43,9 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
         /// Something is typed that is not written.
         bool isChanged = false;
     };
-    /// What the button "Tlač záložku" does; without it the button is disabled.
-    void setPrinting(std::function<void(const Shown&)> print);
+    using Print = std::function<void(const Shown&)>;
+    /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
+    void setPrinting(Print tab, Print card);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -52,7 +53,16 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
 
   private:
     /// By their places in the table of buttons.
-    enum Button { cmdZaklUd, cmdZakZap, cmdSave, cmdTlac, cmdZapNew, CmdZap, cmdStorno };
+    enum Button {
+        cmdZaklUd,
+        cmdZakZap,
+        cmdSave,
+        cmdTlac,
+        cmdTlacKartu,
+        cmdZapNew,
+        CmdZap,
+        cmdStorno
+    };
 
     QDialog& window() override { return *this; }
     CardData& data() override { return data_; }
@@ -68,6 +78,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void makePages();
     QLayout* makeFoot();
     void enableButtons(bool enabled);
+    void enablePrinting(bool enabled);
     void zamkniZalozky();
     void zalozkaKlik(int tab);
     void showKeys(int tab);
@@ -84,7 +95,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void CmdZapClick();
     void cmdZapNewClick();
     void cmdStornoClick();
-    void cmdTlacClick();
+    void print(const Print& printed);
     void noteInput();
     void closeUnread();
     void tellNotWritten();
@@ -105,7 +116,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::vector<QPushButton*> buttons_;
     TabFamily* entry_ = nullptr;
     std::optional<SaveCycle> cycle_;
-    std::function<void(const Shown&)> print_;
+    Print printTab_;
+    Print printCard_;
     bool wasShown_ = false;
     /// The user has typed or picked since the card was opened.
     bool hasInput_ = false;
