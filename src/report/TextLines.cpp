@@ -45,11 +45,47 @@ class LineBreaker {
     }
 
     qsizetype endOfLine(qsizetype from) {
+        if (const qsizetype words = endNearGuess(from); words > from)
+            return words;
         const qsizetype reach = lastFitting(from);
         if (reach == text_.size())
             return reach;
         const qsizetype words = endOfWords(from, reach);
         return words > from ? words : endOfLetters(from, reach);
+    }
+
+    /// Where the line ends if that is a word or two from where lines like the one before do, as is
+    /// the rule; else `from`.
+    qsizetype endNearGuess(qsizetype from) const {
+        constexpr int tries = 4;
+        const qsizetype farthest = from + 2 * guess_;
+        qsizetype end = std::min(endOfWord(from + guess_), text_.size());
+        if (end > farthest || !fits(from, end)) {
+            for (int i = 0; i < tries; ++i) {
+                end = endOfWords(from, withoutBlanks(from, end));
+                if (end == from || fits(from, end))
+                    return end;
+            }
+            return from;
+        }
+        for (int i = 0; i < tries && end < text_.size(); ++i) {
+            const qsizetype next = endOfWord(end + 1);
+            if (next > farthest || !fits(from, next))
+                return next > farthest ? from : end;
+            end = next;
+        }
+        return end == text_.size() ? end : from;
+    }
+
+    /// Behind the blanks after the word in which that place is.
+    qsizetype endOfWord(qsizetype place) const {
+        const qsizetype blank = text_.indexOf(u' ', place - 1);
+        if (place > text_.size() || blank < 0)
+            return text_.size();
+        qsizetype end = blank + 1;
+        while (end < text_.size() && text_[end] == u' ')
+            ++end;
+        return end;
     }
 
     bool fits(qsizetype from, qsizetype to) const { return line(from, to).width() <= width_; }
@@ -101,10 +137,16 @@ class LineBreaker {
         return letters_->toNextBoundary();
     }
 
-    /// The line that the text from..to makes when the blanks at its end are left out.
-    TextLine line(qsizetype from, qsizetype to) const {
+    /// The end of the text from..to when the blanks at its end are left out.
+    qsizetype withoutBlanks(qsizetype from, qsizetype to) const {
         while (to > from && text_[to - 1] == u' ')
             --to;
+        return to;
+    }
+
+    /// The line that the text from..to makes when the blanks at its end are left out.
+    TextLine line(qsizetype from, qsizetype to) const {
+        to = withoutBlanks(from, to);
         TextLine result{{}, ascent_, height_};
         double left = paragraph_.indent;
         for (std::size_t i = runAt(from); i < starts_.size() && starts_[i] < to; ++i) {
