@@ -70,11 +70,17 @@ void openClientCard(FrmUvod& window) {
     using clientcard::FrmKlientUdaj;
     const mainwindow::Surroundings& around = window.surroundings();
     FrmKlientUdaj card(around.engine, around.folder, &window);
-    card.setPrinting([&](const FrmKlientUdaj::Shown& shown) {
-        printouts::printTab(printTools(window), shown.tab,
-                            {modKontrola::gIdKod, shown.visits, shown.isChanged}, around.today(),
-                            &card);
-    });
+    const auto cardOf = [](const FrmKlientUdaj::Shown& shown) {
+        return printouts::PrintedCard{modKontrola::gIdKod, shown.visits, shown.isChanged};
+    };
+    card.setPrinting(
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printTab(printTools(window), shown.tab, cardOf(shown), around.today(),
+                                &card);
+        },
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printCard(printTools(window), cardOf(shown), around.today(), &card);
+        });
     card.exec();
 }
 

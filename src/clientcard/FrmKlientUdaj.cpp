@@ -83,9 +83,10 @@ void FrmKlientUdaj::makePages() {
     }
 }
 
-void FrmKlientUdaj::setPrinting(std::function<void(const Shown&)> print) {
-    print_ = std::move(print);
-    foot_->setPrints(print_ != nullptr);
+void FrmKlientUdaj::setPrinting(Print tab, Print card) {
+    printTab_ = std::move(tab);
+    printCard_ = std::move(card);
+    foot_->setPrints(printTab_ != nullptr);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -154,7 +155,10 @@ FrmKlientUdaj::End FrmKlientUdaj::press(CardFoot::Button button) {
         cmdZapNewClick();
         break;
     case CardFoot::cmdTlac:
-        cmdTlacClick();
+        print(printTab_);
+        break;
+    case CardFoot::cmdTlacKartu:
+        print(printCard_);
         break;
     case CardFoot::cmdSave:
         break;
@@ -222,12 +226,10 @@ FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
     return Rejected;
 }
 
-void FrmKlientUdaj::cmdTlacClick() {
-    if (print_ == nullptr)
-        return;
+void FrmKlientUdaj::print(const Print& printed) {
     if (!draft_->isNew())
-        return print_(
-            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_->isChanged()});
+        return printed({pages_->current(), datedRecordsOf(u"k_navstevy", modKontrola::gIdKod),
+                        draft_->isChanged()});
     forms::showMessage(
         this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
                .title = QStringLiteral("Upozornenie"),

@@ -39,8 +39,9 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
         /// Something is typed that is not written.
         bool isChanged = false;
     };
-    /// What the button "Tlač záložku" does; without it the button is disabled.
-    void setPrinting(std::function<void(const Shown&)> print);
+    using Print = std::function<void(const Shown&)>;
+    /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
+    void setPrinting(Print tab, Print card);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -75,7 +76,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     End CmdZapClick();
     void cmdZapNewClick();
     End cmdStornoClick();
-    void cmdTlacClick();
+    void print(const Print& printed);
     void closeUnread();
     bool staysForRecord();
     bool endsByFrame();
@@ -91,7 +92,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::optional<SaveCycle> cycle_;
     std::optional<ClientDraft> draft_;
     std::optional<CardFoot> foot_;
-    std::function<void(const Shown&)> print_;
+    Print printTab_;
+    Print printCard_;
     card::InputNote input_;
     bool wasShown_ = false;
 };
