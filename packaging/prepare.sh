@@ -8,6 +8,7 @@ run_packages=(libqt6svg6 qt6-qpa-plugins)
 test_packages=(libgtest-dev poppler-utils)
 ci_packages=(git clang clang-format libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
+deb_packages=(git dpkg-dev debhelper fakeroot lintian librsvg2-bin desktop-file-utils appstream)
 
 is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

@@ -4,7 +4,10 @@
 #include "backup/FrmDearch_new.h"
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/Guard.h"
+#include "forms/MessageBox.h"
+#include "help/HelpWindow.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
 #include "printouts/CardPrints.h"
 #include "staff/FrmPsychUdaj.h"
@@ -12,6 +15,10 @@
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
 
 #include <map>
 
@@ -89,13 +96,14 @@ void openDialog(FrmUvod& window) {
 }
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
-bool isRegister(store::DBEngine& engine, const QString& path) {
-    const auto kind = oldregister::kindOf(path);
-    if (kind != oldregister::FileKind::Register)
-        return kind == oldregister::FileKind::OldRegister;
+bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
     try {
+        if (oldregister::kindOf(path) == oldregister::FileKind::OldRegister) {
+            oldregister::readThrough(path);
+            return true;
+        }
         engine.OpenDatabase(path).Close();
-        store::DBEngine::verifyDatabase(path);
+        store::DBEngine::verifyDatabase(path, tell);
         return true;
     } catch (const store::EngineError& error) {
         if (error.number() != store::ErrorNumber::UnrecognizedFile)
@@ -122,9 +130,10 @@ void archive(FrmUvod& window) {
 }
 
 void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
-    backup::FrmDearch_new form(around.engine, around.folder, [&around](const QString& path) {
-        return isRegister(around.engine, path);
-    });
+    backup::FrmDearch_new form(around.engine, around.folder,
+                               [&around](const QString& path, const store::TellProgress& tell) {
+                                   return isRegister(around.engine, path, tell);
+                               });
     form.setMode(QString::fromLatin1(mode));
     form.exec();
 }
@@ -136,6 +145,24 @@ void restore(FrmUvod& window) {
 /// The main window is just loading; it ends the run when this is done.
 void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
+}
+
+void showHelp(FrmUvod& window) {
+    help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
+}
+
+void showAbout(FrmUvod& window) {
+    const QString path = window.surroundings().folder.database();
+    const QLocale slovak(QLocale::Slovak, QLocale::Slovakia);
+    forms::showMessage(
+        &window,
+        {.text = QStringLiteral("TVK %1, register centra špeciálno-pedagogického poradenstva\n\n"
+                                "Slobodný softvér s licenciou GNU GPL, verzia 3 alebo novšia, bez "
+                                "záruky.\n\nRegister: %2\nVeľkosť: %3")
+                     .arg(QCoreApplication::applicationVersion(), QDir::toNativeSeparators(path),
+                          slovak.formattedDataSize(QFileInfo(path).size())),
+         .title = QStringLiteral("O programe"),
+         .icon = QMessageBox::Information});
 }
 
 /// Every screen that there is.
@@ -155,6 +182,8 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::Help, showHelp},
+        {Screen::About, showAbout},
     };
     return table;
 }

@@ -114,7 +114,8 @@ void PageView::adjust(double anchor) {
 
 void PageView::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    // Lines are a pixel wide and look broken where they fall between two.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.translate(sheetCorner());
     painter.fillRect(QRectF(QPointF(0, 0), sheetSize()), Qt::white);
     const double scale = zoom() * logicalDpiX() / twipsPerInch;

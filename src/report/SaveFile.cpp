@@ -30,8 +30,8 @@ QString suggestedPath(const QString& name, const QString& suffix) {
 }
 
 /// Empty when the user has cancelled.
-QString askPath(const FileKind& kind, const QString& title, QWidget* parent) {
-    QFileDialog dialog(parent, kind.caption, suggestedPath(title, kind.suffix));
+QString askPath(const FileKind& kind, const QString& name, QWidget* parent) {
+    QFileDialog dialog(parent, kind.caption, suggestedPath(name, kind.suffix));
     dialog.setObjectName(kind.dialog);
     // The system's own dialog speaks the system's language.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -63,9 +63,9 @@ SaveOutcome saveFile(const QString& path, const FileWriter& write) {
                 .arg(QDir::toNativeSeparators(path))};
 }
 
-std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& title,
+std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& name,
                                       const FileWriter& write, QWidget* parent) {
-    const QString chosen = askPath(kind, title, parent);
+    const QString chosen = askPath(kind, name, parent);
     if (chosen.isEmpty())
         return std::nullopt;
     if (chosen.endsWith(kind.suffix, Qt::CaseInsensitive))

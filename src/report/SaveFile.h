@@ -36,9 +36,9 @@ struct SaveOutcome {
 /// Writes a file, which is replaced as a whole or not at all.
 SaveOutcome saveFile(const QString& path, const FileWriter& write);
 
-/// Asks for the file's name, proposing the report's title in the folder of documents, and writes
+/// Asks for the file's name, proposing the pages' name in the folder of documents, and writes
 /// it. @return nothing when the user cancelled
-std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& title,
+std::optional<SaveOutcome> askAndSave(const FileKind& kind, const QString& name,
                                       const FileWriter& write, QWidget* parent);
 
 } // namespace report

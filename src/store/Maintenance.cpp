@@ -9,6 +9,7 @@
 #include "store/Query.h"
 #include "store/Schema.h"
 #include "store/SqlFunctions.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -206,6 +207,12 @@ void readDatesAnew(Connection& connection, const QString& table, const QString& 
     }
 }
 
+double bytesInUse(const Connection& connection) {
+    const qint64 pages = connection.number(QStringLiteral("PRAGMA page_count")) -
+                         connection.number(QStringLiteral("PRAGMA freelist_count"));
+    return static_cast<double>(pages * connection.number(QStringLiteral("PRAGMA page_size")));
+}
+
 void makeAllAnew(Connection& connection) {
     for (const TableDef& table : schema()) {
         makeAnew(connection, table);
@@ -238,6 +245,32 @@ void renewFrom(quint32 version, Connection& connection) {
     noteVersion(connection);
 }
 
+/// Calls now, and again and again as long as it lives, while SQLite works.
+class Heartbeat {
+  public:
+    Heartbeat(Connection& connection, const std::function<void()>& call) : connection_(connection) {
+        if (!call)
+            return;
+        call();
+        sqlite3_progress_handler(connection.handle(), stride, beat,
+                                 const_cast<std::function<void()>*>(&call));
+    }
+    ~Heartbeat() { sqlite3_progress_handler(connection_.handle(), 0, nullptr, nullptr); }
+    Heartbeat(const Heartbeat&) = delete;
+    Heartbeat& operator=(const Heartbeat&) = delete;
+
+  private:
+    /// Instructions of SQLite between two calls: some milliseconds.
+    static constexpr int stride = 100'000;
+
+    static int beat(void* call) {
+        (*static_cast<const std::function<void()>*>(call))();
+        return 0;
+    }
+
+    Connection& connection_;
+};
+
 } // namespace
 
 void createDatabase(const QString& path) {
@@ -253,22 +286,30 @@ void createDatabase(const QString& path) {
     begun.keep();
 }
 
-void vacuumInto(const QString& source, const QString& target) {
+void vacuumInto(const QString& source, const QString& target, const TellProgress& tell) {
     Connection connection(source, Connection::Access::ReadWrite);
     checkIdentity(connection);
+    const double bytes = bytesInUse(connection);
     Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
     query.bind(1, Cell(target.toStdString()));
-    query.run();
+    Watch(connection.handle(), [&] {
+        return !tell || tell(std::min(1.0, static_cast<double>(QFileInfo(target).size()) / bytes));
+    }).run([&query] { query.run(); });
 }
 
-void compactDatabase(const QString& source, const QString& target) {
+void compactDatabase(const QString& source, const QString& target, const TellProgress& tell) {
+    constexpr double copying = 0.4;
     refuseExisting(target);
     checkHeader(source);
     BegunFile begun(target);
-    vacuumInto(source, target);
+    const Share copied(tell, 0, copying);
+    copied(0);
+    vacuumInto(source, target, [&copied](double part) { return copied.tells(part); });
     auto synced = std::async(std::launch::async, [&target] { syncFile(target); });
+    const Share checked(tell, copying, 1);
+    checked(0);
     try {
-        checkCopy(target);
+        checkCopy(target, [&checked](double part) { return checked.tells(part); });
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), target);
     }
@@ -276,13 +317,13 @@ void compactDatabase(const QString& source, const QString& target) {
     begun.keep();
 }
 
-void verifyDatabase(const QString& path) {
+void verifyDatabase(const QString& path, const TellProgress& tell) {
     checkHeader(path);
     try {
         Connection connection(path, Connection::Access::ReadOnly);
         connection.execute(roomForChecks);
         checkIdentity(connection);
-        checkPages(connection);
+        checkAllPages(connection, tell);
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
     }
@@ -292,11 +333,12 @@ bool isUpToDate(Connection& connection) {
     return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
 }
 
-void bringUpToDate(Connection& connection) {
+void bringUpToDate(Connection& connection, const std::function<void()>& working) {
     const quint32 version = versionOf(connection);
     const bool isOld = version != schemaVersion;
     if (!isOld && isTextOrderCurrent(connection))
         return;
+    const Heartbeat heartbeat(connection, working);
     try {
         connection.writeAll([&] {
             if (isOld)
@@ -304,7 +346,7 @@ void bringUpToDate(Connection& connection) {
             else
                 connection.execute("REINDEX");
             noteTextOrder(connection);
-            checkPages(connection);
+            checkShape(connection);
             return true;
         });
         connection.commit();
