@@ -336,17 +336,19 @@ bool isUpToDate(Connection& connection) {
 void bringUpToDate(Connection& connection, const std::function<void()>& working) {
     const quint32 version = versionOf(connection);
     const bool isOld = version != schemaVersion;
-    if (!isOld && isTextOrderCurrent(connection))
+    const bool isSorted = isTextOrderCurrent(connection);
+    if (!isOld && isSorted)
         return;
     const Heartbeat heartbeat(connection, working);
     try {
         connection.writeAll([&] {
+            const bool makesIndexes = version < 2 || !isSorted;
+            if (version >= 2 && !isSorted)
+                connection.execute("REINDEX");
             if (isOld)
                 renewFrom(version, connection);
-            else
-                connection.execute("REINDEX");
             noteTextOrder(connection);
-            checkShape(connection);
+            makesIndexes ? checkShape(connection) : checkPages(connection);
             return true;
         });
         connection.commit();

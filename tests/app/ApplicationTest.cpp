@@ -210,7 +210,7 @@ TEST_F(WholeProgramTest, aListThatCannotBeReadIsToldOnceEndsAndCanBeChosenAnew) 
     EXPECT_EQ(grid->model()->rowCount(), 300);
 }
 
-TEST_F(WholeProgramTest, whatTheMenuPrintsComesInPreviews) {
+TEST_F(WholeProgramTest, thePrintOutsOfTheMenuComeInPreviews) {
     reg.execute({u"insert into c_zariad (kod, akronym) values ('01', 'VYCH')"_s});
     QStringList previews;
     const QString entries[] = {u"mniVek"_s,     u"mniVzd"_s,     u"mniZam"_s,
