@@ -13,6 +13,7 @@ class QLabel;
 namespace store {
 class BackgroundCheck;
 class EngineError;
+class IndexRepair;
 } // namespace store
 
 namespace mainwindow {
@@ -68,6 +69,8 @@ class FrmUvod : public QMainWindow {
     void tellUnloaded(const store::EngineError& error);
     void listFailed(const store::EngineError& error);
     bool indexesRepaired();
+    std::unique_ptr<store::IndexRepair> triedRepair();
+    void loadRepaired();
     void checkInBackground();
     void damageFound();
     void setControlsEnabled(bool enabled);

@@ -215,10 +215,18 @@ TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
         if (inTheBackground)
             reg.add(u"k_memo"_s, {{u"poznamky", QString(9 << 20, u'x')}});
         damage();
-        expectBox(question, "Upozornenie", QMessageBox::Warning, yesNo, QMessageBox::Yes);
+        boxes.expect({.text = QString::fromUtf8(question),
+                      .title = u"Upozornenie"_s,
+                      .icon = QMessageBox::Warning,
+                      .buttons = yesNo,
+                      .answer = QMessageBox::Yes,
+                      .meanwhile = [this] {
+                          find<QLabel>("lblSkolskyRok").setText(u"1999/2000"_s);
+                      }});
         open();
         ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
         EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(window->schoolYear(), u"1999/2000"_s) << "what was chosen before";
         EXPECT_EQ(reg.count(u"select * from k_zaklad where idkod='NOVAKJAN00'"_s), 1);
         reg.letGo();
         window->zavri();
@@ -243,7 +251,7 @@ TEST_F(MainWindow, aLargeRegisterOfAnOlderVersionIsBroughtToThisOneInSight) {
             told += shown->isVisible() ? shown->objectName() : QString();
     });
     open();
-    EXPECT_EQ(told, u"dlgUprava"_s);
+    EXPECT_EQ(told, u"dlgCakanie"_s);
     EXPECT_EQ(caption("lblSkolskyRok"), u"2006/2007"_s);
 }
 
