@@ -354,10 +354,14 @@ void FrmUvod::koniecTlacidlom() {
 }
 
 void FrmUvod::koniec() {
-    forms::guardedEnd([this] {
+    forms::ProgressForm form(QStringLiteral("frmKoniec"), QStringLiteral("Koniec"), nullptr);
+    form.setPatience(around_.patience);
+    forms::guardedEnd([this, &form] {
         zavri();
-        compactAndReplace(around_.engine, around_.folder);
+        compactAndReplace(around_.engine, around_.folder,
+                          form.progress(QStringLiteral("Údaje sa zhusťujú …")));
     });
+    form.hide();
     around_.endRun();
 }
 

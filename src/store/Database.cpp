@@ -69,6 +69,17 @@ QueryDef Database::QueryDefs(const QString& name) {
     return {connection_, name};
 }
 
+void Database::CreateQueryDef(const QString& name, const QString& sql) {
+    Connection& connection = opened(connection_);
+    if (connection.storedQuery(name))
+        throw EngineError(ErrorNumber::ObjectExists,
+                          QStringLiteral("Objekt %1 už v databáze je.").arg(name), name);
+    Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
+    query.bind(1, Cell(name.toStdString()));
+    query.bind(2, Cell(sql.toStdString()));
+    runWrite(connection, query);
+}
+
 void Database::Close() {
     const auto last = std::move(connection_);
     connection_.reset();
@@ -168,17 +179,18 @@ Database DBEngine::OpenDatabase(const QString& path) {
     return Database(impl_->open(canonical.isEmpty() ? path : canonical));
 }
 
-void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&) {
+void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&,
+                               const TellProgress& tell) {
     commitPending();
-    compactDatabase(source, target);
+    compactDatabase(source, target, tell);
 }
 
 void DBEngine::CreateDatabase(const QString& path) {
     createDatabase(path);
 }
 
-void DBEngine::verifyDatabase(const QString& path) {
-    store::verifyDatabase(path);
+void DBEngine::verifyDatabase(const QString& path, const TellProgress& tell) {
+    store::verifyDatabase(path, tell);
 }
 
 bool DBEngine::owesFullCheck(const QString& path) {

@@ -4,11 +4,14 @@
 #include "store/EngineError.h"
 #include "store/Query.h"
 #include "store/Schema.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace store {
 
@@ -88,11 +91,6 @@ void checkHeaderOf(QFile& file) {
         refuse(path, QStringLiteral("Súbor má neznámy formát."));
     if (header.pageSize() < 512 || file.size() < header.pageSize() * header.pageCount())
         refuse(path, QStringLiteral("Súbor je neúplný."));
-}
-
-quint32 pragma(Connection& connection, const QString& name) {
-    Query query(connection.handle(), QStringLiteral("PRAGMA %1").arg(name));
-    return query.step() ? static_cast<quint32>(query.integer(0)) : 0;
 }
 
 bool hasTable(Connection& connection, const QString& name, const QStringList& columns) {
@@ -193,15 +191,15 @@ void checkHeader(const QString& path) {
 
 void checkIdentity(Connection& connection) {
     asUnrecognized(connection, [&] {
-        checkOwner(connection.path(), pragma(connection, QStringLiteral("application_id")),
-                   versionOf(connection));
+        const qint64 application = connection.number(QStringLiteral("PRAGMA application_id"));
+        checkOwner(connection.path(), static_cast<quint32>(application), versionOf(connection));
         checkTables(connection);
         refuseActingParts(connection);
     });
 }
 
 quint32 versionOf(Connection& connection) {
-    return pragma(connection, QStringLiteral("user_version"));
+    return static_cast<quint32>(connection.number(QStringLiteral("PRAGMA user_version")));
 }
 
 void checkPages(Connection& connection) {
@@ -211,6 +209,46 @@ void checkPages(Connection& connection) {
 
 void checkShape(Connection& connection) {
     asUnrecognized(connection, [&] { checkIntegrity(connection, QStringLiteral("quick_check")); });
+}
+
+namespace {
+
+/// Instructions for each row, for each of its columns and for each entry in an index.
+qint64 perRow(Connection& connection, const QString& table) {
+    Query parts(connection.handle(),
+                QStringLiteral("SELECT 3 + (SELECT count(*) FROM pragma_table_info(?1)) + "
+                               "4 * (SELECT count(*) FROM pragma_index_list(?1))"));
+    parts.bind(1, Cell(table.toStdString()));
+    return parts.step() ? parts.integer(0) : 0;
+}
+
+qint64 rowsOf(const Connection& connection, const QString& table) {
+    return connection.number(QStringLiteral("SELECT max(rowid) FROM ") + sqlName(table));
+}
+
+} // namespace
+
+std::vector<CheckLoad> checkLoads(Connection& connection) {
+    std::vector<CheckLoad> loads{{0, QStringLiteral("sqlite_schema")}};
+    Query tables(connection.handle(),
+                 QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"));
+    while (tables.step())
+        loads.push_back({0, tables.text(0)});
+    for (CheckLoad& load : loads)
+        load.instructions = rowsOf(connection, load.table) * perRow(connection, load.table);
+    std::ranges::sort(loads, {}, &CheckLoad::instructions);
+    return loads;
+}
+
+void checkAllPages(Connection& connection, const TellProgress& tell) {
+    qint64 all = 1;
+    for (const CheckLoad& load : checkLoads(connection))
+        all += load.instructions;
+    qint64 done = 0;
+    Watch(connection.handle(), [&] {
+        done += Watch::stride;
+        return !tell || tell(std::min(1.0, static_cast<double>(done) / static_cast<double>(all)));
+    }).run([&connection] { checkPages(connection); });
 }
 
 void checkTable(Connection& connection, const QString& name) {
