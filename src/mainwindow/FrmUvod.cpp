@@ -7,7 +7,6 @@
 #include "mainwindow/Exit.h"
 #include "mainwindow/ListPane.h"
 #include "mainwindow/SchoolYear.h"
-#include "mainwindow/WaitNotice.h"
 #include "statreturn/ReturnPrints.h"
 #include "store/BackgroundCheck.h"
 #include "store/EngineError.h"
@@ -176,6 +175,11 @@ bool FrmUvod::fileFound() {
     return !ukoncit_;
 }
 
+/// Nothing of a window that is on show may be pressed while something works on the register.
+std::chrono::milliseconds FrmUvod::patience() const {
+    return isVisible() ? std::chrono::milliseconds(0) : around_.patience;
+}
+
 /// The first source opens the register, which may have to be brought to this version then.
 void FrmUvod::openData() {
     const auto point = [this](store::DataSource& source, const QString& sql) {
@@ -183,11 +187,15 @@ void FrmUvod::openData() {
         source.setRecordSource(sql);
         source.Refresh();
     };
-    WaitNotice notice(
-        QStringLiteral("Register sa prispôsobuje tejto verzii programu. Stane sa to len raz."));
+    forms::ProgressForm form(QStringLiteral("frmUprava"), QCoreApplication::applicationName(),
+                             nullptr);
+    form.setPatience(patience());
+    form.setEndless();
     const auto end = qScopeGuard([this] { around_.engine.whileUpgrading({}); });
-    if (store::DBEngine::owesFullCheck(around_.folder.database()))
-        around_.engine.whileUpgrading([&notice] { notice.showWork(); });
+    around_.engine.whileUpgrading(
+        [tell = form.progress(QStringLiteral(
+             "Register sa raz prispôsobuje tejto verzii programu. Pri veľkom registri to môže "
+             "trvať aj niekoľko minút. Prosím, počkajte."))] { tell(0); });
     point(sources_->datGrid, QStringLiteral("select * from k_zaklad"));
     point(sources_->datTlac, QStringLiteral("select * from k_zaklad"));
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
@@ -234,11 +242,17 @@ void FrmUvod::listFailed(const store::EngineError& error) {
 
 /// Only when it has come out well is there anything to ask. @throws store::EngineError
 std::unique_ptr<store::IndexRepair> FrmUvod::triedRepair() {
-    WaitNotice notice(QStringLiteral("V súbore s údajmi sa našlo poškodenie, skúša sa jeho "
-                                     "oprava na kópii."));
-    if (store::DBEngine::owesFullCheck(around_.folder.database()))
-        notice.showWork();
-    return store::IndexRepair::tryMake(around_.folder.database());
+    forms::ProgressForm form(QStringLiteral("frmOprava"), QCoreApplication::applicationName(),
+                             nullptr);
+    form.setPatience(patience());
+    try {
+        return store::IndexRepair::tryMake(
+            around_.folder.database(),
+            form.progress(QStringLiteral("V súbore s údajmi sa našlo poškodenie, skúša sa jeho "
+                                         "oprava na kópii …")));
+    } catch (const store::GivenUp&) {
+        return nullptr;
+    }
 }
 
 /// Whether only the indexes were damaged and have been made anew, with the user's consent.

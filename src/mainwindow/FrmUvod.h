@@ -63,6 +63,7 @@ class FrmUvod : public QMainWindow {
 
     void load();
     bool fileFound();
+    std::chrono::milliseconds patience() const;
     void openData();
     void finishLoad();
     bool ensureLoaded();
