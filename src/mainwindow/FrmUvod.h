@@ -14,6 +14,7 @@ class QMenu;
 namespace store {
 class BackgroundCheck;
 class EngineError;
+class IndexRepair;
 } // namespace store
 
 namespace mainwindow {
@@ -64,6 +65,7 @@ class FrmUvod : public QMainWindow {
 
     void load();
     bool fileFound();
+    std::chrono::milliseconds patience() const;
     void openData();
     void finishLoad();
     bool ensureLoaded();
@@ -72,6 +74,8 @@ class FrmUvod : public QMainWindow {
     void tellUnloaded(const store::EngineError& error);
     void listFailed(const store::EngineError& error);
     bool indexesRepaired();
+    std::unique_ptr<store::IndexRepair> triedRepair();
+    void loadRepaired();
     void checkInBackground();
     void damageFound();
     void setControlsEnabled(bool enabled);
