@@ -137,3 +137,14 @@ TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatW
     EXPECT_EQ(at("textSur(0)").text() + at<forms::RowList>("DBList1").itemText(0),
               text("AdamAdam"));
 }
+
+TEST_F(LateFaultTest, OfASaveThatIsUndoneNothingElseIsToldThanWhy) {
+    openClient();
+    typeInto("textKrz(12)", "dlha");
+    typeNote("pozn");
+    refuse("update on k_zaklad");
+    pressInVain("CmdZap");
+    refuseNoMore();
+    click("CmdZap");
+    EXPECT_EQ(stored("ulica") + stored("poznamky", "k_memo"), text("Dlha<p>pozn</p>"));
+}
