@@ -202,8 +202,8 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 }
 
 void RecordTab::act(Button button) {
-    frame_.perform([&] { press(button); });
-    frame_.perform([this] { closeLostRecord(); });
+    frame_.actions().perform([&] { press(button); });
+    frame_.actions().perform([this] { closeLostRecord(); });
 }
 
 void RecordTab::press(Button button) {
