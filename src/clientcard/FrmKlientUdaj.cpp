@@ -83,7 +83,7 @@ void FrmKlientUdaj::makePages() {
     }
 }
 
-void FrmKlientUdaj::setPrinting(std::function<void(int)> print) {
+void FrmKlientUdaj::setPrinting(std::function<void(const Shown&)> print) {
     print_ = std::move(print);
     foot_->setPrints(print_ != nullptr);
 }
@@ -154,8 +154,7 @@ FrmKlientUdaj::End FrmKlientUdaj::press(CardFoot::Button button) {
         cmdZapNewClick();
         break;
     case CardFoot::cmdTlac:
-        if (print_)
-            print_(pages_->current());
+        cmdTlacClick();
         break;
     case CardFoot::cmdSave:
         break;
@@ -221,6 +220,18 @@ FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
     draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
+}
+
+void FrmKlientUdaj::cmdTlacClick() {
+    if (print_ == nullptr)
+        return;
+    if (!draft_->isNew())
+        return print_(
+            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_->isChanged()});
+    forms::showMessage(
+        this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
+               .title = QStringLiteral("Upozornenie"),
+               .icon = QMessageBox::Warning});
 }
 
 /// A card that can't be read closes, unless the user has entered anything. What of it differs from

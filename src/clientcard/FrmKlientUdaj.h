@@ -31,9 +31,16 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
                   QWidget* parent = nullptr);
     ~FrmKlientUdaj() override;
 
-    /// What the button "Tlač záložku" does with the number of the tab on show; without it the
-    /// button is disabled.
-    void setPrinting(std::function<void(int tab)> print);
+    /// What is to be printed of a client whose row is written; the key is in `gIdKod`.
+    struct Shown {
+        int tab = 0;
+        /// The record source of the list of visits.
+        QString visits;
+        /// Something is typed that is not written.
+        bool isChanged = false;
+    };
+    /// What the button "Tlač záložku" does; without it the button is disabled.
+    void setPrinting(std::function<void(const Shown&)> print);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -67,6 +74,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     End CmdZapClick();
     void cmdZapNewClick();
     End cmdStornoClick();
+    void cmdTlacClick();
     void closeUnread();
     bool staysForRecord();
     bool endsByFrame();
@@ -82,7 +90,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::optional<SaveCycle> cycle_;
     std::optional<ClientDraft> draft_;
     std::optional<CardFoot> foot_;
-    std::function<void(int)> print_;
+    std::function<void(const Shown&)> print_;
     card::InputNote input_;
     bool wasShown_ = false;
 };

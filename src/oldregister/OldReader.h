@@ -1,6 +1,7 @@
 #pragma once
 
 #include "oldregister/Messages.h"
+#include "store/Process.h"
 
 #include <QProcess>
 
@@ -10,8 +11,7 @@ namespace oldregister {
 
 /// What the reading process may take.
 struct ReaderLimits {
-    int megabytes = 120;
-    int processorSeconds = 120;
+    store::ProcessLimits process{.megabytes = 120, .processorSeconds = 120};
     int silentSeconds = 20;
 };
 

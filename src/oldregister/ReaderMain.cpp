@@ -3,12 +3,10 @@
 #include "oldregister/FileKind.h"
 #include "oldregister/Messages.h"
 #include "oldregister/OldRows.h"
+#include "store/Process.h"
 #include "store/Schema.h"
 
 #include <QFile>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <cstring>
 #include <deque>
@@ -17,35 +15,26 @@ namespace oldregister {
 
 namespace {
 
-/// The pipe to the program, kept from whatever the library prints.
+/// Nobody who listens is left.
+struct Unheard {};
+
+/// Sends messages to the program, many at a time.
 class Pipe {
   public:
-    Pipe() : number_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        ::dup2(nowhere, STDOUT_FILENO);
-        ::dup2(nowhere, STDERR_FILENO);
-    }
     void send(const Message& message) {
         buffer_ += packed(message);
         if (buffer_.size() > enough)
             flush();
     }
-    /// Nobody who listens is left once writing fails.
     void flush() {
-        qsizetype sent = 0;
-        while (sent < buffer_.size()) {
-            const auto now = ::write(number_, buffer_.constData() + sent,
-                                     static_cast<size_t>(buffer_.size() - sent));
-            if (now <= 0)
-                ::_exit(1);
-            sent += now;
-        }
+        if (!output_.write(buffer_))
+            throw Unheard();
         buffer_.clear();
     }
 
   private:
     static constexpr qsizetype enough = 60'000;
-    int number_;
+    store::OutputPipe output_;
     QByteArray buffer_;
 };
 
@@ -58,6 +47,7 @@ struct Found {
     std::deque<OldTableReader> readers;
     /// Pages of the file.
     quint64 pages = 0;
+    int descriptionsBehindEnd = 0;
 };
 
 bool isListed(const TableList& list, const QString& name) {
@@ -76,8 +66,7 @@ void look(MdbCatalogEntry& entry, Found& found) {
         found.list.foreign.push_back(name);
         return;
     }
-    if (entry.table_pg >= found.pages)
-        throw CutOff();
+    found.descriptionsBehindEnd += entry.table_pg >= found.pages ? 1 : 0;
     OldTableReader reader(entry);
     if (!reader.isOpen()) {
         found.list.unreadable.push_back(name);
@@ -87,18 +76,24 @@ void look(MdbCatalogEntry& entry, Found& found) {
     found.readers.push_back(std::move(reader));
 }
 
+/// @throws CutOff when rows are missing that lay behind the end; a lone place there is no more than
+/// a damaged number
 void sendRows(const Found& found, quint32 table, Pipe& pipe) {
+    quint32 read = 0;
+    bool leadsBehindEnd = false;
     OldRows rows(
         found.readers[table],
         [&](std::vector<OldValue> values) {
+            ++read;
             pipe.send(OldRow{table, std::move(values)});
         },
         [&](quint32 page, quint32 lost) {
-            if (page >= found.pages)
-                throw CutOff();
+            leadsBehindEnd = leadsBehindEnd || page >= found.pages;
             pipe.send(BrokenPage{table, page, lost});
         });
     rows.readAll();
+    if (leadsBehindEnd && read < found.list.tables[table].rows)
+        throw CutOff();
 }
 
 std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
@@ -115,6 +110,8 @@ std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
     found.pages = static_cast<quint64>(size / MDB_PGSIZE);
     for (MdbCatalogEntry* entry : catalogue)
         look(*entry, found);
+    if (found.descriptionsBehindEnd > 1)
+        throw CutOff();
     pipe.send(found.list);
     for (quint32 table = 0; table < found.readers.size(); ++table)
         sendRows(found, table, pipe);
@@ -134,12 +131,16 @@ std::optional<QString> sendAllOrRefuse(const QByteArray& path, Pipe& pipe) {
 std::optional<int> runAsReader(int argc, char** argv) {
     if (argc != 3 || std::strcmp(argv[1], readerWord) != 0)
         return std::nullopt;
-    Pipe pipe;
-    if (const auto refused = sendAllOrRefuse(argv[2], pipe))
-        pipe.send(Refusal{*refused});
-    else
-        pipe.send(EndOfFile());
-    pipe.flush();
+    try {
+        Pipe pipe;
+        if (const auto refused = sendAllOrRefuse(argv[2], pipe))
+            pipe.send(Refusal{*refused});
+        else
+            pipe.send(EndOfFile());
+        pipe.flush();
+    } catch (const Unheard&) {
+        return 1;
+    }
     return 0;
 }
 
