@@ -132,6 +132,7 @@ TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatW
         QTest::qWait(0);
         EXPECT_EQ(card->isVisible(), typed);
         EXPECT_EQ(field(12).text(), typed ? text("Dlha 1") : QString());
+        EXPECT_FALSE(at<QPushButton>("cmdSurNovy").isEnabled()) << "its fields show no record";
         faults::install({});
     }
     // What could not be read is read when it is turned to again.
