@@ -81,8 +81,7 @@ class CardDriver : public testing::Test {
         key(Qt::Key_Return);
     }
     void press(QWidget& widget) {
-        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
-                          widget.mapTo(&*card, widget.rect().center()));
+        support::press(widget);
         boxes.allCame();
     }
     void click(const char* button) { press(at<QPushButton>(button)); }
@@ -96,7 +95,7 @@ class CardDriver : public testing::Test {
     }
     void expect(const char* message, const char* title = "Chybová správa",
                 QMessageBox::Icon icon = QMessageBox::Warning) {
-        boxes.expect({.text = text(message), .title = text(title), .icon = icon});
+        boxes.expectTold(text(message), text(title), icon);
     }
     /// Enter alone is No.
     void expectQuestion(const QString& question, const QString& title,
