@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QString>
 
@@ -68,6 +69,18 @@ void moveToFreeName(const QString& from, const QString& to);
 /// @return false where the file system gives none
 /// @throws EngineError 3204 when another file has that name
 bool addName(const QString& path, const QString& second);
+
+/// Copies a file, durable on return and readable by its owner only; nothing stays of one that
+/// fails.
+/// @throws EngineError 3204 when the target exists; GivenUp
+void copyFile(const QString& from, const QString& to, const TellProgress& tell = {});
+
+/// Keeps a file under another name as well: by a second name, or as a copy where the file system
+/// gives none. @throws EngineError 3204 when another file has that name
+void keepAs(const QString& path, const QString& kept);
+
+/// Where the file lies, or would lie, that a path leads to through links.
+QString behindLinks(const QString& path);
 
 /// What SQLite may leave beside a register, as it is called behind the register's name.
 inline constexpr const char16_t* journalSuffixes[] = {u"-journal", u"-wal", u"-shm"};

@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <vector>
 
 namespace store {
 
@@ -69,6 +70,28 @@ void rename(const QString& from, const QString& to, unsigned flags) {
                     QFile::encodeName(to).constData(), flags) != 0)
         throw systemError(errno, errno == EEXIST ? to : from);
     syncFolderOf(to);
+}
+
+/// Into a file that is there already.
+void copyBytes(const QString& from, const QString& to, const Share& share) {
+    constexpr qint64 portion = 1 << 18;
+    QFile source(from);
+    if (!source.open(QIODevice::ReadOnly))
+        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Súbor sa nedá čítať."), from);
+    QFile target(to);
+    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Súbor sa nedá vytvoriť."), to);
+    std::vector<char> bytes(portion);
+    qint64 done = 0;
+    for (qint64 count = 0; (count = source.read(bytes.data(), portion)) > 0;) {
+        if (target.write(bytes.data(), count) != count)
+            throw EngineError(ErrorNumber::DiskFull,
+                              QStringLiteral("Súbor sa nedá zapísať, disk je asi plný."), to);
+        done += count;
+        share(static_cast<double>(done) / static_cast<double>(source.size()));
+    }
+    if (done != source.size())
+        throw EngineError(ErrorNumber::DiskError, QStringLiteral("Súbor sa nedá čítať."), from);
 }
 
 void limit(__rlimit_resource what, rlim_t most) {
@@ -150,6 +173,40 @@ bool addName(const QString& path, const QString& second) {
     syncFile(second);
     syncFolderOf(second);
     return true;
+}
+
+void copyFile(const QString& from, const QString& to, const TellProgress& tell) {
+    createPrivateFile(to);
+    try {
+        copyBytes(from, to, Share(tell, 0, 1));
+        syncFile(to);
+    } catch (...) {
+        QFile::remove(to);
+        throw;
+    }
+}
+
+void keepAs(const QString& path, const QString& kept) {
+    if (addName(path, kept))
+        return;
+    const QString begun = kept + QStringLiteral(".kopia");
+    QFile::remove(begun);
+    copyFile(path, begun);
+    try {
+        takeOwnerOf(path, begun);
+        moveToFreeName(begun, kept);
+    } catch (...) {
+        QFile::remove(begun);
+        throw;
+    }
+}
+
+QString behindLinks(const QString& path) {
+    const QFileInfo info(path);
+    const QString found = info.canonicalFilePath();
+    if (!found.isEmpty())
+        return found;
+    return info.isSymLink() ? info.symLinkTarget() : path;
 }
 
 void moveJournals(const QString& from, const QString& to) {

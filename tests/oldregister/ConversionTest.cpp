@@ -37,13 +37,30 @@ QByteArray withByte(QByteArray file, qsizetype at, char value) {
     return file;
 }
 
+/// Where the table with that column is described.
+qsizetype definitionIn(const QByteArray& file, const QString& column) {
+    for (qsizetype page = pageSize; page < file.size(); page += pageSize)
+        if (file[page] == 2 && file.mid(page, pageSize).contains(wide(column)))
+            return page;
+    return 0;
+}
+
+/// The map of the clients' pages lists one more, which is none of the file.
+QByteArray withPageBehindEnd(QByteArray file) {
+    const auto numberAt = [&](qsizetype at) {
+        return qsizetype{qFromLittleEndian<quint32>(file.constData() + at)};
+    };
+    const qsizetype rows =
+        (numberAt(definitionIn(file, QStringLiteral("kon_pomer")) + 0x37) >> 8) * pageSize;
+    const qsizetype firstRow = rows + (numberAt(rows + 14) & 0x1fff);
+    const qsizetype map = numberAt(firstRow + 1) * pageSize;
+    return withByte(file, map + 4 + 480 / 8, 1);
+}
+
 /// Empties the first page of a kind that belongs to the table with that column, or describes it.
 QByteArray withoutPage(QByteArray file, char kind,
                        const QString& column = QStringLiteral("kon_pomer")) {
-    qsizetype definition = 0;
-    for (qsizetype page = pageSize; page < file.size() && definition == 0; page += pageSize)
-        if (file[page] == 2 && file.mid(page, pageSize).contains(wide(column)))
-            definition = page;
+    const qsizetype definition = definitionIn(file, column);
     for (qsizetype page = pageSize; page < file.size(); page += pageSize) {
         const bool isOwn =
             kind == 2 ? page == definition
@@ -90,11 +107,19 @@ class Conversion : public testing::Test {
 
 TEST_F(Conversion, TakesEveryRowOver) {
     const QByteArray whole = sample::bytes();
-    for (const QByteArray& bytes :
-         {whole, sample::encoded(whole), sample::encoded(sample::withPassword(whole))}) {
+    const QByteArray locked = sample::withPassword(whole);
+    const std::pair<QByteArray, const char*> cases[] = {
+        {whole, ""},
+        {locked, "Pôvodný súbor má heslo"},
+        {sample::encoded(whole), "Pôvodný súbor je zakódovaný"},
+        {sample::encoded(locked), "Pôvodný súbor má heslo a je zakódovaný"}};
+    for (const auto& [bytes, protection] : cases) {
         files::write(oldFile, bytes);
         QFile::remove(newFile);
-        EXPECT_EQ(convert(oldFile, newFile).rowsWritten(), 536);
+        const ConversionReport report = convert(oldFile, newFile);
+        EXPECT_EQ(report.rowsWritten(), 536);
+        EXPECT_EQ(report.protection.section(u'.', 0, 0).toStdString(), protection);
+        EXPECT_TRUE(report.text().contains(report.protection));
         EXPECT_EQ(files::read(oldFile), bytes);
         EXPECT_EQ(files::namesIn(folder.path()).size(), 2);
         const QTemporaryDir out;
@@ -126,6 +151,8 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         {"header alone", whole.first(pageSize), u"Súbor je"},
         {"no catalogue", QByteArray(whole).replace(2 * pageSize, pageSize, QByteArray(pageSize, 0)),
          u"Súbor je poškodený"},
+        {"a page behind the end", withPageBehindEnd(whole),
+         u"k_zaklad): strana 480 súboru je poškodená"},
         {"no description of clients", withoutPage(whole, 2), u"tabuľka klientov sa nedá prečítať"},
         {"a page of clients lost", withoutPage(whole, 1),
          u"súbor hovorí o 40 riadkoch, čitateľných je"},

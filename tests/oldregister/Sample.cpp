@@ -54,8 +54,8 @@ void expectTables(const QString& folder) {
     const QStringList names = files::namesIn(tables);
     EXPECT_EQ(files::namesIn(folder), names);
     for (const QString& name : names)
-        EXPECT_EQ(files::read(folder + u'/' + name).toStdString(),
-                  files::read(tables + u'/' + name).toStdString())
+        // Whole tables are too long to be read in a message.
+        EXPECT_TRUE(files::read(folder + u'/' + name) == files::read(tables + u'/' + name))
             << name.toStdString();
 }
 
