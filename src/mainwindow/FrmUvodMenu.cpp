@@ -21,6 +21,7 @@ struct ItemTraits {
     QStringView name;
     QStringView caption;
     Screen screen;
+    bool isBehindSeparator = false;
 };
 
 struct MenuTraits {
@@ -45,7 +46,8 @@ const std::array<MenuTraits, 3>& menus() {
          u"Servis",
          u"Alt+S",
          {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
-          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore}}},
+          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore},
+          {u"mniZalohy", u"Zálohy…", Screen::Copies, true}}},
         // A menu without items acts on its own click.
         {u"mnuKoniec", u"Koniec", u"Alt+K", {}},
     }};
@@ -65,6 +67,8 @@ void FrmUvod::buildMenu() {
             menu->setObjectName(traits.name.toString());
             action = menu->menuAction();
             for (const ItemTraits& item : traits.items) {
+                if (item.isBehindSeparator)
+                    menu->addSeparator();
                 QAction* entry = menu->addAction(item.caption.toString());
                 entry->setObjectName(item.name.toString());
                 connect(entry, &QAction::triggered, this, [this, screen = item.screen] {

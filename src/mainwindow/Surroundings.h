@@ -29,6 +29,7 @@ enum class Screen {
     PrintZozKlient,
     Archive,
     Restore,
+    Copies,
     RestoreAtStart,
 };
 
