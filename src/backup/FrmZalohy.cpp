@@ -122,8 +122,10 @@ void FrmZalohy::fill() {
         const int row = static_cast<int>(archives.size());
         lstZalohy_->setItem(row, Made,
                             newItem(copy.made.toString(QStringLiteral("dd.MM.yyyy  HH:mm:ss"))));
-        lstZalohy_->setItem(row, Size,
-                            newItem(slovak().formattedDataSize(copy.size, 1), Qt::AlignRight));
+        lstZalohy_->setItem(
+            row, Size,
+            newItem(slovak().formattedDataSize(copy.size, 1, QLocale::DataSizeTraditionalFormat),
+                    Qt::AlignRight));
         lstZalohy_->setItem(row, Clients, newItem({}, Qt::AlignRight));
         lstZalohy_->setItem(row, State, newItem(QStringLiteral("kontroluje sa …")));
         archives.push_back(copy.path);

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QTableWidget>
 
 namespace tour {
 
@@ -59,6 +60,31 @@ void walkTableOne(Guide& guide, mainwindow::FrmUvod& window) {
     window.findChild<QAction*>(QStringLiteral("mniVek"))->trigger();
     if (QFile(guide.path(QStringLiteral("rptVek.pdf"))).size() == 0)
         giveUp(QStringLiteral("Table I gave no print-out"));
+}
+
+void walkCopies(Guide& guide, mainwindow::FrmUvod& window) {
+    const auto choose = [&window](const QString& entry) {
+        window.findChild<QAction*>(entry)->trigger();
+    };
+    for (const bool isChanged : {false, true}) {
+        if (isChanged)
+            window.surroundings()
+                .engine.OpenDatabase(window.surroundings().folder.database())
+                .Execute(QStringLiteral("update k_zaklad set kon_tel = '037 651 23 45'"));
+        choose(QStringLiteral("mnuKoniec"));
+        window.open();
+    }
+    guide.key(Qt::Key_S, Qt::AltModifier);
+    guide.picture(QStringLiteral("ponuka-servis"));
+    guide.key(Qt::Key_Escape);
+    guide.inModalWindow([&guide](QWidget& form) {
+        auto* list = form.findChild<QTableWidget*>(QStringLiteral("lstZalohy"));
+        while (list->item(list->rowCount() - 1, list->columnCount() - 1)->text().endsWith(u'…'))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        guide.picture(QStringLiteral("zalohy"));
+        guide.key(Qt::Key_Escape);
+    });
+    choose(QStringLiteral("mniZalohy"));
 }
 
 } // namespace tour

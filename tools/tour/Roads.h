@@ -17,5 +17,7 @@ void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
 void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+/// Ends the program twice, with a change in between, and looks at the copies that this left.
+void walkCopies(Guide& guide, mainwindow::FrmUvod& window);
 
 } // namespace tour
