@@ -2,6 +2,7 @@
 
 #include "backup/FrmArch_new.h"
 #include "backup/FrmDearch_new.h"
+#include "backup/FrmZalohy.h"
 #include "clientcard/FrmKlientUdaj.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
@@ -146,17 +147,26 @@ void archive(FrmUvod& window) {
     whileClosed(window, [&around] { backup::FrmArch_new(around.engine, around.folder).exec(); });
 }
 
-void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
+void restoreAs(const char* mode, const mainwindow::Surroundings& around, const QString& copy = {}) {
     backup::FrmDearch_new form(around.engine, around.folder,
                                [&around](const QString& path, const store::TellProgress& tell) {
                                    return isRegister(around.engine, path, tell);
                                });
     form.setMode(QString::fromLatin1(mode));
+    form.setArchive(copy);
     form.exec();
 }
 
 void restore(FrmUvod& window) {
     whileClosed(window, [&window] { restoreAs("MENU", window.surroundings()); });
+}
+
+void copies(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    backup::FrmZalohy form(around.folder, &window);
+    form.exec();
+    if (form.toRestore())
+        whileClosed(window, [&] { restoreAs("MENU", around, *form.toRestore()); });
 }
 
 /// The main window is just loading; it ends the run when this is done.
@@ -199,6 +209,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
+        {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},

@@ -320,8 +320,8 @@ void FrmUvod::connectDB() {
 }
 
 void FrmUvod::openScreen(Screen screen) {
-    const bool needsData =
-        screen != Screen::Archive && screen != Screen::Restore && screen != Screen::RestoreAtStart;
+    const bool needsData = screen != Screen::Archive && screen != Screen::Restore &&
+                           screen != Screen::RestoreAtStart && screen != Screen::Copies;
     if (!needsData || ensureLoaded())
         around_.open(screen, *this);
 }
@@ -373,14 +373,8 @@ void FrmUvod::koniecTlacidlom() {
 }
 
 void FrmUvod::koniec() {
-    forms::ProgressForm form(QStringLiteral("frmKoniec"), QStringLiteral("Koniec"), nullptr);
-    form.setPatience(around_.patience);
-    forms::guardedEnd([this, &form] {
-        zavri();
-        compactAndReplace(around_.engine, around_.folder,
-                          form.progress(QStringLiteral("Údaje sa zhusťujú …")));
-    });
-    form.hide();
+    forms::guardedEnd([this] { zavri(); });
+    leaveInOrder(around_);
     around_.endRun();
 }
 

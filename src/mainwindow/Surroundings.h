@@ -31,6 +31,7 @@ enum class Screen {
     ClientsInReturn,
     Archive,
     Restore,
+    Copies,
     RestoreAtStart,
     Help,
     About,

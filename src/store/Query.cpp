@@ -80,6 +80,10 @@ bool Query::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
 }
 
+std::string_view Query::bytes(int column) const {
+    return textOf(statement_.get(), column);
+}
+
 QString Query::text(int column) const {
     return fromUtf8(textOf(statement_.get(), column));
 }

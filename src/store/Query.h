@@ -41,6 +41,8 @@ class Query {
     bool isNull(int column) const;
     qint64 integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
     QString text(int column) const;
+    /// A column as text in UTF-8, valid until the next step.
+    std::string_view bytes(int column) const;
 
   private:
     friend class RowBlock;
