@@ -3,6 +3,7 @@
 #include "backup/FrmArch_new.h"
 #include "backup/FrmDearch_new.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "mainwindow/FrmUvod.h"
@@ -112,6 +113,28 @@ void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
 }
 
+/// @return true when a damaged file is to be repaired
+bool checkedFileIsDamaged(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    datacheck::FrmKontrola form(
+        around.engine, around.folder,
+        [&window](datacheck::FrmKontrola::Card card) {
+            openScreen(card == datacheck::FrmKontrola::Card::Client ? Screen::ClientCard
+                                                                    : Screen::EmployeeCard,
+                       window);
+        },
+        &window);
+    form.exec();
+    return form.wantsRepair();
+}
+
+void checkData(FrmUvod& window) {
+    if (checkedFileIsDamaged(window))
+        window.opravSubor();
+    else
+        window.obnovZoznam();
+}
+
 /// Every screen that there is. What is missing here is told to the user as not ready yet.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
@@ -127,6 +150,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::DataCheck, checkData},
     };
     return table;
 }

@@ -254,6 +254,10 @@ void FrmUvod::damageFound() {
     if (QApplication::activeModalWidget() != nullptr ||
         QApplication::activePopupWidget() != nullptr)
         return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
+    opravSubor();
+}
+
+void FrmUvod::opravSubor() {
     loadFailed({store::ErrorNumber::UnrecognizedFile, {}});
     if (ukoncit_)
         close();
@@ -269,6 +273,10 @@ void FrmUvod::setControlsEnabled(bool enabled) {
 
 void FrmUvod::nastavSkolskyRok() {
     panel_->setSchoolYear(defaultSchoolYear(around_.today()));
+}
+
+void FrmUvod::obnovZoznam() {
+    lists_->obnov();
 }
 
 void FrmUvod::zadajSkolskyRok() {

@@ -45,6 +45,12 @@ class FrmUvod : public QMainWindow {
     store::DataSource& datCisVzd() { return sources_->datCisVzd; }
     const Surroundings& surroundings() const { return around_; }
 
+    /// Takes the rows of the list on show anew. @throws store::EngineError
+    void obnovZoznam();
+    /// Repairs a register that a check has found damaged, with the user's consent; the run ends
+    /// when that can't be.
+    void opravSubor();
+
     void ukazKlientov();
     void ukazZamestnancov();
     void zadajSkolskyRok();

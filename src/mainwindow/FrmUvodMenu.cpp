@@ -17,10 +17,11 @@ namespace mainwindow {
 
 namespace {
 
+/// Without a caption it is a separator.
 struct ItemTraits {
     QStringView name;
     QStringView caption;
-    Screen screen;
+    Screen screen = {};
 };
 
 struct MenuTraits {
@@ -45,7 +46,9 @@ const std::array<MenuTraits, 3>& menus() {
          u"Servis",
          u"Alt+S",
          {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
-          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore}}},
+          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore},
+          {},
+          {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck}}},
         // A menu without items acts on its own click.
         {u"mnuKoniec", u"Koniec", u"Alt+K", {}},
     }};
@@ -65,6 +68,10 @@ void FrmUvod::buildMenu() {
             menu->setObjectName(traits.name.toString());
             action = menu->menuAction();
             for (const ItemTraits& item : traits.items) {
+                if (item.caption.isEmpty()) {
+                    menu->addSeparator();
+                    continue;
+                }
                 QAction* entry = menu->addAction(item.caption.toString());
                 entry->setObjectName(item.name.toString());
                 connect(entry, &QAction::triggered, this, [this, screen = item.screen] {

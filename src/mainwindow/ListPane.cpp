@@ -220,6 +220,18 @@ void ListPane::showGrid(const ListTraits& list) {
     heading_->setText(list.heading.toString());
 }
 
+void ListPane::obnov() {
+    const ListTraits* list = onShow();
+    if (list == nullptr)
+        return;
+    store::DataSource& rows = sources_->datGrid;
+    const QString key = rows.Recordset().Eof() ? QString() : fieldText(rows, u"idkod");
+    rows.Refresh();
+    if (!rows.Recordset().Eof())
+        rows.Recordset().FindFirst(QStringLiteral("idkod = ") + store::quoted(key));
+    tlacidlaPodlaRiadkov(grid(*list));
+}
+
 void ListPane::readAnew(QStringView sql) {
     sources_->datGrid.setDatabaseName(around_.folder.database());
     sources_->datGrid.setRecordSource(sql.toString());

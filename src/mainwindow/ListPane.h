@@ -29,6 +29,9 @@ class ListPane : public QWidget {
     void clear();
     /// Puts a list on show in the order of names. @throws store::EngineError
     void ukaz(const ListTraits& list);
+    /// Takes the rows of the list on show anew; the same one stays chosen. @throws
+    /// store::EngineError
+    void obnov();
 
   Q_SIGNALS:
     /// A card that was opened to edit a row of that list has closed.

@@ -28,6 +28,7 @@ enum class Screen {
     Archive,
     Restore,
     RestoreAtStart,
+    DataCheck,
 };
 
 /// What the main window needs of the rest of the program.
