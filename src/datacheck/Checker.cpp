@@ -56,7 +56,8 @@ QString codeQuery(const CodeColumn& code) {
             : QStringLiteral(" and %1.%3 = %2.%3").arg(code.table, code.list, code.also);
     const QString column = QStringLiteral("%1.%2").arg(code.table, code.column);
     return QStringLiteral("select %1.idkod as kluc, %2 as hodnota from %1 left join %3 on "
-                          "%2 = %3.%4%5 where isnull(%3.nazov) and isnull(%2) = false and "
+                          "%2 = %3.%4%5 where (isnull(%3.nazov) or trim(%3.nazov) = '') and "
+                          "isnull(%2) = false and "
                           "trim(%2 & '') <> ''")
         .arg(code.table, column, code.list, code.code, both);
 }
@@ -167,8 +168,8 @@ void Checker::addLost(const RecordTable& table, const QString& key, Counted& cou
     const std::size_t before = finding.rows.size();
     for (; !rows->Eof(); rows->MoveNext())
         finding.rows.push_back({&table, rows, rows->Bookmark()});
-    finding.what += (before > 0 ? QStringLiteral(", ") : QStringLiteral(" ")) + table.many.toString() +
-                    QStringLiteral(" %1").arg(finding.rows.size() - before);
+    finding.what += (before > 0 ? QStringLiteral(", ") : QStringLiteral(" ")) +
+                    table.many.toString() + QStringLiteral(" %1").arg(finding.rows.size() - before);
 }
 
 void Checker::lostWorkers(const RecordTable& table) {
@@ -205,8 +206,8 @@ void Checker::missingWorkers(const RecordTable& table) {
         if (!groups_.contains(group) && !count.mayAdd())
             return;
         grouped(group, [&] {
-            return Finding{QStringLiteral("Záznamy bez pracovníka: ") + table.many.toString(), client(key),
-                           Remedy::GiveWorker, key};
+            return Finding{QStringLiteral("Záznamy bez pracovníka: ") + table.many.toString(),
+                           client(key), Remedy::GiveWorker, key};
         }).rows.push_back({&table, rows, rows->Bookmark()});
     }
 }

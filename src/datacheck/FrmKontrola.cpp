@@ -11,11 +11,13 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -45,7 +47,7 @@ constexpr RemedyWords remedies[] = {
     {u"vytvoriť register nanovo z nepoškodených tabuliek", u"Op&raviť súbor"},
 };
 
-const RemedyWords& wordsOf(Remedy remedy) {
+const RemedyWords& remedyWords(Remedy remedy) {
     return remedies[static_cast<int>(remedy)];
 }
 
@@ -110,7 +112,9 @@ QWidget* FrmKontrola::buttons() {
     line->addStretch();
     cmdZrusit_ = newButton(u"cmdZrusit", QStringLiteral("Z&rušiť"), *line);
     QPushButton* cmdZavriet = newButton(u"cmdZavriet", QStringLiteral("&Zavrieť"), *line);
-    cmdZnova_->setShortcut(QKeySequence(QStringLiteral("F5")));
+    cmdZnova_->setToolTip(QStringLiteral("F5"));
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, cmdZnova_,
+            &QPushButton::click);
     cmdZrusit_->setToolTip(QStringLiteral("Preruší kontrolu"));
     connect(cmdNaprav_, &QPushButton::clicked, this, &FrmKontrola::mendChosen);
     connect(cmdZnova_, &QPushButton::clicked, this, &FrmKontrola::startAll);
@@ -126,6 +130,17 @@ void FrmKontrola::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (!event->spontaneous() && file_ == FileState::Unknown && !isRunning_)
         startAll();
+}
+
+/// Enter presses the button in focus. A button of the dialog's own choice would also be pressed by
+/// the Enter that the list has taken.
+void FrmKontrola::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (isEnter && button != nullptr)
+        button->click();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void FrmKontrola::reject() {
@@ -224,7 +239,7 @@ void FrmKontrola::addLine(const Finding& finding) {
     lstNalezy_->insertRow(line);
     int column = 0;
     for (const QString& text :
-         {finding.what, finding.who, QString::fromUtf16(wordsOf(finding.remedy).offer)})
+         {finding.what, finding.who, QString::fromUtf16(remedyWords(finding.remedy).offer)})
         lstNalezy_->setItem(line, column++, new QTableWidgetItem(text));
 }
 
@@ -258,14 +273,14 @@ const Finding* FrmKontrola::chosen() const {
 void FrmKontrola::showChosen() {
     const Finding* finding = chosen();
     const Remedy remedy = finding != nullptr ? finding->remedy : Remedy::None;
-    cmdNaprav_->setText(QString::fromUtf16(wordsOf(remedy).button));
+    cmdNaprav_->setText(QString::fromUtf16(remedyWords(remedy).button));
     cmdNaprav_->setEnabled(remedy != Remedy::None);
     QStringList records;
     if (finding != nullptr)
         forms::showGuarded(this, [&] {
             for (const FoundRow& row : finding->rows)
                 if (records.size() < rowsShown)
-                    records += datacheck::wordsOf(row.current(), *row.table);
+                    records += wordsOf(row.current(), *row.table);
         });
     txtZaznamy_->setPlainText(records.join(u'\n'));
     txtZaznamy_->setVisible(!records.isEmpty());
@@ -277,7 +292,8 @@ void FrmKontrola::mendChosen() {
         return;
     line_ = lstNalezy_->currentRow();
     done_.clear();
-    forms::guarded(this, [&] { mend(*finding); });
+    // The list may change while the user decides.
+    forms::guarded(this, [this, found = *finding] { mend(found); });
 }
 
 void FrmKontrola::mend(const Finding& finding) {
@@ -288,12 +304,12 @@ void FrmKontrola::mend(const Finding& finding) {
         isDone = pickAndGive(finding);
         break;
     case Remedy::AddTexts:
-        isDone = confirmed(QStringLiteral("Doplniť klientovi %1 prázdny riadok textov ?"));
+        isDone = confirmed(finding, QStringLiteral("Doplniť klientovi %1 prázdny riadok textov ?"));
         if (isDone)
             addTexts(*database_, finding.key);
         break;
     case Remedy::JoinTexts:
-        isDone = confirmed(QStringLiteral("Spojiť texty klienta %1 do jedného riadka ?"));
+        isDone = confirmed(finding, QStringLiteral("Spojiť texty klienta %1 do jedného riadka ?"));
         if (isDone)
             joinTexts(*database_, finding.key);
         break;
@@ -311,17 +327,14 @@ void FrmKontrola::mend(const Finding& finding) {
         startRows();
 }
 
-bool FrmKontrola::confirmed(const QString& question) {
-    const auto* finding = chosen();
-    done_ = QStringLiteral("Hotovo.");
-    const bool isYes = forms::showMessage(this, {.text = question.arg(finding->who),
-                                                 .title = windowTitle(),
-                                                 .icon = QMessageBox::Question,
-                                                 .buttons = QMessageBox::Yes | QMessageBox::No}) ==
-                       QMessageBox::Yes;
-    if (!isYes)
-        done_.clear();
-    return isYes;
+bool FrmKontrola::confirmed(const Finding& finding, const QString& question) {
+    const auto answer = forms::showMessage(this, {.text = question.arg(finding.who),
+                                                  .title = windowTitle(),
+                                                  .icon = QMessageBox::Question,
+                                                  .buttons = QMessageBox::Yes | QMessageBox::No});
+    if (answer == QMessageBox::Yes)
+        done_ = QStringLiteral("Hotovo.");
+    return answer == QMessageBox::Yes;
 }
 
 bool FrmKontrola::pickAndGive(const Finding& finding) {

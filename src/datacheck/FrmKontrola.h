@@ -38,6 +38,7 @@ class FrmKontrola : public QDialog {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     enum class FileState : quint8 { Unknown, Checking, Sound, Damaged, Unreadable };
@@ -57,7 +58,7 @@ class FrmKontrola : public QDialog {
     void mendChosen();
     void mend(const Finding& finding);
     bool pickAndGive(const Finding& finding);
-    bool confirmed(const QString& question);
+    bool confirmed(const Finding& finding, const QString& question);
     void openCard(const Finding& finding);
 
     store::DBEngine& engine_;

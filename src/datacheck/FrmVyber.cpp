@@ -4,6 +4,7 @@
 #include "forms/RecordsetGrid.h"
 #include "store/Sql.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLabel>

@@ -17,5 +17,7 @@ void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
 void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+/// Damages the invented register first.
+void walkDataCheck(Guide& guide, mainwindow::FrmUvod& window);
 
 } // namespace tour

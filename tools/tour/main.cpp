@@ -78,6 +78,7 @@ void walkSample(const QString& output) {
         tour::walkClientCard(guide);
         tour::walkSchoolYear(guide);
         tour::walkTableOne(guide, window);
+        tour::walkDataCheck(guide, window);
     });
 }
 
