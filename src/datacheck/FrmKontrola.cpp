@@ -51,6 +51,33 @@ const RemedyWords& remedyWords(Remedy remedy) {
     return remedies[static_cast<int>(remedy)];
 }
 
+QTableWidget* newFindingList() {
+    auto* list = new QTableWidget(0, 3);
+    list->setObjectName(QStringLiteral("lstNalezy"));
+    list->setAccessibleName(QStringLiteral("Čo sa našlo"));
+    list->setHorizontalHeaderLabels(
+        {QStringLiteral("Čo sa našlo"), QStringLiteral("Kto"), QStringLiteral("Čo sa dá urobiť")});
+    list->verticalHeader()->hide();
+    list->horizontalHeader()->setStretchLastSection(true);
+    list->setColumnWidth(0, 430);
+    list->setColumnWidth(1, 230);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setTabKeyNavigation(false);
+    return list;
+}
+
+QPlainTextEdit* newRecordView() {
+    auto* view = new QPlainTextEdit;
+    view->setObjectName(QStringLiteral("txtZaznamy"));
+    view->setAccessibleName(QStringLiteral("Záznamy"));
+    view->setReadOnly(true);
+    view->setTabChangesFocus(true);
+    view->setMaximumHeight(recordsHeight);
+    return view;
+}
+
 QPushButton* newButton(const char16_t* name, const QString& caption, QHBoxLayout& line) {
     auto* button = new QPushButton(caption);
     button->setObjectName(QString::fromUtf16(name));
@@ -64,8 +91,8 @@ QPushButton* newButton(const char16_t* name, const QString& caption, QHBoxLayout
 FrmKontrola::FrmKontrola(store::DBEngine& engine, const store::ProgramFolder& folder,
                          OpenCard openCard, QWidget* parent)
     : QDialog(parent), engine_(engine), folder_(folder), openCard_(std::move(openCard)),
-      lblStav_(new QLabel), lblSubor_(new QLabel), lstNalezy_(new QTableWidget(0, 3)),
-      txtZaznamy_(new QPlainTextEdit), prgStav_(new QProgressBar) {
+      lblStav_(new QLabel), lblSubor_(new QLabel), lstNalezy_(newFindingList()),
+      txtZaznamy_(newRecordView()), prgStav_(new QProgressBar) {
     setObjectName(QStringLiteral("FrmKontrola"));
     setWindowTitle(QStringLiteral("Kontrola údajov"));
     forms::ErrorRoute::of(*this).undoIn(engine_);
@@ -73,23 +100,6 @@ FrmKontrola::FrmKontrola(store::DBEngine& engine, const store::ProgramFolder& fo
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setWordWrap(true);
     lblSubor_->setObjectName(QStringLiteral("lblSubor"));
-    lstNalezy_->setObjectName(QStringLiteral("lstNalezy"));
-    lstNalezy_->setAccessibleName(QStringLiteral("Čo sa našlo"));
-    lstNalezy_->setHorizontalHeaderLabels(
-        {QStringLiteral("Čo sa našlo"), QStringLiteral("Kto"), QStringLiteral("Čo sa dá urobiť")});
-    lstNalezy_->verticalHeader()->hide();
-    lstNalezy_->horizontalHeader()->setStretchLastSection(true);
-    lstNalezy_->setColumnWidth(0, 430);
-    lstNalezy_->setColumnWidth(1, 230);
-    lstNalezy_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lstNalezy_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lstNalezy_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lstNalezy_->setTabKeyNavigation(false);
-    txtZaznamy_->setObjectName(QStringLiteral("txtZaznamy"));
-    txtZaznamy_->setAccessibleName(QStringLiteral("Záznamy"));
-    txtZaznamy_->setReadOnly(true);
-    txtZaznamy_->setTabChangesFocus(true);
-    txtZaznamy_->setMaximumHeight(recordsHeight);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(windowTitle());
     auto* lines = new QVBoxLayout(this);

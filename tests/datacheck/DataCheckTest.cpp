@@ -250,3 +250,19 @@ TEST(DataCheckOfFile, repairsDamagedIndexes) {
     EXPECT_TRUE(run.window.isVisible());
     store::DBEngine::verifyDatabase(run.reg.folder.database());
 }
+
+TEST(DataCheckOfFile, canBeGivenUpAndBegunAnew) {
+    DataCheck run;
+    run.reg.execute({u"insert into k_navstevy (idkod) values ('A')"_s});
+    run.check([](QWidget& form) {
+        QTest::keyClick(&form, Qt::Key_F5);
+        auto* cancel = form.findChild<QWidget*>(u"cmdZrusit"_s);
+        cancel->setFocus();
+        QTest::keyClick(cancel, Qt::Key_Return);
+        EXPECT_TRUE(form.findChild<QLabel*>(u"lblStav"_s)->text().contains(u"prerušená"_s));
+        EXPECT_TRUE(form.findChild<QLabel*>(u"lblSubor"_s)->text().endsWith(u"neskontrolované"_s));
+        QTest::keyClick(&form, Qt::Key_F5);
+        DataCheck::ended(form);
+        EXPECT_EQ(DataCheck::findings(form).size(), 1);
+    });
+}
