@@ -4,6 +4,7 @@
 #include "backup/FrmDearch_new.h"
 #include "backup/FrmZalohy.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "help/HelpWindow.h"
@@ -174,6 +175,28 @@ void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
 }
 
+/// @return true when a damaged file is to be repaired
+bool checkedFileIsDamaged(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    datacheck::FrmKontrola form(
+        around.engine, around.folder,
+        [&window](datacheck::FrmKontrola::Card card) {
+            openScreen(card == datacheck::FrmKontrola::Card::Client ? Screen::ClientCard
+                                                                    : Screen::EmployeeCard,
+                       window);
+        },
+        &window);
+    form.exec();
+    return form.wantsRepair();
+}
+
+void checkData(FrmUvod& window) {
+    if (checkedFileIsDamaged(window))
+        window.opravSubor();
+    else
+        window.readListAnew();
+}
+
 void showHelp(FrmUvod& window) {
     help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
 }
@@ -211,6 +234,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Restore, restore},
         {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::DataCheck, checkData},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},
     };

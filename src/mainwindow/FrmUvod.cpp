@@ -293,6 +293,10 @@ void FrmUvod::damageFound() {
     if (QApplication::activeModalWidget() != nullptr ||
         QApplication::activePopupWidget() != nullptr)
         return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
+    opravSubor();
+}
+
+void FrmUvod::opravSubor() {
     loadFailed({store::ErrorNumber::UnrecognizedFile, {}});
     if (ukoncit_)
         close();

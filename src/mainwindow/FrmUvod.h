@@ -47,6 +47,10 @@ class FrmUvod : public QMainWindow {
     store::DataSource& datCisVzd() { return sources_->datCisVzd; }
     const Surroundings& surroundings() const { return around_; }
 
+    /// Repairs a register that a check has found damaged, with the user's consent; the run ends
+    /// when that can't be.
+    void opravSubor();
+
     void ukazKlientov();
     void ukazZamestnancov();
     void zadajSkolskyRok();

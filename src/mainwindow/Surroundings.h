@@ -33,6 +33,7 @@ enum class Screen {
     Restore,
     Copies,
     RestoreAtStart,
+    DataCheck,
     Help,
     About,
 };

@@ -85,6 +85,7 @@ void walkSample(const QString& output) {
         tour::walkClientsInReturn(guide, window);
         tour::walkClientList(guide, window);
         tour::walkCopies(guide, window);
+        tour::walkDataCheck(guide, window);
     });
 }
 
