@@ -2,7 +2,9 @@
 
 #include "backup/FrmArch_new.h"
 #include "backup/FrmDearch_new.h"
+#include "backup/FrmZalohy.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "help/HelpWindow.h"
@@ -70,17 +72,23 @@ void openClientCard(FrmUvod& window) {
     using clientcard::FrmKlientUdaj;
     const mainwindow::Surroundings& around = window.surroundings();
     FrmKlientUdaj card(around.engine, around.folder, &window);
-    card.setPrinting([&](const FrmKlientUdaj::Shown& shown) {
-        printouts::printTab(printTools(window), shown.tab,
-                            {modKontrola::gIdKod, shown.visits, shown.isChanged}, around.today(),
-                            &card);
-    });
+    const auto cardOf = [](const FrmKlientUdaj::Shown& shown) {
+        return printouts::PrintedCard{modKontrola::gIdKod, shown.visits, shown.isChanged};
+    };
+    card.setPrinting(
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printTab(printTools(window), shown.tab, cardOf(shown), around.today(),
+                                &card);
+        },
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printCard(printTools(window), cardOf(shown), around.today(), &card);
+        });
     card.exec();
 }
 
 void printReturn(FrmUvod& window) {
-    statreturn::printReturn(returnTools(window), window.schoolYear(),
-                            window.surroundings().today(), &window);
+    statreturn::printReturn(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                            &window);
 }
 
 /// Opens a screen that works on the register and waits until it is done.
@@ -140,12 +148,13 @@ void archive(FrmUvod& window) {
     whileClosed(window, [&around] { backup::FrmArch_new(around.engine, around.folder).exec(); });
 }
 
-void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
+void restoreAs(const char* mode, const mainwindow::Surroundings& around, const QString& copy = {}) {
     backup::FrmDearch_new form(around.engine, around.folder,
                                [&around](const QString& path, const store::TellProgress& tell) {
                                    return isRegister(around.engine, path, tell);
                                });
     form.setMode(QString::fromLatin1(mode));
+    form.setArchive(copy);
     form.exec();
 }
 
@@ -153,9 +162,39 @@ void restore(FrmUvod& window) {
     whileClosed(window, [&window] { restoreAs("MENU", window.surroundings()); });
 }
 
+void copies(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    backup::FrmZalohy form(around.folder, &window);
+    form.exec();
+    if (form.toRestore())
+        whileClosed(window, [&] { restoreAs("MENU", around, *form.toRestore()); });
+}
+
 /// The main window is just loading; it ends the run when this is done.
 void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
+}
+
+/// @return true when a damaged file is to be repaired
+bool checkedFileIsDamaged(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    datacheck::FrmKontrola form(
+        around.engine, around.folder,
+        [&window](datacheck::FrmKontrola::Card card) {
+            openScreen(card == datacheck::FrmKontrola::Card::Client ? Screen::ClientCard
+                                                                    : Screen::EmployeeCard,
+                       window);
+        },
+        &window);
+    form.exec();
+    return form.wantsRepair();
+}
+
+void checkData(FrmUvod& window) {
+    if (checkedFileIsDamaged(window))
+        window.opravSubor();
+    else
+        window.readListAnew();
 }
 
 void showHelp(FrmUvod& window) {
@@ -193,7 +232,9 @@ const std::map<Screen, Opener>& openers() {
         {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
+        {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::DataCheck, checkData},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},
     };

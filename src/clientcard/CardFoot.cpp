@@ -14,12 +14,13 @@ namespace clientcard {
 namespace {
 
 // Two of them are never shown: one does nothing, the other what its neighbour does better.
-constexpr std::array<card::ButtonRow, 7> footTable = {{
+constexpr std::array<card::ButtonRow, 8> footTable = {{
     {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
      false},
     {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
     {u"cmdSave", u"Zapíš", u"", false},
     {u"cmdTlac", u"Tlač záložku"},
+    {u"cmdTlacKartu", u"Tlač kartu", u"Všetky záložky, v ktorých niečo je, ako jeden dokument"},
     {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
     {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
     {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky"},
@@ -54,7 +55,7 @@ QLayout* CardFoot::layOut() {
 
 void CardFoot::setPrints(bool prints) {
     prints_ = prints;
-    buttons_[cmdTlac]->setEnabled(prints);
+    enablePrinting(true);
 }
 
 void CardFoot::showKeys(TabKind kind) {
@@ -66,7 +67,12 @@ void CardFoot::showKeys(TabKind kind) {
 void CardFoot::enable(bool enabled) {
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
         buttons_[button]->setEnabled(enabled);
-    buttons_[cmdTlac]->setEnabled(enabled && prints_);
+    enablePrinting(enabled);
+}
+
+void CardFoot::enablePrinting(bool enabled) {
+    for (const Button button : {cmdTlac, cmdTlacKartu})
+        buttons_[button]->setEnabled(enabled && prints_);
 }
 
 void CardFoot::giveWayTo(QAbstractButton& recordStorno) {

@@ -19,7 +19,16 @@ enum class TabKind;
 class CardFoot {
   public:
     /// By their places in the table of buttons.
-    enum Button { cmdZaklUd, cmdZakZap, cmdSave, cmdTlac, cmdZapNew, CmdZap, cmdStorno };
+    enum Button {
+        cmdZaklUd,
+        cmdZakZap,
+        cmdSave,
+        cmdTlac,
+        cmdTlacKartu,
+        cmdZapNew,
+        CmdZap,
+        cmdStorno
+    };
 
     /// @param pressed nothing may be thrown out of it
     CardFoot(QWidget& window, const std::function<void(Button)>& pressed);
@@ -39,6 +48,7 @@ class CardFoot {
 
   private:
     void enable(bool enabled);
+    void enablePrinting(bool enabled);
 
     forms::EscButton esc_;
     QLabel* keys_;

@@ -61,7 +61,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
 
 /// What is still open is dropped: the user has not said that it is to be written.
 FrmKlientUdaj::~FrmKlientUdaj() {
-    data_.dropClient();
+    draft_->drop();
 }
 
 void FrmKlientUdaj::makePages() {
@@ -83,9 +83,10 @@ void FrmKlientUdaj::makePages() {
     }
 }
 
-void FrmKlientUdaj::setPrinting(std::function<void(const Shown&)> print) {
-    print_ = std::move(print);
-    foot_->setPrints(print_ != nullptr);
+void FrmKlientUdaj::setPrinting(Print tab, Print card) {
+    printTab_ = std::move(tab);
+    printCard_ = std::move(card);
+    foot_->setPrints(printTab_ != nullptr);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -132,7 +133,7 @@ void FrmKlientUdaj::act(CardFoot::Button button) {
     End end;
     const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
-    if (!isDone && draft_->isOwed() && !draft_->heldTyped())
+    if (!isDone && draft_->isOwed() && !input_.isNoted())
         end = cmdStornoClick();
     if (end)
         done(*end);
@@ -154,7 +155,10 @@ FrmKlientUdaj::End FrmKlientUdaj::press(CardFoot::Button button) {
         cmdZapNewClick();
         break;
     case CardFoot::cmdTlac:
-        cmdTlacClick();
+        print(printTab_);
+        break;
+    case CardFoot::cmdTlacKartu:
+        print(printCard_);
         break;
     case CardFoot::cmdSave:
         break;
@@ -217,17 +221,15 @@ void FrmKlientUdaj::cmdZapNewClick() {
 
 /// Reads nothing, so that a card closes whose file has gone.
 FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
-    data_.dropClient();
+    draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
 }
 
-void FrmKlientUdaj::cmdTlacClick() {
-    if (print_ == nullptr)
-        return;
+void FrmKlientUdaj::print(const Print& printed) {
     if (!draft_->isNew())
-        return print_(
-            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_->isChanged()});
+        return printed({pages_->current(), datedRecordsOf(u"k_navstevy", modKontrola::gIdKod),
+                        draft_->isChanged()});
     forms::showMessage(
         this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
                .title = QStringLiteral("Upozornenie"),

@@ -39,8 +39,9 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
         /// Something is typed that is not written.
         bool isChanged = false;
     };
-    /// What the button "Tlač záložku" does; without it the button is disabled.
-    void setPrinting(std::function<void(const Shown&)> print);
+    using Print = std::function<void(const Shown&)>;
+    /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
+    void setPrinting(Print tab, Print card);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -55,7 +56,6 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     forms::FocusGuard& guard() override { return guard_; }
     SaveCycle& cycle() override { return *cycle_; }
     card::Actions& actions() override { return actions_; }
-    void perform(const std::function<void()>& action) override { actions_.perform(action); }
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;
@@ -75,7 +75,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     End CmdZapClick();
     void cmdZapNewClick();
     End cmdStornoClick();
-    void cmdTlacClick();
+    void print(const Print& printed);
     void closeUnread();
     bool staysForRecord();
     bool endsByFrame();
@@ -91,7 +91,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::optional<SaveCycle> cycle_;
     std::optional<ClientDraft> draft_;
     std::optional<CardFoot> foot_;
-    std::function<void(const Shown&)> print_;
+    Print printTab_;
+    Print printCard_;
     card::InputNote input_;
     bool wasShown_ = false;
 };

@@ -9,7 +9,12 @@
 #include "store/EngineError.h"
 #include "store/Sql.h"
 
+#include <QRegularExpression>
 #include <QStringList>
+
+#include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace printouts {
 
@@ -44,7 +49,7 @@ QString statementOf(const TabReport& tab, const PrintedCard& card) {
     return tab.statement != nullptr ? tab.statement(card.key) : card.visits;
 }
 
-/// Records of the tab that its statement leaves out.
+/// Records of the tab that its source leaves out.
 qint64 leftOut(store::Database& database, const TabReport& tab, const QString& source,
                const QString& key) {
     if (*tab.records == u'\0')
@@ -67,27 +72,86 @@ QString noteOn(qint64 leftOut, bool isChanged) {
     return notes.join(u' ');
 }
 
+/// Makes the print-outs of one card.
+class CardPrinter {
+  public:
+    CardPrinter(const printing::PrintTools& tools, const PrintedCard& card, const QDate& today)
+        : tools_(tools), card_(card), today_(today),
+          database_(tools.engine.OpenDatabase(tools.folder.database())) {}
+
+    /// Puts the client's statement into the stored query of the tab, if it has one.
+    /// @return what the report of the tab reads
+    QString rewrite(const TabReport& tab) {
+        const QString statement = statementOf(tab, card_);
+        if (*tab.query == u'\0')
+            return statement;
+        const QString query = QString::fromUtf16(tab.query);
+        database_.QueryDefs(query).setSQL(statement);
+        return query;
+    }
+
+    report::Pages pagesOf(const TabReport& tab, const QString& source) {
+        if (!name_)
+            name_ = nameOf(database_, card_.key);
+        report::Layout form = formOf(tab);
+        form.title = QString::fromUtf16(tab.title);
+        form.section(u"Section4").control(u"lblMeno").caption = name_->inHead();
+        report::Pages pages = printing::makeReport(tools_, form, source, today_);
+        leftOut_ += leftOut(database_, tab, source, card_.key);
+        return pages;
+    }
+
+    void show(report::Pages& pages, QWidget* parent) {
+        pages.subject = name_->inFiles();
+        pages.note = noteOn(leftOut_, card_.isChanged);
+        report::addRunningLines(pages, std::make_shared<report::FontMeter>());
+        database_.Close();
+        printing::showPages(tools_, pages, parent);
+    }
+
+  private:
+    const printing::PrintTools& tools_;
+    const PrintedCard& card_;
+    const QDate& today_;
+    store::Database database_;
+    std::optional<Name> name_;
+    qint64 leftOut_ = 0;
+};
+
+/// Whether a text tells anything of the client that the form does not.
+bool isOfClient(const report::PlacedText& text) {
+    static const QRegularExpression ofForm(QStringLiteral("^$|^lbl|^vlnevl"));
+    return !ofForm.match(text.control).hasMatch() && !text.text.trimmed().isEmpty();
+}
+
+bool holdsAnything(const report::PageList& pages) {
+    return std::ranges::any_of(pages, [](const report::Page& page) {
+        return std::ranges::any_of(page.texts, isOfClient);
+    });
+}
+
 } // namespace
 
 void printTab(const printing::PrintTools& tools, int tab, const PrintedCard& card,
               const QDate& today, QWidget* parent) {
+    CardPrinter printer(tools, card, today);
     const TabReport& row = tabReports()[std::size_t(tab)];
-    store::Database database = tools.engine.OpenDatabase(tools.folder.database());
-    QString source = statementOf(row, card);
-    if (*row.query != u'\0') {
-        database.QueryDefs(QString::fromUtf16(row.query)).setSQL(source);
-        source = QString::fromUtf16(row.query);
+    report::Pages pages = printer.pagesOf(row, printer.rewrite(row));
+    printer.show(pages, parent);
+}
+
+void printCard(const printing::PrintTools& tools, const PrintedCard& card, const QDate& today,
+               QWidget* parent) {
+    CardPrinter printer(tools, card, today);
+    std::vector<report::Pages> tabs;
+    for (const TabReport& tab : tabReports()) {
+        report::Pages pages = printer.pagesOf(tab, statementOf(tab, card));
+        // The first tab tells whose card it is, be it as empty as it may.
+        if (tabs.empty() || holdsAnything(pages.pages))
+            tabs.push_back(std::move(pages));
     }
-    const Name name = nameOf(database, card.key);
-    report::Layout form = formOf(row);
-    form.title = QString::fromUtf16(row.title);
-    form.section(u"Section4").control(u"lblMeno").caption = name.inHead();
-    report::Pages pages = printing::makeReport(tools, form, source, today);
-    pages.subject = name.inFiles();
-    pages.note = noteOn(leftOut(database, row, source, card.key), card.isChanged);
-    database.Close();
-    report::addRunningLines(pages, std::make_shared<report::FontMeter>());
-    printing::showPages(tools, pages, parent);
+    report::Pages document = report::joined(QStringLiteral("Celá karta"), tabs);
+    printer.show(document, parent);
 }
 
 void printClientList(const printing::PrintTools& tools, const QDate& today, QWidget* parent) {

@@ -13,7 +13,7 @@ namespace printouts {
 struct PrintedCard {
     /// The client's key.
     QString key;
-    /// The record source of the visits that the card shows.
+    /// The record source of the list of visits.
     QString visits;
     /// Something is typed into the card that is not in the file.
     bool isChanged = false;
@@ -26,6 +26,11 @@ struct PrintedCard {
 /// does not give the client's key, 3021 when the client has gone, and what reading throws
 void printTab(const printing::PrintTools& tools, int tab, const PrintedCard& card,
               const QDate& today, QWidget* parent);
+
+/// Shows all tabs that hold something as one document with bookmarks; no stored query is rewritten.
+/// @throws store::EngineError as printTab
+void printCard(const printing::PrintTools& tools, const PrintedCard& card, const QDate& today,
+               QWidget* parent);
 
 /// The operation behind `mniZozKlient`: shows the list of all clients. @throws store::EngineError
 void printClientList(const printing::PrintTools& tools, const QDate& today, QWidget* parent);

@@ -85,6 +85,38 @@ TEST_F(CardTest, KeysOfNewClientsCountUp) {
     EXPECT_EQ(clients("idkod = 'HORVÁTJÁ42' and meno = 'Jánoš'"), 1);
 }
 
+TEST_F(CardTest, PrintsWhoIsWrittenAndKnowsWhatIsNot) {
+    std::vector<std::pair<std::string, clientcard::FrmKlientUdaj::Shown>> printed;
+    const auto note = [&printed](const char* what) {
+        return [&printed, what](const auto& shown) {
+            printed.emplace_back(what, shown);
+        };
+    };
+    enterClient();
+    card->setPrinting(note("tab"), note("card"));
+    for (const char* button : {"cmdTlac", "cmdTlacKartu"}) {
+        expect("Klient ešte nie je zapísaný, najprv zapíš základné údaje !", "Upozornenie");
+        click(button);
+    }
+    EXPECT_TRUE(printed.empty());
+    click("cmdZaklUd");
+    click("cmdTlac");
+    turnTabs(7);
+    type("pozn");
+    click("cmdTlacKartu");
+    ASSERT_EQ(printed.size(), 2U);
+    EXPECT_EQ(printed[0].first + printed[1].first, "tabcard");
+    EXPECT_EQ(printed[0].second.tab, 0);
+    EXPECT_EQ(printed[1].second.tab, 7);
+    EXPECT_FALSE(printed[0].second.isChanged);
+    EXPECT_TRUE(printed[1].second.isChanged);
+    EXPECT_TRUE(printed[0].second.visits.contains(text("idkod= 'NOVOTNJA00'")));
+    turnTabs(6);
+    click("cmdNavNovy");
+    EXPECT_FALSE(at<QPushButton>("cmdTlac").isEnabled() ||
+                 at<QPushButton>("cmdTlacKartu").isEnabled());
+}
+
 TEST_F(CardTest, AChangedNameTakesTheRecordsAndTheTypedTextWithItWhenTheKeyChanges) {
     for (const auto& [typed, key] : {std::pair{"Novotna", "NOVOTNEV01"},
                                      {"Novotnakova", "NOVOTNEV01"},
@@ -387,6 +419,16 @@ TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
     EXPECT_EQ(field(37).text(), text("0"));
     goTo(37);
     EXPECT_EQ(field(37).text(), QString());
+    // What was let stand on the first tab is not asked about on the way back to it.
+    turnTabs(-1);
+    goTo(3);
+    type("8055120008");
+    boxes.expect({.text = text("Nesprávne rodné číslo ,opraviť ?"),
+                  .title = text("Chybová správa"),
+                  .icon = QMessageBox::Warning,
+                  .buttons = Abort | Retry | Ignore,
+                  .answer = Ignore});
+    turnTabs(1);
     for (const char* year : {"1985", "1990"}) {
         goTo(21);
         expect("Logicky chybne zadané dátumy matky a klienta !");
