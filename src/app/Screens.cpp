@@ -2,7 +2,9 @@
 
 #include "backup/FrmArch_new.h"
 #include "backup/FrmDearch_new.h"
+#include "backup/FrmZalohy.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "help/HelpWindow.h"
@@ -146,12 +148,13 @@ void archive(FrmUvod& window) {
     whileClosed(window, [&around] { backup::FrmArch_new(around.engine, around.folder).exec(); });
 }
 
-void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
+void restoreAs(const char* mode, const mainwindow::Surroundings& around, const QString& copy = {}) {
     backup::FrmDearch_new form(around.engine, around.folder,
                                [&around](const QString& path, const store::TellProgress& tell) {
                                    return isRegister(around.engine, path, tell);
                                });
     form.setMode(QString::fromLatin1(mode));
+    form.setArchive(copy);
     form.exec();
 }
 
@@ -159,9 +162,39 @@ void restore(FrmUvod& window) {
     whileClosed(window, [&window] { restoreAs("MENU", window.surroundings()); });
 }
 
+void copies(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    backup::FrmZalohy form(around.folder, &window);
+    form.exec();
+    if (form.toRestore())
+        whileClosed(window, [&] { restoreAs("MENU", around, *form.toRestore()); });
+}
+
 /// The main window is just loading; it ends the run when this is done.
 void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
+}
+
+/// @return true when a damaged file is to be repaired
+bool checkedFileIsDamaged(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    datacheck::FrmKontrola form(
+        around.engine, around.folder,
+        [&window](datacheck::FrmKontrola::Card card) {
+            openScreen(card == datacheck::FrmKontrola::Card::Client ? Screen::ClientCard
+                                                                    : Screen::EmployeeCard,
+                       window);
+        },
+        &window);
+    form.exec();
+    return form.wantsRepair();
+}
+
+void checkData(FrmUvod& window) {
+    if (checkedFileIsDamaged(window))
+        window.opravSubor();
+    else
+        window.readListAnew();
 }
 
 void showHelp(FrmUvod& window) {
@@ -199,7 +232,9 @@ const std::map<Screen, Opener>& openers() {
         {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
+        {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::DataCheck, checkData},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},
     };

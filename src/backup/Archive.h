@@ -21,4 +21,11 @@ void makeArchive(store::DBEngine& engine, const store::ProgramFolder& folder,
 void placeArchive(const store::ProgramFolder& folder, const QString& target,
                   const store::TellProgress& tell = {});
 
+/// Saves one of the copies that the program keeps under another name, encrypted where a password is
+/// given (UTF-8). A file under that name is replaced in one step, after what replaces it has been
+/// read back.
+/// @throws store::EngineError, also as placeArchive; store::GivenUp
+void saveCopy(const store::ProgramFolder& folder, const QString& copy, const QString& target,
+              const QByteArray& password, const store::TellProgress& tell = {});
+
 } // namespace backup

@@ -29,7 +29,8 @@ class TrimmingDialog : public QFileDialog {
 } // namespace
 
 std::optional<QString> chooseFile(QWidget* parent, const FileChoice& choice) {
-    TrimmingDialog dialog(parent, choice.title, startFolder());
+    TrimmingDialog dialog(parent, choice.title,
+                          choice.folder.isEmpty() ? startFolder() : choice.folder);
     // The desktop's own would speak the desktop's language.
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(choice.mode);
@@ -40,7 +41,7 @@ std::optional<QString> chooseFile(QWidget* parent, const FileChoice& choice) {
         filters << QStringLiteral("%1 (%2)").arg(caption, pattern);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.at(choice.filter));
-    dialog.selectFile(QStringLiteral("arch_tvk.zip"));
+    dialog.selectFile(choice.name);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.selectedFiles().constFirst().trimmed();

@@ -12,11 +12,11 @@ namespace {
 
 FileChoice saveChoice() {
     // The second pattern is a plain word that no archive's name matches; users know it that way.
-    return {QStringLiteral("Kde bude archív"),
-            {{QStringLiteral("Všechny soubory *.*"), QStringLiteral("*")},
-             {QStringLiteral("záloha"), QStringLiteral("zaloha")}},
-            1,
-            QFileDialog::AcceptSave};
+    return {.title = QStringLiteral("Kde bude archív"),
+            .filters = {{QStringLiteral("Všechny soubory *.*"), QStringLiteral("*")},
+                        {QStringLiteral("záloha"), QStringLiteral("zaloha")}},
+            .filter = 1,
+            .mode = QFileDialog::AcceptSave};
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "backup/FrmDearch_new.h"
 
+#include "backup/Copies.h"
 #include "backup/FileChoice.h"
+#include "backup/PasswordForm.h"
 #include "store/EngineError.h"
 
 #include <QFileInfo>
@@ -9,11 +11,10 @@ namespace backup {
 
 namespace {
 
-FileChoice openChoice() {
-    return {QStringLiteral("Súbor pre obnovu dát"),
-            {{QStringLiteral("záloha"), QStringLiteral("*.zip")}},
-            0,
-            QFileDialog::AcceptOpen};
+FileChoice openChoice(const store::ProgramFolder& folder) {
+    return {.title = QStringLiteral("Súbor pre obnovu dát"),
+            .filters = {{QStringLiteral("záloha"), QStringLiteral("*.zip")}},
+            .folder = copies(folder).empty() ? QString() : copiesFolder(folder)};
 }
 
 } // namespace
@@ -35,12 +36,11 @@ void FrmDearch_new::work() {
 }
 
 void FrmDearch_new::restore() {
-    const auto archive = chooseFile(parentWidget(), openChoice());
+    const auto archive = askArchive();
     if (!archive)
         return fail(cancelWords());
     Restore restored(engine(), folder(), isRegister_);
-    const Finding found =
-        restored.extract(*archive, progress(QStringLiteral("Kontroluje sa archív …")));
+    const Finding found = extract(restored, *archive);
     hide();
     if (found == Finding::NoArchive) {
         tell(QStringLiteral("Vybraný súbor neobsahuje očakávané dáta"), QMessageBox::Warning);
@@ -54,6 +54,27 @@ void FrmDearch_new::restore() {
         putInPlace(restored);
     else
         tellBad(restored);
+}
+
+std::optional<QString> FrmDearch_new::askArchive() {
+    return archive_.isEmpty() ? chooseFile(parentWidget(), openChoice(folder())) : archive_;
+}
+
+/// Asks for the password of an encrypted one until it is right. @throws store::GivenUp
+Finding FrmDearch_new::extract(Restore& restored, const QString& archive) {
+    const auto withPassword = [&](const QByteArray& password) {
+        return restored.extract(archive, password,
+                                progress(QStringLiteral("Kontroluje sa archív …")));
+    };
+    Finding found = withPassword({});
+    for (bool isFirst = true; found == Finding::Locked; isFirst = false) {
+        hide();
+        const auto password = askPassword(parentWidget(), !isFirst);
+        if (!password)
+            throw store::GivenUp();
+        found = withPassword(*password);
+    }
+    return found;
 }
 
 bool FrmDearch_new::overwriteAgreed() {

@@ -3,6 +3,8 @@
 #include "backup/BackupForm.h"
 #include "backup/Restore.h"
 
+#include <optional>
+
 namespace backup {
 
 /// Replaces the register by the one of an archive that the user chooses.
@@ -16,12 +18,16 @@ class FrmDearch_new : public BackupForm {
     /// "MENU" over a register, which is kept as "tvk_ren.mdb" after a warning, or "LOAD" where
     /// there is none.
     void setMode(const QString& mode) { mode_ = mode; }
+    /// The archive to restore, which is not asked for then.
+    void setArchive(const QString& path) { archive_ = path; }
 
   protected:
     void work() override;
 
   private:
     void restore();
+    std::optional<QString> askArchive();
+    Finding extract(Restore& restored, const QString& archive);
     bool overwriteAgreed();
     void putInPlace(Restore& restored);
     void tellBad(Restore& restored);
@@ -30,6 +36,7 @@ class FrmDearch_new : public BackupForm {
 
     IsRegister isRegister_;
     QString mode_;
+    QString archive_;
 };
 
 } // namespace backup

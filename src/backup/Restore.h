@@ -15,6 +15,8 @@ enum class Finding {
     NoArchive,
     /// An archive with no register in it, a damaged one or more than one.
     NoRegister,
+    /// Encrypted, with another password.
+    Locked,
     Sound
 };
 
@@ -27,10 +29,10 @@ class Restore {
     Restore(const Restore&) = delete;
     Restore& operator=(const Restore&) = delete;
 
-    /// Extracts and checks; nothing else is touched. An entry that could not be a register by what
-    /// it claims is not even begun.
+    /// Extracts and checks; nothing else is touched. @param password in UTF-8
     /// @throws store::EngineError, 3026 when there is no room for it; store::GivenUp
-    Finding extract(const QString& archive, const store::TellProgress& tell = {});
+    Finding extract(const QString& archive, const QByteArray& password = {},
+                    const store::TellProgress& tell = {});
     /// Keeps the closed live register as "tvk_ren.mdb", in the place of an older one, and puts the
     /// sound one there: behind the link where the register is one. At every moment a whole register
     /// stands under its name.
@@ -43,8 +45,6 @@ class Restore {
     bool bringBackOld();
 
   private:
-    bool unpack(const QString& archive, const store::Share& share);
-
     store::DBEngine& engine_;
     const store::ProgramFolder& folder_;
     IsRegister isRegister_;

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <vector>
 
 namespace backup {
 
@@ -32,9 +33,15 @@ ZipHandle openArchive(const QString& path) {
     throw ZipEntry::Fault::NoArchive;
 }
 
-bool isPlainEntry(const zip_stat_t& status) {
+bool isReadable(const zip_stat_t& status) {
     constexpr zip_uint64_t needed = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE;
-    return (status.valid & needed) == needed && status.encryption_method == ZIP_EM_NONE;
+    return (status.valid & needed) == needed &&
+           zip_encryption_method_supported(status.encryption_method, 0) != 0;
+}
+
+bool isOfPassword(const zip_error& error) {
+    const int code = zip_error_code_zip(&error);
+    return code == ZIP_ER_NOPASSWD || code == ZIP_ER_WRONGPASSWD;
 }
 
 } // namespace
@@ -51,18 +58,35 @@ store::EngineError zipFault(const zip_error& error, const QString& path) {
             path};
 }
 
-ZipEntry::ZipEntry(const QString& path) : path_(path), archive_(openArchive(path)) {
+ZipEntry::ZipEntry(const QString& path, const QByteArray& password)
+    : path_(path), archive_(openArchive(path)) {
     const auto index = find();
     if (!index)
         throw Fault::NoEntry;
+    index_ = *index;
     zip_stat_t status;
-    if (zip_stat_index(archive_.get(), *index, 0, &status) != 0 || !isPlainEntry(status))
+    if (zip_stat_index(archive_.get(), index_, 0, &status) != 0 || !isReadable(status))
         throw Fault::Damaged;
     size_ = status.size;
     packed_ = status.comp_size;
-    file_ = zip_fopen_index(archive_.get(), *index, 0);
+    open(password);
+}
+
+void ZipEntry::open(const QByteArray& password) {
+    file_ = zip_fopen_index_encrypted(archive_.get(), index_, 0,
+                                      password.isEmpty() ? nullptr : password.constData());
     if (file_ == nullptr)
-        throw Fault::Damaged;
+        throw isOfPassword(*zip_get_error(archive_.get())) ? Fault::Locked : Fault::Damaged;
+}
+
+QByteArray ZipEntry::comment() const {
+    int length = 0;
+    const char* text = zip_get_archive_comment(archive_.get(), &length, ZIP_FL_ENC_RAW);
+    return text != nullptr ? QByteArray(text, length) : QByteArray();
+}
+
+zip_source* ZipEntry::sourceFor(zip* target) const {
+    return zip_source_zip(target, archive_.get(), index_, 0, 0, -1);
 }
 
 ZipEntry::~ZipEntry() {
@@ -97,6 +121,18 @@ std::optional<quint64> ZipEntry::find() const {
         found = i;
     }
     return found;
+}
+
+bool isWhole(const QString& archive) {
+    try {
+        ZipEntry entry(archive);
+        std::vector<char> bytes(size_t{1} << 18U);
+        while (entry.read(bytes.data(), static_cast<qint64>(bytes.size())) > 0) {
+        }
+        return true;
+    } catch (ZipEntry::Fault) {
+        return false;
+    }
 }
 
 bool ZipEntry::isPlainFile(quint64 index) const {

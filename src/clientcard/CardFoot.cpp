@@ -55,8 +55,7 @@ QLayout* CardFoot::layOut() {
 
 void CardFoot::setPrints(bool prints) {
     prints_ = prints;
-    for (const Button button : {cmdTlac, cmdTlacKartu})
-        buttons_[button]->setEnabled(prints);
+    enablePrinting(true);
 }
 
 void CardFoot::showKeys(TabKind kind) {
@@ -68,6 +67,10 @@ void CardFoot::showKeys(TabKind kind) {
 void CardFoot::enable(bool enabled) {
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
         buttons_[button]->setEnabled(enabled);
+    enablePrinting(enabled);
+}
+
+void CardFoot::enablePrinting(bool enabled) {
     for (const Button button : {cmdTlac, cmdTlacKartu})
         buttons_[button]->setEnabled(enabled && prints_);
 }

@@ -48,6 +48,7 @@ class CardFoot {
 
   private:
     void enable(bool enabled);
+    void enablePrinting(bool enabled);
 
     forms::EscButton esc_;
     QLabel* keys_;

@@ -94,8 +94,7 @@ SaveResult ClientDraft::saveForNext() {
 }
 
 void ClientDraft::keep() {
-    kept_ = {modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, isNew(),
-             isChanged()};
+    kept_ = {modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, isNew()};
     draft_.keep([this] { openKept(); }, typed());
 }
 

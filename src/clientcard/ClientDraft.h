@@ -47,8 +47,6 @@ class ClientDraft {
     /// The rows are still to be opened for what the fields show: they could not be read after a
     /// save that failed, and are opened before the next one.
     bool isOwed() const { return draft_.isOwed(); }
-    /// Something had been typed when the last save began.
-    bool heldTyped() const { return kept_.hasTyped; }
 
   private:
     struct Kept {
@@ -56,7 +54,6 @@ class ClientDraft {
         QString idKod;
         QString menoKlienta;
         bool isNew = false;
-        bool hasTyped = false;
     };
     SaveResult save(const std::function<void()>& afterwards);
     void keep();

@@ -14,6 +14,7 @@
 #include "forms/Binding.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
+#include "forms/Guard.h"
 
 #include <QDialog>
 
@@ -87,7 +88,7 @@ EntryTabs::EntryTabs(CardFrame& frame)
     fields_.setPicks(sexPick_, impairments_[0], impairments_[1], impairments_[2]);
     bindAll();
     QObject::connect(&frame.data().datZaklad(), &store::DataSource::repositioned, &binding_,
-                     [this] { frame_.perform([this] { showRow(); }); });
+                     [this] { forms::showGuarded(&frame_.window(), [this] { showRow(); }); });
 }
 
 ImpairmentFields EntryTabs::makeImpairments(const ImpairmentColumn& of) {

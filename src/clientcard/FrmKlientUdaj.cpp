@@ -61,7 +61,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
 
 /// What is still open is dropped: the user has not said that it is to be written.
 FrmKlientUdaj::~FrmKlientUdaj() {
-    data_.dropClient();
+    draft_->drop();
 }
 
 void FrmKlientUdaj::makePages() {
@@ -86,7 +86,7 @@ void FrmKlientUdaj::makePages() {
 void FrmKlientUdaj::setPrinting(Print tab, Print card) {
     printTab_ = std::move(tab);
     printCard_ = std::move(card);
-    foot_->setPrints(true);
+    foot_->setPrints(printTab_ != nullptr);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -133,7 +133,7 @@ void FrmKlientUdaj::act(CardFoot::Button button) {
     End end;
     const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
-    if (!isDone && draft_->isOwed() && !draft_->heldTyped())
+    if (!isDone && draft_->isOwed() && !input_.isNoted())
         end = cmdStornoClick();
     if (end)
         done(*end);
@@ -221,7 +221,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
 
 /// Reads nothing, so that a card closes whose file has gone.
 FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
-    data_.dropClient();
+    draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
 }

@@ -56,7 +56,6 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     forms::FocusGuard& guard() override { return guard_; }
     SaveCycle& cycle() override { return *cycle_; }
     card::Actions& actions() override { return actions_; }
-    void perform(const std::function<void()>& action) override { actions_.perform(action); }
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;

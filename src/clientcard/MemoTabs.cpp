@@ -4,6 +4,7 @@
 #include "clientcard/CardTables.h"
 #include "forms/Binding.h"
 #include "forms/FieldEvents.h"
+#include "forms/Guard.h"
 #include "forms/RichText.h"
 
 #include <QGroupBox>
@@ -37,7 +38,7 @@ class MemoTabs : public TabFamily {
 MemoTabs::MemoTabs(CardFrame& frame)
     : frame_(frame), source_(frame.data().datMemo()), binding_(source_, forms::Shows::OpenRows) {
     QObject::connect(&source_, &store::DataSource::repositioned, &binding_,
-                     [this] { frame_.perform([this] { enableByRow(); }); });
+                     [this] { forms::showGuarded(&frame_.window(), [this] { enableByRow(); }); });
 }
 
 /// Without an open row, as of a client whose row is missing, what was typed would go nowhere.

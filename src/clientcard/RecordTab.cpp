@@ -50,10 +50,8 @@ RecordTab::RecordTab(CardFrame& frame, int tab)
 /// is to be written.
 RecordTab::~RecordTab() {
     const QSignalBlocker silent(source_);
-    frame_.perform([this] {
-        if (source_.isOpen())
-            source_.Recordset().CancelUpdate();
-    });
+    if (source_.isOpen())
+        source_.Recordset().CancelUpdate();
 }
 
 RecordParts RecordTab::parts() {
@@ -124,7 +122,7 @@ void RecordTab::bind() {
     list_->setSource(source_, QString::fromUtf16(row_.shownColumn));
     binding_ = std::move(binding);
     const auto show = [this] {
-        frame_.perform([this] { kind_->rowShown(records()); });
+        forms::showGuarded(&frame_.window(), [this] { kind_->rowShown(records()); });
     };
     QObject::connect(&source_, &store::DataSource::repositioned, binding_.get(), show);
     show();
@@ -204,8 +202,8 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 }
 
 void RecordTab::act(Button button) {
-    frame_.perform([&] { press(button); });
-    frame_.perform([this] { closeLostRecord(); });
+    frame_.actions().perform([&] { press(button); });
+    frame_.actions().perform([this] { closeLostRecord(); });
 }
 
 void RecordTab::press(Button button) {

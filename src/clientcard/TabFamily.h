@@ -31,8 +31,6 @@ class CardFrame {
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
-    /// Runs an action, or a step of one; an error ends it alone and is told at the action's end.
-    virtual void perform(const std::function<void()>& action) = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
     /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its

@@ -1,7 +1,9 @@
 #include "forms/RowLook.h"
 
+#include "forms/Colours.h"
 #include "forms/Twips.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -25,7 +27,38 @@ class RowDelegate : public QStyledItemDelegate {
     }
 };
 
+/// The colours of what is chosen follow the focus of the view that owns this.
+class FocusPaler : public QObject {
+  public:
+    explicit FocusPaler(QTableView& view) : QObject(&view), view_(view) {
+        view.installEventFilter(this);
+        follow(view.hasFocus());
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            follow(event->type() == QEvent::FocusIn);
+        return false;
+    }
+
+  private:
+    void follow(bool focused) {
+        QPalette palette;
+        if (!focused) {
+            palette.setColor(QPalette::Highlight, headColour);
+            palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+        }
+        view_.setPalette(palette);
+    }
+
+    QTableView& view_;
+};
+
 } // namespace
+
+void paleWithoutFocus(QTableView& table) {
+    new FocusPaler(table);
+}
 
 void lookLikeList(QTableView& table) {
     table.setSelectionBehavior(QTableView::SelectRows);

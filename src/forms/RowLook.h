@@ -8,4 +8,7 @@ namespace forms {
 /// in it.
 void lookLikeList(QTableView& table);
 
+/// Shows what is chosen in a table in a paler colour while the keys go elsewhere.
+void paleWithoutFocus(QTableView& table);
+
 } // namespace forms

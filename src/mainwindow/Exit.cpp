@@ -1,10 +1,14 @@
 #include "mainwindow/Exit.h"
 
+#include "backup/Copies.h"
+#include "forms/Guard.h"
+#include "forms/MessageBox.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace mainwindow {
 
@@ -33,6 +37,33 @@ bool compact(store::DBEngine& engine, const store::WorkFiles& files,
     }
 }
 
+/// Runs a work and shows how far it is, until it ends or fails.
+template <class Work>
+void runShown(forms::ProgressForm& form, const QString& doing, const Work& work) {
+    const auto hide = qScopeGuard([&form] { form.hide(); });
+    work(form.progress(doing));
+}
+
+void copyOrTell(const Surroundings& around, bool isChecked, forms::ProgressForm& form) {
+    // That the register isn't there has been told by the compaction.
+    if (!QFileInfo::exists(around.folder.database()))
+        return;
+    try {
+        runShown(form, QStringLiteral("Robí sa záloha údajov …"), [&](const auto& tell) {
+            backup::makeCopy(around.engine, around.folder,
+                             QDateTime(around.today(), QTime::currentTime()), isChecked, tell);
+        });
+    } catch (const store::GivenUp&) {
+        // The next copy holds what this one would have held.
+    } catch (const store::EngineError& error) {
+        forms::showMessage(nullptr, {.text = QStringLiteral("Záloha údajov sa nevytvorila.\n\n") +
+                                             error.description(),
+                                     .title = QStringLiteral("Upozornenie"),
+                                     .icon = QMessageBox::Warning,
+                                     .detail = error.place()});
+    }
+}
+
 } // namespace
 
 bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder,
@@ -44,6 +75,18 @@ bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& fold
         store::replaceFile(files.copy(), files.path());
     QFile::remove(folder.path(u"arch_tmp.zip"));
     return isCompact;
+}
+
+void leaveInOrder(const Surroundings& around) {
+    forms::ProgressForm form(QStringLiteral("frmKoniec"), QStringLiteral("Koniec"), nullptr);
+    form.setPatience(around.patience);
+    bool isChecked = false;
+    forms::guardedEnd([&] {
+        runShown(form, QStringLiteral("Údaje sa zhusťujú …"), [&](const auto& tell) {
+            isChecked = compactAndReplace(around.engine, around.folder, tell);
+        });
+    });
+    forms::guardedEnd([&] { copyOrTell(around, isChecked, form); });
 }
 
 } // namespace mainwindow

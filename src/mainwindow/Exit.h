@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mainwindow/Surroundings.h"
 #include "store/Database.h"
 #include "store/ProgramFolder.h"
 
@@ -15,5 +16,10 @@ namespace mainwindow {
 /// by any other failure
 bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder,
                        const store::TellProgress& tell = {});
+
+/// What the exit does with the closed register: compacts it and makes a copy when something has
+/// changed since the last one. Shows how far it is; each of the two can be given up, and what fails
+/// is told and stops nothing.
+void leaveInOrder(const Surroundings& around);
 
 } // namespace mainwindow

@@ -14,6 +14,7 @@ class QMenu;
 namespace store {
 class BackgroundCheck;
 class EngineError;
+class IndexRepair;
 } // namespace store
 
 namespace mainwindow {
@@ -46,6 +47,10 @@ class FrmUvod : public QMainWindow {
     store::DataSource& datCisVzd() { return sources_->datCisVzd; }
     const Surroundings& surroundings() const { return around_; }
 
+    /// Repairs a register that a check has found damaged, with the user's consent; the run ends
+    /// when that can't be.
+    void opravSubor();
+
     void ukazKlientov();
     void ukazZamestnancov();
     void zadajSkolskyRok();
@@ -64,6 +69,7 @@ class FrmUvod : public QMainWindow {
 
     void load();
     bool fileFound();
+    std::chrono::milliseconds patience() const;
     void openData();
     void finishLoad();
     bool ensureLoaded();
@@ -72,6 +78,8 @@ class FrmUvod : public QMainWindow {
     void tellUnloaded(const store::EngineError& error);
     void listFailed(const store::EngineError& error);
     bool indexesRepaired();
+    std::unique_ptr<store::IndexRepair> triedRepair();
+    void loadRepaired();
     void checkInBackground();
     void damageFound();
     void setControlsEnabled(bool enabled);

@@ -51,6 +51,9 @@ const std::array<MenuTraits, 3>& menus() {
          {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
           {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore},
           {},
+          {u"mniZalohy", u"Zálohy…", Screen::Copies},
+          {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck},
+          {},
           {u"mniPomoc", u"Pomocník (F1)", Screen::Help},
           {u"mniOProgr", u"O programe", Screen::About}}},
         // A menu without items acts on its own click.

@@ -235,6 +235,7 @@ void ListPane::readAnew() {
     rows.Refresh();
     if (any && !rows.Recordset().Eof())
         rows.Recordset().FindFirst(QStringLiteral("idkod = ") + store::quoted(key));
+    tlacidlaPodlaRiadkov(grid(*onShow()));
 }
 
 void ListPane::novy() {

@@ -31,7 +31,9 @@ enum class Screen {
     ClientsInReturn,
     Archive,
     Restore,
+    Copies,
     RestoreAtStart,
+    DataCheck,
     Help,
     About,
 };

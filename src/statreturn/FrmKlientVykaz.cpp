@@ -67,7 +67,6 @@ FrmKlientVykaz::FrmKlientVykaz(const printing::PrintTools& tools, const QString&
     setWindowTitle(QStringLiteral("Klienti vo výkaze za školský rok %1, vek k %2")
                        .arg(schoolYear, today.toString(u"d. M. yyyy")));
     card::setGround(*this, QPalette::Window, forms::screenColour);
-    tables_->setObjectName(QStringLiteral("tabVykaz"));
     auto* lines = new QVBoxLayout(this);
     lines->addWidget(makeHalves(), 1);
     lines->addWidget(state_);
@@ -76,7 +75,17 @@ FrmKlientVykaz::FrmKlientVykaz(const printing::PrintTools& tools, const QString&
     resize(startSize.boundedTo(screen()->availableSize() - decoration));
     readAnew();
     shareHeight();
+    followUser();
     one_->setFocus();
+}
+
+void FrmKlientVykaz::followUser() {
+    for (NumbersView* view : {one_, two_, leftOut_}) {
+        connect(view, &NumbersView::numberChosen, this, &FrmKlientVykaz::showPeople);
+        connect(view, &NumbersView::activated, this, &FrmKlientVykaz::goToList);
+    }
+    connect(list_, &PeopleList::lineChosen, this, &FrmKlientVykaz::showLine);
+    connect(list_, &PeopleList::activated, this, &FrmKlientVykaz::openCard);
     connect(tables_, &QTabWidget::currentChanged, this, &FrmKlientVykaz::showPeople);
     connect(tables_, &QTabWidget::currentChanged, this, &FrmKlientVykaz::shareHeight);
     connect(halves_, &QSplitter::splitterMoved, this, [this] { sharedByHand_ = true; });
@@ -85,12 +94,11 @@ FrmKlientVykaz::FrmKlientVykaz(const printing::PrintTools& tools, const QString&
 NumbersView* FrmKlientVykaz::addNumbers(const char16_t* name, const char16_t* caption) {
     auto* view = new NumbersView(QString::fromUtf16(name));
     tables_->addTab(view, QString::fromUtf16(caption));
-    connect(view, &NumbersView::numberChosen, this, &FrmKlientVykaz::showPeople);
-    connect(view, &NumbersView::activated, this, &FrmKlientVykaz::goToList);
     return view;
 }
 
 QWidget* FrmKlientVykaz::makeHalves() {
+    tables_->setObjectName(QStringLiteral("tabVykaz"));
     halves_->setChildrenCollapsible(false);
     halves_->addWidget(tables_);
     halves_->addWidget(makeList());
@@ -115,8 +123,6 @@ QWidget* FrmKlientVykaz::makeList() {
     lines->addWidget(list_, 1);
     list_->setObjectName(QStringLiteral("lstKlienti"));
     list_->setMinimumHeight(leastListHeight);
-    connect(list_, &PeopleList::lineChosen, this, &FrmKlientVykaz::showLine);
-    connect(list_, &PeopleList::activated, this, &FrmKlientVykaz::openCard);
     return half;
 }
 
@@ -160,7 +166,8 @@ void FrmKlientVykaz::readAnew() {
     const BusyPointer busy;
     for (NumbersView* view : {one_, two_, leftOut_})
         view->setNumbers(nullptr);
-    list_->setLines({}, 0, {});
+    list_->setLines(clientColumns(), 0, {});
+    chosen_->clear();
     contents_.reset();
     store::DataSource source(tools_.engine);
     source.setDatabaseName(tools_.folder.database());
@@ -201,6 +208,7 @@ void FrmKlientVykaz::showPeople() {
                     : clientTexts(contents_->people, numbers, counted);
     };
     list_->setLines(showsLeftOut() ? remarkColumns() : clientColumns(), int(people.size()), text);
+    showLine();
 }
 
 /// A reason may be longer than its column.
@@ -259,6 +267,8 @@ void FrmKlientVykaz::showOutcome(bool good, const QString& text) {
 }
 
 void FrmKlientVykaz::save() {
+    if (!contents_)
+        return;
     const auto outcome = report::askAndSave(
         report::csvFile(), chosenNumber(),
         [this](QIODevice& file) { return report::writeCsv(list_->table(), file); }, this);
@@ -267,6 +277,8 @@ void FrmKlientVykaz::save() {
 }
 
 void FrmKlientVykaz::print() {
+    if (!contents_)
+        return;
     report::TableReport table;
     table.title = windowTitle();
     table.notes = chosen_->text();

@@ -48,6 +48,7 @@ class FrmKlientVykaz : public QDialog {
     void shareHeight();
     QLayout* makeLastLine();
     void makeKeys();
+    void followUser();
 
     /// Reads the register and shows it. @throws store::EngineError; nothing is on show then
     void readAnew();

@@ -1,6 +1,7 @@
 #include "statreturn/NumbersView.h"
 
 #include "forms/Colours.h"
+#include "forms/RowLook.h"
 #include "statreturn/Counts.h"
 
 #include <QHeaderView>
@@ -224,6 +225,7 @@ NumbersView::NumbersView(const QString& name, QWidget* parent) : QTableView(pare
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setCornerButtonEnabled(false);
+    forms::paleWithoutFocus(*this);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
 }
 

@@ -55,10 +55,17 @@ QVariant PeopleModel::headerData(int section, Qt::Orientation orientation, int r
 PeopleList::PeopleList(QWidget* parent) : QTableView(parent) {
     setModel(&lines_);
     forms::lookLikeList(*this);
+    forms::paleWithoutFocus(*this);
     horizontalHeader()->setStretchLastSection(true);
 }
 
 void PeopleList::setLines(std::vector<PeopleColumn> columns, int count, PeopleModel::Line line) {
+    // Widths that the user has set stay as long as the columns do.
+    const auto& before = lines_.columns();
+    const bool same =
+        std::ranges::equal(before, columns, {}, &PeopleColumn::head, &PeopleColumn::head);
+    for (std::size_t column = 0; same && column + 1 < columns.size(); ++column)
+        columns[column].width = columnWidth(int(column));
     lines_.setLines(std::move(columns), count, std::move(line));
     for (std::size_t column = 0; column < lines_.columns().size(); ++column)
         setColumnWidth(int(column), lines_.columns()[column].width);

@@ -135,7 +135,7 @@ std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     auto connection = std::make_shared<Connection>(path, Connection::Access::ReadWrite, deferred_);
     checkIdentity(*connection);
     // What a journal puts back may be of another state of the file than what it is put into.
-    if (isUpToDate(*connection) && (wasCutOff || isQuicklyChecked(path)))
+    if (!remakesIndexes(*connection) && (wasCutOff || isQuicklyChecked(path)))
         checkPages(*connection);
     connection->execute(
         "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");

@@ -26,6 +26,9 @@ EngineError systemError(int code, const QString& path);
 /// @throws EngineError 3204 when the file exists, 3026, 3027
 void createPrivateFile(const QString& path);
 
+/// Makes a folder that its owner alone can look into, unless there is one. @throws EngineError
+void makePrivateFolder(const QString& path);
+
 /// Gives a file the owner, the group and the rights of another one. @return false when only the
 /// administrator may give it to that owner @throws EngineError
 bool takeOwnerOf(const QString& model, const QString& path);

@@ -238,38 +238,18 @@ void renewChanges(Connection& connection) {
     renew.run();
 }
 
+/// From here on no number of a row is given twice.
+constexpr quint32 numberedRows = 2;
+
 void renewFrom(quint32 version, Connection& connection) {
-    if (version < 2)
+    if (version < numberedRows)
         makeAllAnew(connection);
+    else if (remakesIndexes(connection))
+        connection.execute("REINDEX");
     renewChanges(connection);
     noteVersion(connection);
+    noteTextOrder(connection);
 }
-
-/// Calls now, and again and again as long as it lives, while SQLite works.
-class Heartbeat {
-  public:
-    Heartbeat(Connection& connection, const std::function<void()>& call) : connection_(connection) {
-        if (!call)
-            return;
-        call();
-        sqlite3_progress_handler(connection.handle(), stride, beat,
-                                 const_cast<std::function<void()>*>(&call));
-    }
-    ~Heartbeat() { sqlite3_progress_handler(connection_.handle(), 0, nullptr, nullptr); }
-    Heartbeat(const Heartbeat&) = delete;
-    Heartbeat& operator=(const Heartbeat&) = delete;
-
-  private:
-    /// Instructions of SQLite between two calls: some milliseconds.
-    static constexpr int stride = 100'000;
-
-    static int beat(void* call) {
-        (*static_cast<const std::function<void()>*>(call))();
-        return 0;
-    }
-
-    Connection& connection_;
-};
 
 } // namespace
 
@@ -329,31 +309,33 @@ void verifyDatabase(const QString& path, const TellProgress& tell) {
     }
 }
 
-bool isUpToDate(Connection& connection) {
-    return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
+bool remakesIndexes(Connection& connection) {
+    return versionOf(connection) < numberedRows || !isTextOrderCurrent(connection);
 }
 
 void bringUpToDate(Connection& connection, const std::function<void()>& working) {
     const quint32 version = versionOf(connection);
-    const bool isOld = version != schemaVersion;
-    const bool isSorted = isTextOrderCurrent(connection);
-    if (!isOld && isSorted)
+    const bool remakes = remakesIndexes(connection);
+    if (version == schemaVersion && !remakes)
         return;
-    const Heartbeat heartbeat(connection, working);
+    std::optional<Watch> watch;
+    if (working) {
+        working();
+        watch.emplace(connection.handle(), [&working] {
+            working();
+            return true;
+        });
+    }
     try {
         connection.writeAll([&] {
-            const bool makesIndexes = version < 2 || !isSorted;
-            if (version >= 2 && !isSorted)
-                connection.execute("REINDEX");
-            if (isOld)
-                renewFrom(version, connection);
-            noteTextOrder(connection);
-            makesIndexes ? checkShape(connection) : checkPages(connection);
+            renewFrom(version, connection);
+            if (remakes)
+                checkShape(connection);
             return true;
         });
         connection.commit();
     } catch (const EngineError& error) {
-        if (!isOld || error.number() != ErrorNumber::ReadOnly)
+        if (version == schemaVersion || error.number() != ErrorNumber::ReadOnly)
             throw;
         checkPages(connection);
     }

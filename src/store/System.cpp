@@ -121,6 +121,14 @@ void createPrivateFile(const QString& path) {
     const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
 }
 
+void makePrivateFolder(const QString& path) {
+    if (QFileInfo(path).isDir())
+        return;
+    if (::mkdir(QFile::encodeName(path).constData(), S_IRWXU) != 0)
+        throw systemError(errno, path);
+    syncFolderOf(path);
+}
+
 bool takeOwnerOf(const QString& model, const QString& path) {
     struct stat status = {};
     const QByteArray target = QFile::encodeName(path);

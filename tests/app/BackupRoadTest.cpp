@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
 #include <QTest>
 
@@ -111,6 +112,23 @@ TEST_F(BackupRoad, theWindowComesBackOverTheRestoredRegister) {
     EXPECT_EQ(runsEnded, 1);
     window.open();
     EXPECT_EQ(firstSurname(), u"Prvý"_s);
+}
+
+TEST_F(BackupRoad, aCopyOfTheListComesBackByTheSameRoad) {
+    window.open();
+    window.findChild<QAction*>(u"mnuKoniec"_s)->trigger();
+    setClient(u"Druhý");
+    window.open();
+    boxes.expect(support::ExpectedWindow{
+        u"FrmZalohy"_s, [](QWidget& form) {
+            QTest::keyClick(form.findChild<QPushButton*>(u"cmdObnovit"_s), Qt::Key_Space);
+        }});
+    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
+              QMessageBox::Information, yesNo);
+    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    choose("mniZalohy");
+    EXPECT_EQ(firstSurname(), u"Prvý"_s);
+    EXPECT_TRUE(QFile::exists(reg.folder.path(u"tvk_ren.mdb")));
 }
 
 TEST_F(BackupRoad, aSoundRegisterOfTheOldFormatIsOfferedForTakingOver) {

@@ -97,7 +97,7 @@ TEST_F(Archives, eachIsWhatItIsAndNoMore) {
         {"folder", packed({{"x/tvk.mdb", original}}), Finding::NoRegister},
         {"link", packed({{"tvk.mdb", "/etc/passwd", S_IFLNK | 0777}}), Finding::NoRegister},
         {"device", packed({{"tvk.mdb", original, S_IFBLK | 0600}}), Finding::NoRegister},
-        {"encrypted", packed({{"tvk.mdb", original, 0, "heslo"}}), Finding::NoRegister},
+        {"encrypted", packed({{"tvk.mdb", original, 0, "heslo"}}), Finding::Locked},
         {"two registers", twice, Finding::NoRegister},
         {"empty entry", packed({{"tvk.mdb", {}}}), Finding::NoRegister},
         {"no register", packed({{"tvk.mdb", "údaje"}}), Finding::NoRegister},

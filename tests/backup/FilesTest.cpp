@@ -39,7 +39,7 @@ class Files : public BackupFiles {
     /// Replaces the register by the one of an archive.
     void restore(const QString& archive, const store::TellProgress& tell = {}) {
         backup::Restore one(reg.engine, reg.folder, checker());
-        ASSERT_EQ(one.extract(archive, tell), backup::Finding::Sound);
+        ASSERT_EQ(one.extract(archive, {}, tell), backup::Finding::Sound);
         one.replaceLive();
     }
     /// Runs an action that must fail and leave all as it was.

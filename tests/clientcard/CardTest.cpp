@@ -419,6 +419,16 @@ TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
     EXPECT_EQ(field(37).text(), text("0"));
     goTo(37);
     EXPECT_EQ(field(37).text(), QString());
+    // What was let stand on the first tab is not asked about on the way back to it.
+    turnTabs(-1);
+    goTo(3);
+    type("8055120008");
+    boxes.expect({.text = text("Nesprávne rodné číslo ,opraviť ?"),
+                  .title = text("Chybová správa"),
+                  .icon = QMessageBox::Warning,
+                  .buttons = Abort | Retry | Ignore,
+                  .answer = Ignore});
+    turnTabs(1);
     for (const char* year : {"1985", "1990"}) {
         goTo(21);
         expect("Logicky chybne zadané dátumy matky a klienta !");

@@ -85,7 +85,8 @@ TEST_F(FieldFaultsTest, ATypedDigitOfASiblingIsTakenWhereverTheFocusGoes) {
                                          {"0T", "        "},
                                          {"R", "35"},
                                          {"3T", "35"},
-                                         {"6", "6        "}}) {
+                                         {"6", "6        "},
+                                         {"6TTT9T", "69       "}}) {
         SCOPED_TRACE(pressed);
         reg.execute({text("delete from k_surodenci")});
         insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', "

@@ -118,7 +118,8 @@ TEST_F(LateFaultTest, ARecordThatCouldNotBeDeletedIsStillInTheList) {
 
 TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatWasTyped) {
     reg.add(text("k_surodenci"), {{u"idkod", text("NOVOTNEV00")}, {u"meno", text("Adam")}});
-    for (const bool typed : {false, true}) {
+    for (const auto& [typed, saves] :
+         {std::pair{false, true}, std::pair{false, false}, std::pair{true, false}}) {
         openClient();
         if (typed)
             typeInto("textKrz(12)", "Dlha 1");
@@ -126,11 +127,12 @@ TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatW
         reg.engine.commitPending();
         faults::install({Plan::Fault::ReadFails});
         expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
-        turnTo(2);
+        saves ? click("CmdZap") : turnTo(2);
         EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
         QTest::qWait(0);
         EXPECT_EQ(card->isVisible(), typed);
         EXPECT_EQ(field(12).text(), typed ? text("Dlha 1") : QString());
+        EXPECT_FALSE(at<QPushButton>("cmdSurNovy").isEnabled()) << "its fields show no record";
         faults::install({});
     }
     // What could not be read is read when it is turned to again.
@@ -138,4 +140,15 @@ TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatW
     turnTo(2);
     EXPECT_EQ(at("textSur(0)").text() + at<forms::RowList>("DBList1").itemText(0),
               text("AdamAdam"));
+}
+
+TEST_F(LateFaultTest, OfASaveThatIsUndoneNothingElseIsToldThanWhy) {
+    openClient();
+    typeInto("textKrz(12)", "dlha");
+    typeNote("pozn");
+    refuse("update on k_zaklad");
+    pressInVain("CmdZap");
+    refuseNoMore();
+    click("CmdZap");
+    EXPECT_EQ(stored("ulica") + stored("poznamky", "k_memo"), text("Dlha<p>pozn</p>"));
 }

@@ -232,7 +232,10 @@ TEST_F(DropDownTest, TypedInTheClosedFieldItCompletes) {
     screen.type("x");
     EXPECT_EQ(screen.drop.text(), u"Brex"_s);
     EXPECT_FALSE(screen.drop.selectedItem().isValid());
-    EXPECT_EQ(screen.told.size(), 5) << screen.told.join(u"; ").toStdString();
+    screen.key(Qt::Key_Home);
+    screen.type("ab");
+    EXPECT_EQ(screen.drop.text(), u"abBrex"_s) << "where the cursor stands";
+    EXPECT_EQ(screen.told.size(), 7) << screen.told.join(u"; ").toStdString();
     screen.told.clear();
     screen.field.setFocus();
     EXPECT_EQ(screen.heard(), QString()) << "leaving must not choose";

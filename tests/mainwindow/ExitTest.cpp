@@ -2,6 +2,7 @@
 #include "store/FileBytes.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -90,15 +91,41 @@ TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {
               QStringList({u"arch_tmp.zip"_s, u"tmp.mdb"_s, u"tvk.mdb"_s}));
 }
 
+TEST_F(ExitTest, aCopyIsMadeOfWhatChangedButNotByTheFrameAndItsFailureIsSaid) {
+    const QString folder = reg.folder.path(u"zalohy");
+    const auto leave = [&](const QString& change) {
+        if (!change.isEmpty())
+            reg.execute({change});
+        reg.engine.commitPending();
+        open();
+        click("Label4");
+        return files::namesIn(folder).size();
+    };
+    open();
+    window->close();
+    EXPECT_FALSE(QFileInfo::exists(folder));
+    EXPECT_EQ(leave({}), 1);
+    EXPECT_EQ(leave({}), 1);
+    EXPECT_EQ(leave(u"insert into k_zaklad (idkod) values ('A')"_s), 2);
+    QDir(folder).removeRecursively();
+    files::write(folder, "súbor");
+    expectBox("Záloha údajov sa nevytvorila.\n\nCieľový súbor už existuje.", "Upozornenie",
+              QMessageBox::Warning);
+    leave(u"insert into k_zaklad (idkod) values ('B')"_s);
+    EXPECT_EQ(runsEnded, 5);
+}
+
 TEST_F(ExitTest, aCompactionGivenUpLeavesTheFileAndTheRunEnds) {
     fillAndEmpty();
     files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
     around.patience = std::chrono::milliseconds(0);
     open();
     const QByteArray before = files::read(reg.folder.database());
-    boxes.expect({.name = u"frmKoniec"_s, .drive = [](QWidget& form) {
-                      QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
-                  }});
+    for (const auto doing : {u"Údaje sa zhusťujú …", u"Robí sa záloha údajov …"})
+        boxes.expect({.name = u"frmKoniec"_s, .drive = [doing](QWidget& form) {
+                          EXPECT_EQ(form.findChild<QLabel*>(u"lblStav"_s)->text(), doing);
+                          QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
+                      }});
     click("Label4");
     EXPECT_EQ(runsEnded, 1);
     EXPECT_EQ(files::read(reg.folder.database()), before);

@@ -31,12 +31,14 @@ TEST_F(EmployeeTest, EachFieldAndOptionHasAColumnOfItsOwnAndIsReachedByKeys) {
     open();
     EXPECT_EQ(card->windowTitle(), text("Údaje zamestnanca"));
     EXPECT_EQ(function().text() + at("txtIdKod").text(), QString());
+    EXPECT_FALSE(at("txtIdKod").isVisible());
     for (const Case& c :
          {Case{"adam", "biely", "f3", Qt::Key_Down, "cmdzapNew", "BIELYAD00|Adam|Biely|3|e|z|n"},
           Case{"iva", "cierna", "F4", Qt::Key_Up, "cmdZap", "CIERNAIV00|Iva|Cierna|4|i|m|a"}}) {
         EXPECT_EQ(focused(), text("TextPsych(0)"));
         for (const char* typed : {c.firstName, c.surname, c.function})
             enter(typed);
+        EXPECT_EQ(function().text(), text(c.function).toUpper());
         for (int pair = 0; pair < 3; ++pair) {
             key(c.choice);
             key(Qt::Key_Return);

@@ -28,6 +28,10 @@ void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window);
 /// Asks for the clients behind the numbers of the return, and for those who are left out.
 void walkClientsInReturn(Guide& guide, mainwindow::FrmUvod& window);
 void walkClientList(Guide& guide, mainwindow::FrmUvod& window);
+/// Ends the program twice, with a change in between, and looks at the copies that this left.
+void walkCopies(Guide& guide, mainwindow::FrmUvod& window);
+/// Damages the invented register first.
+void walkDataCheck(Guide& guide, mainwindow::FrmUvod& window);
 
 /// Runs what shows a preview, takes its picture and leaves its PDF, both under that name.
 void lookAtPrint(Guide& guide, const QString& name, const std::function<void()>& print);

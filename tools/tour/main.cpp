@@ -50,9 +50,11 @@ void walk(const char16_t* kind, const QString& output, const Roads& roads) {
     makeRegister(kind, folder.database());
 
     store::DBEngine engine;
-    const mainwindow::Surroundings around{engine, folder, [] { return today; }, app::openScreen,
-                                          [] {
-                                          }};
+    const auto nothing = [] {
+    };
+    // The exit is too short to be shown, on a slow computer too.
+    const mainwindow::Surroundings around{engine,  folder, [] { return today; }, app::openScreen,
+                                          nothing, {},     std::chrono::hours(1)};
     mainwindow::FrmUvod window(around);
     window.resize(1280, 800);
     window.open();
@@ -82,6 +84,8 @@ void walkSample(const QString& output) {
         tour::walkWholeReturn(guide, window);
         tour::walkClientsInReturn(guide, window);
         tour::walkClientList(guide, window);
+        tour::walkCopies(guide, window);
+        tour::walkDataCheck(guide, window);
     });
 }
 

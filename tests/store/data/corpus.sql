@@ -185,3 +185,11 @@ query	vyp_rodicia	SELECT k_zaklad.Meno, k_zaklad.Priezv, k_zaklad.Idkod, k_zakla
 query	vyp_navstevy	select *,(format(datum,'dd') + '.' + format(datum,'mm') + '.' + format(datum,'yyyy')) as kedy from k_navstevy where idkod= 'O''NEILSE00' order by datum
 query	vyp_zoz_klient	SELECT k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc FROM k_zaklad  ORDER BY k_zaklad.priezv+k_zaklad.meno
 query	vyp_zazZmeny	select k_zaznam_zmeny.datum, trim(meno) & '  ' & trim(priezv) as Expr1, k_zaznam_zmeny.zmeny from zamestnanci inner join k_zaznam_zmeny on zamestnanci.idkod = k_zaznam_zmeny.idkod_p order by k_zaznam_zmeny.datum
+select	select distinct k_navstevy.idkod as kluc from k_navstevy left join k_zaklad on k_navstevy.idkod = k_zaklad.idkod where isnull(k_zaklad.idkod)
+select	select distinct k_zaznam_spc.idkod_p as kluc from k_zaznam_spc left join zamestnanci on k_zaznam_spc.idkod_p = zamestnanci.idkod where isnull(zamestnanci.idkod) and isnull(k_zaznam_spc.idkod_p) = false and trim(k_zaznam_spc.idkod_p) <> ''
+select	select * from k_zaznam_spc where isnull(idkod_p) or trim(idkod_p) = '' order by idkod
+select	select k_zaklad.idkod as kluc from k_zaklad left join k_memo on k_zaklad.idkod = k_memo.idkod where isnull(k_memo.idkod) and isnull(k_zaklad.idkod) = false
+select	select idkod as kluc, count(*) as pocet from k_memo where isnull(idkod) = false group by idkod having count(*) > 1
+select	select trim(katcis) as cislo, count(*) as pocet from k_zaklad where isnull(katcis) = false and trim(katcis) <> '' group by trim(katcis) having count(*) > 1
+select	select idkod as kluc, vzar_do as hodnota from k_zariad where isnull(vzar_do) = false and isdate(vzar_do) = false
+select	select k_zariad.idkod as kluc, k_zariad.nazzar as hodnota from k_zariad left join c_zariad on k_zariad.nazzar = c_zariad.kod and k_zariad.akronym = c_zariad.akronym where (isnull(c_zariad.nazov) or trim(c_zariad.nazov) = '') and isnull(k_zariad.nazzar) = false and trim(k_zariad.nazzar & '') <> ''
