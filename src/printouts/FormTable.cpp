@@ -2,6 +2,9 @@
 
 #include "printing/FormParts.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace printouts {
 
 namespace {
@@ -57,7 +60,10 @@ Control controlOf(const Part& part) {
     return growing(printing::fieldOf(control, part.text));
 }
 
-Controls controlsOf(const std::vector<Part>& parts) {
+/// In the order in which they are read.
+Controls controlsOf(std::vector<Part> parts) {
+    std::ranges::stable_sort(parts, {},
+                             [](const Part& part) { return std::pair(part.top, part.left); });
     Controls controls;
     for (const Part& part : parts)
         controls.push_back(controlOf(part));

@@ -41,7 +41,7 @@ FontMeter::Known& FontMeter::known(const TextStyle& style) const {
 
 double FontMeter::width(const QString& text, const TextStyle& style) const {
     constexpr qsizetype longest = 32;
-    constexpr qsizetype most = 30'000;
+    constexpr qsizetype most = 20'000;
     Known& in = known(style);
     if (text.size() > longest)
         return in.metrics.horizontalAdvance(text);

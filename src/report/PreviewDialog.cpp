@@ -206,6 +206,7 @@ bool PreviewDialog::goThrough(const QString& what,
     window.setObjectName(QStringLiteral("progress"));
     window.setWindowTitle(windowTitle());
     window.setWindowModality(Qt::WindowModal);
+    window.setMinimumDuration(300);
     givenUp_ = false;
     return work([this, &window](std::size_t done, std::size_t count) {
         window.setMaximum(int(count));

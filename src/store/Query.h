@@ -100,6 +100,11 @@ class RowBlock {
     /// Becomes a copy of one row of another block.
     void assign(const RowBlock& other, qint64 index);
     void clear();
+    /// Gives back the memory that was kept for further rows.
+    void shrink() {
+        slots_.shrink_to_fit();
+        bytes_.shrink_to_fit();
+    }
     qint64 count() const { return rows_; }
     /// Bytes that it takes.
     size_t size() const { return slots_.size() * sizeof(Slot) + bytes_.size(); }

@@ -83,6 +83,7 @@ ReportRows ReportConnection::open(const QString& source) {
         RowBlock rows;
         while (query.step())
             rows.append(query);
+        rows.shrink();
         return {plan.columns, std::move(rows)};
     } catch (const EngineError& error) {
         if (isOfStatement(error.number()))

@@ -196,6 +196,9 @@ TEST_F(PrintoutsTest, eachTabPrintsItsColumnsInTheirPlacesForItsClientAlone) {
         EXPECT_EQ(pages.name(), u"priezv meno – "_s + QString::fromUtf16(row.title));
         EXPECT_EQ(pages.note, QString());
         ASSERT_EQ(pages.pages.size(), 1U);
+        EXPECT_TRUE(std::ranges::is_sorted(pages.pages[0].texts, {},
+                                           [](const auto& text) { return qRound(text.box.top()); }))
+            << "not in the order of reading: " << tab;
         const QStringList heads = linesFrom(pages.pages[0], margin).first(2);
         EXPECT_TRUE(heads[0].startsWith(u"0: 0 "_s + QString::fromUtf16(printedTabs[tab].heading)));
         EXPECT_TRUE(heads[0].endsWith(u" 23.11.2026"_s));

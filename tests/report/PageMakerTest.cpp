@@ -196,4 +196,34 @@ TEST(PageMaker, RichFieldsPlaceARunForEachStyle) {
     EXPECT_TRUE(find(pages.pages[0], u"cd"_s).style.bold);
 }
 
+TEST(PageMaker, PagesOnDemandAreThoseMadeAtOnce) {
+    Layout layout;
+    layout.reportHeader = {u"Section4"_s, 700, {label(u"head"_s, 0, 0, 900, u"%d"_s)}};
+    layout.pageHeader = {u"Section2"_s, 300, {label(u"columns"_s, 0, 0, 900, u"a"_s)}};
+    layout.detail = {u"Section1"_s,
+                     300,
+                     {growing(u"a"_s, 0, 0, 500), growing(u"b"_s, 600, 0, 800),
+                      drawn(ControlKind::Line, 0, 290, 1000, 0)}};
+    layout.pageFooter = {u"Section3"_s, 300, {label(u"foot"_s, 0, 0, 900, u"foot"_s)}};
+    layout.reportFooter = {u"Section5"_s, 400, {label(u"end"_s, 0, 0, 900, u"end"_s)}};
+    QList<QStringList> cells;
+    for (int i = 0; i < 200; ++i)
+        cells << QStringList{u"slovo "_s.repeated(i % 7),
+                             u"dlhé "_s.repeated(i == 90 ? 900 : i % 3)};
+    ListSource source(cells);
+    const Pages made = makePages(layout, source, GridMeter(), today);
+    const Pages looked = pagesOnDemand(layout, std::make_shared<ListTable>(cells),
+                                       std::make_shared<GridMeter>(), today);
+    ASSERT_EQ(looked.pages.size(), made.pages.size());
+    EXPECT_GT(made.pages.size(), 10U);
+    // In any order.
+    for (std::size_t i = made.pages.size(); i-- > 0;) {
+        const Page page = looked.pages.make(i);
+        EXPECT_EQ(textsOf(page), textsOf(made.pages[i]));
+        ASSERT_EQ(page.lines.size(), made.pages[i].lines.size());
+        for (std::size_t text = 0; text < page.texts.size(); ++text)
+            EXPECT_EQ(page.texts[text].box, made.pages[i].texts[text].box);
+    }
+}
+
 } // namespace

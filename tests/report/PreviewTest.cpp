@@ -1,15 +1,20 @@
+#include "report/Csv.h"
+#include "report/Document.h"
 #include "report/PageView.h"
 #include "report/PreviewDialog.h"
 #include "report/TestReport.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinterInfo>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -204,6 +209,53 @@ TEST_F(PreviewTest, ReportsAFileThatCannotBeWritten) {
         ASSERT_EQ(problems_.size(), 1);
         EXPECT_TRUE(problems_[0].contains(u"sa nepodarilo uložiť"_s));
     }
+}
+
+/// A list of so many pages that nobody waits for all of them.
+TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
+    const int count = 4000;
+    Layout layout;
+    layout.title = u"Zoznam"_s;
+    layout.detail.height = 12000;
+    layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
+    layout.savedColumns = {{u"Meno"_s, u"a"_s}};
+    Pages pages =
+        pagesOnDemand(layout, std::make_shared<ListTable>(QList<QStringList>(count, {u"Žofia"_s})),
+                      std::make_shared<FontMeter>(), today);
+    pages.note = u"poznámka"_s;
+    addRunningLines(pages, std::make_shared<FontMeter>());
+    EXPECT_EQ(pages.pages.known(), 1U);
+    EXPECT_EQ(textsOf(pages.pages.make(0)).last(), u"Strana 1"_s);
+    PreviewDialog dialog(pages, {});
+    dialog.show();
+    EXPECT_TRUE(dialog.findChild<QLabel*>(u"previewNote"_s)->isVisible());
+    const auto& view = *dialog.findChild<PageView*>(u"previewPages"_s);
+    EXPECT_TRUE(view.accessibleDescription().contains(u"Žofia"_s));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pages.pages.isComplete(); }));
+    EXPECT_TRUE(view.accessibleDescription().contains(u"Strana 1 z 4000"_s));
+    EXPECT_EQ(dialog.findChild<QSpinBox*>(u"pageNumber"_s)->maximum(), count);
+
+    const QTemporaryDir folder;
+    QTimer waiting;
+    QObject::connect(&waiting, &QTimer::timeout, &dialog, [&waiting] {
+        auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        if (progress == nullptr)
+            return;
+        waiting.stop();
+        auto* cancel = progress->findChild<QPushButton*>();
+        EXPECT_EQ(cancel->text(), u"Zrušiť"_s);
+        QTest::mouseClick(progress->windowHandle(), Qt::LeftButton, {},
+                          cancel->mapTo(progress, cancel->rect().center()));
+    });
+    waiting.start(0);
+    dialog.savePdf(folder.filePath(u"a.pdf"_s));
+    EXPECT_FALSE(waiting.isActive()) << "no progress was shown";
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"a.pdf"_s)));
+    EXPECT_TRUE(dialog.findChild<QLabel*>(u"previewState"_s)->text().startsWith(u"Zrušené"_s));
+    QBuffer csv;
+    csv.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(writeCsv(pages.table, csv));
+    EXPECT_EQ(csv.data().count('\n'), count + 1);
 }
 
 TEST(Preview, IsModalAndReturnsWhenClosed) {

@@ -39,6 +39,22 @@ class ListSource : public RowSource {
     qsizetype at_ = -1;
 };
 
+/// The same rows, to be read again.
+class ListTable : public RowTable {
+  public:
+    explicit ListTable(QList<QStringList> rows) : rows_(std::move(rows)) {}
+
+    qint64 count() const override { return rows_.size(); }
+    void goTo(qint64 row) override { at_ = row; }
+    QString text(const QString& column) const override {
+        return rows_[at_].value(QStringLiteral("abc").indexOf(column));
+    }
+
+  private:
+    QList<QStringList> rows_;
+    qint64 at_ = 0;
+};
+
 inline Control label(const QString& name, int left, int top, int width, const QString& caption) {
     return {.kind = ControlKind::Label,
             .name = name,

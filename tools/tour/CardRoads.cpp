@@ -69,13 +69,13 @@ void lookAtRecords(Guide& guide) {
         const char16_t* edit;
         const char16_t* report;
     };
-    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr", u"rptSurodenci"},
-                           Tab{1, u"dieta-v-rannom-veku", u"", u"rptDemo"},
-                           Tab{6, u"zariadenia", u"cmdZarOpr", u"rptUdajVV"},
-                           Tab{1, u"vysetrenia", u"cmdPzaOpr", u"rptVysetrenie"},
-                           Tab{1, u"starostlivost", u"cmdZscOpr", u"rptZaz_spc"},
-                           Tab{1, u"zmeny", u"cmdZazOpr", u"rptZaz_zmeny"},
-                           Tab{1, u"navstevy", u"cmdNavOpr", u"rptNavstevy"}}) {
+    for (const Tab& tab :
+         {Tab{1, u"surodenci", u"cmdSurOpr", u"rptSurodenci"}, Tab{3, u"zhrnutie", u"", u"rptDemo"},
+          Tab{4, u"zariadenia", u"cmdZarOpr", u"rptUdajVV"},
+          Tab{1, u"vysetrenia", u"cmdPzaOpr", u"rptVysetrenie"},
+          Tab{1, u"starostlivost", u"cmdZscOpr", u"rptZaz_spc"},
+          Tab{1, u"zmeny", u"cmdZazOpr", u"rptZaz_zmeny"},
+          Tab{1, u"navstevy", u"cmdNavOpr", u"rptNavstevy"}}) {
         turnTabs(guide, tab.turns);
         const QString name = QStringLiteral("klient-") + QString::fromUtf16(tab.name);
         guide.picture(name);
@@ -86,6 +86,8 @@ void lookAtRecords(Guide& guide) {
         guide.picture(name + QStringLiteral("-oprava"));
         guide.key(Qt::Key_Escape);
     }
+    lookAtPrint(guide, QStringLiteral("cela-karta"),
+                [&guide] { guide.click(QStringLiteral("cmdTlacKartu")); });
 }
 
 void fillEmployee(Guide& guide) {

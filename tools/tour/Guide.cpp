@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QProgressDialog>
 #include <QTest>
 
 #include <algorithm>
@@ -120,7 +121,9 @@ void Guide::look() {
     QWidget* modal = QApplication::activeModalWidget();
     std::erase_if(seen_,
                   [](const auto& window) { return window == nullptr || !window->isVisible(); });
+    // A window of progress comes and goes by itself.
     if (modal == nullptr || !modal->isVisible() ||
+        qobject_cast<QProgressDialog*>(modal) != nullptr ||
         std::ranges::find(seen_, modal, &QPointer<QWidget>::data) != seen_.end())
         return;
     if (awaited_.empty())
