@@ -112,11 +112,8 @@ TEST_F(FieldFaultsTest, AFieldIsCheckedOnceHoweverItIsLeft) {
             open();
             goTo(c.element);
             type(c.typed);
-            boxes.expect({.text = text(c.refusal),
-                          .title = text("Chybová správa"),
-                          .icon = QMessageBox::Warning,
-                          .buttons = Abort | Retry | Ignore,
-                          .answer = Ignore});
+            boxes.expectAsked(text(c.refusal), text("Chybová správa"), QMessageBox::Warning,
+                              Abort | Retry | Ignore, Ignore);
             key(code);
             EXPECT_NE(focused(), field(c.element).objectName());
             EXPECT_EQ(field(c.element).text(), text(c.typed));

@@ -49,11 +49,9 @@ class FieldRulesTest : public RecordTest {
         };
         if (rule.bad != nullptr) {
             for (const auto answer : {Retry, rule.refusal->empties}) {
-                boxes.expect({.text = text(rule.refusal->text).replace(text("%1"), text(rule.bad)),
-                              .title = text("Chybová správa"),
-                              .icon = QMessageBox::Warning,
-                              .buttons = rule.refusal->buttons,
-                              .answer = answer});
+                boxes.expectAsked(text(rule.refusal->text).replace(text("%1"), text(rule.bad)),
+                                  text("Chybová správa"), QMessageBox::Warning,
+                                  rule.refusal->buttons, answer);
                 EXPECT_EQ(leave(rule.bad), answer == Retry ? text(rule.bad) : QString());
                 EXPECT_EQ(focused() == entry.objectName(), answer == Retry || rule.field == stays);
             }

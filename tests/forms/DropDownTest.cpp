@@ -61,11 +61,7 @@ class PickScreen : public kittest::KitScreen {
         field.setFocus();
     }
 
-    static void press(QWidget& widget, QPoint inside) {
-        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
-                          widget.mapTo(widget.window(), inside));
-    }
-    void openByMouse() { press(drop, QPoint(drop.width() - 8, drop.height() / 2)); }
+    void openByMouse() { support::press(drop, QPoint(drop.width() - 8, drop.height() / 2)); }
     /// To the list when it is open, as the window system would.
     void key(int code, Qt::KeyboardModifiers modifiers = {}) {
         QWidget* popup = QApplication::activePopupWidget();
@@ -116,8 +112,8 @@ class DropDownTest : private faults::Layer, public testing::Test {
     void failReads(const std::function<void()>& action, QWidget* repainted = nullptr) {
         reg.engine.commitPending();
         faults::install({faults::Plan::Fault::ReadFails});
-        boxes.expect({.text = u"Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň."_s,
-                      .icon = QMessageBox::Critical});
+        boxes.expectTold(u"Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň."_s, {},
+                         QMessageBox::Critical);
         action();
         EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
         boxes.allCame();
@@ -148,7 +144,7 @@ TEST_F(DropDownTest, AClickedLineIsThePickAndTellsChangeThenClick) {
     QTest::mouseMove(
         QApplication::activePopupWidget()->windowHandle(),
         screen.drop.view()->viewport()->mapTo(screen.drop.view()->window(), line.center()));
-    screen.press(*screen.drop.view()->viewport(), line.center());
+    support::press(*screen.drop.view()->viewport(), line.center());
     EXPECT_FALSE(screen.isOpened());
     EXPECT_EQ(screen.told.mid(1), QStringList({u"change Brezno"_s, u"click2 Brezno"_s}));
     EXPECT_EQ(screen.focusWidget(), &screen.field);

@@ -85,8 +85,7 @@ TEST_F(RichTextTest, ToolsActOnTheSelectionAndKeepTheFocus) {
     type("slovo");
     field.editor().selectAll();
     for (auto* tool : field.findChildren<QToolButton*>().mid(0, 3))
-        QTest::mouseClick(field.windowHandle(), Qt::LeftButton, {},
-                          tool->mapTo(&field, tool->rect().center()));
+        support::press(*tool);
     EXPECT_EQ(field.text(), u"<p><b><i><u>slovo</u></i></b></p>"_s);
     EXPECT_EQ(QApplication::focusWidget(), &field.editor());
     EXPECT_TRUE(field.findChildren<QToolButton*>().first()->isChecked());

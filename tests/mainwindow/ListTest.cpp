@@ -171,7 +171,7 @@ TEST_F(ListTest, aClickAnywhereInARowChoosesItAndOpensNothing) {
         opened.clear();
         const QPoint inGrid(x, grid.rowViewportPosition(row) + 5);
         const QPoint at = grid.viewport()->mapTo(window.get(), inGrid);
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, at);
+        support::press(*grid.viewport(), inGrid);
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, at);
         key(Qt::Key_Return);
         EXPECT_TRUE(opened.empty());

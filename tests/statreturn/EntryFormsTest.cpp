@@ -1,6 +1,6 @@
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
-#include "store/EngineError.h"
+#include "store/EngineAssertions.h"
 #include "support/CardDriver.h"
 
 using namespace Qt::StringLiterals;
@@ -12,11 +12,9 @@ template <class Form>
 class EntryFormTest : public cardtest::CardDriver<Form> {
   protected:
     void expectFault(const char* message, bool corrects) {
-        this->boxes.expect({.text = cardtest::text(message) + u" Opraviť ?"_s,
-                            .title = u"Chyba !"_s,
-                            .icon = QMessageBox::Critical,
-                            .buttons = QMessageBox::Yes | QMessageBox::No,
-                            .answer = corrects ? QMessageBox::Yes : QMessageBox::No});
+        this->boxes.expectAsked(cardtest::text(message) + u" Opraviť ?"_s, u"Chyba !"_s,
+                                QMessageBox::Critical, QMessageBox::Yes | QMessageBox::No,
+                                corrects ? QMessageBox::Yes : QMessageBox::No);
     }
     void expectDropQuestion(QMessageBox::StandardButton answer) {
         this->expectQuestion(u"Zadané hodnoty nie sú zapísané. Zahodiť ich ?"_s, u"Upozornenie"_s,
@@ -122,6 +120,13 @@ TEST_F(FrmOdbStarTest, ReturnsTheFocusToWhereTheCorrectionBegins) {
     expectFault("Riadok 0501 stl.6 <> r0502+r0503+r0504+r0505 !", false);
     key(Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(focused(), u"txt6(5)");
+    card->resize(card->width(), 400);
+    auto& low = at("txt6(25)");
+    low.setFocus();
+    const QPoint place = low.mapTo(&*card, QPoint(0, 0));
+    key(Qt::Key_Up);
+    EXPECT_EQ(focused(), u"txt6(25)");
+    EXPECT_EQ(low.mapTo(&*card, QPoint(0, 0)), place) << "nothing scrolls";
     // A press on the button that the check sends back writes nothing.
     at("txt6(4)").setFocus();
     expectFault("Riadok 0501 stl.6 <> r0502+r0503+r0504+r0505 !", true);
@@ -145,12 +150,7 @@ TEST_F(FrmOdbStarTest, ReportsAColumnBeyondAWordAndRowsThatAreIncomplete) {
     click("cmdOk");
     EXPECT_EQ(stored(3, u"s_1"_s), u"40000");
     reg.add(u"odbstar"_s, {{u"s_1", u"7"_s}});
-    try {
-        open();
-        ADD_FAILURE() << "opened on 29 rows";
-    } catch (const store::EngineError& error) {
-        EXPECT_EQ(error.number(), store::ErrorNumber::NoCurrentRecord);
-    }
+    EXPECT_ENGINE_ERROR(open(), 3021);
 }
 
 } // namespace
