@@ -12,6 +12,7 @@
 #include "printouts/CardPrints.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
+#include "statreturn/FrmKlientVykaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
@@ -87,6 +88,22 @@ template <class Dialog>
 void openDialog(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
     Dialog(around.engine, around.folder, &window).exec();
+}
+
+void clientsInReturn(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    const auto openCard = [&around](const statreturn::Person& person, QWidget* parent) {
+        modKontrola::editRecord(person.key, person.firstName, person.surname);
+        if (person.isEmployee)
+            staff::FrmPsychUdaj(around.engine, around.folder, parent).exec();
+        else
+            clientcard::FrmKlientUdaj(around.engine, around.folder, parent).exec();
+        return modKontrola::gIdKod;
+    };
+    statreturn::FrmKlientVykaz(printTools(window), window.schoolYear(), around.today(), openCard,
+                               &window)
+        .exec();
+    window.readListAnew();
 }
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
@@ -173,6 +190,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintOdbStar, printOdbStar},
         {Screen::PrintZozKlient, printZozKlient},
         {Screen::PrintReturn, printReturn},
+        {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},

@@ -2,6 +2,7 @@
 
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
+#include "forms/Binding.h"
 #include "forms/FieldEvents.h"
 #include "forms/RichText.h"
 
@@ -23,7 +24,6 @@ class MemoTabs : public TabFamily {
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
     bool isChanged() const override { return binding_.dataChanged(); }
     std::function<void()> keepTyped() override { return binding_.keepTyped(); }
-    std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
   private:
     void enableByRow();
@@ -35,7 +35,7 @@ class MemoTabs : public TabFamily {
 };
 
 MemoTabs::MemoTabs(CardFrame& frame)
-    : frame_(frame), source_(frame.data().datMemo()), binding_(source_) {
+    : frame_(frame), source_(frame.data().datMemo()), binding_(source_, forms::Shows::OpenRows) {
     QObject::connect(&source_, &store::DataSource::repositioned, &binding_,
                      [this] { frame_.perform([this] { enableByRow(); }); });
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "forms/Binding.h"
-
 #include <functional>
-#include <vector>
 
 class QAbstractButton;
 class QDialog;
@@ -31,8 +28,6 @@ class CardFrame {
     virtual CardData& data() = 0;
     virtual forms::FocusGuard& guard() = 0;
     virtual SaveCycle& cycle() = 0;
-    /// The button "Zapíš + návrat".
-    virtual QAbstractButton& saveButton() = 0;
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
@@ -68,8 +63,6 @@ class TabFamily {
         return [] {
         };
     }
-    /// What could not be written since the last call.
-    virtual std::vector<forms::NotWritten> takeErrors() { return {}; }
 };
 
 } // namespace clientcard

@@ -320,6 +320,11 @@ void FrmUvod::ukazZamestnancov() {
     lists_->ukaz(employeeList);
 }
 
+void FrmUvod::readListAnew() {
+    if (loaded_)
+        lists_->readAnew();
+}
+
 void FrmUvod::openTable(int button, Screen screen) {
     panel_->change(&ButtonColours::tableOpened, button);
     openScreen(screen);

@@ -49,6 +49,8 @@ class FrmUvod : public QMainWindow {
     void ukazKlientov();
     void ukazZamestnancov();
     void zadajSkolskyRok();
+    /// Shows what others have written into the list on show. @throws store::EngineError
+    void readListAnew();
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -17,11 +17,11 @@ namespace mainwindow {
 
 namespace {
 
-/// One without a name is a separator.
+/// An entry of a menu; one without a name is a separator.
 struct ItemTraits {
-    QStringView name;
-    QStringView caption;
-    Screen screen{};
+    QStringView name = {};
+    QStringView caption = {};
+    Screen screen = {};
 };
 
 struct MenuTraits {
@@ -43,7 +43,8 @@ const std::array<MenuTraits, 3>& menus() {
           {u"mniDopUkaz", u"Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
           {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient},
           {},
-          {u"mniVykaz", u"Celý výkaz", Screen::PrintReturn}}},
+          {u"mniVykaz", u"Celý výkaz", Screen::PrintReturn},
+          {u"mniKlientVykaz", u"Klienti vo výkaze", Screen::ClientsInReturn}}},
         {u"mnuServis",
          u"Servis",
          u"Alt+S",

@@ -28,6 +28,7 @@ enum class Screen {
     PrintDopUkaz,
     PrintZozKlient,
     PrintReturn,
+    ClientsInReturn,
     Archive,
     Restore,
     RestoreAtStart,

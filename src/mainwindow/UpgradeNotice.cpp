@@ -3,6 +3,7 @@
 #include "store/Database.h"
 
 #include <QCoreApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -20,6 +21,7 @@ constexpr qint64 pauseMs = 40;
 UpgradeNotice::UpgradeNotice(store::DBEngine& engine, const QString& database) : engine_(engine) {
     setObjectName(QStringLiteral("dlgUprava"));
     setWindowTitle(QCoreApplication::applicationName());
+    setWindowIcon(QIcon(QStringLiteral(":/icons/tvk.svg")));
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     auto* text = new QLabel(
         QStringLiteral("Register sa prispôsobuje tejto verzii programu. Stane sa to len raz, pri "

@@ -86,7 +86,7 @@ void printTab(const printing::PrintTools& tools, int tab, const PrintedCard& car
     pages.subject = name.inFiles();
     pages.note = noteOn(leftOut(database, row, source, card.key), card.isChanged);
     database.Close();
-    report::addRunningLines(pages, report::FontMeter());
+    report::addRunningLines(pages, std::make_shared<report::FontMeter>());
     printing::showPages(tools, pages, parent);
 }
 
@@ -102,7 +102,7 @@ void printClientList(const printing::PrintTools& tools, const QDate& today, QWid
     report::Layout form = rptZozKlient();
     form.title = QStringLiteral("Zoznam klientov");
     report::Pages pages = printing::makeReport(tools, form, query, today);
-    report::addRunningLines(pages, report::FontMeter());
+    report::addRunningLines(pages, std::make_shared<report::FontMeter>());
     printing::showPages(tools, pages, parent);
 }
 

@@ -39,6 +39,15 @@ bool writeRow(const QStringList& row, QIODevice& device) {
     return device.write(line) == line.size();
 }
 
+bool writeReadRows(const Table& table, QIODevice& device) {
+    QStringList cells;
+    for (qint64 row = 0; table.read && table.read(row, cells); ++row) {
+        if (!writeRow(cells, device))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 QString csvCell(const QString& text, QChar separatedBy) {
@@ -50,8 +59,9 @@ QString csvCell(const QString& text, QChar separatedBy) {
 bool writeCsv(const Table& table, QIODevice& device) {
     const QByteArray mark = byteOrderMark.toUtf8();
     return device.write(mark) == mark.size() && writeRow(table.heads, device) &&
-           std::ranges::all_of(table.rows,
-                               [&device](const QStringList& row) { return writeRow(row, device); });
+           std::ranges::all_of(
+               table.rows, [&device](const QStringList& row) { return writeRow(row, device); }) &&
+           writeReadRows(table, device);
 }
 
 } // namespace report

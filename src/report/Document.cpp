@@ -1,8 +1,5 @@
 #include "report/Document.h"
 
-#include <iterator>
-#include <utility>
-
 namespace report {
 
 namespace {
@@ -58,22 +55,23 @@ QString Pages::name() const {
     return subject.isEmpty() ? title : subject + QStringLiteral(" – ") + title;
 }
 
-Pages joined(const QString& title, std::vector<Pages> reports) {
+Pages joined(const QString& title, const std::vector<Pages>& reports) {
     Pages document{.title = title};
-    for (Pages& report : reports) {
+    for (const Pages& report : reports) {
         document.bookmarks.push_back({report.title, document.pages.size()});
-        std::move(report.pages.begin(), report.pages.end(), std::back_inserter(document.pages));
+        document.pages.append(report.pages);
     }
     return document;
 }
 
-void addRunningLines(Pages& pages, const TextMeter& meter) {
-    const auto count = pages.pages.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!pages.subject.isEmpty())
-            addHead(pages.pages[i], pages.subject, meter);
-        addFoot(pages.pages[i], QStringLiteral("Strana %1 z %2").arg(i + 1).arg(count), meter);
-    }
+void addRunningLines(Pages& pages, const std::shared_ptr<const TextMeter>& meter) {
+    pages.pages.finishWith([subject = pages.subject, meter](Page& page, std::size_t index,
+                                                            std::optional<std::size_t> count) {
+        if (!subject.isEmpty())
+            addHead(page, subject, *meter);
+        const QString number = QStringLiteral("Strana %1").arg(index + 1);
+        addFoot(page, count ? number + QStringLiteral(" z %1").arg(*count) : number, *meter);
+    });
 }
 
 } // namespace report

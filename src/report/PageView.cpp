@@ -1,5 +1,6 @@
 #include "report/PageView.h"
 
+#include "report/Pages.h"
 #include "report/Print.h"
 
 #include <QMouseEvent>
@@ -42,26 +43,27 @@ PageView::PageView(const Pages& pages, QWidget* parent)
 }
 
 int PageView::pageCount() const {
-    return static_cast<int>(pages_.pages.size());
-}
-
-const Page& PageView::page() const {
-    return pages_.pages[static_cast<std::size_t>(current_ - 1)];
+    return static_cast<int>(pages_.pages.known());
 }
 
 void PageView::setCurrentPage(int number) {
     const int wanted = std::clamp(number, 1, pageCount());
     const bool turned = std::exchange(current_, wanted) != wanted;
-    setAccessibleDescription(textOf(page()));
+    refresh();
     adjust(0);
     verticalScrollBar()->setValue(0);
-    viewport()->update();
     if (turned)
         Q_EMIT pageChanged(current_);
 }
 
+void PageView::refresh() {
+    page_ = pages_.pages.make(static_cast<std::size_t>(current_ - 1));
+    setAccessibleDescription(textOf(page_));
+    viewport()->update();
+}
+
 double PageView::fittingZoom() const {
-    const QSizeF paper = page().paper * logicalDpiX() / twipsPerInch;
+    const QSizeF paper = page_.paper * logicalDpiX() / twipsPerInch;
     const QSizeF room = viewport()->size() - QSize(2 * border, 2 * border);
     const double wide = room.width() / paper.width();
     return fit_ == Fit::Width ? wide : std::min(wide, room.height() / paper.height());
@@ -83,7 +85,7 @@ void PageView::setFit(Fit fit) {
 }
 
 QSizeF PageView::sheetSize() const {
-    return page().paper * zoom() * logicalDpiX() / twipsPerInch;
+    return page_.paper * zoom() * logicalDpiX() / twipsPerInch;
 }
 
 /// The sheet stands in the middle, or where it was moved to when it is larger than the view.
@@ -118,7 +120,7 @@ void PageView::paintEvent(QPaintEvent*) {
     painter.fillRect(QRectF(QPointF(0, 0), sheetSize()), Qt::white);
     const double scale = zoom() * logicalDpiX() / twipsPerInch;
     painter.scale(scale, scale);
-    drawPage(painter, page());
+    drawPage(painter, page_);
 }
 
 void PageView::resizeEvent(QResizeEvent*) {

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "report/Placed.h"
+
 #include <QAbstractScrollArea>
 #include <QPoint>
 
 namespace report {
 
-struct Page;
 struct Pages;
 
 /// Shows one page at a time on its paper. Arrows, wheel and dragging move it; a turn of the wheel
@@ -19,11 +20,15 @@ class PageView : public QAbstractScrollArea {
     /// @param pages at least one; have to outlive the view
     explicit PageView(const Pages& pages, QWidget* parent = nullptr);
 
+    /// How many pages are known so far.
     int pageCount() const;
     /// Number of the page on show, the first one being 1.
     int currentPage() const { return current_; }
     /// Shows that page, or the nearest that there is, from its upper edge on.
     void setCurrentPage(int number);
+
+    /// Makes the page on show anew, as when the number of all pages has become known.
+    void refresh();
 
     /// Size on the screen as a multiple of the paper's.
     double zoom() const;
@@ -43,7 +48,6 @@ class PageView : public QAbstractScrollArea {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
-    const Page& page() const;
     /// Of the paper on the screen, in pixels.
     QSizeF sheetSize() const;
     QPointF sheetCorner() const;
@@ -53,6 +57,7 @@ class PageView : public QAbstractScrollArea {
 
     const Pages& pages_;
     int current_ = 1;
+    Page page_;
     Fit fit_ = Fit::Width;
     double zoom_ = 1;
     QPoint grip_;

@@ -8,6 +8,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QProgressDialog>
 #include <QSpinBox>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -44,17 +45,22 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    state_->setWordWrap(true);
+    auto* note = new QLabel(pages.note, this);
+    note->setObjectName(QStringLiteral("previewNote"));
+    note->setWordWrap(true);
+    note->setVisible(!pages.note.isEmpty());
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
     box->addWidget(toolBar_);
+    box->addWidget(note);
     box->addWidget(view_, 1);
     box->addWidget(state_);
     connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
-    state_->setText(pages.note);
+    connect(&looker_, &QTimer::timeout, this, &PreviewDialog::lookOn);
+    looker_.start(0);
     view_->setFocus();
-    noticePage();
+    lookOn();
 }
 
 void PreviewDialog::buildToolBar() {
@@ -99,12 +105,30 @@ void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
 void PreviewDialog::addPageBox() {
     pageBox_->setObjectName(QStringLiteral("pageNumber"));
     pageBox_->setAccessibleName(QStringLiteral("Strana"));
-    pageBox_->setRange(1, view_->pageCount());
     pageBox_->setPrefix(QStringLiteral("Strana "));
-    pageBox_->setSuffix(QStringLiteral(" z %1").arg(view_->pageCount()));
     pageBox_->setKeyboardTracking(false);
     connect(pageBox_, &QSpinBox::valueChanged, view_, &PageView::setCurrentPage);
     toolBar_->addWidget(pageBox_);
+}
+
+/// Looks for the pages behind those that are known.
+void PreviewDialog::lookOn() {
+    pages_.pages.lookOn();
+    showCount();
+    if (!pages_.pages.isComplete())
+        return;
+    looker_.stop();
+    // Its foot tells the number of all pages.
+    view_->refresh();
+}
+
+void PreviewDialog::showCount() {
+    const QSignalBlocker quiet(pageBox_);
+    pageBox_->setRange(1, view_->pageCount());
+    pageBox_->setSuffix(
+        (pages_.pages.isComplete() ? QStringLiteral(" z %1") : QStringLiteral(" z %1…"))
+            .arg(view_->pageCount()));
+    noticePage();
 }
 
 void PreviewDialog::noticePage() {
@@ -134,6 +158,8 @@ void PreviewDialog::goToNext() {
 }
 
 void PreviewDialog::goToLast() {
+    pages_.pages.size();
+    lookOn();
     view_->setCurrentPage(view_->pageCount());
 }
 
@@ -167,14 +193,36 @@ void PreviewDialog::print() {
         return;
     if (printer.printRange() != QPrinter::PageRange)
         printer.setPageRanges({});
-    if (!printPages(pages_, printer))
+    const bool printed = goThrough(QStringLiteral("Tlačí sa…"), [&](const Progress& progress) {
+        return printPages(pages_, printer, progress);
+    });
+    if (!printed && !std::exchange(givenUp_, false))
         tell(QStringLiteral("Tlač sa nepodarila."));
+}
+
+bool PreviewDialog::goThrough(const QString& what,
+                              const std::function<bool(const Progress&)>& work) {
+    QProgressDialog window(what, QStringLiteral("Zrušiť"), 0, 0, this);
+    window.setObjectName(QStringLiteral("progress"));
+    window.setWindowTitle(windowTitle());
+    window.setWindowModality(Qt::WindowModal);
+    givenUp_ = false;
+    return work([this, &window](std::size_t done, std::size_t count) {
+        window.setMaximum(int(count));
+        window.setValue(int(done));
+        givenUp_ = window.wasCanceled();
+        return !givenUp_;
+    });
+}
+
+bool PreviewDialog::writesPdf(QIODevice& file) {
+    return goThrough(QStringLiteral("Ukladá sa PDF…"),
+                     [&](const Progress& progress) { return writePdf(pages_, file, progress); });
 }
 
 void PreviewDialog::askAndSavePdf() {
     tellOutcome(askAndSave(
-        pdfFile(), pages_.name(), [this](QIODevice& file) { return writePdf(pages_, file); },
-        this));
+        pdfFile(), pages_.name(), [this](QIODevice& file) { return writesPdf(file); }, this));
 }
 
 void PreviewDialog::askAndSaveCsv() {
@@ -184,13 +232,15 @@ void PreviewDialog::askAndSaveCsv() {
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    tellOutcome(saveFile(path, [this](QIODevice& file) { return writePdf(pages_, file); }));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writesPdf(file); }));
 }
 
 void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
     if (!outcome)
         return;
-    if (outcome->saved)
+    if (std::exchange(givenUp_, false))
+        state_->setText(QStringLiteral("Zrušené, nič sa neuložilo."));
+    else if (outcome->saved)
         state_->setText(outcome->text);
     else
         tell(outcome->text);

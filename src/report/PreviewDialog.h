@@ -4,11 +4,13 @@
 #include "report/SaveFile.h"
 
 #include <QDialog>
+#include <QTimer>
 
 #include <initializer_list>
 #include <optional>
 
 class QAction;
+class QIODevice;
 class QLabel;
 class QSpinBox;
 class QToolBar;
@@ -18,7 +20,8 @@ namespace report {
 class PageView;
 
 /// The window that shows a finished report: one page at a time, with zoom and page turning; from it
-/// the pages go to a printer or into a PDF file, and a plain table into a CSV file. Esc closes it.
+/// the pages go to a printer or into a PDF file, and a plain table into a CSV file. The first page
+/// stands at once; those behind it are looked for meanwhile. Esc closes it.
 class PreviewDialog : public QDialog {
     Q_OBJECT
 
@@ -35,6 +38,11 @@ class PreviewDialog : public QDialog {
     void buildToolBar();
     void addActions(std::initializer_list<ActionRow> rows);
     void addPageBox();
+    void lookOn();
+    void showCount();
+    bool writesPdf(QIODevice& file);
+    /// Runs what goes through all pages; a window tells how far it is and lets the user give up.
+    bool goThrough(const QString& what, const std::function<bool(const Progress&)>& work);
     void noticePage();
     void goToFirst();
     void goToPrevious();
@@ -56,6 +64,8 @@ class PreviewDialog : public QDialog {
     PageView* view_;
     QSpinBox* pageBox_;
     QLabel* state_;
+    QTimer looker_;
+    bool givenUp_ = false;
 };
 
 } // namespace report

@@ -73,13 +73,21 @@ QPageLayout paperOf(const Page& page) {
     return paper;
 }
 
-bool printPages(const Pages& pages, QPagedPaintDevice& device) {
+bool printPages(const Pages& pages, QPagedPaintDevice& device, const Progress& progress) {
     const QPageRanges ranges = device.pageRanges();
+    while (!pages.pages.isComplete()) {
+        if (progress && !progress(0, 0))
+            return false;
+        pages.pages.lookOn();
+    }
+    const std::size_t count = pages.pages.size();
     QPainter painter;
-    for (std::size_t i = 0; i < pages.pages.size(); ++i) {
-        const Page& page = pages.pages[i];
+    for (std::size_t i = 0; i < count; ++i) {
         if (!isWanted(ranges, int(i) + 1))
             continue;
+        if (progress && !progress(i, count))
+            return false;
+        const Page page = pages.pages.make(i);
         // Between two pages only, and not on every device: a preview's sheets are all alike.
         if (const QPageLayout paper = paperOf(page); device.pageLayout() != paper)
             device.setPageLayout(paper);
@@ -90,7 +98,7 @@ bool printPages(const Pages& pages, QPagedPaintDevice& device) {
     return painter.end();
 }
 
-bool writePdf(const Pages& pages, QIODevice& device) {
+bool writePdf(const Pages& pages, QIODevice& device, const Progress& progress) {
     // The writer does not notice a device that takes no more, so it writes into memory first.
     QBuffer memory;
     memory.open(QIODevice::WriteOnly);
@@ -98,7 +106,7 @@ bool writePdf(const Pages& pages, QIODevice& device) {
     writer.setResolution(int(twipsPerInch));
     writer.setTitle(pages.name());
     writer.setCreator(QStringLiteral("TVK"));
-    if (!printPages(pages, writer))
+    if (!printPages(pages, writer, progress))
         return false;
     const auto pdf = withContents(memory.data(), pages);
     return pdf && device.write(*pdf) == pdf->size();

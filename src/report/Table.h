@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <vector>
 
 namespace report {
@@ -12,6 +13,9 @@ namespace report {
 struct Table {
     QStringList heads;
     std::vector<QStringList> rows;
+    /// Gives the rows of a table that keeps none, each when it is asked for by its number; false
+    /// behind the last one.
+    std::function<bool(qint64 row, QStringList& cells)> read = {};
 };
 
 } // namespace report

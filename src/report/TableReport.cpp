@@ -102,9 +102,10 @@ Layout layoutOf(const TableReport& report) {
 
 } // namespace
 
-Pages pagesOf(const TableReport& report, const TextMeter& meter, const QDate& today) {
+Pages pagesOf(const TableReport& report, const std::shared_ptr<const TextMeter>& meter,
+              const QDate& today) {
     TableRows rows(report.table.rows);
-    Pages pages = makePages(layoutOf(report), rows, meter, today);
+    Pages pages = makePages(layoutOf(report), rows, *meter, today);
     pages.table = report.table;
     addRunningLines(pages, meter);
     return pages;

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 class QDate;
@@ -29,6 +30,7 @@ struct TableReport {
 
 /// Sets the title, the notes and the rows, with the heads on top of each page and its number at the
 /// foot. Texts that are too wide for their column go on in further lines.
-Pages pagesOf(const TableReport& report, const TextMeter& meter, const QDate& today);
+Pages pagesOf(const TableReport& report, const std::shared_ptr<const TextMeter>& meter,
+              const QDate& today);
 
 } // namespace report

@@ -99,8 +99,6 @@ void countClient(Counts& counts, const CountedClient& client, bool several);
 /// The text without the blanks at its ends: other white space is part of the value.
 QStringView withoutBlanks(QStringView text);
 
-/// Adds up. @throws store::EngineError 6 when a total leaves the range of 16 bits, in which the
-/// form's totals are kept
 void addCounts(Counts& totals, const Counts& row);
 
 /// A count as cells and captions show it: zero is empty.

@@ -99,8 +99,11 @@ Reasons reasonsThree(const ReturnEmployee& employee) {
 }
 
 std::vector<NumberHead> reasonRows() {
-    std::vector<NumberHead> heads{
-        {QStringLiteral("Nezapočítaní spolu"), QStringLiteral("nezapočítaní spolu")}};
+    std::vector<NumberHead> heads{{QStringLiteral("Nezapočítaní spolu"),
+                                   QStringLiteral("nezapočítaní spolu"),
+                                   {},
+                                   true,
+                                   true}};
     for (const QStringView caption : captions)
         heads.push_back({caption.toString(), caption.toString()});
     return heads;

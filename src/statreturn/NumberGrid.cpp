@@ -15,6 +15,10 @@ NumberHead rowHead(QStringView code, const QString& text, bool applies = true) {
             applies};
 }
 
+NumberHead sumHead() {
+    return {QStringLiteral("Spolu"), QStringLiteral("spolu"), {}, true, true};
+}
+
 /// The heads of the printed columns 1 to 22.
 std::vector<NumberHead> countColumns() {
     std::vector<NumberHead> heads;
@@ -68,7 +72,7 @@ NumberGrid tableOneNumbers(const ReturnPeople& people) {
     std::vector<NumberHead> rows;
     for (const AgeRow& row : ageRows)
         rows.push_back(rowHead(row.c_riad, row.vek.toString()));
-    rows.push_back({QStringLiteral("Spolu"), QStringLiteral("spolu")});
+    rows.push_back(sumHead());
     NumberGrid grid(QStringLiteral("Tabuľka I"), std::move(rows), countColumns());
     for (std::size_t who = 0; who < people.clients.size(); ++who) {
         const ReturnClient& client = people.clients[who];
@@ -83,7 +87,7 @@ NumberGrid tableTwoNumbers(const ReturnPeople& people) {
     for (std::size_t place = 0; place < people.types.size(); ++place)
         rows.push_back(rowHead(educationRowAt(place).c_riad, people.types[place].title,
                                people.types[place].isCounted()));
-    rows.push_back({QStringLiteral("Spolu"), QStringLiteral("spolu")});
+    rows.push_back(sumHead());
     NumberGrid grid(QStringLiteral("Tabuľka II"), std::move(rows), countColumns());
     for (std::size_t who = 0; who < people.clients.size(); ++who) {
         for (const std::size_t row : people.clients[who].educationRows)

@@ -19,6 +19,8 @@ struct NumberHead {
     QString group = {};
     /// Whether the table has numbers there, and no "x".
     bool applies = true;
+    /// Whether it holds the sums of the others.
+    bool isSum = false;
 };
 
 /// Somebody behind a number.

@@ -136,10 +136,9 @@ report::Pages makeReturn(const ReturnTools& tools, const QString& schoolYear, co
         giveUpScratchTables(tools);
         throw;
     }
-    report::Pages document =
-        report::joined(QStringLiteral("Výkaz Škol (MŠ SR) 5 - 01 za školský rok ") + schoolYear,
-                       std::move(tables));
-    report::addRunningLines(document, report::FontMeter());
+    report::Pages document = report::joined(
+        QStringLiteral("Výkaz Škol (MŠ SR) 5 - 01 za školský rok ") + schoolYear, tables);
+    report::addRunningLines(document, std::make_shared<report::FontMeter>());
     return document;
 }
 

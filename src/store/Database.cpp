@@ -94,7 +94,6 @@ class DBEngine::Impl {
     std::shared_ptr<Connection> open(const QString& path);
     void commit();
     void rollBack() noexcept;
-    DeferredErrors& deferred() { return *deferred_; }
     void whileUpgrading(std::function<void()> working) { upgrading_ = std::move(working); }
     /// True when a connection still holds a file that was replaced at this path.
     bool holdsReplaced(const QString& path) const;
@@ -207,10 +206,6 @@ void DBEngine::commitPending() {
 
 void DBEngine::rollBackPending() noexcept {
     impl_->rollBack();
-}
-
-void DBEngine::throwLater(const EngineError& error) {
-    impl_->deferred().add(error);
 }
 
 bool DBEngine::holdsReplacedFile(const QString& path) const {

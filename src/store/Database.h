@@ -88,8 +88,6 @@ class DBEngine {
     /// Undoes what the current user action has written, and forgets the errors that waited for its
     /// end. Edits that are open stay open.
     void rollBackPending() noexcept;
-    /// Keeps an error that came up where nothing may throw; the next commitPending throws it.
-    void throwLater(const EngineError& error);
     /// True when another file lies at the path than the one that a database of it works on.
     bool holdsReplacedFile(const QString& path) const;
 

@@ -271,11 +271,7 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, const QString& sour
 Recordset::Recordset(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 Recordset::~Recordset() {
-    try {
-        Close();
-    } catch (...) {
-        return;
-    }
+    Close();
 }
 
 bool Recordset::Eof() const {
@@ -401,17 +397,10 @@ std::unique_ptr<Recordset> Recordset::Clone() const {
 void Recordset::Close() {
     if (impl_->isClosed())
         return;
-    std::exception_ptr thrown;
-    try {
-        impl_->leave();
-    } catch (...) {
-        thrown = std::current_exception();
-    }
+    impl_->leave();
     impl_->drop();
     impl_->goToGap();
     impl_->close();
-    if (thrown)
-        std::rethrow_exception(thrown);
 }
 
 void Recordset::addObserver(RecordsetObserver* observer) {

@@ -74,7 +74,7 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
                                       .icon = QMessageBox::Warning,
                                       .buttons = QMessageBox::Yes | QMessageBox::No,
                                       .answer = QMessageBox::Yes});
-    expectTold(u"Archivácia bola úspešne ukončená");
+    expectTold(u"Archivácia bola úspešne ukončená"_s);
     archive();
 
     expectSave({});
@@ -145,7 +145,7 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     EXPECT_EQ(client(), u"Druhý"_s);
     QFile::remove(path("tvk.mdb"));
     expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
+    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
     restore("LOAD");
     EXPECT_EQ(names(), QStringList());
     expectOpen(sound);

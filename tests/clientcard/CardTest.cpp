@@ -52,6 +52,11 @@ TEST_F(CardTest, TheRoadOfANewClientByKeysAlone) {
     EXPECT_EQ(field(0).text(), text("Jana"));
     EXPECT_EQ(at("textPosK(1)").text(), text("5"));
     EXPECT_TRUE(isEnabled(13));
+    QStringList meanings;
+    for (const int pick : {8, 1, 2, 3, 9})
+        meanings += at<forms::DropDown>(qPrintable(text("dbcvolby(%1)").arg(pick))).text();
+    EXPECT_EQ(meanings.join(u';'), text("25  |  Poistovna;01  |  slovenska;SK|  Slovensko;"
+                                        "sk  |  slovencina;sk  |  slovencina"));
 }
 
 TEST_F(CardTest, KeysOfNewClientsCountUp) {
@@ -165,6 +170,8 @@ TEST_F(CardTest, StornoDropsWhatIsNotWrittenAndNothingElse) {
 
     enterClient();
     pressByKeys("cmdZaklUd");
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(field(0).text(), text("jana")) << "undone";
     enter("Dana");
     key(Qt::Key_Escape);
     EXPECT_FALSE(card->isVisible());

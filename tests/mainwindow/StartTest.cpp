@@ -59,8 +59,8 @@ TEST_F(MainWindow, menuOpensItsScreens) {
         {"mniVek", Screen::PrintVek},         {"mniVzd", Screen::PrintVzd},
         {"mniZam", Screen::PrintZam},         {"mniOdbStar", Screen::PrintOdbStar},
         {"mniDopUkaz", Screen::PrintDopUkaz}, {"mniZozKlient", Screen::PrintZozKlient},
-        {"mniVykaz", Screen::PrintReturn},    {"mniArchiv", Screen::Archive},
-        {"mniDearchiv", Screen::Restore}};
+        {"mniVykaz", Screen::PrintReturn},    {"mniKlientVykaz", Screen::ClientsInReturn},
+        {"mniArchiv", Screen::Archive},       {"mniDearchiv", Screen::Restore}};
     for (const auto& [name, screen] : items) {
         window->findChild<QAction*>(QLatin1String(name))->trigger();
         EXPECT_EQ(opened.back(), screen) << name;

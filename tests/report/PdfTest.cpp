@@ -85,7 +85,7 @@ TEST(Pdf, ADocumentHasBookmarksLanguageAndTheNumberOfEachPageInItsPlace) {
     Pages document =
         joined(u"Výkaz"_s, {samplePages(), makePages(upright, rows, FontMeter(), today)});
     document.subject = u"Ján "_s + QString(300, u'Ď');
-    addRunningLines(document, FontMeter());
+    addRunningLines(document, std::make_shared<FontMeter>());
     EXPECT_EQ(layoutFaults(document), QStringList());
     const QString text = toolOutput(u"pdftotext"_s, {u"-layout"_s, u"FILE"_s, u"-"_s}, document);
     const QStringList texts = text.split(u'\f');

@@ -104,6 +104,21 @@ TEST_F(PreviewTest, ShowsAllPagesOneAtATimeAndTurnsThemByKeys) {
     EXPECT_TRUE(isEnabled("previousPage"));
 }
 
+TEST_F(PreviewTest, DrawsThePageAndTellsItsText) {
+    const QImage seen = view().viewport()->grab().toImage();
+    const QColor ground = view().viewport()->palette().color(QPalette::Mid);
+    int paper = 0, ink = 0;
+    for (int y = 0; y < seen.height(); ++y) {
+        for (int x = 0; x < seen.width(); ++x) {
+            paper += seen.pixelColor(x, y) == Qt::white ? 1 : 0;
+            ink += seen.pixelColor(x, y).lightness() < ground.lightness() / 2 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(paper, seen.width() * seen.height() / 2);
+    EXPECT_GT(ink, 20);
+    EXPECT_EQ(view().accessibleDescription(), u"Žofia"_s);
+}
+
 TEST_F(PreviewTest, ZoomsByKeys) {
     const double start = view().zoom();
     press(Qt::Key_Plus, Qt::ControlModifier);

@@ -52,7 +52,7 @@ TEST(TableReport, GoesOverPagesUnderItsHeadsAndIsKeptForSaving) {
                        {{u"Meno"_s, u"Prečo"_s}, {}}};
     for (int i = 0; i < 60; ++i)
         report.table.rows.push_back({QString::number(1000 + i), u"slovo "_s.repeated(30)});
-    const Pages pages = pagesOf(report, GridMeter(), today);
+    const Pages pages = pagesOf(report, std::make_shared<GridMeter>(), today);
     ASSERT_GT(pages.pages.size(), 2U);
     EXPECT_EQ(layoutFaults(pages), QStringList());
     EXPECT_EQ(textsOf(pages.pages[0]).first(4),

@@ -120,6 +120,13 @@ TEST_F(FrmOdbStarTest, ReturnsTheFocusToWhereTheCorrectionBegins) {
     expectFault("Riadok 0501 stl.6 <> r0502+r0503+r0504+r0505 !", false);
     key(Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(focused(), u"txt6(5)");
+    card->resize(card->width(), 400);
+    auto& low = at("txt6(25)");
+    low.setFocus();
+    const QPoint place = low.mapTo(&*card, QPoint(0, 0));
+    key(Qt::Key_Up);
+    EXPECT_EQ(focused(), u"txt6(25)");
+    EXPECT_EQ(low.mapTo(&*card, QPoint(0, 0)), place) << "nothing scrolls";
     // A press on the button that the check sends back writes nothing.
     at("txt6(4)").setFocus();
     expectFault("Riadok 0501 stl.6 <> r0502+r0503+r0504+r0505 !", true);

@@ -39,6 +39,13 @@ const Computed computed[] = {
     {u"z_zam"_s, [](const auto& tools) { printZam(tools, today, nullptr); }, 9},
 };
 
+const support::ExpectedBox restartNotice{
+    .text =
+        u"Po archivácii, resp.po obnove archivovaných dát, je nutný opätovný štart programu, ak "
+        "chcete tlačiť zostavu"_s,
+    .title = u"Informácia"_s,
+    .icon = QMessageBox::Information};
+
 TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
     for (const Computed& table : computed) {
         scratchTable = table.scratchTable;
@@ -86,10 +93,7 @@ TEST_F(ReturnPrintsTest, tableOneLeavesItsRowsWhereItsReportFailsAndTheNextRunAd
         throw std::runtime_error("no preview");
     };
     print();
-    boxes.expect({.text = u"Po archivácii, resp.po obnove archivovaných dát, je nutný opätovný "
-                          "štart programu, ak chcete tlačiť zostavu"_s,
-                  .title = u"Informácia"_s,
-                  .icon = QMessageBox::Information});
+    boxes.expect(restartNotice);
     atPreview = [] {
         throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
     };
@@ -142,6 +146,13 @@ TEST_F(ReturnPrintsTest, aFailingTableEndsTheWholeReturnByNameAndLeavesNothing) 
     EXPECT_EQ(previews, 0);
     for (const Computed& table : computed)
         EXPECT_EQ(durable(table.scratchTable).size(), 0) << table.scratchTable.toStdString();
+    reg.execute({u"insert into c_zariad (kod,akronym) values ('01','VYCH')"_s});
+    atPreview = [] {
+        throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
+    };
+    support::ScriptedBoxes boxes;
+    boxes.expect(restartNotice);
+    printReturn(tools, u"2006/2007"_s, today, nullptr);
 }
 
 /// The engine works on a file that another one has replaced, as after a restore.

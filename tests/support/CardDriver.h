@@ -97,10 +97,15 @@ class CardDriver : public testing::Test {
                 QMessageBox::Icon icon = QMessageBox::Warning) {
         boxes.expectTold(text(message), text(title), icon);
     }
+    /// Enter alone is No.
     void expectQuestion(const QString& question, const QString& title,
                         QMessageBox::StandardButton answer) {
-        boxes.expectAsked(question, title, QMessageBox::Question,
-                          QMessageBox::Yes | QMessageBox::No, answer);
+        boxes.expect({.text = question,
+                      .title = title,
+                      .icon = QMessageBox::Question,
+                      .buttons = QMessageBox::Yes | QMessageBox::No,
+                      .answer = answer,
+                      .byEnter = answer == QMessageBox::No});
     }
     void expectEngineError(const char* message) { expect(message, "", QMessageBox::Critical); }
     /// From now on the file refuses an action, as "insert on k_zaklad".

@@ -122,8 +122,13 @@ void ScriptedBoxes::meet(const ExpectedBox& expected, QWidget& window) {
     if (expected.meanwhile)
         expected.meanwhile();
     QAbstractButton* button = box->button(expected.answer);
+    if (expected.byEnter) {
+        EXPECT_EQ(box->standardButton(box->defaultButton()), expected.answer);
+    }
     if (expected.byEscape)
         QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    else if (expected.byEnter)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
     else if (button != nullptr)
         press(*button);
 }

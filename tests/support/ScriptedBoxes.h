@@ -22,6 +22,8 @@ struct ExpectedBox {
     QMessageBox::StandardButton answer = QMessageBox::Ok;
     /// Presses Esc instead; `answer` is ignored.
     bool byEscape = false;
+    /// Presses Enter instead, which has to be the answer.
+    bool byEnter = false;
     /// Run while the box is on show, before the answer.
     std::function<void()> meanwhile = {};
 };

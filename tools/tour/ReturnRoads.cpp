@@ -1,5 +1,8 @@
+#include "mainwindow/FrmUvod.h"
 #include "tour/Guide.h"
 #include "tour/Roads.h"
+
+#include <QAction>
 
 #include <utility>
 
@@ -86,6 +89,30 @@ void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window) {
     guide.picture(QStringLiteral("ponuka-tlac"));
     guide.key(Qt::Key_Escape);
     lookAtPrint(guide, QStringLiteral("cely-vykaz"), window, "mniVykaz");
+}
+
+void walkClientsInReturn(Guide& guide, mainwindow::FrmUvod& window) {
+    guide.inModalWindow([&guide, &window](QWidget& numbers) {
+        guide.picture(QStringLiteral("klienti-vo-vykaze"));
+        guide.key(Qt::Key_PageDown, Qt::ControlModifier);
+        guide.key(Qt::Key_End, Qt::ControlModifier);
+        guide.key(Qt::Key_Home);
+        guide.key(Qt::Key_Return);
+        guide.picture(QStringLiteral("klienti-tabulka2"));
+        guide.inModalWindow([&guide, &window](QWidget& preview) {
+            preview.showNormal();
+            preview.setGeometry(window.geometry());
+            guide.picture(QStringLiteral("klienti-tlac"));
+            guide.key(Qt::Key_Escape);
+        });
+        guide.key(Qt::Key_P, Qt::ControlModifier);
+        // Without a window manager nobody brings the window back.
+        numbers.activateWindow();
+        guide.key(Qt::Key_PageDown, Qt::ControlModifier);
+        guide.picture(QStringLiteral("kto-chyba"));
+        guide.key(Qt::Key_Escape);
+    });
+    window.findChild<QAction*>(QStringLiteral("mniKlientVykaz"))->trigger();
 }
 
 } // namespace tour

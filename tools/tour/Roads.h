@@ -25,6 +25,8 @@ void walkEntryForms(Guide& guide);
 /// Prints the five tables of the return one by one.
 void walkTables(Guide& guide, mainwindow::FrmUvod& window);
 void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window);
+/// Asks for the clients behind the numbers of the return, and for those who are left out.
+void walkClientsInReturn(Guide& guide, mainwindow::FrmUvod& window);
 void walkClientList(Guide& guide, mainwindow::FrmUvod& window);
 
 /// Runs what shows a preview, takes its picture and leaves its PDF, both under that name.

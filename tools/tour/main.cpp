@@ -80,6 +80,7 @@ void walkSample(const QString& output) {
         tour::walkSchoolYear(guide);
         tour::walkTables(guide, window);
         tour::walkWholeReturn(guide, window);
+        tour::walkClientsInReturn(guide, window);
         tour::walkClientList(guide, window);
     });
 }

@@ -1,0 +1,11 @@
+#pragma once
+
+class QTableView;
+
+namespace forms {
+
+/// Makes a table a list: its rows are chosen as a whole, by keys and clicks, and nothing is edited
+/// in it.
+void lookLikeList(QTableView& table);
+
+} // namespace forms
