@@ -43,6 +43,7 @@ TEST(Rtf, BecomesTheEditorsText) {
          rtf(u"a{\\pict\\wmetafile8 0100ff\\bin4 }}{\\}b{\\field{\\*\\fldinst X}{"
              "\\fldrslt c}}\\trowd d\\cell e\\cell\\row f\\par"_s),
          u"<p>abcd\te\t</p><p>f</p>"_s},
+        {"boxes", rtf(u"a{\\*\\shpinst x{\\shptxt b}}c\\par"_s), u"<p>abc</p>"_s},
         {"broken", u"{\\rtf1\\ansi\\b }}}a{{{\\b0 b\\'zz\\u"_s, u"<p>ab'zz</p>"_s},
         {"words behind the end", rtf(u"a\\par"_s) + u"b"_s, u"<p>a</p><p>b</p>"_s},
         {"short", u"{\\rtf1 a}"_s, u"<p>a</p>"_s},

@@ -172,6 +172,7 @@ TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
         const report::Pages pages = report::makePages(layout, rows, report::FontMeter(), today);
         EXPECT_EQ(report::layoutFaults(pages).join(u'\n'), QString()) << form.table.toStdString();
         EXPECT_EQ(pages.pages.size(), 1U);
+        EXPECT_EQ(at.pages.pages[0].lines.size(), linesOf("frames", form)[0][1].toUInt());
         // The frame is the same whatever stands in it.
         EXPECT_EQ(pages.pages[0].lines.size(), at.pages.pages[0].lines.size());
     }

@@ -26,35 +26,31 @@ using Table = QMap<QString, Cells>;
 constexpr int edgeClients = 300;
 
 /// Values from the edges of what a column may hold; Null among them.
-const std::vector<store::Value> births{
-    {},
-    u"31.02.2005"_s,
-    QDate(2007, 9, 4),
-    QDate(2007, 9, 3),
-    QDate(2006, 9, 4),
-    QDate(2006, 9, 3),
-    QDate(2004, 2, 29),
-    QDate(2000, 8, 30),
-    QDate(1999, 10, 1),
-    QDate(1989, 9, 4),
-    QDate(1989, 9, 3),
-    QDate(1988, 9, 4),
-    QDate(1970, 1, 1),
-};
+const std::vector<store::Value> births{{},
+                                       u"31.02.2005"_s,
+                                       QDate(2007, 9, 4),
+                                       QDate(2007, 9, 3),
+                                       QDate(2006, 9, 4),
+                                       QDate(2006, 9, 3),
+                                       QDate(2004, 2, 29),
+                                       QDate(2000, 8, 30),
+                                       QDate(1999, 10, 1),
+                                       QDate(1989, 9, 4),
+                                       QDate(1989, 9, 3),
+                                       QDate(1988, 9, 4),
+                                       QDate(1970, 1, 1)};
 const std::vector<store::Value> sexes{{}, u"M"_s, u"Z"_s, u"Z"_s, u"z"_s};
 const std::vector<store::Value> impairments{
     {},       u""_s,   u"1"_s,   u"2"_s, u"3"_s,  u"4"_s,  u"5"_s,         u"6"_s,
     u"7"_s,   u"8"_s,  u"9"_s,   u"0"_s, u"30"_s, u"35"_s, u"35       "_s, u"305"_s,
     u"3 5"_s, u"3x"_s, u" 35"_s, u"x"_s, u"7 "_s, u"78"_s};
-const std::vector<store::Value> careDays{
-    {},
-    QDate(2006, 8, 31),
-    QDate(2006, 9, 1),
-    QDate(2007, 3, 15),
-    QDate(2007, 8, 31),
-    QDate(2007, 9, 1),
-    u"31.04.2007"_s,
-};
+const std::vector<store::Value> careDays{{},
+                                         QDate(2006, 8, 31),
+                                         QDate(2006, 9, 1),
+                                         QDate(2007, 3, 15),
+                                         QDate(2007, 8, 31),
+                                         QDate(2007, 9, 1),
+                                         u"31.04.2007"_s};
 
 const std::vector<store::Value> views{u"VYCH"_s, u"VYCH"_s, u"TVK"_s, {}};
 const std::vector<store::Value> schools{{},      u"01"_s, u"02"_s, u"05"_s, u"1"_s,
