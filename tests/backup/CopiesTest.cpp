@@ -199,6 +199,8 @@ TEST_F(CopiesWindow, oneIsSavedWithAPasswordThatARestoreAsksFor) {
         press(form, u"cmdUlozit"_s);
         boxes.allCame();
         EXPECT_EQ(files::namesIn(elsewhere.path()), QStringList{u"a.zip"_s});
+        EXPECT_THROW(backup::saveCopy(reg.folder, copyPath(0), copyPath(1), {}),
+                     store::EngineError);
         for (const QString& password : {QString(), u"čučoriedka"_s}) {
             ASSERT_TRUE(QFile::remove(away));
             expectFile(away, QDir(QDir::homePath()).path());
