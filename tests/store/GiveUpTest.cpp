@@ -17,6 +17,12 @@ TEST(GiveUp, leavesAllAsItWasWheneverItComes) {
     const QString path = file.folder.database();
     const QByteArray before = files::read(path);
     int given = 0;
+    bool isCopyingTold = false;
+    file.engine.CompactDatabase(path, file.folder.path(u"b.mdb"), {}, [&](double part) {
+        isCopyingTold = isCopyingTold || (part > 0 && part < 0.4);
+        return true;
+    });
+    QFile::remove(file.folder.path(u"b.mdb"));
     for (const double most : {-1.0, 0.0, 0.1, 0.3, 0.4, 0.5, 0.9, 2.0}) {
         double last = 0;
         bool isUp = false;
@@ -46,4 +52,5 @@ TEST(GiveUp, leavesAllAsItWasWheneverItComes) {
     }
     EXPECT_EQ(files::read(path), before);
     EXPECT_GE(given, 6);
+    EXPECT_TRUE(isCopyingTold);
 }
