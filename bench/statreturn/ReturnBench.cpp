@@ -1,7 +1,12 @@
 /// Tables I to III without their previews against the best statements that we could write by hand
-/// for SQLite alone, on the same rows.
+/// for SQLite alone, on the same rows; what the whole return as PDF takes beyond them; and the
+/// window that shows who is behind their numbers.
 
 #include "common/Figures.h"
+#include "report/Print.h"
+#include "statreturn/FrmKlientVykaz.h"
+#include "statreturn/PeopleList.h"
+#include "statreturn/ReturnPrints.h"
 #include "statreturn/TableOne.h"
 #include "statreturn/TableThree.h"
 #include "statreturn/TableTwo.h"
@@ -10,6 +15,8 @@
 #include "store/Schema.h"
 #include "store/SqlFunctions.h"
 
+#include <QApplication>
+#include <QBuffer>
 #include <QDate>
 #include <QFile>
 #include <QString>
@@ -230,9 +237,94 @@ bench::Times compare(bench::Figures& figures, int clients, int years, int runs) 
         [&] { byHand(*registers.bare, turn(theirs)); }, 3.0, runs);
 }
 
+/// Makes the whole return and writes it as PDF.
+void wholeReturn(Registers& registers, const QDate& today) {
+    const auto writePdf = [](const report::Pages& pages, QWidget*) {
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        if (pages.pages.size() != 5 || !report::writePdf(pages, file))
+            throw std::runtime_error("no return came");
+    };
+    const statreturn::ReturnTools tools{
+        {registers.engine, store::ProgramFolder(registers.directory.path()), writePdf},
+        *registers.datTlac,
+        *registers.datCisVzd};
+    statreturn::printReturn(tools, u"2006/2007"_s, today, nullptr);
+}
+
+/// Times the whole return against the making of its tables alone.
+void compareWhole(bench::Figures& figures, int clients) {
+    Registers registers(clients, 5);
+    QDate day(2007, 9, 3);
+    // A year back and forth changes every age.
+    const auto turn = [&day] {
+        return day = day.addYears(day.year() == 2007 ? -1 : 1);
+    };
+    figures.compare(
+        "whole return as PDF, " + std::to_string(clients) + " clients, against its tables alone",
+        [&] { wholeReturn(registers, turn()); },
+        [&] {
+            tableOne(registers, turn());
+            tableTwo(registers);
+            tableThree(registers);
+        },
+        1.5, 7);
+}
+
+/// The rows that the window of clients needs, as SQLite alone reads them.
+constexpr const char* peopleByHand[] = {
+    "select length(idkod) + length(meno) + length(priezv) + length(datnar) + length(pohlav) + "
+    "length(postih) from k_zaklad order by priezv, meno",
+    "select length(k.idkod), (select min(datum) from k_zaznam_spc s where s.idkod = k.idkod and "
+    "s.datum >= '2006-09-01' and s.datum < '2007-09-01') from k_zaklad k",
+    "select length(k.idkod) + length(nazzar) from k_zariad z join k_zaklad k on k.idkod = z.idkod "
+    "where akronym = 'VYCH' and date(vzar_do) is null"};
+
+using ClientsWindow = statreturn::FrmKlientVykaz;
+
+std::unique_ptr<ClientsWindow> openWindow(Registers& registers) {
+    auto window = std::make_unique<ClientsWindow>(
+        printing::PrintTools{registers.engine, store::ProgramFolder(registers.directory.path())},
+        u"2006/2007"_s, QDate(2007, 9, 3),
+        [](const statreturn::Person& person, QWidget*) { return person.key; }, nullptr);
+    window->show();
+    QApplication::processEvents();
+    return window;
+}
+
+/// Goes from the sums of Table I to a number of it and back, each time with its list on show.
+void turnLists(const ClientsWindow& window) {
+    auto& numbers = *window.findChild<statreturn::NumbersView*>(u"grdVek"_s);
+    for (const int row : {19, 9}) {
+        numbers.setCurrentIndex(numbers.model()->index(row, 0));
+        window.findChild<statreturn::PeopleList*>()->viewport()->repaint();
+    }
+}
+
+/// Times the window of clients. @return the least of its opening
+bench::Times compareWindow(bench::Figures& figures, int clients, int runs) {
+    Registers registers(clients, 5);
+    const auto open = [&] {
+        openWindow(registers);
+    };
+    const auto byHandToo = [&] {
+        for (const char* statement : peopleByHand)
+            registers.bare->read(statement);
+    };
+    const std::string size = std::to_string(clients) + " clients";
+    const bench::Times opened =
+        figures.compare("Window of clients, " + size, open, byHandToo, 6.0, runs);
+    const auto window = openWindow(registers);
+    const bench::Times list = bench::least([&] { turnLists(*window); }, runs);
+    figures.ratio("  two of its lists against its opening, " + size, list, opened, 0.1);
+    return opened;
+}
+
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
+    bench::needNoDisplay();
+    const QApplication application(argc, argv);
     bench::Figures figures("Tables of the return without preview, against statements by hand");
     compare(figures, 1000, 5, 7);
     const bench::Times small = compare(figures, 10000, 5, 7);
@@ -245,5 +337,10 @@ int main() {
                   1.5);
     figures.ratio("Table III, an employee of 10000 against one of 1000", largeThree.over(10),
                   smallThree, 1.5);
+    compareWhole(figures, 10000);
+    const bench::Times smallWindow = compareWindow(figures, 10000, 7);
+    const bench::Times largeWindow = compareWindow(figures, 100000, 3);
+    figures.ratio("Window of clients, a client of 100000 against one of 10000",
+                  largeWindow.over(10), smallWindow, 1.5);
     return figures.print();
 }

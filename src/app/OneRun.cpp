@@ -73,8 +73,8 @@ QString OneRun::holder() const {
     QString program;
     lock_.getLockInfo(&process, &computer, &program);
     const QString user = QFileInfo(path_).owner();
-    return QStringLiteral("%1 (počítač %2)")
-        .arg(user.isEmpty() ? QStringLiteral("niekto") : user, computer);
+    const QString who = user.isEmpty() ? QStringLiteral("niekto") : user;
+    return computer.isEmpty() ? who : QStringLiteral("%1 (počítač %2)").arg(who, computer);
 }
 
 bool OneRun::askForWindow() const {

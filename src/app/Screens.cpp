@@ -4,14 +4,24 @@
 #include "backup/FrmDearch_new.h"
 #include "backup/FrmZalohy.h"
 #include "clientcard/FrmKlientUdaj.h"
+#include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "help/HelpWindow.h"
 #include "mainwindow/FrmUvod.h"
+#include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
+#include "printouts/CardPrints.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
+#include "statreturn/FrmKlientVykaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
+#include "validation/modKontrola.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
 
 #include <map>
 
@@ -54,6 +64,33 @@ void printOdbStar(FrmUvod& window) {
     statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
 }
 
+void printZozKlient(FrmUvod& window) {
+    printouts::printClientList(printTools(window), window.surroundings().today(), &window);
+}
+
+void openClientCard(FrmUvod& window) {
+    using clientcard::FrmKlientUdaj;
+    const mainwindow::Surroundings& around = window.surroundings();
+    FrmKlientUdaj card(around.engine, around.folder, &window);
+    const auto cardOf = [](const FrmKlientUdaj::Shown& shown) {
+        return printouts::PrintedCard{modKontrola::gIdKod, shown.visits, shown.isChanged};
+    };
+    card.setPrinting(
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printTab(printTools(window), shown.tab, cardOf(shown), around.today(),
+                                &card);
+        },
+        [&](const FrmKlientUdaj::Shown& shown) {
+            printouts::printCard(printTools(window), cardOf(shown), around.today(), &card);
+        });
+    card.exec();
+}
+
+void printReturn(FrmUvod& window) {
+    statreturn::printReturn(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                            &window);
+}
+
 /// Opens a screen that works on the register and waits until it is done.
 template <class Dialog>
 void openDialog(FrmUvod& window) {
@@ -61,12 +98,29 @@ void openDialog(FrmUvod& window) {
     Dialog(around.engine, around.folder, &window).exec();
 }
 
+void clientsInReturn(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    const auto openCard = [&around](const statreturn::Person& person, QWidget* parent) {
+        modKontrola::editRecord(person.key, person.firstName, person.surname);
+        if (person.isEmployee)
+            staff::FrmPsychUdaj(around.engine, around.folder, parent).exec();
+        else
+            clientcard::FrmKlientUdaj(around.engine, around.folder, parent).exec();
+        return modKontrola::gIdKod;
+    };
+    statreturn::FrmKlientVykaz(printTools(window), window.schoolYear(), around.today(), openCard,
+                               &window)
+        .exec();
+    window.readListAnew();
+}
+
 /// A register of ours, or one of the old format, which the next load offers to take over.
 bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
-    const auto kind = oldregister::kindOf(path);
-    if (kind != oldregister::FileKind::Register)
-        return kind == oldregister::FileKind::OldRegister;
     try {
+        if (oldregister::kindOf(path) == oldregister::FileKind::OldRegister) {
+            oldregister::readThrough(path);
+            return true;
+        }
         engine.OpenDatabase(path).Close();
         store::DBEngine::verifyDatabase(path, tell);
         return true;
@@ -121,10 +175,50 @@ void restoreAtStart(FrmUvod& window) {
     restoreAs("LOAD", window.surroundings());
 }
 
-/// Every screen that there is. What is missing here is told to the user as not ready yet.
+/// @return true when a damaged file is to be repaired
+bool checkedFileIsDamaged(FrmUvod& window) {
+    const mainwindow::Surroundings& around = window.surroundings();
+    datacheck::FrmKontrola form(
+        around.engine, around.folder,
+        [&window](datacheck::FrmKontrola::Card card) {
+            openScreen(card == datacheck::FrmKontrola::Card::Client ? Screen::ClientCard
+                                                                    : Screen::EmployeeCard,
+                       window);
+        },
+        &window);
+    form.exec();
+    return form.wantsRepair();
+}
+
+void checkData(FrmUvod& window) {
+    if (checkedFileIsDamaged(window))
+        window.opravSubor();
+    else
+        window.readListAnew();
+}
+
+void showHelp(FrmUvod& window) {
+    help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
+}
+
+void showAbout(FrmUvod& window) {
+    const QString path = window.surroundings().folder.database();
+    const QLocale slovak(QLocale::Slovak, QLocale::Slovakia);
+    forms::showMessage(
+        &window,
+        {.text = QStringLiteral("TVK %1, register centra špeciálno-pedagogického poradenstva\n\n"
+                                "Slobodný softvér s licenciou GNU GPL, verzia 3 alebo novšia, bez "
+                                "záruky.\n\nRegister: %2\nVeľkosť: %3")
+                     .arg(QCoreApplication::applicationVersion(), QDir::toNativeSeparators(path),
+                          slovak.formattedDataSize(QFileInfo(path).size())),
+         .title = QStringLiteral("O programe"),
+         .icon = QMessageBox::Information});
+}
+
+/// Every screen that there is.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::ClientCard, openClientCard},
         {Screen::EmployeeCard, openDialog<staff::FrmPsychUdaj>},
         {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
         {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
@@ -133,10 +227,16 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::PrintZozKlient, printZozKlient},
+        {Screen::PrintReturn, printReturn},
+        {Screen::ClientsInReturn, clientsInReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
+        {Screen::DataCheck, checkData},
+        {Screen::Help, showHelp},
+        {Screen::About, showAbout},
     };
     return table;
 }
@@ -144,12 +244,7 @@ const std::map<Screen, Opener>& openers() {
 } // namespace
 
 void openScreen(Screen screen, FrmUvod& window) {
-    const auto opener = openers().find(screen);
-    if (opener != openers().end())
-        return opener->second(window);
-    forms::showMessage(&window, {.text = QStringLiteral("Táto časť programu sa pripravuje."),
-                                 .title = QStringLiteral("Informácia"),
-                                 .icon = QMessageBox::Information});
+    openers().at(screen)(window);
 }
 
 } // namespace app

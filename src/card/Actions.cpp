@@ -18,6 +18,7 @@ void Actions::write(const std::function<void()>& writes, const std::function<voi
         engine_.commitPending();
     } catch (const store::EngineError&) {
         engine_.rollBackPending();
+        route_.forgetPassedOver();
         resume();
         throw;
     }

@@ -21,6 +21,8 @@ class Actions {
 
     /// See forms::ErrorRoute::perform().
     bool perform(const std::function<void()>& action) { return route_.perform(action); }
+    /// See forms::ErrorRoute::passOver().
+    void passOver(const store::EngineError& error) { route_.passOver({{}, {}, error}); }
 
     /// Runs what writes, as a part of an action, and makes it durable: all of it or nothing. The
     /// disk may refuse it only at the end.

@@ -115,15 +115,9 @@ void CardData::otvorZaznamy(const QString& key) {
 
 void CardData::reopenOn(store::DataSource& source, const QString& recordSource,
                         const QString& key) {
-    if (source.isOpen())
-        source.Recordset().Close();
     source.setRecordSource(recordSource);
-    {
-        const QSignalBlocker silent(source);
-        source.Refresh();
-        source.Recordset().FindFirst(keyCriterion(key));
-    }
-    Q_EMIT source.refreshed();
+    source.Refresh();
+    source.Recordset().FindFirst(keyCriterion(key));
 }
 
 void CardData::leaveClient() const {

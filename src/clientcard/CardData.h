@@ -25,9 +25,7 @@ class CardData {
     void otvorCiselniky();
 
     /// Leaves the row of a source, which writes what is changed in it, reads the source anew and
-    /// stands on the client's row. Fields don't show a row before it is opened for an edit, so that
-    /// nobody else is seen in between; when the client is not there (NoMatch), they keep their
-    /// text.
+    /// stands on the client's row, or on the first when the client is not there (NoMatch).
     /// @throws store::EngineError
     static void reopenOn(store::DataSource& source, const QString& recordSource,
                          const QString& key);

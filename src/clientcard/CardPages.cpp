@@ -56,6 +56,9 @@ void CardPages::turnBy(int step) {
 }
 
 void CardPages::show(int tab) {
+    // From a page the focus would come in passing to the field that was last in focus on the next.
+    if (pages_->isAncestorOf(pages_->window()->focusWidget()))
+        SSTab1_->setFocus();
     pages_->setCurrentIndex(tab);
     family(tab).turnedTo(tab);
 }

@@ -70,6 +70,10 @@ std::span<const TabRow> tabTable() {
     return tabs;
 }
 
+bool isEntry(TabKind kind) {
+    return kind == TabKind::Basic || kind == TabKind::Parents;
+}
+
 std::span<const CodeListRow> codeListTable() {
     return codeLists;
 }

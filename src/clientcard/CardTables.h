@@ -20,6 +20,9 @@ struct TabRow {
 
 std::span<const TabRow> tabTable();
 
+/// The tab is filled by elements of `textKrz`.
+bool isEntry(TabKind kind);
+
 /// A code-list of the card as a data source: its name and the statement that fills it.
 struct CodeListRow {
     const char16_t* dataSource;

@@ -3,12 +3,13 @@
 #include "validation/modKontrola.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace clientcard {
 
-void ClientDraft::open() {
+void ClientDraft::otvorKlienta() {
     data_.otvorZaznamy(modKontrola::gIdKod);
+    // The row that is opened shows what its codes mean.
+    data_.otvorCiselniky();
     if (modKontrola::gAkcia == 2)
         openExisting();
     else
@@ -51,19 +52,49 @@ bool ClientDraft::isNew() const {
                           data_.datZaklad().Recordset().EditMode() == store::EditState::Add;
 }
 
-bool ClientDraft::isLost() const {
-    return modKontrola::gAkcia == 1 && !isOwed() && data_.datZaklad().isOpen() &&
-           data_.datZaklad().Recordset().EditMode() == store::EditState::None;
-}
-
 bool ClientDraft::isChanged() const {
     return isOwed() ||
            std::ranges::any_of(families_, [](const auto& family) { return family->isChanged(); });
 }
 
+/// @param afterwards what is written and opened behind the cycle
+SaveResult ClientDraft::save(const std::function<void()>& afterwards) {
+    if (isOwed())
+        draft_.openOwed(typed());
+    keep();
+    auto result = SaveResult::Saved;
+    const auto write = [&] {
+        result = cycle_.zapisZaklad();
+        if (result == SaveResult::Saved)
+            afterwards();
+    };
+    actions_.write(write, [this] { resume(); });
+    return result;
+}
+
+SaveResult ClientDraft::saveOnTheWay() {
+    const SaveResult result = save([this] { openWritten(); });
+    if (data_.datZaklad().Recordset().EditMode() == store::EditState::None)
+        resume();
+    return result;
+}
+
+SaveResult ClientDraft::saveAndLeave() {
+    return save([this] { data_.leaveClient(); });
+}
+
+SaveResult ClientDraft::saveForNext() {
+    return save([this] {
+        modKontrola::gIdKod.clear();
+        modKontrola::gMenoKlienta.clear();
+        data_.otvorZaznamy(QString());
+        openNew();
+        modKontrola::gAkcia = 1;
+    });
+}
+
 void ClientDraft::keep() {
-    kept_ = {modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, isNew(),
-             isChanged()};
+    kept_ = {modKontrola::gAkcia, modKontrola::gIdKod, modKontrola::gMenoKlienta, isNew()};
     draft_.keep([this] { openKept(); }, typed());
 }
 
@@ -88,14 +119,6 @@ void ClientDraft::openKept() {
         openNew();
     else
         openExisting();
-}
-
-std::vector<forms::NotWritten> ClientDraft::takeErrors() const {
-    std::vector<forms::NotWritten> errors;
-    for (const auto& family : families_) {
-        std::ranges::move(family->takeErrors(), std::back_inserter(errors));
-    }
-    return errors;
 }
 
 } // namespace clientcard

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "card/Actions.h"
 #include "card/Draft.h"
 #include "clientcard/CardData.h"
+#include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,43 +16,37 @@ namespace clientcard {
 
 using TabFamilies = std::vector<std::unique_ptr<TabFamily>>;
 
-/// The client whose rows are open, and what was typed into them. When a save fails, the same client
-/// is opened again with all of it.
+/// The client whose rows are open, and what was typed into them: opened, saved in one of the three
+/// ways, or dropped. When a save fails, the same client is opened again with all of it.
 class ClientDraft {
   public:
     /// All must outlive it.
-    ClientDraft(CardData& data, const TabFamilies& families) : data_(data), families_(families) {}
+    ClientDraft(CardData& data, const TabFamilies& families, SaveCycle& cycle,
+                card::Actions& actions)
+        : data_(data), families_(families), cycle_(cycle), actions_(actions) {}
 
-    /// Opens the rows that `gAkcia` and `gIdKod` tell.
+    /// Opens the rows that `gAkcia` and `gIdKod` tell, and what their codes mean.
     /// @throws store::EngineError 3021 when the client is not there
-    void open();
-    /// Opens new rows. @throws store::EngineError
-    void openNew();
-    /// Opens the rows that were written for the further edit, if they are there.
-    /// @throws store::EngineError
-    void openWritten();
+    void otvorKlienta();
+
+    // Each is one unit of work with what it opens. They throw why nothing was written.
+    /// Saves and opens the rows for the further edit. A client whom the table has refused isNew()
+    /// as before.
+    SaveResult saveOnTheWay();
+    SaveResult saveAndLeave();
+    /// Saves and opens new rows, for the next client.
+    SaveResult saveForNext();
+    /// Drops what is not written. Reads nothing, so that it can't fail.
+    void drop() const { data_.dropClient(); }
 
     /// Never written so far.
     bool isNew() const;
-    /// A new client has lost the open row: it could not be written.
-    bool isLost() const;
     /// Something is typed or picked that is not written.
     bool isChanged() const;
 
-    /// Remembers the client and what was typed, before a save.
-    void keep();
-    /// Goes on with what was kept as if the save had not begun. What can't be read now is opened
-    /// before the next save; the fields show what was typed all the same.
-    void resume();
-    /// The rows are still to be opened for what the fields show.
+    /// The rows are still to be opened for what the fields show: they could not be read after a
+    /// save that failed, and are opened before the next one.
     bool isOwed() const { return draft_.isOwed(); }
-    /// Opens them. @throws store::EngineError
-    void openOwed() { draft_.openOwed(typed()); }
-    /// Something had been typed when the last save began.
-    bool heldTyped() const { return kept_.hasTyped; }
-
-    /// What could not be written since the last call.
-    std::vector<forms::NotWritten> takeErrors() const;
 
   private:
     struct Kept {
@@ -57,14 +54,20 @@ class ClientDraft {
         QString idKod;
         QString menoKlienta;
         bool isNew = false;
-        bool hasTyped = false;
     };
+    SaveResult save(const std::function<void()>& afterwards);
+    void keep();
+    void resume();
     card::Draft::Typed typed() const;
     void openKept();
     void openExisting();
+    void openNew();
+    void openWritten();
 
     CardData& data_;
     const TabFamilies& families_;
+    SaveCycle& cycle_;
+    card::Actions& actions_;
     card::Draft draft_;
     Kept kept_;
 };

@@ -1,5 +1,6 @@
 #include "clientcard/EntryTabs.h"
 
+#include "card/Actions.h"
 #include "card/FieldKeys.h"
 #include "card/TextRules.h"
 #include "clientcard/CardData.h"
@@ -10,8 +11,10 @@
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
 #include "clientcard/SexPick.h"
+#include "forms/Binding.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
+#include "forms/Guard.h"
 
 #include <QDialog>
 
@@ -43,7 +46,6 @@ class EntryTabs : public TabFamily, public KeyFields {
     void focusElement(int element) override { fields_.field(element).setFocus(); }
     bool isChanged() const override;
     std::function<void()> keepTyped() override;
-    std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
     card::Names typed() const override {
         return {fields_.text(krz::priezv), fields_.text(krz::meno)};
@@ -52,7 +54,7 @@ class EntryTabs : public TabFamily, public KeyFields {
     void setKey(const QString& key) override { txtIdKod_->setText(key); }
     void zapisPostih() override;
     void tellMissing(const QString& message) override;
-    void passOver(const store::EngineError& error) override { binding_.addError(error); }
+    void passOver(const store::EngineError& error) override { frame_.actions().passOver(error); }
 
   private:
     store::Recordset& row() const { return frame_.data().datZaklad().Recordset(); }
@@ -79,14 +81,14 @@ EntryTabs::EntryTabs(CardFrame& frame)
                QStringLiteral("výber z číselnika"), &workshop_),
       impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
                    makeImpairments(impairmentColumns[2])},
-      binding_(frame.data().datZaklad()) {
+      binding_(frame.data().datZaklad(), forms::Shows::OpenRows) {
     txtIdKod_->setObjectName(QStringLiteral("txtIdKod"));
     txtIdKod_->hide();
     pickers_.serve(frame, fields_, &workshop_);
     fields_.setPicks(sexPick_, impairments_[0], impairments_[1], impairments_[2]);
     bindAll();
     QObject::connect(&frame.data().datZaklad(), &store::DataSource::repositioned, &binding_,
-                     [this] { frame_.perform([this] { showRow(); }); });
+                     [this] { forms::showGuarded(&frame_.window(), [this] { showRow(); }); });
 }
 
 ImpairmentFields EntryTabs::makeImpairments(const ImpairmentColumn& of) {
@@ -109,10 +111,9 @@ QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
     return tab == 0 ? makeBasicPage(controls, parent) : makeParentsPage(controls, parent);
 }
 
-/// The row that is open as a new one counts as a row here, so that a new client shows nothing of
-/// the client before.
+/// As with the bound fields, nobody is shown before the row is open.
 void EntryTabs::showRow() {
-    if (row().Eof() && row().EditMode() != store::EditState::Add)
+    if (row().EditMode() == store::EditState::None)
         return;
     options_.nastavVolby(row());
     for (std::size_t i = 0; i < impairments_.size(); ++i)

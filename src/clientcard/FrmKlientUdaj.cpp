@@ -11,39 +11,18 @@
 #include "clientcard/RecordTabs.h"
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
-#include "forms/DropDown.h"
 #include "forms/MessageBox.h"
-#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 namespace clientcard {
 
 namespace {
-
-// Two of them are never shown: one does nothing, the other what its neighbour does better.
-constexpr std::array<card::ButtonRow, 7> buttonTable = {{
-    {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
-     false},
-    {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
-    {u"cmdSave", u"Zapíš", u"", false},
-    {u"cmdTlac", u"Tlač záložku"},
-    {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
-    {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
-    {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky"},
-}};
-
-bool isEntry(TabKind kind) {
-    return kind == TabKind::Basic || kind == TabKind::Parents;
-}
 
 /// The place of the family that fills a tab of the kind.
 std::size_t familyOfKind(TabKind kind) {
@@ -52,32 +31,26 @@ std::size_t familyOfKind(TabKind kind) {
     return kind == TabKind::Memo ? 1 : 2;
 }
 
-constexpr auto entryKeys =
-    u"Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown ďalšia záložka  ·  "
-    "PageDown na zápis";
-constexpr auto recordKeys = u"Enter ďalšie pole  ·  F4 číselník  ·  Esc storno záznamu";
-constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia záložka";
-
 } // namespace
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), draft_(data_, families_),
-      guard_(this), esc_(this), pages_(new CardPages(this)), keys_(new QLabel(this)) {
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this),
+      pages_(new CardPages(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + card::trimBlanks(modKontrola::gMenoKlienta));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     card::setGround(*this, QPalette::Window, forms::screenColour);
     makePages();
+    foot_.emplace(*this, [this](CardFoot::Button button) { act(button); });
+    showKeys(0);
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(pages_->layOut(), 1);
-    lines->addLayout(makeFoot());
-    noteInput();
+    lines->addLayout(foot_->layOut());
+    input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
-    // The row that is opened shows what its codes mean.
-    data_.otvorCiselniky();
-    draft_.open();
+    draft_->otvorKlienta();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)
         zamkniZalozky();
@@ -86,7 +59,10 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
 }
 
-FrmKlientUdaj::~FrmKlientUdaj() = default;
+/// What is still open is dropped: the user has not said that it is to be written.
+FrmKlientUdaj::~FrmKlientUdaj() {
+    draft_->drop();
+}
 
 void FrmKlientUdaj::makePages() {
     families_.push_back(makeEntryTabs(*this));
@@ -94,6 +70,7 @@ void FrmKlientUdaj::makePages() {
     families_.push_back(makeRecordTabs(*this));
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
+    draft_.emplace(data_, families_, *cycle_, actions_);
     for (const TabRow& row : tabTable())
         pages_->add(*families_[familyOfKind(row.kind)]);
     connect(pages_, &CardPages::turned, this,
@@ -106,33 +83,15 @@ void FrmKlientUdaj::makePages() {
     }
 }
 
-QLayout* FrmKlientUdaj::makeFoot() {
-    keys_->setForegroundRole(QPalette::PlaceholderText);
-    showKeys(0);
-    buttons_ = card::makeButtons(buttonTable, this, [this](int i) { act(Button(i)); });
-    auto* line = new QHBoxLayout;
-    for (QPushButton* button : buttons_) {
-        if (button == buttons_[cmdTlac])
-            line->addWidget(keys_, 1, Qt::AlignCenter);
-        line->addWidget(button);
-    }
-    buttons_[cmdTlac]->setEnabled(false);
-    esc_.set(buttons_[cmdStorno]);
-    return line;
-}
-
-QAbstractButton& FrmKlientUdaj::saveButton() {
-    return *buttons_[CmdZap];
-}
-
-void FrmKlientUdaj::setPrinting(std::function<void(int)> print) {
-    print_ = std::move(print);
-    buttons_[cmdTlac]->setEnabled(print_ != nullptr);
+void FrmKlientUdaj::setPrinting(Print tab, Print card) {
+    printTab_ = std::move(tab);
+    printCard_ = std::move(card);
+    foot_->setPrints(printTab_ != nullptr);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
     pages_->enable(1, false);
-    buttons_[cmdZaklUd]->show();
+    foot_->button(CardFoot::cmdZaklUd).show();
 }
 
 void FrmKlientUdaj::turnTo(int tab) {
@@ -140,113 +99,87 @@ void FrmKlientUdaj::turnTo(int tab) {
 }
 
 void FrmKlientUdaj::zalozkaKlik(int tab) {
-    esc_.set(buttons_[cmdStorno]);
+    foot_->takeEsc();
     showKeys(tab);
     pages_->show(tab);
 }
 
-/// Which keys lead on from the tab.
 void FrmKlientUdaj::showKeys(int tab) {
-    const bool walksByEnter = isEntry(tabTable()[std::size_t(tab)].kind);
-    keys_->setText(QString::fromUtf16(recordIsOpen() ? recordKeys
-                                      : walksByEnter ? entryKeys
-                                                     : otherKeys));
+    foot_->showKeys(tabTable()[std::size_t(tab)].kind);
 }
 
 /// If the field in focus lets go and no record is open.
 void FrmKlientUdaj::turnBy(int step) {
-    if (QApplication::activePopupWidget() == nullptr && !recordIsOpen() &&
+    if (QApplication::activePopupWidget() == nullptr && !foot_->recordIsOpen() &&
         forms::moveFocus(&pages_->list()))
         pages_->turnBy(step);
-}
-
-void FrmKlientUdaj::enableButtons(bool enabled) {
-    for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
-        buttons_[button]->setEnabled(enabled);
-    buttons_[cmdTlac]->setEnabled(enabled && print_ != nullptr);
 }
 
 void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     pages_->enable(0, false);
     pages_->setReachable(tab, true);
-    enableButtons(false);
-    esc_.set(&storno);
+    foot_->giveWayTo(storno);
     showKeys(tab);
 }
 
 void FrmKlientUdaj::endEdit() {
     pages_->enable(0, true);
-    enableButtons(true);
-    esc_.set(buttons_[cmdStorno]);
+    foot_->comeBack();
     showKeys(pages_->current());
 }
 
-void FrmKlientUdaj::act(Button button) {
-    const bool isDone = actions_.perform([&] { press(button); });
-    if (isVisible() && draft_.isLost())
-        actions_.perform([this] { resume(); });
-    tellNotWritten();
+/// What an action has to tell is told before the card ends.
+void FrmKlientUdaj::act(CardFoot::Button button) {
+    End end;
+    const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
-    if (!isDone && draft_.isOwed() && !draft_.heldTyped())
-        cmdStornoClick();
+    if (!isDone && draft_->isOwed() && !input_.isNoted())
+        end = cmdStornoClick();
+    if (end)
+        done(*end);
 }
 
-void FrmKlientUdaj::press(Button button) {
+FrmKlientUdaj::End FrmKlientUdaj::press(CardFoot::Button button) {
     switch (button) {
-    case cmdZaklUd:
-        return cmdZaklUdClick();
-    case cmdZakZap:
-        return cmdZakZapClick();
-    case CmdZap:
+    case CardFoot::CmdZap:
         return CmdZapClick();
-    case cmdZapNew:
-        return cmdZapNewClick();
-    case cmdStorno:
+    case CardFoot::cmdStorno:
         return cmdStornoClick();
-    case cmdTlac:
-        return print_ ? print_(pages_->current()) : void();
-    case cmdSave:
-        return;
+    case CardFoot::cmdZaklUd:
+        cmdZaklUdClick();
+        break;
+    case CardFoot::cmdZakZap:
+        cmdZakZapClick();
+        break;
+    case CardFoot::cmdZapNew:
+        cmdZapNewClick();
+        break;
+    case CardFoot::cmdTlac:
+        print(printTab_);
+        break;
+    case CardFoot::cmdTlacKartu:
+        print(printCard_);
+        break;
+    case CardFoot::cmdSave:
+        break;
     }
+    return {};
 }
 
+/// Goes to a mandatory field that is empty.
 /// @param turnsTab for a missing name the first tab is turned to. A missing catalogue number never
 /// does that.
-/// @param afterwards what is written and opened behind the cycle, as a part of the same unit
-bool FrmKlientUdaj::saves(bool turnsTab, const std::function<void()>& afterwards) {
-    if (draft_.isOwed())
-        draft_.openOwed();
-    draft_.keep();
-    auto result = SaveResult::Saved;
-    const auto write = [&] {
-        result = cycle_->zapisZaklad();
-        if (result == SaveResult::Saved)
-            afterwards();
-    };
-    actions_.write(write, [this] {
-        // What was passed over is undone as well, and told as what stopped the save.
-        draft_.takeErrors();
-        resume();
-    });
-    if (result != SaveResult::Saved)
-        goToMissing(result, turnsTab);
-    return result == SaveResult::Saved;
-}
-
-void FrmKlientUdaj::goToMissing(SaveResult missing, bool turnsTab) {
-    if (missing == SaveResult::NoCatalogueNumber)
-        return entry_->focusElement(krz::katcis);
+bool FrmKlientUdaj::isSaved(SaveResult result, bool turnsTab) {
+    if (result == SaveResult::Saved)
+        return true;
+    if (result == SaveResult::NoCatalogueNumber) {
+        entry_->focusElement(krz::katcis);
+        return false;
+    }
     if (turnsTab)
         turnTo(0);
-    entry_->focusElement(missing == SaveResult::NoFirstName ? krz::meno : krz::priezv);
-}
-
-void FrmKlientUdaj::resume() {
-    draft_.resume();
-    if (!draft_.isNew())
-        return;
-    zamkniZalozky();
-    goToStart();
+    entry_->focusElement(result == SaveResult::NoFirstName ? krz::meno : krz::priezv);
+    return false;
 }
 
 void FrmKlientUdaj::goToStart() {
@@ -255,72 +188,59 @@ void FrmKlientUdaj::goToStart() {
 }
 
 void FrmKlientUdaj::cmdZaklUdClick() {
-    if (!saves(false, [this] { draft_.openWritten(); }))
+    if (!isSaved(draft_->saveOnTheWay(), false))
+        return;
+    entry_->focusElement(krz::meno);
+    // The table may have refused the client.
+    if (draft_->isNew())
         return;
     pages_->enable(1, true);
-    buttons_[cmdZaklUd]->hide();
-    entry_->focusElement(krz::meno);
+    foot_->button(CardFoot::cmdZaklUd).hide();
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
-    if (!saves(true, [] {}))
+    if (!isSaved(draft_->saveOnTheWay(), true))
         return;
     pages_->enable(1, true);
-    buttons_[cmdZakZap]->hide();
+    foot_->button(CardFoot::cmdZakZap).hide();
 }
 
-void FrmKlientUdaj::CmdZapClick() {
-    if (!saves(true, [this] { data_.leaveClient(); }))
-        return;
+FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
+    if (!isSaved(draft_->saveAndLeave(), true))
+        return {};
     modKontrola::gAkcia = 0;
-    tellNotWritten();
-    accept();
+    return Accepted;
 }
 
 void FrmKlientUdaj::cmdZapNewClick() {
-    const bool isSaved = saves(true, [this] {
-        modKontrola::gIdKod.clear();
-        modKontrola::gMenoKlienta.clear();
-        data_.otvorZaznamy(QString());
-        draft_.openNew();
-    });
-    if (!isSaved)
+    if (!isSaved(draft_->saveForNext(), true))
         return;
     zamkniZalozky();
-    modKontrola::gAkcia = 1;
     goToStart();
 }
 
 /// Reads nothing, so that a card closes whose file has gone.
-void FrmKlientUdaj::cmdStornoClick() {
-    data_.dropClient();
+FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
+    draft_->drop();
     modKontrola::gAkcia = 0;
-    reject();
+    return Rejected;
 }
 
-void FrmKlientUdaj::noteInput() {
-    const auto note = [this] {
-        hasInput_ = true;
-    };
-    for (auto* field : findChildren<forms::EntryField*>())
-        connect(field, &forms::EntryField::textEdited, this, note);
-    for (auto* text : findChildren<forms::RichText*>())
-        connect(text, &forms::RichText::textEdited, this, note);
-    for (auto* pick : findChildren<forms::DropDown*>())
-        connect(pick, &forms::DropDown::textEdited, this, note);
-    for (auto* option : findChildren<QRadioButton*>())
-        connect(option, &QRadioButton::clicked, this, note);
+void FrmKlientUdaj::print(const Print& printed) {
+    if (!draft_->isNew())
+        return printed({pages_->current(), datedRecordsOf(u"k_navstevy", modKontrola::gIdKod),
+                        draft_->isChanged()});
+    forms::showMessage(
+        this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
+               .title = QStringLiteral("Upozornenie"),
+               .icon = QMessageBox::Warning});
 }
 
 /// A card that can't be read closes, unless the user has entered anything. What of it differs from
 /// the row can't be read either.
 void FrmKlientUdaj::closeUnread() {
-    if (isVisible() && !recordIsOpen() && !hasInput_)
-        cmdStornoClick();
-}
-
-void FrmKlientUdaj::tellNotWritten() {
-    forms::showNotWritten(this, draft_.takeErrors());
+    if (isVisible() && !foot_->recordIsOpen() && !input_.isNoted())
+        done(*cmdStornoClick());
 }
 
 void FrmKlientUdaj::showEvent(QShowEvent* event) {
@@ -338,14 +258,9 @@ void FrmKlientUdaj::closeEvent(QCloseEvent* event) {
     QDialog::closeEvent(event);
 }
 
-/// While a record is open Esc is its Storno's.
-bool FrmKlientUdaj::recordIsOpen() const {
-    return esc_.button() != nullptr && esc_.button() != buttons_[cmdStorno];
-}
-
 /// A record that is open belongs to its tab alone: only its own buttons write or drop it.
 bool FrmKlientUdaj::staysForRecord() {
-    if (!recordIsOpen())
+    if (!foot_->recordIsOpen())
         return false;
     forms::showMessage(
         this, {.text = QStringLiteral("Záznam je otvorený, najprv ho zapíš alebo stornuj !"),
@@ -360,22 +275,19 @@ bool FrmKlientUdaj::staysForRecord() {
 bool FrmKlientUdaj::endsByFrame() {
     bool ends = false;
     actions_.perform([&] {
-        if (draft_.isNew())
+        if (draft_->isNew())
             ends = mayDrop();
         else if (forms::moveFocus(&pages_->list()))
-            ends = !draft_.isChanged() || saves(true, [this] { data_.leaveClient(); });
+            ends = !draft_->isChanged() || isSaved(draft_->saveAndLeave(), true);
     });
-    tellNotWritten();
-    if (ends) {
-        data_.dropClient();
-        modKontrola::gAkcia = 0;
-    }
+    if (ends)
+        cmdStornoClick();
     return ends;
 }
 
 /// A new client who was typed in is not given up unasked.
 bool FrmKlientUdaj::mayDrop() {
-    return !draft_.isChanged() ||
+    return !draft_->isChanged() ||
            card::mayDrop(*this,
                          QStringLiteral("Klient ešte nie je zapísaný. Zahodiť, čo bolo zadané ?"));
 }

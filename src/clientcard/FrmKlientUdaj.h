@@ -1,22 +1,18 @@
 #pragma once
 
 #include "card/Actions.h"
+#include "card/InputNote.h"
 #include "clientcard/CardData.h"
+#include "clientcard/CardFoot.h"
 #include "clientcard/ClientDraft.h"
 #include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
-#include "forms/EscButton.h"
 #include "forms/FocusGuard.h"
 
 #include <QDialog>
 
 #include <functional>
 #include <optional>
-#include <vector>
-
-class QHBoxLayout;
-class QLabel;
-class QPushButton;
 
 namespace clientcard {
 
@@ -35,52 +31,52 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
                   QWidget* parent = nullptr);
     ~FrmKlientUdaj() override;
 
-    /// What the button "Tlač záložku" does with the number of the tab on show; without it the
-    /// button is disabled.
-    void setPrinting(std::function<void(int tab)> print);
+    /// What is to be printed of a client whose row is written; the key is in `gIdKod`.
+    struct Shown {
+        int tab = 0;
+        /// The record source of the list of visits.
+        QString visits;
+        /// Something is typed that is not written.
+        bool isChanged = false;
+    };
+    using Print = std::function<void(const Shown&)>;
+    /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
+    void setPrinting(Print tab, Print card);
 
   protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    /// By their places in the table of buttons.
-    enum Button { cmdZaklUd, cmdZakZap, cmdSave, cmdTlac, cmdZapNew, CmdZap, cmdStorno };
+    /// How the card ends, when it does.
+    using End = std::optional<DialogCode>;
 
     QDialog& window() override { return *this; }
     CardData& data() override { return data_; }
     forms::FocusGuard& guard() override { return guard_; }
     SaveCycle& cycle() override { return *cycle_; }
     card::Actions& actions() override { return actions_; }
-    void perform(const std::function<void()>& action) override { actions_.perform(action); }
-    QAbstractButton& saveButton() override;
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;
 
     void makePages();
-    QLayout* makeFoot();
-    void enableButtons(bool enabled);
     void zamkniZalozky();
     void zalozkaKlik(int tab);
     void showKeys(int tab);
     void turnBy(int step);
 
-    void act(Button button);
-    void press(Button button);
-    bool saves(bool turnsTab, const std::function<void()>& afterwards);
-    void goToMissing(SaveResult missing, bool turnsTab);
-    void resume();
+    void act(CardFoot::Button button);
+    End press(CardFoot::Button button);
+    bool isSaved(SaveResult result, bool turnsTab);
     void goToStart();
     void cmdZaklUdClick();
     void cmdZakZapClick();
-    void CmdZapClick();
+    End CmdZapClick();
     void cmdZapNewClick();
-    void cmdStornoClick();
-    void noteInput();
+    End cmdStornoClick();
+    void print(const Print& printed);
     void closeUnread();
-    void tellNotWritten();
-    bool recordIsOpen() const;
     bool staysForRecord();
     bool endsByFrame();
     bool mayDrop();
@@ -89,18 +85,16 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     CardData data_;
     card::Actions actions_;
     TabFamilies families_;
-    ClientDraft draft_;
     forms::FocusGuard guard_;
-    forms::EscButton esc_;
     CardPages* pages_;
-    QLabel* keys_;
-    std::vector<QPushButton*> buttons_;
     TabFamily* entry_ = nullptr;
     std::optional<SaveCycle> cycle_;
-    std::function<void(int)> print_;
+    std::optional<ClientDraft> draft_;
+    std::optional<CardFoot> foot_;
+    Print printTab_;
+    Print printCard_;
+    card::InputNote input_;
     bool wasShown_ = false;
-    /// The user has typed or picked since the card was opened.
-    bool hasInput_ = false;
 };
 
 } // namespace clientcard

@@ -2,7 +2,9 @@
 
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
+#include "forms/Binding.h"
 #include "forms/FieldEvents.h"
+#include "forms/Guard.h"
 #include "forms/RichText.h"
 
 #include <QGroupBox>
@@ -23,7 +25,6 @@ class MemoTabs : public TabFamily {
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
     bool isChanged() const override { return binding_.dataChanged(); }
     std::function<void()> keepTyped() override { return binding_.keepTyped(); }
-    std::vector<forms::NotWritten> takeErrors() override { return binding_.takeErrors(); }
 
   private:
     void enableByRow();
@@ -35,9 +36,9 @@ class MemoTabs : public TabFamily {
 };
 
 MemoTabs::MemoTabs(CardFrame& frame)
-    : frame_(frame), source_(frame.data().datMemo()), binding_(source_) {
+    : frame_(frame), source_(frame.data().datMemo()), binding_(source_, forms::Shows::OpenRows) {
     QObject::connect(&source_, &store::DataSource::repositioned, &binding_,
-                     [this] { frame_.perform([this] { enableByRow(); }); });
+                     [this] { forms::showGuarded(&frame_.window(), [this] { enableByRow(); }); });
 }
 
 /// Without an open row, as of a client whose row is missing, what was typed would go nowhere.

@@ -1,3 +1,4 @@
+#include "card/Actions.h"
 #include "card/FieldGrid.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
@@ -108,7 +109,7 @@ void PlacementKind::makeOptions() {
         options_[i] = new QRadioButton(QString::fromUtf16(views[i].caption), Frame4_);
         options_[i]->setObjectName(QString::fromUtf16(views[i].option));
         QObject::connect(options_[i], &QRadioButton::clicked, options_[i],
-                         [this] { frame_.perform([this] { showView(); }); });
+                         [this] { frame_.actions().perform([this] { showView(); }); });
         line->addWidget(options_[i]);
     }
     line->addStretch();

@@ -9,6 +9,7 @@
 #include "clientcard/TabFamily.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
+#include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "forms/RichText.h"
 #include "forms/RowList.h"
@@ -49,10 +50,8 @@ RecordTab::RecordTab(CardFrame& frame, int tab)
 /// is to be written.
 RecordTab::~RecordTab() {
     const QSignalBlocker silent(source_);
-    frame_.perform([this] {
-        if (source_.isOpen())
-            source_.Recordset().CancelUpdate();
-    });
+    if (source_.isOpen())
+        source_.Recordset().CancelUpdate();
 }
 
 RecordParts RecordTab::parts() {
@@ -89,6 +88,7 @@ void RecordTab::makeButtons() {
         buttons_[i] = button;
     }
     enableSaving(false);
+    enableBrowsing(false);
     enableInput(false);
 }
 
@@ -104,30 +104,28 @@ QWidget* RecordTab::makePage(QWidget* parent) {
 }
 
 void RecordTab::turnedTo() {
-    if (!binding_)
-        bind();
-    showBrowsing();
+    if (binding_ || forms::showGuarded(&frame_.window(), [this] { bind(); }))
+        showBrowsing();
 }
 
+/// All of it, or nothing when a row can't be read: then the tab stays closed, and the next turning
+/// to it tries again.
 void RecordTab::bind() {
-    binding_.emplace(source_);
+    auto binding = std::make_unique<forms::Binding>(source_);
     for (std::size_t i = 0; i < row_.fields.size(); ++i) {
         const QString column = QString::fromUtf16(row_.fields[i].field.column);
         if (!column.isEmpty())
-            binding_->bind(*fields_.fields()[i], column);
+            binding->bind(*fields_.fields()[i], column);
     }
     if (richText_ != nullptr)
-        binding_->bind(*richText_, QString::fromUtf16(row_.richColumn));
+        binding->bind(*richText_, QString::fromUtf16(row_.richColumn));
     list_->setSource(source_, QString::fromUtf16(row_.shownColumn));
+    binding_ = std::move(binding);
     const auto show = [this] {
-        frame_.perform([this] { kind_->rowShown(records()); });
+        forms::showGuarded(&frame_.window(), [this] { kind_->rowShown(records()); });
     };
-    QObject::connect(&source_, &store::DataSource::repositioned, &*binding_, show);
+    QObject::connect(&source_, &store::DataSource::repositioned, binding_.get(), show);
     show();
-}
-
-std::vector<forms::NotWritten> RecordTab::takeErrors() {
-    return binding_ ? binding_->takeErrors() : std::vector<forms::NotWritten>();
 }
 
 store::Recordset& RecordTab::records() const {
@@ -204,9 +202,8 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 }
 
 void RecordTab::act(Button button) {
-    frame_.perform([&] { press(button); });
-    frame_.perform([this] { closeLostRecord(); });
-    forms::showNotWritten(&frame_.window(), takeErrors());
+    frame_.actions().perform([&] { press(button); });
+    frame_.actions().perform([this] { closeLostRecord(); });
 }
 
 void RecordTab::press(Button button) {
@@ -280,18 +277,12 @@ bool RecordTab::zapis() {
         else if (records().EditMode() == store::EditState::Add)
             writeNew();
     };
-    frame_.actions().write(write, [this] { resume(); });
+    frame_.actions().write(write, [this] { draft_.resume(); });
     return true;
 }
 
 card::Draft::Typed RecordTab::typed() {
     return {binding_->keepTyped(), kind_->keepTyped()};
-}
-
-void RecordTab::resume() {
-    draft_.resume();
-    // They are told as what stopped the save.
-    takeErrors();
 }
 
 bool RecordTab::isComplete() {
@@ -329,7 +320,8 @@ void RecordTab::vymaz() {
         {.text = question(),
          .title = ownTitle.isEmpty() ? QString() : ownTitle + modKontrola::gMenoKlienta,
          .icon = QMessageBox::Question,
-         .buttons = QMessageBox::Yes | QMessageBox::No});
+         .buttons = QMessageBox::Yes | QMessageBox::No,
+         .defaultButton = QMessageBox::No});
     if (answer != QMessageBox::Yes)
         return;
     const auto erase = [this] {

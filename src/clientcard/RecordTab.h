@@ -12,8 +12,6 @@
 #include <array>
 #include <functional>
 #include <memory>
-#include <optional>
-#include <vector>
 
 class QPushButton;
 
@@ -40,7 +38,6 @@ class RecordTab : public forms::FieldEvents {
     /// Shows the client's records; the first time it also ties the fields to them, so that a card
     /// opens without reading what is not shown.
     void turnedTo();
-    std::vector<forms::NotWritten> takeErrors();
 
     void click(const forms::Control& control, forms::Area area) override;
 
@@ -78,7 +75,6 @@ class RecordTab : public forms::FieldEvents {
     void writeEdited();
     void writeNew();
     card::Draft::Typed typed();
-    void resume();
     QString question() const;
     void showBrowsing();
 
@@ -92,7 +88,7 @@ class RecordTab : public forms::FieldEvents {
     forms::RowList* list_ = nullptr;
     forms::RichText* richText_ = nullptr;
     std::array<QPushButton*, buttonCount> buttons_{};
-    std::optional<forms::Binding> binding_;
+    std::unique_ptr<forms::Binding> binding_;
     card::Draft draft_;
 };
 

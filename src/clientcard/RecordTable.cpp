@@ -60,10 +60,7 @@ constexpr RecordField placementFields[] = {
 };
 
 constexpr RecordField siblingFields[] = {
-    {{.column = u"Meno",
-      .caption = u"Meno a priezvisko",
-      .toolTip = u"Meno",
-      .tidy = Tidy::BothCapitals},
+    {{.column = u"Meno", .caption = u"Meno", .tidy = Tidy::BothCapitals},
      RecordCheck::NameIsFree,
      0,
      0,

@@ -2,8 +2,6 @@
 
 #include "clientcard/RecordTab.h"
 
-#include <algorithm>
-#include <iterator>
 #include <map>
 
 namespace clientcard {
@@ -18,20 +16,11 @@ class RecordTabs : public TabFamily {
         return tabs_.try_emplace(tab, frame_, tab).first->second.makePage(parent);
     }
     void turnedTo(int tab) override { tabs_.at(tab).turnedTo(); }
-    std::vector<forms::NotWritten> takeErrors() override;
 
   private:
     CardFrame& frame_;
     std::map<int, RecordTab> tabs_;
 };
-
-std::vector<forms::NotWritten> RecordTabs::takeErrors() {
-    std::vector<forms::NotWritten> errors;
-    for (auto& [number, tab] : tabs_) {
-        std::ranges::move(tab.takeErrors(), std::back_inserter(errors));
-    }
-    return errors;
-}
 
 } // namespace
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "forms/Binding.h"
-
 #include <functional>
-#include <vector>
 
 class QAbstractButton;
 class QDialog;
@@ -31,13 +28,9 @@ class CardFrame {
     virtual CardData& data() = 0;
     virtual forms::FocusGuard& guard() = 0;
     virtual SaveCycle& cycle() = 0;
-    /// The button "Zapíš + návrat".
-    virtual QAbstractButton& saveButton() = 0;
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
-    /// Runs an action, or a step of one; an error ends it alone and is told at the action's end.
-    virtual void perform(const std::function<void()>& action) = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
     /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its
@@ -68,8 +61,6 @@ class TabFamily {
         return [] {
         };
     }
-    /// What could not be written since the last call.
-    virtual std::vector<forms::NotWritten> takeErrors() { return {}; }
 };
 
 } // namespace clientcard

@@ -1,18 +1,17 @@
 #include "forms/Binding.h"
 
 #include "forms/Guard.h"
-#include "forms/MessageBox.h"
 #include "store/DataSource.h"
 
 #include <QEvent>
-#include <QStringList>
 
 #include <algorithm>
 #include <utility>
 
 namespace forms {
 
-Binding::Binding(store::DataSource& source) : source_(&source) {
+Binding::Binding(store::DataSource& source, Shows shows, Refused refused)
+    : source_(&source), shows_(shows), refused_(refused) {
     connect(&source, &store::DataSource::repositioned, this, &Binding::showAll);
     connect(&source, &store::DataSource::refreshed, this, &Binding::limitAll);
     connect(&source, &store::DataSource::aboutToWrite, this, &Binding::putAll);
@@ -37,13 +36,18 @@ void Binding::untie(QWidget& widget) {
     std::erase_if(ties_, [&](const Tie& tie) { return tie.widget == &widget; });
 }
 
+bool Binding::isOpen() const {
+    return source_ != nullptr && source_->isOpen() &&
+           source_->Recordset().EditMode() != store::EditState::None;
+}
+
 void Binding::showAll() {
     for (Tie& tie : ties_)
         guard(tie, [&] { show(tie); });
 }
 
 void Binding::show(Tie& tie) {
-    if (tie.widget == nullptr)
+    if (tie.widget == nullptr || (shows_ == Shows::OpenRows && !isOpen()))
         return;
     tie.put = false;
     tie.owed = tie.bound->showsLate() && !tie.widget->isVisible();
@@ -103,9 +107,7 @@ bool Binding::differs(const Tie& tie) const {
 }
 
 bool Binding::dataChanged() const {
-    return source_ != nullptr && source_->isOpen() &&
-           source_->Recordset().EditMode() != store::EditState::None &&
-           std::ranges::any_of(ties_, [this](const Tie& tie) { return differs(tie); });
+    return isOpen() && std::ranges::any_of(ties_, [this](const Tie& tie) { return differs(tie); });
 }
 
 std::function<void()> Binding::keepTyped() {
@@ -148,54 +150,27 @@ void Binding::put(Tie& tie) {
         field.setValue(typed.isEmpty() && !holdsTexts ? store::Value() : store::Value(typed));
         tie.put = true;
     } catch (const store::EngineError& error) {
-        note({tie.column, typed, error});
+        tell(*tie.widget, {tie.column, typed, error});
     }
 }
 
-bool Binding::writeBack() {
-    if (!dataChanged())
-        return true;
-    const size_t before = errors_.size();
+void Binding::writeBack() {
+    if (!isOpen())
+        return;
+    const auto changed =
+        std::ranges::find_if(ties_, [this](const Tie& tie) { return differs(tie); });
+    if (changed == ties_.end())
+        return;
     try {
         source_->Recordset().Update();
     } catch (const store::EngineError& error) {
-        addError(error);
+        tell(*changed->widget, {{}, {}, error});
     }
-    return errors_.size() == before;
 }
 
-void Binding::addError(const store::EngineError& error) {
-    note({QString(), QString(), error});
-}
-
-void Binding::note(NotWritten error) {
-    // An Update that is tried again meets the same refusal again.
-    std::erase_if(errors_, [&](const NotWritten& known) {
-        return known.column == error.column && known.error.number() == error.error.number();
-    });
-    errors_.push_back(std::move(error));
-}
-
-std::vector<NotWritten> Binding::takeErrors() {
-    return std::exchange(errors_, {});
-}
-
-void showNotWritten(QWidget* parent, const std::vector<NotWritten>& errors) {
-    if (errors.empty())
-        return;
-    QStringList lines{QStringLiteral("Tieto údaje sa nezapísali:")};
-    for (const NotWritten& one : errors) {
-        const QString what = one.column.isEmpty()
-                                 ? QStringLiteral("záznam")
-                                 : QStringLiteral("%1 „%2“").arg(one.column, one.typed);
-        lines += QStringLiteral("%1\nChyba č. %2: %3")
-                     .arg(what)
-                     .arg(static_cast<int>(one.error.number()))
-                     .arg(one.error.description());
-    }
-    showMessage(parent, {.text = lines.join(QStringLiteral("\n\n")),
-                         .title = QStringLiteral("Chybová správa"),
-                         .icon = QMessageBox::Warning});
+void Binding::tell(QWidget& widget, const NotWritten& refused) const {
+    ErrorRoute& route = ErrorRoute::of(widget);
+    refused_ == Refused::StopsAction ? route.fail(refused.error) : route.passOver(refused);
 }
 
 } // namespace forms

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "forms/Bound.h"
-#include "store/EngineError.h"
 #include "store/Value.h"
 
 #include <QObject>
@@ -22,13 +21,17 @@ namespace forms {
 template <typename Widget>
 concept BoundWidget = std::derived_from<Widget, QWidget> && std::derived_from<Widget, Bound>;
 
-/// What the user typed and the row could not take.
-struct NotWritten {
-    /// Empty when the row as a whole was refused.
-    QString column;
-    QString typed;
-    store::EngineError error;
+/// Which rows the fields of a binding show.
+enum class Shows {
+    AllRows,
+    /// Only one that is open for an edit; as long as none is, the fields keep what they show.
+    OpenRows
 };
+/// What becomes of a value that its column refuses: the rest is written and the user told of it, or
+/// nothing is.
+enum class Refused { PassedOver, StopsAction };
+
+struct NotWritten;
 
 /// Ties fields of a screen to columns of a data source. The fields show the current row, or the row
 /// that is open for an edit; Update takes what differs from it out of the fields. Typing is limited
@@ -36,13 +39,14 @@ struct NotWritten {
 ///
 /// A refresh, a move, the end of the source or of the binding writes a row that is open and whose
 /// fields have changed; CancelUpdate drops it before. Nothing is thrown by that: what was not
-/// written waits in takeErrors().
+/// written goes the window's ErrorRoute.
 ///
 /// Let a binding end before its fields do, so as a member of the screen declared after its source.
 class Binding : public QObject {
     Q_OBJECT
   public:
-    explicit Binding(store::DataSource& source);
+    explicit Binding(store::DataSource& source, Shows shows = Shows::AllRows,
+                     Refused refused = Refused::PassedOver);
     ~Binding() override;
     Q_DISABLE_COPY_MOVE(Binding)
 
@@ -55,17 +59,10 @@ class Binding : public QObject {
 
     /// The open row has fields that differ from it.
     bool dataChanged() const;
-    /// Writes the open row if dataChanged(). @return false when something was not written
-    bool writeBack();
 
     /// Remembers what differs from the row. Calling the result puts it into the fields again, as if
     /// the user had typed it; not to be called after the end of the binding.
     std::function<void()> keepTyped();
-
-    /// What was not written since the last call.
-    std::vector<NotWritten> takeErrors();
-    /// Keeps an error of Update that the caller passes over, to be told with the others.
-    void addError(const store::EngineError& error);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -83,6 +80,7 @@ class Binding : public QObject {
 
     void tie(QWidget& widget, Bound& bound, const QString& column);
     void untie(QWidget& widget);
+    bool isOpen() const;
     void showAll();
     void show(Tie& tie);
     static void guard(const Tie& tie, const std::function<void()>& reads);
@@ -91,16 +89,15 @@ class Binding : public QObject {
     store::Value valueOf(const QString& column);
     void putAll();
     void put(Tie& tie);
+    void writeBack();
     bool differs(const Tie& tie) const;
     void enter(const QWidget* widget, const QString& text);
-    void note(NotWritten error);
+    void tell(QWidget& widget, const NotWritten& refused) const;
 
     QPointer<store::DataSource> source_;
+    const Shows shows_;
+    const Refused refused_;
     std::vector<Tie> ties_;
-    std::vector<NotWritten> errors_;
 };
-
-/// Tells the user once what was not written; does nothing without errors.
-void showNotWritten(QWidget* parent, const std::vector<NotWritten>& errors);
 
 } // namespace forms

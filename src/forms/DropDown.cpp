@@ -301,9 +301,12 @@ void DropDown::textTyped(const QString& typed) {
     const int row = deleting_ ? -1 : rows_.find(kept);
     const QString line = rows_.text(row);
     const bool completes = row >= 0 && line.startsWith(kept, Qt::CaseInsensitive);
+    const int cursor = lineEdit()->cursorPosition();
     show(completes ? row : -1, completes ? line : kept);
     if (completes)
         lineEdit()->setSelection(int(line.size()), int(kept.size() - line.size()));
+    else
+        lineEdit()->setCursorPosition(cursor);
     userChanged();
 }
 

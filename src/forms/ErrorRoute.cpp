@@ -5,11 +5,27 @@
 #include "store/Database.h"
 
 #include <QPointer>
+#include <QStringList>
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace forms {
+
+namespace {
+
+QString lineOf(const NotWritten& refused) {
+    const QString what = refused.column.isEmpty()
+                             ? QStringLiteral("záznam")
+                             : QStringLiteral("%1 „%2“").arg(refused.column, refused.typed);
+    return QStringLiteral("%1\nChyba č. %2: %3")
+        .arg(what)
+        .arg(static_cast<int>(refused.error.number()))
+        .arg(refused.error.description());
+}
+
+} // namespace
 
 ErrorRoute::ErrorRoute(QWidget* window) : QObject(window), window_(window) {}
 
@@ -50,6 +66,22 @@ void ErrorRoute::keep(const store::EngineError& error, bool isRead) {
         return;
     error_ = error;
     isRead_ = isRead;
+    tellSoon();
+}
+
+void ErrorRoute::passOver(NotWritten refused) {
+    if (store::isOfMedium(refused.error.number()))
+        return fail(refused.error);
+    // An Update that is tried again meets the same refusal again.
+    std::erase_if(notWritten_, [&](const NotWritten& known) {
+        return known.column == refused.column && known.error.number() == refused.error.number();
+    });
+    notWritten_.push_back(std::move(refused));
+    tellSoon();
+}
+
+/// The end of the action that runs tells; without one, the loop does.
+void ErrorRoute::tellSoon() {
     if (depth_ == 0)
         QMetaObject::invokeMethod(this, &ErrorRoute::tell, Qt::QueuedConnection);
 }
@@ -59,8 +91,16 @@ std::optional<store::EngineError> ErrorRoute::takeError() {
 }
 
 void ErrorRoute::tell() {
-    if (!error_ || depth_ > 0)
+    if (depth_ > 0)
         return;
+    const QPointer self = this;
+    if (error_)
+        tellError();
+    if (self != nullptr && !notWritten_.empty())
+        tellNotWritten();
+}
+
+void ErrorRoute::tellError() {
     const bool isRead = isRead_;
     const store::EngineError error = *takeError();
     if (engine_ != nullptr)
@@ -73,6 +113,15 @@ void ErrorRoute::tell() {
     telling_ = false;
     if (isRead)
         Q_EMIT readFailed(error);
+}
+
+void ErrorRoute::tellNotWritten() {
+    QStringList lines{QStringLiteral("Tieto údaje sa nezapísali:")};
+    for (const NotWritten& refused : std::exchange(notWritten_, {}))
+        lines += lineOf(refused);
+    showMessage(window_, {.text = lines.join(QStringLiteral("\n\n")),
+                          .title = QStringLiteral("Chybová správa"),
+                          .icon = QMessageBox::Warning});
 }
 
 void guardedEnd(const std::function<void()>& action) {

@@ -3,9 +3,11 @@
 #include "store/EngineError.h"
 
 #include <QObject>
+#include <QString>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QWidget;
 
@@ -14,6 +16,14 @@ class DBEngine;
 }
 
 namespace forms {
+
+/// What the user typed and the row could not take.
+struct NotWritten {
+    /// Empty when the row as a whole was refused.
+    QString column;
+    QString typed;
+    store::EngineError error;
+};
 
 /// The one way of an engine's error from a window to its user. An exception must not travel through
 /// Qt: whatever Qt calls runs by perform() when the user does it, by show() when the window itself
@@ -35,6 +45,13 @@ class ErrorRoute : public QObject {
     /// action that runs; without one, when the program next waits, and then readFailed() follows.
     /// @return false when it was ended by an error
     bool show(const std::function<void()>& reads);
+    /// Ends the running action at its next writing, or tells the error at its end.
+    void fail(const store::EngineError& error) { keep(error, false); }
+    /// Keeps what the running action goes on without. All of it is told in one box at the end of
+    /// the action. Without what the medium refuses no action goes on: that is an error.
+    void passOver(NotWritten refused);
+    /// What was passed over so far is undone with all else that the action wrote.
+    void forgetPassedOver() { notWritten_.clear(); }
     /// What has failed in the running action so far; it is not told then.
     std::optional<store::EngineError> takeError();
 
@@ -46,12 +63,16 @@ class ErrorRoute : public QObject {
     explicit ErrorRoute(QWidget* window);
     bool run(const std::function<void()>& action, bool reads);
     void keep(const store::EngineError& error, bool isRead);
+    void tellSoon();
     void tell();
+    void tellError();
+    void tellNotWritten();
 
     QWidget* window_;
     store::DBEngine* engine_ = nullptr;
     int depth_ = 0;
     std::optional<store::EngineError> error_;
+    std::vector<NotWritten> notWritten_;
     bool isRead_ = false;
     bool telling_ = false;
 };

@@ -16,26 +16,35 @@ constexpr int formWidth = 420;
 } // namespace
 
 ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* parent)
-    : QDialog(parent), lblStav_(new QLabel), prgStav_(new QProgressBar) {
+    : QDialog(parent), lblStav_(new QLabel), prgStav_(new QProgressBar),
+      cmdZrusit_(new QPushButton(QStringLiteral("&Zrušiť"))) {
     setObjectName(name);
     setWindowTitle(title);
     setWindowModality(Qt::ApplicationModal);
     lblStav_->setObjectName(QStringLiteral("lblStav"));
+    lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
     prgStav_->setRange(0, steps);
-    auto* cmdZrusit = new QPushButton(QStringLiteral("&Zrušiť"));
-    cmdZrusit->setObjectName(QStringLiteral("cmdZrusit"));
-    cmdZrusit->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
-    connect(cmdZrusit, &QPushButton::clicked, this, &ProgressForm::reject);
+    cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
+    cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
+    connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
     auto* lines = new QVBoxLayout(this);
     lines->addWidget(lblStav_);
     lines->addWidget(prgStav_);
-    lines->addWidget(cmdZrusit, 0, Qt::AlignRight);
+    lines->addWidget(cmdZrusit_, 0, Qt::AlignRight);
     setFixedWidth(formWidth);
 }
 
+void ProgressForm::setEndless() {
+    cmdZrusit_->hide();
+    prgStav_->setRange(0, 0);
+    setWindowFlag(Qt::WindowCloseButtonHint, false);
+}
+
 void ProgressForm::reject() {
+    if (cmdZrusit_->isHidden())
+        return;
     givenUp_ = true;
     QDialog::reject();
 }

@@ -9,11 +9,12 @@
 
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace forms {
 
 /// Shows how far long works have come, one after the other, and Zrušiť, which gives up the one that
-/// runs. Short work is over before anything shows.
+/// runs, where that is possible. Short work is over before anything shows.
 class ProgressForm : public QDialog {
     Q_OBJECT
   public:
@@ -21,6 +22,8 @@ class ProgressForm : public QDialog {
 
     ProgressForm(const QString& name, const QString& title, QWidget* parent);
 
+    /// For work that nothing can stop and that doesn't tell how far it is.
+    void setEndless();
     void reject() override;
     /// How long work goes on before the form shows.
     void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
@@ -33,6 +36,7 @@ class ProgressForm : public QDialog {
 
     QLabel* lblStav_;
     QProgressBar* prgStav_;
+    QPushButton* cmdZrusit_;
     QElapsedTimer since_;
     std::chrono::milliseconds patience_ = usualPatience;
     bool givenUp_ = false;

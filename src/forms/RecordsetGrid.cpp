@@ -1,6 +1,7 @@
 #include "forms/RecordsetGrid.h"
 
 #include "forms/Guard.h"
+#include "forms/RowLook.h"
 #include "forms/Twips.h"
 #include "store/DataSource.h"
 
@@ -8,58 +9,20 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 namespace forms {
-
-namespace {
-
-constexpr int rowPadding = 7;
-constexpr int headerPadding = 10;
-
-/// The row is chosen as a whole: no cell of it stands out.
-class RowDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-  protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->state.setFlag(QStyle::State_HasFocus, false);
-    }
-};
-
-} // namespace
 
 RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* parent)
     : QTableView(parent), model_(new RecordsetModel(columns, *this)) {
     setModel(model_);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setItemDelegate(new RowDelegate(this));
-    layOut(columns);
+    lookLikeList(*this);
+    for (int column = 0; column < model_->columnCount(); ++column)
+        setColumnWidth(column, pixels(columns[static_cast<size_t>(column)].width));
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
     // The view itself repaints the cells alone, not the rest of the row.
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewport(),
             qOverload<>(&QWidget::update));
-}
-
-void RecordsetGrid::layOut(std::span<const GridColumn> columns) {
-    setAlternatingRowColors(true);
-    setShowGrid(false);
-    setWordWrap(false);
-    setHorizontalScrollMode(ScrollPerPixel);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setFixedHeight(fontMetrics().height() + headerPadding);
-    horizontalHeader()->setMinimumSectionSize(pixels(300));
-    for (int column = 0; column < model_->columnCount(); ++column)
-        setColumnWidth(column, pixels(columns[static_cast<size_t>(column)].width));
 }
 
 void RecordsetGrid::bind(store::DataSource* source) {

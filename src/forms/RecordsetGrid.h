@@ -37,7 +37,6 @@ class RecordsetGrid : public QTableView {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void layOut(std::span<const GridColumn> columns);
     void followSource();
     void moveSource(int row);
     QColor rowColour(int row) const;

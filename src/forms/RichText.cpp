@@ -13,6 +13,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace forms {
 
 namespace {
@@ -38,6 +40,15 @@ QString storedHtml(const QTextDocument& document) {
     return report::storedText(paragraphsOf(document));
 }
 
+bool hasEndlessWord(const QString& text) {
+    constexpr int longestWord = 1000;
+    int length = 0;
+    return std::ranges::any_of(text, [&](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > longestWord;
+    });
+}
+
 report::RichParagraphs pasted(const QMimeData& source) {
     if (source.hasFormat(ownFormat))
         return report::readStored(QString::fromUtf8(source.data(ownFormat)));
@@ -51,7 +62,12 @@ class RichText::Editor : public QTextEdit {
     explicit Editor(QWidget* parent) : QTextEdit(parent) {
         setTabChangesFocus(true);
         setAcceptRichText(true);
+        connect(document(), &QTextDocument::contentsChange, this,
+                [this](int from, int, int added) { breakLongWords(from, added); });
     }
+
+    /// As for a text without words that are no words.
+    void wrapAtWords() { setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere); }
 
     bool isOn(int tool) const {
         const QTextList* list = textCursor().currentList();
@@ -142,6 +158,16 @@ class RichText::Editor : public QTextEdit {
         return -1;
     }
 
+    /// To find where a word can be broken, the layout walks to its end for each of its lines.
+    void breakLongWords(int from, int added) {
+        const QTextBlock behind = document()->findBlock(from + added).next();
+        for (QTextBlock block = document()->findBlock(from);
+             wordWrapMode() != QTextOption::WrapAnywhere && block != behind; block = block.next()) {
+            if (hasEndlessWord(block.text()))
+                setWordWrapMode(QTextOption::WrapAnywhere);
+        }
+    }
+
     /// Takes the selected paragraphs out of their list.
     void leaveList() {
         QTextCursor cursor = textCursor();
@@ -218,6 +244,7 @@ void RichText::setText(const QString& stored) {
         const QSignalBlocker silent(editor_);
         editor_->setUndoRedoEnabled(false);
         editor_->document()->clear();
+        editor_->wrapAtWords();
         insertParagraphs(report::readStored(stored), QTextCursor(editor_->document()));
         editor_->setUndoRedoEnabled(true);
         editor_->moveCursor(QTextCursor::Start);

@@ -35,9 +35,9 @@ RowList::RowList(QWidget* parent) : QListView(parent) {
 
 void RowList::setSource(store::DataSource& source, const QString& column) {
     rows_.setSource(source, column);
+    refill();
     connect(&source, &store::DataSource::refreshed, this,
             [this] { showGuarded(this, [this] { refill(); }); });
-    refill();
 }
 
 void RowList::refill() {

@@ -19,6 +19,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
@@ -174,12 +175,27 @@ bool FrmUvod::fileFound() {
     return !ukoncit_;
 }
 
+/// Nothing of a window that is on show may be pressed while something works on the register.
+std::chrono::milliseconds FrmUvod::patience() const {
+    return isVisible() ? std::chrono::milliseconds(0) : around_.patience;
+}
+
+/// The first source opens the register, which may have to be brought to this version then.
 void FrmUvod::openData() {
     const auto point = [this](store::DataSource& source, const QString& sql) {
         source.setDatabaseName(around_.folder.database());
         source.setRecordSource(sql);
         source.Refresh();
     };
+    forms::ProgressForm form(QStringLiteral("frmUprava"), QCoreApplication::applicationName(),
+                             nullptr);
+    form.setPatience(patience());
+    form.setEndless();
+    const auto end = qScopeGuard([this] { around_.engine.whileUpgrading({}); });
+    around_.engine.whileUpgrading(
+        [tell = form.progress(QStringLiteral(
+             "Register sa raz prispôsobuje tejto verzii programu. Pri veľkom registri to môže "
+             "trvať aj niekoľko minút. Prosím, počkajte."))] { tell(0); });
     point(sources_->datGrid, QStringLiteral("select * from k_zaklad"));
     point(sources_->datTlac, QStringLiteral("select * from k_zaklad"));
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
@@ -189,13 +205,21 @@ void FrmUvod::loadFailed(const store::EngineError& error) {
     if (!isUnusable(static_cast<int>(error.number())))
         return tellUnloaded(error);
     if (indexesRepaired())
-        return load();
+        return loadRepaired();
     forms::showMessage(
         this, {.text = QStringLiteral("Program nemôže pracovať, je nutný reštart počítača !"),
                .icon = QMessageBox::Warning});
     ukoncit_ = true;
     setControlsEnabled(false);
     hide();
+}
+
+/// In the background the damage was found while the user was at work.
+void FrmUvod::loadRepaired() {
+    const QString chosen = schoolYear();
+    load();
+    if (!chosen.isEmpty())
+        panel_->setSchoolYear(chosen);
 }
 
 void FrmUvod::tellUnloaded(const store::EngineError& error) {
@@ -216,11 +240,26 @@ void FrmUvod::listFailed(const store::EngineError& error) {
     tellUnloaded(error);
 }
 
+/// Only when it has come out well is there anything to ask. @throws store::EngineError
+std::unique_ptr<store::IndexRepair> FrmUvod::triedRepair() {
+    forms::ProgressForm form(QStringLiteral("frmOprava"), QCoreApplication::applicationName(),
+                             nullptr);
+    form.setPatience(patience());
+    try {
+        return store::IndexRepair::tryMake(
+            around_.folder.database(),
+            form.progress(QStringLiteral("V súbore s údajmi sa našlo poškodenie, skúša sa jeho "
+                                         "oprava na kópii …")));
+    } catch (const store::GivenUp&) {
+        return nullptr;
+    }
+}
+
 /// Whether only the indexes were damaged and have been made anew, with the user's consent.
 bool FrmUvod::indexesRepaired() {
     unload();
     try {
-        const auto repair = store::IndexRepair::tryMake(around_.folder.database());
+        const auto repair = triedRepair();
         if (!repair ||
             forms::showMessage(
                 this, {.text = QStringLiteral("Register v súbore -tvk.mdb- je poškodený, údaje sú "
@@ -254,6 +293,10 @@ void FrmUvod::damageFound() {
     if (QApplication::activeModalWidget() != nullptr ||
         QApplication::activePopupWidget() != nullptr)
         return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
+    opravSubor();
+}
+
+void FrmUvod::opravSubor() {
     loadFailed({store::ErrorNumber::UnrecognizedFile, {}});
     if (ukoncit_)
         close();
@@ -316,6 +359,11 @@ void FrmUvod::ukazZamestnancov() {
         return;
     panel_->change(&ButtonColours::listChosen, employeeList.number);
     lists_->ukaz(employeeList);
+}
+
+void FrmUvod::readListAnew() {
+    if (loaded_)
+        lists_->readAnew();
 }
 
 void FrmUvod::openTable(int button, Screen screen) {

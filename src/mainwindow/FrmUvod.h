@@ -9,10 +9,12 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 
 namespace store {
 class BackgroundCheck;
 class EngineError;
+class IndexRepair;
 } // namespace store
 
 namespace mainwindow {
@@ -45,21 +47,29 @@ class FrmUvod : public QMainWindow {
     store::DataSource& datCisVzd() { return sources_->datCisVzd; }
     const Surroundings& surroundings() const { return around_; }
 
+    /// Repairs a register that a check has found damaged, with the user's consent; the run ends
+    /// when that can't be.
+    void opravSubor();
+
     void ukazKlientov();
     void ukazZamestnancov();
     void zadajSkolskyRok();
+    /// Shows what others have written into the list on show. @throws store::EngineError
+    void readListAnew();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
     void buildMenu();
+    void addItem(QMenu& menu, QStringView name, QStringView caption, Screen screen);
     void buildKeys();
     void buildStatus();
     void openMenu(QAction* action);
 
     void load();
     bool fileFound();
+    std::chrono::milliseconds patience() const;
     void openData();
     void finishLoad();
     bool ensureLoaded();
@@ -68,6 +78,8 @@ class FrmUvod : public QMainWindow {
     void tellUnloaded(const store::EngineError& error);
     void listFailed(const store::EngineError& error);
     bool indexesRepaired();
+    std::unique_ptr<store::IndexRepair> triedRepair();
+    void loadRepaired();
     void checkInBackground();
     void damageFound();
     void setControlsEnabled(bool enabled);

@@ -226,6 +226,18 @@ void ListPane::readAnew(QStringView sql) {
     sources_->datGrid.Refresh();
 }
 
+void ListPane::readAnew() {
+    if (onShow() == nullptr || sources_ == nullptr)
+        return;
+    store::DataSource& rows = sources_->datGrid;
+    const bool any = !rows.Recordset().Eof();
+    const QString key = any ? fieldText(rows, u"idkod") : QString();
+    rows.Refresh();
+    if (any && !rows.Recordset().Eof())
+        rows.Recordset().FindFirst(QStringLiteral("idkod = ") + store::quoted(key));
+    tlacidlaPodlaRiadkov(grid(*onShow()));
+}
+
 void ListPane::novy() {
     modKontrola::gAkcia = 1;
     modKontrola::gIdKod.clear();
@@ -242,10 +254,8 @@ void ListPane::oprava() {
     zoznamPred_ = aktZoznam_;
     if (const ListTraits* list = onShow()) {
         store::DataSource& row = sources_->datGrid;
-        modKontrola::gIdKod = fieldText(row, u"idkod");
-        modKontrola::gMenoKlienta = QStringLiteral(" : ") + fieldText(row, u"meno") +
-                                    QStringLiteral("  ") + fieldText(row, u"priezv");
-        modKontrola::gAkcia = 2;
+        modKontrola::editRecord(fieldText(row, u"idkod"), fieldText(row, u"meno"),
+                                fieldText(row, u"priezv"));
         open_(list->card);
     }
     Q_EMIT cardClosed(zoznamPred_);

@@ -29,6 +29,9 @@ class ListPane : public QWidget {
     void clear();
     /// Puts a list on show in the order of names. @throws store::EngineError
     void ukaz(const ListTraits& list);
+    /// Reads the list on show again, if there is one, and stays on its row. @throws
+    /// store::EngineError
+    void readAnew();
 
   Q_SIGNALS:
     /// A card that was opened to edit a row of that list has closed.

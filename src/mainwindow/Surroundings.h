@@ -27,10 +27,15 @@ enum class Screen {
     PrintOdbStar,
     PrintDopUkaz,
     PrintZozKlient,
+    PrintReturn,
+    ClientsInReturn,
     Archive,
     Restore,
     Copies,
     RestoreAtStart,
+    DataCheck,
+    Help,
+    About,
 };
 
 /// What the main window needs of the rest of the program.

@@ -3,6 +3,7 @@
 #include "oldregister/FileKind.h"
 #include "oldregister/Loose.h"
 #include "oldregister/OldReader.h"
+#include "oldregister/Protection.h"
 #include "oldregister/TableWriter.h"
 #include "store/Database.h"
 #include "store/EngineError.h"
@@ -86,12 +87,40 @@ class Teller {
     QElapsedTimer sinceTold_;
 };
 
+bool hasName(QStringView wanted, const QString& name) {
+    return name.compare(wanted, Qt::CaseInsensitive) == 0;
+}
+
+bool lists(const TableList& list, QStringView wanted) {
+    return std::ranges::any_of(list.tables,
+                               [&](const OldTable& table) { return hasName(wanted, table.name); });
+}
+
+bool listsUnreadable(const TableList& list, QStringView wanted) {
+    return std::ranges::any_of(list.unreadable,
+                               [&](const QString& name) { return hasName(wanted, name); });
+}
+
+void requireRegister(const TableList& list, const QString& path) {
+    if (lists(list, clientTable))
+        return;
+    throw EngineError(
+        ErrorNumber::UnrecognizedFile,
+        listsUnreadable(list, clientTable)
+            ? QStringLiteral("Súbor je poškodený: tabuľka klientov sa nedá prečítať.")
+            : QStringLiteral("Súbor je databáza iného programu: nie je v ňom tabuľka klientov "
+                             "(%1).")
+                  .arg(clientTable),
+        path);
+}
+
 class Converter {
   public:
     Converter(const QString& oldFile, store::Database& database, const TellProgress& progress)
         : database_(database), teller_(progress),
           reader_(oldFile, [this] { return teller_.goOn(); }) {
         report_.oldFile = oldFile;
+        report_.protection = protectionOf(oldFile);
     }
 
     ConversionReport run() {
@@ -110,7 +139,7 @@ class Converter {
     }
 
     void take(const TableList& list) {
-        requireRegister(list);
+        requireRegister(list, report_.oldFile);
         qint64 total = 0;
         for (const OldTable& table : list.tables) {
             writers_.push_back(std::make_unique<TableWriter>(database_, table, report_.findings));
@@ -141,30 +170,6 @@ class Converter {
             throw EngineError(ErrorNumber::UnrecognizedFile, QStringLiteral("Súbor je poškodený."),
                               report_.oldFile);
         return *writers_[table];
-    }
-
-    static bool lists(const TableList& list, QStringView wanted) {
-        return std::ranges::any_of(list.tables, [&](const OldTable& table) {
-            return table.name.compare(wanted, Qt::CaseInsensitive) == 0;
-        });
-    }
-    static bool listsUnreadable(const TableList& list, QStringView wanted) {
-        return std::ranges::any_of(list.unreadable, [&](const QString& name) {
-            return name.compare(wanted, Qt::CaseInsensitive) == 0;
-        });
-    }
-
-    void requireRegister(const TableList& list) const {
-        if (lists(list, clientTable))
-            return;
-        const bool isDamaged = listsUnreadable(list, clientTable);
-        throw EngineError(
-            ErrorNumber::UnrecognizedFile,
-            isDamaged ? QStringLiteral("Súbor je poškodený: tabuľka klientov sa nedá prečítať.")
-                      : QStringLiteral("Súbor je databáza iného programu: nie je v ňom tabuľka "
-                                       "klientov (%1).")
-                            .arg(clientTable),
-            report_.oldFile);
     }
 
     void tellTables(const TableList& list) {
@@ -206,6 +211,15 @@ void requireOldRegister(const QString& path) {
 }
 
 } // namespace
+
+void readThrough(const QString& path) {
+    requireOldRegister(path);
+    OldReader reader(path, {});
+    for (Message message = reader.next(); !std::holds_alternative<EndOfFile>(message);
+         message = reader.next())
+        if (const auto* list = std::get_if<TableList>(&message))
+            requireRegister(*list, path);
+}
 
 ConversionReport convert(const QString& oldFile, const QString& newFile,
                          const TellProgress& progress) {

@@ -23,4 +23,8 @@ using TellProgress = std::function<bool(const Progress&)>;
 ConversionReport convert(const QString& oldFile, const QString& newFile,
                          const TellProgress& progress = {});
 
+/// Reads a file of the old format from end to end, as a conversion would.
+/// @throws store::EngineError as convert does when the file can't be converted at all
+void readThrough(const QString& path);
+
 } // namespace oldregister

@@ -1,7 +1,6 @@
 #include "oldregister/ConversionReport.h"
 
 #include <QDir>
-#include <QStringList>
 
 namespace oldregister {
 
@@ -91,12 +90,18 @@ QString ConversionReport::summary() const {
     return QStringLiteral("Čo sa nedalo preniesť tak, ako bolo, počet: %1").arg(findings.size());
 }
 
-QString ConversionReport::text() const {
-    QStringList lines{QStringLiteral("Prevod registra z pôvodného formátu"), QString(),
-                      QStringLiteral("Pôvodný súbor: ") + QDir::toNativeSeparators(oldFile)};
+QStringList ConversionReport::about() const {
+    QStringList lines{QStringLiteral("Pôvodný súbor: ") + QDir::toNativeSeparators(oldFile)};
     if (!keptFile.isEmpty())
         lines += QStringLiteral("Odložený ako:  ") + QDir::toNativeSeparators(keptFile);
-    lines += QStringList{QString()} + linesOf(tables) + QStringList{QString()};
+    if (!protection.isEmpty())
+        lines += protection;
+    return lines;
+}
+
+QString ConversionReport::text() const {
+    QStringList lines{QStringLiteral("Prevod registra z pôvodného formátu"), QString()};
+    lines += about() + QStringList{QString()} + linesOf(tables) + QStringList{QString()};
     lines += summary();
     int number = 0;
     for (const Finding& finding : findings)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -31,6 +31,8 @@ QString captionOf(const QString& table);
 /// What a conversion did.
 struct ConversionReport {
     QString oldFile;
+    /// See protectionOf.
+    QString protection;
     /// Where the old file lies now, when it was given another name.
     QString keptFile;
     /// Where the report itself lies, when it was written.
@@ -40,6 +42,8 @@ struct ConversionReport {
 
     qint64 rowsRead() const;
     qint64 rowsWritten() const;
+    /// Whose report it is, line by line.
+    QStringList about() const;
     /// How many exceptions there are, in a Slovak sentence.
     QString summary() const;
     /// All of it as the lines of a text file.

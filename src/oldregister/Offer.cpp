@@ -3,6 +3,7 @@
 #include "forms/MessageBox.h"
 #include "oldregister/FileKind.h"
 #include "oldregister/OldReader.h"
+#include "oldregister/Protection.h"
 #include "oldregister/ReportWindow.h"
 #include "oldregister/TakeOver.h"
 #include "store/EngineError.h"
@@ -16,14 +17,15 @@ namespace oldregister {
 namespace {
 
 bool userAgrees(const QString& path, QWidget* parent) {
-    const QFileInfo file(path);
+    const QString protection = protectionOf(path);
     const QString text =
         QStringLiteral("Súbor %1 je v pôvodnom formáte. Previesť ho?\n\n"
                        "Všetky údaje sa prenesú do nového súboru %1. Pôvodný súbor ostane "
-                       "nezmenený vedľa neho ako %2_povodny.mdb. Po prevode uvidíte, čo sa "
-                       "prenieslo a čo nie.\n\n"
+                       "nezmenený vedľa neho ako %2. Po prevode uvidíte, čo sa prenieslo a čo "
+                       "nie.\n\n%3"
                        "Ak odpoviete Nie, nič sa nezmení a program sa ukončí.")
-            .arg(file.fileName(), file.completeBaseName());
+            .arg(QFileInfo(path).fileName(), QFileInfo(keptNameOf(path)).fileName(),
+                 protection.isEmpty() ? QString() : protection + QStringLiteral("\n\n"));
     return forms::showMessage(parent, {.text = text,
                                        .title = QStringLiteral("Upozornenie"),
                                        .icon = QMessageBox::Question,

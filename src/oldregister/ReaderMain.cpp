@@ -47,6 +47,7 @@ struct Found {
     std::deque<OldTableReader> readers;
     /// Pages of the file.
     quint64 pages = 0;
+    int descriptionsBehindEnd = 0;
 };
 
 bool isListed(const TableList& list, const QString& name) {
@@ -65,8 +66,7 @@ void look(MdbCatalogEntry& entry, Found& found) {
         found.list.foreign.push_back(name);
         return;
     }
-    if (entry.table_pg >= found.pages)
-        throw CutOff();
+    found.descriptionsBehindEnd += entry.table_pg >= found.pages ? 1 : 0;
     OldTableReader reader(entry);
     if (!reader.isOpen()) {
         found.list.unreadable.push_back(name);
@@ -76,18 +76,24 @@ void look(MdbCatalogEntry& entry, Found& found) {
     found.readers.push_back(std::move(reader));
 }
 
+/// @throws CutOff when rows are missing that lay behind the end; a lone place there is no more than
+/// a damaged number
 void sendRows(const Found& found, quint32 table, Pipe& pipe) {
+    quint32 read = 0;
+    bool leadsBehindEnd = false;
     OldRows rows(
         found.readers[table],
         [&](std::vector<OldValue> values) {
+            ++read;
             pipe.send(OldRow{table, std::move(values)});
         },
         [&](quint32 page, quint32 lost) {
-            if (page >= found.pages)
-                throw CutOff();
+            leadsBehindEnd = leadsBehindEnd || page >= found.pages;
             pipe.send(BrokenPage{table, page, lost});
         });
     rows.readAll();
+    if (leadsBehindEnd && read < found.list.tables[table].rows)
+        throw CutOff();
 }
 
 std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
@@ -104,6 +110,8 @@ std::optional<QString> sendAll(const QByteArray& path, Pipe& pipe) {
     found.pages = static_cast<quint64>(size / MDB_PGSIZE);
     for (MdbCatalogEntry* entry : catalogue)
         look(*entry, found);
+    if (found.descriptionsBehindEnd > 1)
+        throw CutOff();
     pipe.send(found.list);
     for (quint32 table = 0; table < found.readers.size(); ++table)
         sendRows(found, table, pipe);

@@ -79,9 +79,9 @@ void addFinding(const Finding& finding, int number, std::vector<Line>& lines) {
 }
 
 std::vector<Line> linesOf(const ConversionReport& report) {
-    std::vector<Line> lines{{{text, QStringLiteral("Pôvodný súbor: ") + report.oldFile}}};
-    if (!report.keptFile.isEmpty())
-        lines.push_back({{text, QStringLiteral("Odložený ako: ") + report.keptFile}});
+    std::vector<Line> lines;
+    for (const QString& line : report.about())
+        lines.push_back({{text, line}});
     lines.push_back({});
     lines.push_back({{table, QStringLiteral("Tabuľka")},
                      {read, QStringLiteral("prečítané")},

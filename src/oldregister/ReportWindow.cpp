@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -13,6 +14,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QScreen>
+#include <QStandardPaths>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -21,6 +24,8 @@ namespace oldregister {
 namespace {
 
 constexpr QSize startSize(1220, 700);
+/// What a window manager may put around a window.
+constexpr QSize decoration(8, 40);
 constexpr int rowHeight = 22;
 constexpr int countListWidth = 400;
 /// Fitting the height of each row takes its time.
@@ -28,10 +33,10 @@ constexpr std::size_t mostFitted = 500;
 /// A long text is read in the saved report; here it must not push the others out of sight.
 constexpr int longestShown = 300;
 
-QTableWidget* newList(const QString& name, const QStringList& columns) {
+QTableWidget* newList(const QString& name, const QString& caption, const QStringList& columns) {
     auto* list = new QTableWidget(0, static_cast<int>(columns.size()));
     list->setObjectName(name);
-    list->setAccessibleName(name);
+    list->setAccessibleName(caption);
     list->setHorizontalHeaderLabels(columns);
     list->verticalHeader()->hide();
     list->verticalHeader()->setDefaultSectionSize(rowHeight);
@@ -54,6 +59,11 @@ void addRow(QTableWidget& list, const QStringList& cells, Qt::Alignment ofNumber
     }
 }
 
+QString documentsFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
 QString nameOf(const QString& path) {
     return QFileInfo(path).fileName();
 }
@@ -66,6 +76,8 @@ QString headline(const ConversionReport& report) {
         lines += QStringLiteral("Pôvodný súbor ostal nezmenený ako %1, táto správa leží vedľa neho "
                                 "ako %2.")
                      .arg(nameOf(report.keptFile), nameOf(report.reportFile));
+    if (!report.protection.isEmpty())
+        lines += report.protection;
     lines += report.summary();
     return lines.join(u'\n');
 }
@@ -76,7 +88,7 @@ ReportWindow::ReportWindow(ConversionReport report, QWidget* parent)
     : QDialog(parent), report_(std::move(report)) {
     setObjectName(QStringLiteral("frmPrevod"));
     setWindowTitle(QStringLiteral("Prevod registra z pôvodného formátu"));
-    resize(startSize);
+    resize(startSize.boundedTo(screen()->availableSize() - decoration));
     auto* layout = new QVBoxLayout(this);
     auto* words = new QLabel(headline(report_));
     words->setObjectName(QStringLiteral("lblPrevod"));
@@ -94,7 +106,7 @@ ReportWindow::ReportWindow(ConversionReport report, QWidget* parent)
 
 QWidget* ReportWindow::countList() {
     auto* list = newList(
-        QStringLiteral("lstTabulky"),
+        QStringLiteral("lstTabulky"), QStringLiteral("Riadky tabuliek"),
         {QStringLiteral("Tabuľka"), QStringLiteral("Prečítané"), QStringLiteral("Zapísané")});
     for (const TableCount& count : report_.tables)
         addRow(
@@ -108,7 +120,7 @@ QWidget* ReportWindow::countList() {
 }
 
 QWidget* ReportWindow::findingList() {
-    auto* list = newList(QStringLiteral("lstVynimky"),
+    auto* list = newList(QStringLiteral("lstVynimky"), QStringLiteral("Čo sa nedalo preniesť"),
                          {QStringLiteral("Osoba"), QStringLiteral("Tabuľka"),
                           QStringLiteral("Čo sa nedalo"), QStringLiteral("Obsah")});
     for (const Finding& finding : report_.findings)
@@ -155,8 +167,9 @@ void ReportWindow::saveAs(const QString& path) {
 
 void ReportWindow::askAndSave() {
     const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Kam uložiť správu o prevode"), QStringLiteral("prevod.txt"),
-        QStringLiteral("Textové súbory (*.txt)"));
+        this, QStringLiteral("Kam uložiť správu o prevode"),
+        documentsFolder() + QStringLiteral("/prevod.txt"), QStringLiteral("Textové súbory (*.txt)"),
+        nullptr, QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
     if (!path.isEmpty())
         saveAs(path);
 }

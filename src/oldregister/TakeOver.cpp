@@ -14,17 +14,22 @@ namespace {
 using store::EngineError;
 using store::ErrorNumber;
 
+/// A name beside another file's: "tvk_povodny.mdb", "tvk_povodny_2.mdb" and so on.
+QString besideName(const QString& path, const QString& what, const QString& suffix, int number) {
+    const QFileInfo info(path);
+    const QString numbered = number == 1 ? QString() : QStringLiteral("_%1").arg(number);
+    return info.absolutePath() + u'/' + info.completeBaseName() + u'_' + what + numbered + u'.' +
+           suffix;
+}
+
 /// Makes a file beside another one, under the first name that is free: "tvk_povodny.mdb", then
 /// "tvk_povodny_2.mdb" and so on.
 /// @param make throws 3204 when a name is taken
 template <class Make>
 QString makeBeside(const QString& path, const QString& what, const QString& suffix,
                    const Make& make) {
-    const QFileInfo info(path);
     for (int number = 1;; ++number) {
-        const QString numbered = number == 1 ? QString() : QStringLiteral("_%1").arg(number);
-        QString name = info.absolutePath() + u'/' + info.completeBaseName() + u'_' + what +
-                       numbered + u'.' + suffix;
+        QString name = besideName(path, what, suffix, number);
         try {
             make(name);
             return name;
@@ -57,6 +62,14 @@ void writeNew(const QString& path, const QByteArray& bytes) {
 }
 
 } // namespace
+
+QString keptNameOf(const QString& path) {
+    for (int number = 1;; ++number) {
+        QString kept = besideName(path, QStringLiteral("povodny"), QStringLiteral("mdb"), number);
+        if (!QFileInfo::exists(kept) || store::fileIdentity(kept) == store::fileIdentity(path))
+            return kept;
+    }
+}
 
 QString writeReport(const QString& path, const ConversionReport& report) {
     const QByteArray text = report.text().toUtf8();

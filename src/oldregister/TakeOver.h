@@ -11,6 +11,9 @@ namespace oldregister {
 /// @throws as convert; 3218 when another program has changed the old file meanwhile
 ConversionReport takeOver(const QString& path, const TellProgress& progress = {});
 
+/// The name under which takeOver would keep that file now.
+QString keptNameOf(const QString& path);
+
 /// Writes a report beside a register, as takeOver does. @return the path of the text file
 /// @throws store::EngineError of a full or unwritable disk
 QString writeReport(const QString& path, const ConversionReport& report);

@@ -5,6 +5,7 @@
 #include "report/Print.h"
 #include "store/ReportConnection.h"
 
+#include <memory>
 #include <utility>
 
 namespace printing {
@@ -18,50 +19,53 @@ void preview(const report::Pages& pages, QWidget* parent) {
 }
 
 /// The engine's rows as the page maker reads them.
-class StoredRows : public report::RowSource {
+class StoredRows : public report::RowTable {
   public:
-    explicit StoredRows(store::ReportRows& rows) : rows_(rows) {}
-    bool next() override { return rows_.next(); }
+    explicit StoredRows(store::ReportRows rows) : rows_(std::move(rows)) {}
+    qint64 count() const override { return rows_.count(); }
+    void goTo(qint64 row) override { rows_.goTo(row); }
     QString text(const QString& column) const override { return rows_.text(column); }
 
   private:
-    store::ReportRows& rows_;
+    store::ReportRows rows_;
 };
 
-class BlankSource : public report::RowSource {
+class BlankTable : public report::RowTable {
   public:
-    explicit BlankSource(const BlankRows& rows) : rows_(rows) {}
-    bool next() override { return ++next_ <= rows_.size(); }
+    explicit BlankTable(BlankRows rows) : rows_(std::move(rows)) {}
+    qint64 count() const override { return qint64(rows_.size()); }
+    void goTo(qint64 row) override { row_ = std::size_t(row); }
     QString text(const QString& column) const override {
-        const auto& row = rows_[next_ - 1];
-        const auto found = row.find(column);
-        return found == row.end() ? QString() : found->second;
+        const auto found = rows_[row_].find(column);
+        return found == rows_[row_].end() ? QString() : found->second;
     }
 
   private:
-    const BlankRows& rows_;
-    std::size_t next_ = 0;
+    BlankRows rows_;
+    std::size_t row_ = 0;
 };
-
-report::Pages pagesOf(const PrintTools& tools, const report::Layout& form, const QString& source,
-                      const QDate& today, const BlankRows& blank) {
-    store::ReportConnection connection(tools.engine, tools.folder.database());
-    store::ReportRows rows = connection.open(source);
-    StoredRows stored(rows);
-    BlankSource none(blank);
-    report::RowSource& printed = rows.count() > 0 ? static_cast<report::RowSource&>(stored) : none;
-    return report::makePages(form, printed, report::FontMeter(), today);
-}
 
 } // namespace
 
-void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                const QDate& today, QWidget* parent, const BlankRows& blank) {
-    const report::Pages pages = pagesOf(tools, form, source, today, blank);
+report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,
+                         const QDate& today, const BlankRows& blank) {
+    store::ReportConnection connection(tools.engine, tools.folder.database());
+    std::shared_ptr<report::RowTable> rows = std::make_shared<StoredRows>(connection.open(source));
+    if (rows->count() == 0)
+        rows = std::make_shared<BlankTable>(blank);
+    return report::pagesOnDemand(form, rows, std::make_shared<report::FontMeter>(), today);
+}
+
+void showPages(const PrintTools& tools, const report::Pages& pages, QWidget* parent) {
     if (tools.showPreview)
         tools.showPreview(pages, parent);
     else
         preview(pages, parent);
+}
+
+void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
+                const QDate& today, QWidget* parent, const BlankRows& blank) {
+    showPages(tools, makeReport(tools, form, source, today, blank), parent);
 }
 
 } // namespace printing

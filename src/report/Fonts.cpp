@@ -2,6 +2,8 @@
 
 #include <QRawFont>
 
+#include <algorithm>
+
 namespace report {
 
 namespace {
@@ -30,24 +32,32 @@ QFont fontFor(const TextStyle& style, const QString& family) {
     return font;
 }
 
-const QFontMetricsF& FontMeter::metrics(const TextStyle& style) const {
-    for (const auto& [known, metrics] : known_) {
-        if (known == style)
-            return metrics;
-    }
-    return known_.emplace_back(style, QFontMetricsF(fontFor(style, family_))).second;
+FontMeter::Known& FontMeter::known(const TextStyle& style) const {
+    const auto found = std::ranges::find(known_, style, &Known::style);
+    if (found != known_.end())
+        return *found;
+    return known_.emplace_back(Known{style, QFontMetricsF(fontFor(style, family_))});
 }
 
 double FontMeter::width(const QString& text, const TextStyle& style) const {
-    return metrics(style).horizontalAdvance(text);
+    constexpr qsizetype longest = 32;
+    constexpr qsizetype most = 30'000;
+    Known& in = known(style);
+    if (text.size() > longest)
+        return in.metrics.horizontalAdvance(text);
+    if (const auto found = in.widths.constFind(text); found != in.widths.cend())
+        return *found;
+    if (in.widths.size() >= most)
+        in.widths.clear();
+    return *in.widths.insert(text, in.metrics.horizontalAdvance(text));
 }
 
 double FontMeter::ascent(const TextStyle& style) const {
-    return metrics(style).ascent();
+    return known(style).metrics.ascent();
 }
 
 double FontMeter::lineHeight(const TextStyle& style) const {
-    return metrics(style).height();
+    return known(style).metrics.height();
 }
 
 } // namespace report

@@ -4,9 +4,9 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QString>
 
-#include <utility>
 #include <vector>
 
 namespace report {
@@ -32,10 +32,16 @@ class FontMeter : public TextMeter {
     double lineHeight(const TextStyle& style) const override;
 
   private:
-    const QFontMetricsF& metrics(const TextStyle& style) const;
+    /// A style that it met, and the widths of the short texts in it, which come again and again.
+    struct Known {
+        TextStyle style;
+        QFontMetricsF metrics;
+        QHash<QString, double> widths{};
+    };
+    Known& known(const TextStyle& style) const;
 
     QString family_;
-    mutable std::vector<std::pair<TextStyle, QFontMetricsF>> known_;
+    mutable std::vector<Known> known_;
 };
 
 } // namespace report

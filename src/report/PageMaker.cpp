@@ -1,96 +1,63 @@
-#include "report/Band.h"
-#include "report/PageFlow.h"
+#include "report/PageSetter.h"
 #include "report/Pages.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace report {
 
 namespace {
 
-constexpr QSizeF a4(11906, 16838);
-
-QSizeF paperOf(const Layout& layout) {
-    return layout.orientation == Orientation::Landscape ? a4.transposed() : a4;
-}
-
-template <class T>
-void moveAll(std::vector<T>& from, std::vector<T>& to) {
-    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
-}
-
 class PageMaker {
   public:
     PageMaker(const Layout& layout, const TextMeter& meter, const QDate& today)
-        : layout_(layout), meter_(meter),
-          today_(today), pages_{layout.title, layout.orientation, paperOf(layout), {}},
-          footer_(set(layout.pageFooter)), flow_(layout.marginTop, footerTop()) {}
+        : setter_(layout, meter, today), pages_{layout.title} {}
 
     Pages make(RowSource& rows) {
-        put(set(layout_.reportHeader));
-        beginPageHeader();
-        while (rows.next())
-            put(set(layout_.detail, &rows));
-        put(set(layout_.reportFooter));
+        const Layout& layout = setter_.layout();
+        put(setter_.set(layout.reportHeader));
+        const Band header = setter_.set(layout.pageHeader);
+        draw(header, setter_.placeHeader(header));
+        for (const SavedColumn& column : layout.savedColumns)
+            pages_.table.heads << column.head;
+        while (rows.next()) {
+            put(setter_.set(layout.detail, &rows));
+            keep(rows);
+        }
+        put(setter_.set(layout.reportFooter));
+        pages_.pages = PageList(std::move(made_));
         return std::move(pages_);
     }
 
   private:
-    Band set(const Section& section, const RowSource* row = nullptr) const {
-        return setBand(section, row, meter_, today_);
+    /// Keeps a row of a plain table, to be saved.
+    void keep(const RowSource& row) {
+        if (!setter_.layout().savedColumns.empty())
+            pages_.table.rows.push_back(savedCells(setter_.layout(), row));
     }
 
-    double bottom() const { return pages_.paper.height() - layout_.marginBottom; }
-    double footerTop() const { return bottom() - footer_.height; }
+    void put(const Band& band) { draw(band, setter_.place(band)); }
 
-    /// From here on each new page gets the page header.
-    void beginPageHeader() {
-        Band header = set(layout_.pageHeader);
-        const double height = header.height;
-        put(header);
-        header_ = std::move(header);
-        flow_.repeatHeader(height);
+    void draw(const Band& band, const std::vector<Slice>& slices) {
+        for (const Slice& slice : slices) {
+            while (made_.size() <= slice.page)
+                made_.push_back(setter_.paper(made_.size()));
+            setter_.draw(made_[slice.page], band, slice);
+        }
     }
 
-    void put(Band band) {
-        const auto cuts = flow_.fitsAPage(band.height) ? std::vector<double>() : cutsOf(band);
-        const auto slices = flow_.place(band.height, cuts);
-        if (slices.size() == 1)
-            return draw(std::move(band), slices.front());
-        for (const auto& slice : slices)
-            draw(sliceOf(band, slice.from, slice.to), slice);
-    }
-
-    void draw(Band band, const Slice& slice) {
-        while (pages_.pages.size() <= slice.page)
-            addPage();
-        drawAt(pages_.pages[slice.page], std::move(band), slice.top);
-    }
-
-    void addPage() {
-        Page& page = pages_.pages.emplace_back();
-        drawAt(page, header_, layout_.marginTop);
-        drawAt(page, footer_, footerTop());
-    }
-
-    void drawAt(Page& page, Band band, double top) const {
-        moveBand(band, layout_.marginLeft, top);
-        moveAll(band.texts, page.texts);
-        moveAll(band.lines, page.lines);
-    }
-
-    const Layout& layout_;
-    const TextMeter& meter_;
-    const QDate& today_;
+    PageSetter setter_;
     Pages pages_;
-    Band header_;
-    Band footer_;
-    PageFlow flow_;
+    std::vector<Page> made_;
 };
 
 } // namespace
+
+QStringList savedCells(const Layout& layout, const RowSource& row) {
+    QStringList cells;
+    for (const SavedColumn& column : layout.savedColumns)
+        cells << row.text(column.dataField);
+    return cells;
+}
 
 Pages makePages(const Layout& layout, RowSource& rows, const TextMeter& meter, const QDate& today) {
     return PageMaker(layout, meter, today).make(rows);

@@ -1,53 +1,43 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/PageList.h"
+#include "report/Placed.h"
+#include "report/Table.h"
 
-#include <QRectF>
-#include <QSizeF>
 #include <QString>
+#include <QStringList>
 
+#include <cstddef>
 #include <vector>
 
 class QDate;
 
 namespace report {
 
-/// A stretch of text in one style on a page. `box` is what the text was set into, in twips from the
-/// page's corner, and what it is clipped to; the text stands on `baseline`, from `left` on.
-struct PlacedText {
-    QString control;
-    QString text;
-    QRectF box;
-    double left = 0;
-    double baseline = 0;
-    double width = 0;
-    /// Of the style: from the baseline to the top of the line, and the whole line's height.
-    double ascent = 0;
-    double height = 0;
-    TextStyle style;
+/// An entry of a document's contents, and the index of the page it leads to.
+struct Bookmark {
+    QString title;
+    std::size_t page = 0;
 
-    /// The room that the text takes up, which may reach out of its box.
-    QRectF extent() const { return {left, baseline - ascent, width, height}; }
+    bool operator==(const Bookmark&) const = default;
 };
 
-/// A straight line, or the outline of a box when `isBox`, in twips from the page's corner.
-struct PlacedLine {
-    QRectF rect;
-    bool isBox = false;
-};
-
-struct Page {
-    std::vector<PlacedText> texts;
-    std::vector<PlacedLine> lines;
-};
-
-/// A finished report: A4 pages that painter, preview and PDF draw as they are.
+/// A report, or a document of several: A4 pages that painter, preview and PDF draw as they are.
 struct Pages {
     QString title;
-    Orientation orientation = Orientation::Portrait;
-    /// Size of the paper in twips, turned for landscape.
-    QSizeF paper;
-    std::vector<Page> pages;
+    /// Whom the pages are about, as a client's name; empty for nobody.
+    QString subject{};
+    PageList pages{};
+    /// What the reader should know of them, told beside them and not printed.
+    QString note{};
+    /// The reports of a document; a report alone has none.
+    std::vector<Bookmark> bookmarks{};
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table{};
+
+    /// Subject and title, which together tell these pages from others.
+    QString name() const;
 };
 
 /// The rows that a report prints.
@@ -58,6 +48,23 @@ class RowSource {
     virtual bool next() = 0;
     /// The text of a column of the current row. @throws what the source throws for unknown columns
     virtual QString text(const QString& column) const = 0;
+};
+
+/// Rows that can be read again.
+class RowTable : public RowSource {
+  public:
+    virtual qint64 count() const = 0;
+    /// Goes to the row of that number, the first one being 0.
+    virtual void goTo(qint64 row) = 0;
+    bool next() override {
+        if (++current_ >= count())
+            return false;
+        goTo(current_);
+        return true;
+    }
+
+  private:
+    qint64 current_ = -1;
 };
 
 /// Widths and heights of texts in twips; needs no printer.
@@ -75,5 +82,14 @@ class TextMeter {
 /// @param today the date that "%d" stands for
 /// @throws std::invalid_argument when a field stands outside the detail
 Pages makePages(const Layout& layout, RowSource& rows, const TextMeter& meter, const QDate& today);
+
+/// As makePages, but each page is made when it is looked at: what is on show stands at once, and a
+/// long report takes little memory. The rows are read more than once.
+/// @throws what reading the first rows throws
+Pages pagesOnDemand(const Layout& layout, std::shared_ptr<RowTable> rows,
+                    std::shared_ptr<const TextMeter> meter, const QDate& today);
+
+/// The cells of the row that is saved of a plain table.
+QStringList savedCells(const Layout& layout, const RowSource& row);
 
 } // namespace report

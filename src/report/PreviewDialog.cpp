@@ -1,18 +1,15 @@
 #include "report/PreviewDialog.h"
 
+#include "report/Csv.h"
+#include "report/PageView.h"
+
 #include <QAction>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
+#include <QProgressDialog>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -31,25 +28,16 @@ struct PreviewDialog::ActionRow {
 
 namespace {
 
-const QString pdfSuffix = QStringLiteral(".pdf");
-
-/// A name for the file that a report of that title is saved in.
-QString suggestedPath(const QString& title) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-    const QString name = QString(title).remove(unfit).simplified();
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + pdfSuffix);
-}
+constexpr double zoomStep = 1.2;
 
 } // namespace
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
-      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
-      pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
+      toolBar_(new QToolBar(this)), view_(new PageView(pages, this)), pageBox_(new QSpinBox(this)),
+      state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
-    setWindowTitle(pages.title);
+    setWindowTitle(pages.name());
     setModal(true);
     resize(1200, 740);
     setWindowState(Qt::WindowMaximized);
@@ -57,35 +45,40 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* note = new QLabel(pages.note, this);
+    note->setObjectName(QStringLiteral("previewNote"));
+    note->setWordWrap(true);
+    note->setVisible(!pages.note.isEmpty());
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
     box->addWidget(toolBar_);
+    box->addWidget(note);
     box->addWidget(view_, 1);
     box->addWidget(state_);
-    connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-        if (!printPages(pages_, *printer))
-            tell(QStringLiteral("Zostavu sa nepodarilo zobraziť."));
-    });
-    connect(view_, &QPrintPreviewWidget::previewChanged, this, &PreviewDialog::showPage);
-    fitWidth();
+    connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
+    connect(&looker_, &QTimer::timeout, this, &PreviewDialog::lookOn);
+    looker_.start(0);
     view_->setFocus();
-    showPage();
+    lookOn();
 }
 
 void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
     addActions(
         {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
-         {},
-         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
-         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
-         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-         {},
-         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
-         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    if (!pages_.table.heads.isEmpty())
+        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                     &P::askAndSaveCsv}});
+    addActions({{},
+                {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+                {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+                {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+                {},
+                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
     addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
                 {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
@@ -112,16 +105,34 @@ void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
 void PreviewDialog::addPageBox() {
     pageBox_->setObjectName(QStringLiteral("pageNumber"));
     pageBox_->setAccessibleName(QStringLiteral("Strana"));
-    pageBox_->setRange(1, std::max(1, int(pages_.pages.size())));
     pageBox_->setPrefix(QStringLiteral("Strana "));
-    pageBox_->setSuffix(QStringLiteral(" z %1").arg(pages_.pages.size()));
     pageBox_->setKeyboardTracking(false);
-    connect(pageBox_, &QSpinBox::valueChanged, this, &PreviewDialog::goTo);
+    connect(pageBox_, &QSpinBox::valueChanged, view_, &PageView::setCurrentPage);
     toolBar_->addWidget(pageBox_);
 }
 
-void PreviewDialog::showPage() {
-    const int page = std::clamp(view_->currentPage(), pageBox_->minimum(), pageBox_->maximum());
+/// Looks for the pages behind those that are known.
+void PreviewDialog::lookOn() {
+    pages_.pages.lookOn();
+    showCount();
+    if (!pages_.pages.isComplete())
+        return;
+    looker_.stop();
+    // Its foot tells the number of all pages.
+    view_->refresh();
+}
+
+void PreviewDialog::showCount() {
+    const QSignalBlocker quiet(pageBox_);
+    pageBox_->setRange(1, view_->pageCount());
+    pageBox_->setSuffix(
+        (pages_.pages.isComplete() ? QStringLiteral(" z %1") : QStringLiteral(" z %1…"))
+            .arg(view_->pageCount()));
+    noticePage();
+}
+
+void PreviewDialog::noticePage() {
+    const int page = view_->currentPage();
     const QSignalBlocker quiet(pageBox_);
     pageBox_->setValue(page);
     const auto enable = [this](const char* name, bool on) {
@@ -134,37 +145,38 @@ void PreviewDialog::showPage() {
         enable(name, page < pageBox_->maximum());
 }
 
-void PreviewDialog::goTo(int page) {
-    view_->setCurrentPage(std::clamp(page, pageBox_->minimum(), pageBox_->maximum()));
-    showPage();
+void PreviewDialog::goToFirst() {
+    view_->setCurrentPage(1);
 }
 
 void PreviewDialog::goToPrevious() {
-    goTo(view_->currentPage() - 1);
+    view_->setCurrentPage(view_->currentPage() - 1);
 }
 
 void PreviewDialog::goToNext() {
-    goTo(view_->currentPage() + 1);
+    view_->setCurrentPage(view_->currentPage() + 1);
 }
 
 void PreviewDialog::goToLast() {
-    goTo(pageBox_->maximum());
+    pages_.pages.size();
+    lookOn();
+    view_->setCurrentPage(view_->pageCount());
 }
 
 void PreviewDialog::zoomIn() {
-    view_->zoomIn();
+    view_->zoomBy(zoomStep);
 }
 
 void PreviewDialog::zoomOut() {
-    view_->zoomOut();
+    view_->zoomBy(1 / zoomStep);
 }
 
 void PreviewDialog::fitWidth() {
-    view_->fitToWidth();
+    view_->setFit(PageView::Fit::Width);
 }
 
 void PreviewDialog::fitPage() {
-    view_->fitInView();
+    view_->setFit(PageView::Fit::Page);
 }
 
 void PreviewDialog::print() {
@@ -172,56 +184,66 @@ void PreviewDialog::print() {
         return tell(QStringLiteral("Nie je k dispozícii žiadna tlačiareň. Zostavu môžete uložiť "
                                    "ako PDF."));
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(pages_.title);
-    printer.setPageLayout(paperOf(pages_));
+    printer.setDocName(pages_.name());
+    printer.setPageLayout(paperOf(pages_.pages.front()));
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("printDialog"));
-    dialog.setMinMax(1, pageBox_->maximum());
+    dialog.setMinMax(1, view_->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (printer.printRange() != QPrinter::PageRange)
         printer.setPageRanges({});
-    if (!printPages(pages_, printer))
+    const bool printed = goThrough(QStringLiteral("Tlačí sa…"), [&](const Progress& progress) {
+        return printPages(pages_, printer, progress);
+    });
+    if (!printed && !std::exchange(givenUp_, false))
         tell(QStringLiteral("Tlač sa nepodarila."));
 }
 
-void PreviewDialog::askAndSavePdf() {
-    if (const QString path = askPdfPath(); !path.isEmpty())
-        savePdf(path);
+bool PreviewDialog::goThrough(const QString& what,
+                              const std::function<bool(const Progress&)>& work) {
+    QProgressDialog window(what, QStringLiteral("Zrušiť"), 0, 0, this);
+    window.setObjectName(QStringLiteral("progress"));
+    window.setWindowTitle(windowTitle());
+    window.setWindowModality(Qt::WindowModal);
+    givenUp_ = false;
+    return work([this, &window](std::size_t done, std::size_t count) {
+        window.setMaximum(int(count));
+        window.setValue(int(done));
+        givenUp_ = window.wasCanceled();
+        return !givenUp_;
+    });
 }
 
-/// Empty when the user has cancelled, or when the name they meant is another file's.
-QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.title));
-    dialog.setObjectName(QStringLiteral("pdfDialog"));
-    // The system's own dialog speaks the system's language.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
-    dialog.setDefaultSuffix(pdfSuffix);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString chosen = dialog.selectedFiles().value(0);
-    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
-        return chosen;
-    // The dialog leaves names with another suffix alone and has asked about that name only.
-    QString path = chosen + pdfSuffix;
-    if (!QFileInfo::exists(path))
-        return path;
-    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
-    return {};
+bool PreviewDialog::writesPdf(QIODevice& file) {
+    return goThrough(QStringLiteral("Ukladá sa PDF…"),
+                     [&](const Progress& progress) { return writePdf(pages_, file, progress); });
+}
+
+void PreviewDialog::askAndSavePdf() {
+    tellOutcome(askAndSave(
+        pdfFile(), pages_.name(), [this](QIODevice& file) { return writesPdf(file); }, this));
+}
+
+void PreviewDialog::askAndSaveCsv() {
+    tellOutcome(askAndSave(
+        csvFile(), pages_.name(), [this](QIODevice& file) { return writeCsv(pages_.table, file); },
+        this));
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
-    if (saved)
-        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writesPdf(file); }));
+}
+
+void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
+    if (!outcome)
+        return;
+    if (std::exchange(givenUp_, false))
+        state_->setText(QStringLiteral("Zrušené, nič sa neuložilo."));
+    else if (outcome->saved)
+        state_->setText(outcome->text);
     else
-        tell(
-            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
-                           "sa doň smie zapisovať a či je na disku miesto.")
-                .arg(QDir::toNativeSeparators(path)));
+        tell(outcome->text);
 }
 
 void PreviewDialog::tell(const QString& problem) {

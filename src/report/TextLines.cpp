@@ -3,6 +3,7 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <optional>
 
 namespace report {
 
@@ -16,6 +17,7 @@ class LineBreaker {
     LineBreaker(const Paragraph& paragraph, double width, const TextMeter& meter)
         : paragraph_(paragraph), width_(width), meter_(meter) {
         for (const auto& run : paragraph.runs) {
+            starts_.push_back(text_.size());
             text_ += run.text;
             ascent_ = std::max(ascent_, meter.ascent(run.style));
             height_ = std::max(height_, meter.lineHeight(run.style));
@@ -32,34 +34,83 @@ class LineBreaker {
     }
 
   private:
-    void wrapInto(std::vector<TextLine>& lines) const {
-        QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text_);
+    void wrapInto(std::vector<TextLine>& lines) {
         qsizetype from = 0;
         do {
-            const qsizetype to = endOfLine(from, letters);
+            const qsizetype to = endOfLine(from);
             lines.push_back(line(from, to));
+            guess_ = std::max<qsizetype>(to - from, 1);
             from = to;
         } while (from < text_.size());
     }
 
-    qsizetype endOfLine(qsizetype from, QTextBoundaryFinder& letters) const {
+    qsizetype endOfLine(qsizetype from) {
+        if (const qsizetype words = endNearGuess(from); words > from)
+            return words;
         const qsizetype reach = lastFitting(from);
         if (reach == text_.size())
             return reach;
         const qsizetype words = endOfWords(from, reach);
-        return words > from ? words : endOfLetters(from, reach, letters);
+        return words > from ? words : endOfLetters(from, reach);
+    }
+
+    /// Where the line ends if that is a word or two from where lines like the one before do, as is
+    /// the rule; else `from`.
+    qsizetype endNearGuess(qsizetype from) const {
+        constexpr int tries = 4;
+        const qsizetype farthest = from + 2 * guess_;
+        qsizetype end = std::min(endOfWord(from + guess_), text_.size());
+        if (end > farthest || !fits(from, end)) {
+            for (int i = 0; i < tries; ++i) {
+                end = endOfWords(from, withoutBlanks(from, end));
+                if (end == from || fits(from, end))
+                    return end;
+            }
+            return from;
+        }
+        for (int i = 0; i < tries && end < text_.size(); ++i) {
+            const qsizetype next = endOfWord(end + 1);
+            if (next > farthest || !fits(from, next))
+                return next > farthest ? from : end;
+            end = next;
+        }
+        return end == text_.size() ? end : from;
+    }
+
+    /// Behind the blanks after the word in which that place is.
+    qsizetype endOfWord(qsizetype place) const {
+        const qsizetype blank = text_.indexOf(u' ', place - 1);
+        if (place > text_.size() || blank < 0)
+            return text_.size();
+        qsizetype end = blank + 1;
+        while (end < text_.size() && text_[end] == u' ')
+            ++end;
+        return end;
     }
 
     bool fits(qsizetype from, qsizetype to) const { return line(from, to).width() <= width_; }
 
-    /// How far a line from there could reach, be it into a word. Gropes its way with growing steps,
-    /// so that endless words are not measured as a whole.
+    /// How far a line from there could reach, be it into a word. Gropes its way from where the line
+    /// before ended, with growing steps, so that endless words are not measured as a whole.
     qsizetype lastFitting(qsizetype from) const {
+        const qsizetype size = text_.size();
         qsizetype good = from;
-        qsizetype step = 32;
-        for (; good + step < text_.size() && fits(from, good + step); step *= 2)
-            good += step;
-        qsizetype bad = good + step < text_.size() ? good + step : text_.size() + 1;
+        qsizetype bad = size + 1;
+        qsizetype step = 4;
+        for (qsizetype next = std::min(from + guess_, size); good < next; step *= 2) {
+            if (!fits(from, next)) {
+                bad = next;
+                break;
+            }
+            good = next;
+            next = std::min(good + step, size);
+        }
+        for (step = 4; bad - good > step && good == from; step *= 2) {
+            if (fits(from, bad - step))
+                good = bad - step;
+            else
+                bad -= step;
+        }
         while (bad - good > 1) {
             const qsizetype middle = good + (bad - good) / 2;
             (fits(from, middle) ? good : bad) = middle;
@@ -75,34 +126,47 @@ class LineBreaker {
     }
 
     /// Behind the last whole letter, but at least behind one.
-    static qsizetype endOfLetters(qsizetype from, qsizetype reach, QTextBoundaryFinder& letters) {
-        letters.setPosition(reach);
-        const qsizetype end = letters.isAtBoundary() ? reach : letters.toPreviousBoundary();
+    qsizetype endOfLetters(qsizetype from, qsizetype reach) {
+        if (!letters_)
+            letters_.emplace(QTextBoundaryFinder::Grapheme, text_);
+        letters_->setPosition(reach);
+        const qsizetype end = letters_->isAtBoundary() ? reach : letters_->toPreviousBoundary();
         if (end > from)
             return end;
-        letters.setPosition(from);
-        return letters.toNextBoundary();
+        letters_->setPosition(from);
+        return letters_->toNextBoundary();
+    }
+
+    /// The end of the text from..to when the blanks at its end are left out.
+    qsizetype withoutBlanks(qsizetype from, qsizetype to) const {
+        while (to > from && text_[to - 1] == u' ')
+            --to;
+        return to;
     }
 
     /// The line that the text from..to makes when the blanks at its end are left out.
     TextLine line(qsizetype from, qsizetype to) const {
-        while (to > from && text_[to - 1] == u' ')
-            --to;
+        to = withoutBlanks(from, to);
         TextLine result{{}, ascent_, height_};
         double left = paragraph_.indent;
-        qsizetype start = 0;
-        for (const auto& run : paragraph_.runs) {
-            const qsizetype end = start + run.text.size();
-            const qsizetype first = std::max(from, start);
-            if (const qsizetype length = std::min(to, end) - first; length > 0) {
-                const auto part = run.text.mid(first - start, length);
-                const double width = meter_.width(part, run.style);
-                result.runs.push_back({{part, run.style}, left, width});
-                left += width;
-            }
-            start = end;
+        for (std::size_t i = runAt(from); i < starts_.size() && starts_[i] < to; ++i) {
+            const Run& run = paragraph_.runs[i];
+            const qsizetype first = std::max(from, starts_[i]);
+            const qsizetype length = std::min(to, starts_[i] + run.text.size()) - first;
+            if (length <= 0)
+                continue;
+            const auto part = run.text.mid(first - starts_[i], length);
+            const double width = meter_.width(part, run.style);
+            result.runs.push_back({{part, run.style}, left, width});
+            left += width;
         }
         return result;
+    }
+
+    /// The run in which that place is.
+    std::size_t runAt(qsizetype place) const {
+        const auto behind = std::upper_bound(starts_.begin(), starts_.end(), place);
+        return behind == starts_.begin() ? 0 : std::size_t(behind - starts_.begin() - 1);
     }
 
     void addBullet(TextLine& line) const {
@@ -118,8 +182,13 @@ class LineBreaker {
     double width_;
     const TextMeter& meter_;
     QString text_;
+    /// Where each run begins.
+    std::vector<qsizetype> starts_;
     double ascent_ = 0;
     double height_ = 0;
+    std::optional<QTextBoundaryFinder> letters_;
+    /// Letters of a line, as far as they can be foretold.
+    qsizetype guess_ = 64;
 };
 
 } // namespace

@@ -143,23 +143,28 @@ void FrmPsychUdaj::tellMissing(const QString& message) {
 }
 
 void FrmPsychUdaj::act(Button button) {
-    actions_.perform([&] { press(button); });
-    tellNotWritten();
+    std::optional<DialogCode> end;
+    actions_.perform([&] { end = press(button); });
+    if (!end)
+        return;
+    modKontrola::gAkcia = 0;
+    dropRow();
+    done(*end);
 }
 
-void FrmPsychUdaj::press(Button button) {
+/// @return how the card ends, when it does
+std::optional<QDialog::DialogCode> FrmPsychUdaj::press(Button button) {
     switch (button) {
     case cmdZap:
-        if (saves([] {}))
-            leave(Accepted);
-        return;
+        return saves([] {}) ? std::optional(Accepted) : std::nullopt;
     case cmdzapNew:
         if (saves([this] { data_.datPsych.Recordset().AddNew(); }))
             beginNew();
-        return;
+        return std::nullopt;
     case cmdStorno:
-        return leave(Rejected);
+        return Rejected;
     }
+    return std::nullopt;
 }
 
 /// @param afterwards what is opened behind the saving, as a part of the same unit
@@ -183,8 +188,6 @@ void FrmPsychUdaj::write(const std::function<void()>& writes) {
         draft_.openOwed({binding_->keepTyped()});
     draft_.keepRow(data_.datPsych, {binding_->keepTyped()});
     actions_.write(writes, [this, akcia = modKontrola::gAkcia] {
-        // What was passed over is undone as well, and told as what stopped the save.
-        binding_->takeErrors();
         modKontrola::gAkcia = akcia;
         draft_.resume();
     });
@@ -197,22 +200,11 @@ void FrmPsychUdaj::beginNew() {
     fields_->field(0).setFocus();
 }
 
-void FrmPsychUdaj::leave(DialogCode result) {
-    modKontrola::gAkcia = 0;
-    tellNotWritten();
-    dropRow();
-    done(result);
-}
-
 /// Reads nothing, so that a card closes whose file has gone.
 void FrmPsychUdaj::dropRow() {
     const QSignalBlocker silent(data_.datPsych);
     if (data_.datPsych.isOpen())
         data_.datPsych.Recordset().CancelUpdate();
-}
-
-void FrmPsychUdaj::tellNotWritten() {
-    forms::showNotWritten(this, binding_->takeErrors());
 }
 
 void FrmPsychUdaj::showEvent(QShowEvent* event) {
@@ -241,7 +233,6 @@ bool FrmPsychUdaj::endsByFrame() {
         if (forms::moveFocus(buttons_[cmdZap]))
             ends = !isChanged() || keepOrDrop();
     });
-    tellNotWritten();
     if (ends)
         dropRow();
     return ends;

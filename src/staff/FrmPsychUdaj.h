@@ -47,7 +47,7 @@ class FrmPsychUdaj : public QDialog, private card::KeyField {
     card::Names typed() const override;
     void setKey(const QString& key) override { txtIdKod_->setText(key); }
     void tellMissing(const QString& message) override;
-    void passOver(const store::EngineError& error) override { binding_->addError(error); }
+    void passOver(const store::EngineError& error) override { actions_.passOver(error); }
 
     void makeControls();
     void layOut();
@@ -57,13 +57,11 @@ class FrmPsychUdaj : public QDialog, private card::KeyField {
     void openEmployee();
 
     void act(Button button);
-    void press(Button button);
+    std::optional<DialogCode> press(Button button);
     bool saves(const std::function<void()>& afterwards);
     void write(const std::function<void()>& writes);
     void beginNew();
-    void leave(DialogCode result);
     void dropRow();
-    void tellNotWritten();
     bool isChanged() const;
     bool isKeptByFrame();
     bool endsByFrame();

@@ -1,5 +1,6 @@
 #include "statreturn/CareGrid.h"
 
+#include "forms/Colours.h"
 #include "forms/EntryField.h"
 
 #include <QLabel>
@@ -11,8 +12,6 @@ namespace statreturn {
 
 namespace {
 
-constexpr QColor headColour(222, 222, 243);
-constexpr QColor litColour(255, 255, 168);
 /// Between the two blocks of columns, and around cells.
 constexpr int gap = 6;
 constexpr int padding = 4;
@@ -33,8 +32,8 @@ void light(QWidget*& lit, QWidget* head) {
     if (lit == head)
         return;
     if (lit != nullptr)
-        colour(*lit, headColour);
-    colour(*head, litColour);
+        colour(*lit, forms::headColour);
+    colour(*head, forms::litHeadColour);
     lit = head;
 }
 
@@ -107,7 +106,7 @@ void CareGrid::makeRowHeads() {
         const CareRow& words = careTable()[std::size_t(row)];
         auto* head = new QWidget(rowHeads_);
         head->setGeometry(0, row * height, headWidth_, height - 1);
-        colour(*head, headColour);
+        colour(*head, forms::headColour);
         label(QString::fromUtf16(words.ofThat).trimmed(), {padding, 0, ofThat, height},
               Qt::AlignVCenter, head);
         label(labelOf(words), {ofThat, 0, text, height}, Qt::AlignVCenter, head);
@@ -123,7 +122,7 @@ QLabel* CareGrid::addColumnHead(const QString& text, int line, int lines, int co
     QLabel* head = label(
         text, {left(column), line * lineHeight_, right - left(column) - 1, lines * lineHeight_ - 1},
         Qt::AlignCenter, columnHeads_);
-    colour(*head, headColour);
+    colour(*head, forms::headColour);
     return head;
 }
 

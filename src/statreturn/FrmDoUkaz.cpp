@@ -44,7 +44,7 @@ FrmDoUkaz::FrmDoUkaz(store::DBEngine& engine, const store::ProgramFolder& folder
     datDopUkaz_.setDatabaseName(folder.database());
     datDopUkaz_.setRecordSource(QStringLiteral("select * from dop_ukaz"));
     openRow();
-    binding_.emplace(datDopUkaz_);
+    binding_.emplace(datDopUkaz_, forms::Shows::AllRows, forms::Refused::StopsAction);
     for (std::size_t i = 0; i < indicators.size(); ++i)
         binding_->bind(*TextPsych_[i], QString::fromUtf16(indicators[i].column));
     showSum();
@@ -152,8 +152,6 @@ bool FrmDoUkaz::isChanged() const {
 void FrmDoUkaz::write() {
     enterAgain_ = binding_->keepTyped();
     datDopUkaz_.Recordset().Update();
-    if (const auto refused = binding_->takeErrors(); !refused.empty())
-        throw store::EngineError(refused.front().error);
     datDopUkaz_.Refresh();
 }
 

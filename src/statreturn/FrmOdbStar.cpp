@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 
 namespace statreturn {
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr auto careKeys =
     u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
+/// What a desktop puts around a window.
+constexpr QSize desktopFrame(16, 48);
 const QString cellPrefix = QStringLiteral("txt");
 
 bool isCell(const forms::Control& control) {
@@ -61,6 +64,8 @@ void FrmOdbStar::layOut() {
     lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
+    // By itself a dialog takes two thirds of the screen at most.
+    resize(sizeHint().boundedTo(screen()->availableSize() - desktopFrame));
 }
 
 void FrmOdbStar::load() {
@@ -93,9 +98,13 @@ void FrmOdbStar::change(const forms::Control& control) {
 
 void FrmOdbStar::keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) {
     const int step = key == Qt::Key_Down ? 1 : key == Qt::Key_Up ? -1 : 0;
-    if (step == 0 || !modifiers.testFlag(Qt::ControlModifier) || !isCell(control))
+    const bool isMove = step != 0 && modifiers.testFlag(Qt::ControlModifier);
+    if (!isCell(control) || (!isMove && key != Qt::Key_Up))
         return EntryForm::keyDown(control, key, modifiers);
+    // By itself Up would scroll the cell out of sight.
     key = 0;
+    if (!isMove)
+        return;
     const int row = control.index() + step;
     if (row >= 0 && row < careRows)
         forms::moveFocus(&grid_->cell(row, columnOf(control)));

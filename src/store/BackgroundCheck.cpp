@@ -24,33 +24,42 @@ std::optional<QDateTime> lastWritten(const QString& path) {
     return QFileInfo(path).lastModified();
 }
 
-bool looksSound(const QString& path, const std::stop_token& stop) {
+enum class Look : quint8 { Sound, Damaged, Unreadable };
+
+Look lookAt(const QString& path, const std::stop_token& stop) {
     try {
         Connection connection(path, Connection::Access::Unlocked);
         connection.execute(roomForChecks);
         Watch(connection.handle(), [&stop] { return !stop.stop_requested(); }).run([&connection] {
             checkPages(connection);
         });
-        return true;
+        return Look::Sound;
     } catch (const GivenUp&) {
-        return true;
+        return Look::Unreadable;
     } catch (const EngineError& error) {
-        // That a file can't be read is told by whatever needs it.
-        return error.number() != ErrorNumber::UnrecognizedFile;
+        return error.number() == ErrorNumber::UnrecognizedFile ? Look::Damaged : Look::Unreadable;
     }
 }
 
 } // namespace
 
-BackgroundCheck::BackgroundCheck(QString path, std::function<void()> damaged)
-    : path_(std::move(path)), damaged_(std::move(damaged)),
+BackgroundCheck::BackgroundCheck(QString path, std::function<void()> damaged,
+                                 std::function<void(bool)> otherwise)
+    : path_(std::move(path)), damaged_(std::move(damaged)), otherwise_(std::move(otherwise)),
       thread_([this](const std::stop_token& stop) { run(stop); }) {}
 
 void BackgroundCheck::run(const std::stop_token& stop) const {
     while (!stop.stop_requested()) {
         const auto before = lastWritten(path_);
-        if (looksSound(path_, stop) || stop.stop_requested())
+        const Look look = lookAt(path_, stop);
+        if (stop.stop_requested())
             return;
+        if (look != Look::Damaged) {
+            // Without a listener, that a file can't be read is told by whatever needs it.
+            if (otherwise_)
+                otherwise_(look == Look::Sound);
+            return;
+        }
         if (before && before == lastWritten(path_))
             return damaged_();
         std::this_thread::sleep_for(pause);

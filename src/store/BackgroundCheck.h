@@ -14,13 +14,16 @@ class BackgroundCheck {
   public:
     /// @param path as its connection has it: without links
     /// @param damaged called once, in the thread of the check, when the file is damaged
-    BackgroundCheck(QString path, std::function<void()> damaged);
+    /// @param otherwise called there once when it is not: true when all of it has been read
+    BackgroundCheck(QString path, std::function<void()> damaged,
+                    std::function<void(bool)> otherwise = {});
 
   private:
     void run(const std::stop_token& stop) const;
 
     QString path_;
     std::function<void()> damaged_;
+    std::function<void(bool)> otherwise_;
     /// Its end stops the check and waits for it.
     std::jthread thread_;
 };

@@ -16,26 +16,15 @@ namespace {
 DataSource::DataSource(DBEngine& engine, QObject* parent) : QObject(parent), engine_(engine) {}
 
 DataSource::~DataSource() {
-    try {
-        leave();
-    } catch (const EngineError& error) {
-        engine_.throwLater(error);
-    }
+    leave();
 }
 
 void DataSource::leave() {
     if (!recordset_)
         return;
     // The signals of the leaving still find the recordset in place.
-    std::exception_ptr thrown;
-    try {
-        recordset_->Close();
-    } catch (const EngineError&) {
-        thrown = std::current_exception();
-    }
+    recordset_->Close();
     recordset_.reset();
-    if (thrown)
-        std::rethrow_exception(thrown);
 }
 
 void DataSource::Refresh() {

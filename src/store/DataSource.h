@@ -26,7 +26,7 @@ class DataSource : public QObject, private RecordsetObserver {
     void setRecordSource(const QString& source) { recordSource_ = source; }
 
     /// Leaves the old rows and runs the query; the first row is current. An old recordset ends even
-    /// when its leaving or the new query fails. @throws EngineError
+    /// when the new query fails. @throws EngineError
     void Refresh();
     /// True once Refresh has succeeded.
     bool isOpen() const { return recordset_ != nullptr; }
@@ -35,14 +35,10 @@ class DataSource : public QObject, private RecordsetObserver {
     /// @throws EngineError 3021 before the first Refresh
     store::Database& Database();
 
-    /// Takes the error of a slot of these signals, which must not throw. It comes up when the
-    /// user's action ends: see DBEngine::throwLater.
-    void throwLater(const EngineError& error) { engine_.throwLater(error); }
-
   Q_SIGNALS:
     // The first three are the observer's calls themselves: a signal of the same form overrides
     // them.
-    /// See RecordsetObserver. The signals are sent synchronously.
+    /// See RecordsetObserver. The signals are sent synchronously; their slots must not throw.
     void aboutToWrite() override;
     void aboutToLeave() override;
     void repositioned() override;

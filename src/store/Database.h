@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace store {
@@ -35,6 +36,8 @@ class Database {
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
     QueryDef QueryDefs(const QString& name);
+    /// Puts a new query object into the file. @throws EngineError 3012 when one has that name
+    void CreateQueryDef(const QString& name, const QString& sql);
     /// Gives up the handle; further calls but Close throw. The last handle or recordset of a file
     /// closes the file and writes what is pending. @throws EngineError when it can't
     void Close();
@@ -72,6 +75,10 @@ class DBEngine {
     void CreateDatabase(const QString& path);
     /// True when OpenDatabase leaves the search for damage to be done in the background.
     static bool owesFullCheck(const QString& path);
+    /// Has something called when a register begins to be brought to the present schema, and again
+    /// and again until that is done, which with a large one takes minutes.
+    /// @param working must not throw, nor use the engine; empty for nothing
+    void whileUpgrading(std::function<void()> working);
     /// Opens the file on its own and checks every page. @throws EngineError 3343; GivenUp
     static void verifyDatabase(const QString& path, const TellProgress& tell = {});
 
@@ -81,8 +88,6 @@ class DBEngine {
     /// Undoes what the current user action has written, and forgets the errors that waited for its
     /// end. Edits that are open stay open.
     void rollBackPending() noexcept;
-    /// Keeps an error that came up where nothing may throw; the next commitPending throws it.
-    void throwLater(const EngineError& error);
     /// True when another file lies at the path than the one that a database of it works on.
     bool holdsReplacedFile(const QString& path) const;
 

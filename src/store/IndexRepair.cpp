@@ -5,6 +5,7 @@
 #include "store/Maintenance.h"
 #include "store/OpenCheck.h"
 #include "store/Schema.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -29,14 +30,25 @@ QStringList allTables() {
     return names;
 }
 
-void makeIndexes(const QString& path) {
+void makeIndexes(const QString& path, const Share& share) {
     Connection file(path, Connection::Access::ReadWrite);
     checkIdentity(file);
-    for (const QString& table : allTables())
-        checkTable(file, table);
-    file.execute("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
-    for (const QString& statement : createIndexes())
-        file.execute(statement.toUtf8().constData());
+    const QStringList tables = allTables();
+    const QStringList statements = createIndexes();
+    double done = 0;
+    Watch(file.handle(), [&] {
+        return share.tells(done / static_cast<double>(tables.size() + statements.size()));
+    }).run([&] {
+        for (const QString& table : tables) {
+            checkTable(file, table);
+            ++done;
+        }
+        file.execute("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
+        for (const QString& statement : statements) {
+            file.execute(statement.toUtf8().constData());
+            ++done;
+        }
+    });
 }
 
 bool isOfDamage(const EngineError& error) {
@@ -46,10 +58,10 @@ bool isOfDamage(const EngineError& error) {
 
 } // namespace
 
-std::unique_ptr<IndexRepair> IndexRepair::tryMake(const QString& path) {
+std::unique_ptr<IndexRepair> IndexRepair::tryMake(const QString& path, const TellProgress& tell) {
     std::unique_ptr<IndexRepair> repair(new IndexRepair(QFileInfo(path).canonicalFilePath()));
     try {
-        repair->make();
+        repair->make(tell);
         return repair;
     } catch (const EngineError& error) {
         if (!isOfDamage(error))
@@ -58,7 +70,10 @@ std::unique_ptr<IndexRepair> IndexRepair::tryMake(const QString& path) {
     }
 }
 
-void IndexRepair::make() {
+void IndexRepair::make(const TellProgress& tell) {
+    const Share made(tell, 0, 0.6);
+    const Share copied(tell, 0.6, 0.7);
+    const Share checked(tell, 0.7, 1);
     const QString& path = files_.path();
     checkHeader(path);
     if (!QFile::copy(path, files_.tables()))
@@ -66,9 +81,9 @@ void IndexRepair::make() {
                           QStringLiteral("Opravená kópia databázy sa nedá zapísať."),
                           files_.tables());
     forgetIndexes(files_.tables());
-    makeIndexes(files_.tables());
-    vacuumInto(files_.tables(), files_.copy());
-    verifyDatabase(files_.copy());
+    makeIndexes(files_.tables(), made);
+    vacuumInto(files_.tables(), files_.copy(), [&](double part) { return copied.tells(part); });
+    verifyDatabase(files_.copy(), [&](double part) { return checked.tells(part); });
     if (!takeOwnerOf(path, files_.copy()))
         throw EngineError(ErrorNumber::ReadOnly,
                           QStringLiteral("Register patrí inému používateľovi, opraviť ho môže "

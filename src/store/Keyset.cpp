@@ -139,7 +139,7 @@ void Keyset::loadJoin() {
     while (query.step()) {
         readKey(query, key);
         keys_.insert(keys_.end(), key.begin(), key.end());
-        ahead_->add(query, static_cast<int>(width_));
+        ahead_->add(query, key);
     }
     complete_ = true;
 }

@@ -39,14 +39,20 @@ constexpr StoredQuery storedQueries[] = {
     {"vyp_zazspc", u"select * from k_zaznam_spc"},
     {"vyp_surodenci", u"select * from k_surodenci"},
     {"vyp_navstevy", u"select * from k_navstevy"},
-    {"vyp_zoz_klient", u"select k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,"
-                       u"k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc from k_zaklad "
-                       u"order by k_zaklad.priezv+k_zaklad.meno"},
-    {"vyp_zazZmeny", u"select k_zaznam_zmeny.datum, trim(zamestnanci.meno) & '  ' & "
-                     u"trim(zamestnanci.priezv) as Expr1, k_zaznam_zmeny.zmeny from "
-                     u"k_zaznam_zmeny left join zamestnanci on "
+    {"vyp_zoz_klient", u"SELECT k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,"
+                       u"k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc FROM k_zaklad  "
+                       u"ORDER BY k_zaklad.priezv+k_zaklad.meno"},
+    {"vyp_zazZmeny", u"select k_zaznam_zmeny.idkod, k_zaznam_zmeny.datum, trim(zamestnanci.meno) & "
+                     u"'  ' & trim(zamestnanci.priezv) as Expr1, k_zaznam_zmeny.zmeny "
+                     u"from k_zaznam_zmeny left join zamestnanci on "
                      u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum"},
 };
+
+/// What vyp_zazZmeny was before it told whose the changes are.
+constexpr auto keylessChanges =
+    u"select k_zaznam_zmeny.datum, trim(zamestnanci.meno) & '  ' & trim(zamestnanci.priezv) as "
+    u"Expr1, k_zaznam_zmeny.zmeny from k_zaznam_zmeny left join zamestnanci on "
+    u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum";
 
 struct IndexFigures {
     const char* table;
@@ -216,7 +222,33 @@ void makeAllAnew(Connection& connection) {
     }
     run(connection, createIndexes());
     fillFigures(connection);
+}
+
+/// Gives the stored query of changes the client's key, unless somebody has put another statement
+/// there.
+void renewChanges(Connection& connection) {
+    const auto current =
+        std::ranges::find(storedQueries, QLatin1String("vyp_zazZmeny"),
+                          [](const StoredQuery& query) { return QLatin1String(query.name); });
+    Query renew(connection.handle(),
+                QStringLiteral("UPDATE tvk_queries SET sql = ?1 WHERE name = ?2 AND sql = ?3"));
+    renew.bind(1, Cell(QString::fromUtf16(current->sql).toStdString()));
+    renew.bind(2, Cell(std::string(current->name)));
+    renew.bind(3, Cell(QString::fromUtf16(keylessChanges).toStdString()));
+    renew.run();
+}
+
+/// From here on no number of a row is given twice.
+constexpr quint32 numberedRows = 2;
+
+void renewFrom(quint32 version, Connection& connection) {
+    if (version < numberedRows)
+        makeAllAnew(connection);
+    else if (remakesIndexes(connection))
+        connection.execute("REINDEX");
+    renewChanges(connection);
     noteVersion(connection);
+    noteTextOrder(connection);
 }
 
 } // namespace
@@ -277,27 +309,33 @@ void verifyDatabase(const QString& path, const TellProgress& tell) {
     }
 }
 
-bool isUpToDate(Connection& connection) {
-    return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
+bool remakesIndexes(Connection& connection) {
+    return versionOf(connection) < numberedRows || !isTextOrderCurrent(connection);
 }
 
-void bringUpToDate(Connection& connection) {
-    const bool isOld = versionOf(connection) != schemaVersion;
-    if (!isOld && isTextOrderCurrent(connection))
+void bringUpToDate(Connection& connection, const std::function<void()>& working) {
+    const quint32 version = versionOf(connection);
+    const bool remakes = remakesIndexes(connection);
+    if (version == schemaVersion && !remakes)
         return;
+    std::optional<Watch> watch;
+    if (working) {
+        working();
+        watch.emplace(connection.handle(), [&working] {
+            working();
+            return true;
+        });
+    }
     try {
         connection.writeAll([&] {
-            if (isOld)
-                makeAllAnew(connection);
-            else
-                connection.execute("REINDEX");
-            noteTextOrder(connection);
-            checkPages(connection);
+            renewFrom(version, connection);
+            if (remakes)
+                checkShape(connection);
             return true;
         });
         connection.commit();
     } catch (const EngineError& error) {
-        if (!isOld || error.number() != ErrorNumber::ReadOnly)
+        if (version == schemaVersion || error.number() != ErrorNumber::ReadOnly)
             throw;
         checkPages(connection);
     }

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace store {
 
 class Connection;
@@ -16,11 +18,13 @@ void vacuumInto(const QString& source, const QString& target, const TellProgress
 void compactDatabase(const QString& source, const QString& target, const TellProgress& tell = {});
 /// See DBEngine::verifyDatabase.
 void verifyDatabase(const QString& path, const TellProgress& tell = {});
-/// Whether the tables are of the present version and the indexes of the present order of texts.
-bool isUpToDate(Connection& connection);
+/// Whether bringUpToDate makes all indexes anew, whatever they hold.
+bool remakesIndexes(Connection& connection);
 /// Brings tables of an older version and indexes of another order of texts to the present ones, if
-/// the whole file is sound then. An older version that can't be written stays: it is read all the
-/// same. @throws EngineError
-void bringUpToDate(Connection& connection);
+/// what was made anew is sound then. An older version that can't be written stays: it is read all
+/// the same.
+/// @param working see DBEngine::whileUpgrading
+/// @throws EngineError
+void bringUpToDate(Connection& connection, const std::function<void()>& working = {});
 
 } // namespace store

@@ -142,8 +142,8 @@ void asUnrecognized(Connection& connection, Check&& check) {
     }
 }
 
-void checkIntegrity(Connection& connection, const QString& what) {
-    Query query(connection.handle(), QStringLiteral("PRAGMA integrity_check") + what);
+void checkIntegrity(Connection& connection, const QString& check) {
+    Query query(connection.handle(), QStringLiteral("PRAGMA ") + check);
     if (!query.step() || query.text(0) != QStringLiteral("ok"))
         refuse(connection.path(), QStringLiteral("Súbor databázy je poškodený."));
 }
@@ -203,7 +203,12 @@ quint32 versionOf(Connection& connection) {
 }
 
 void checkPages(Connection& connection) {
-    asUnrecognized(connection, [&] { checkIntegrity(connection, {}); });
+    asUnrecognized(connection,
+                   [&] { checkIntegrity(connection, QStringLiteral("integrity_check")); });
+}
+
+void checkShape(Connection& connection) {
+    asUnrecognized(connection, [&] { checkIntegrity(connection, QStringLiteral("quick_check")); });
 }
 
 namespace {
@@ -247,8 +252,9 @@ void checkAllPages(Connection& connection, const TellProgress& tell) {
 }
 
 void checkTable(Connection& connection, const QString& name) {
-    asUnrecognized(connection,
-                   [&] { checkIntegrity(connection, QStringLiteral("(%1)").arg(sqlName(name))); });
+    asUnrecognized(connection, [&] {
+        checkIntegrity(connection, QStringLiteral("integrity_check(%1)").arg(sqlName(name)));
+    });
 }
 
 } // namespace store

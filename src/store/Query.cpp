@@ -101,11 +101,13 @@ RowView::Slot RowBlock::slotFrom(const Query& query, int column) {
     return slot;
 }
 
-void RowBlock::append(const Query& query, int firstColumn) {
-    const int columns = query.columnCount();
-    width_ = static_cast<size_t>(columns - firstColumn);
-    for (int column = firstColumn; column < columns; ++column)
-        slots_.push_back(slotFrom(query, column));
+void RowBlock::append(const Query& query, int firstColumn, const std::vector<bool>& repeats) {
+    width_ = static_cast<size_t>(query.columnCount() - firstColumn);
+    for (size_t column = 0; column < width_; ++column) {
+        const bool isRepeated = !repeats.empty() && repeats[column];
+        slots_.push_back(isRepeated ? slots_[slots_.size() - width_]
+                                    : slotFrom(query, firstColumn + static_cast<int>(column)));
+    }
     ++rows_;
 }
 

@@ -91,7 +91,8 @@ class RowBlock {
   public:
     /// Appends the row on which the query stands.
     /// @param firstColumn the query's columns before it are left out; the same for all rows
-    void append(const Query& query, int firstColumn = 0);
+    /// @param repeats true for each column that is as in the row before; none when it is empty
+    void append(const Query& query, int firstColumn = 0, const std::vector<bool>& repeats = {});
     /// Becomes the row on which the query stands, of whose columns it selects some.
     /// @param columns what the query's columns are in the row
     /// @param width number of columns of the row

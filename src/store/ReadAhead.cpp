@@ -1,6 +1,7 @@
 #include "store/ReadAhead.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace store {
 
@@ -16,28 +17,37 @@ bool isComputed(const OutputColumn& column) {
 
 ReadAhead::ReadAhead(const SelectPlan& plan, quint64 stamp)
     : plan_(plan), stamp_(stamp), isPlain_(std::ranges::none_of(plan.columns, isComputed)),
-      written_(plan.sources.size()) {}
+      repeats_(plan.columns.size()), written_(plan.sources.size()) {}
 
-void ReadAhead::add(const Query& query, int firstColumn) {
-    if (rows_.size() < mostBytes)
-        rows_.append(query, firstColumn);
+void ReadAhead::add(const Query& query, std::span<const qint64> key) {
+    if (rows_.size() >= mostBytes)
+        return;
+    for (size_t column = 0; column < repeats_.size() && !last_.empty(); ++column) {
+        const OutputColumn& output = plan_.columns[column];
+        const auto source = static_cast<size_t>(output.source);
+        repeats_[column] = !isComputed(output) && key[source] == last_[source];
+    }
+    last_.assign(key.begin(), key.end());
+    rows_.append(query, static_cast<int>(key.size()), repeats_);
 }
 
-bool ReadAhead::read(qint64 index, std::span<const qint64> key, quint64 stamp,
-                     RowBlock& row) const {
+std::optional<RowView> ReadAhead::read(qint64 index, std::span<const qint64> key, quint64 stamp,
+                                       RowBlock& changed) const {
     if (stamp != stamp_ || index >= rows_.count())
-        return false;
-    row.assign(rows_, index);
+        return std::nullopt;
+    bool isChanged = false;
     for (size_t source = 0; source < key.size(); ++source) {
         const auto written = written_[source].find(key[source]);
         if (written == written_[source].end())
             continue;
         if (!isPlain_)
-            return false;
+            return std::nullopt;
+        if (!std::exchange(isChanged, true))
+            changed.assign(rows_, index);
         for (const auto& [column, cell] : written->second)
-            row.set(0, column, cell);
+            changed.set(0, column, cell);
     }
-    return true;
+    return isChanged ? changed.row(0) : rows_.row(index);
 }
 
 void ReadAhead::noteWrite(int source, qint64 rowid, const Changes& changes, quint64 before,

@@ -3,6 +3,7 @@
 #include "store/Query.h"
 #include "store/Sql.h"
 
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <utility>
@@ -21,12 +22,14 @@ class ReadAhead {
     /// @param stamp the connection's change stamp when the rows are read
     ReadAhead(const SelectPlan& plan, quint64 stamp);
 
-    /// Takes the row on which the query stands, as long as there is room.
-    /// @param firstColumn where the columns begin behind the keys
-    void add(const Query& query, int firstColumn);
-    /// Copies a row as it is now; false when it has to be read anew.
+    /// Takes the row on which the query stands, whose columns follow its key, as long as there is
+    /// room.
+    void add(const Query& query, std::span<const qint64> key);
+    /// A row as it is now; nothing when it has to be read anew.
     /// @param stamp the connection's change stamp now
-    bool read(qint64 index, std::span<const qint64> key, quint64 stamp, RowBlock& row) const;
+    /// @param changed where the row is made when something was written into it
+    std::optional<RowView> read(qint64 index, std::span<const qint64> key, quint64 stamp,
+                                RowBlock& changed) const;
     /// Tells that the recordset itself has written into a row.
     /// @param before,after the change stamps around the write
     void noteWrite(int source, qint64 rowid, const Changes& changes, quint64 before, quint64 after);
@@ -41,6 +44,9 @@ class ReadAhead {
     /// A computed column may depend on any other, so that a written row has to be read anew.
     bool isPlain_;
     RowBlock rows_;
+    /// The key of the last row, and which columns of the one behind it show the same base row.
+    std::vector<qint64> last_;
+    std::vector<bool> repeats_;
     /// What was written since, by source and rowid.
     std::vector<Written> written_;
 };

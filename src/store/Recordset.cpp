@@ -82,8 +82,10 @@ class Recordset::Impl {
     mutable std::optional<qint64> index_;
     mutable quint64 indexVersion_ = 0;
 
-    RowBlock row_;
+    /// The current row as it was read at a stamp, and where it is put that is not in memory yet.
+    std::optional<RowView> row_;
     std::optional<quint64> rowStamp_;
+    RowBlock room_;
 
     EditState edit_ = EditState::None;
     Changes changes_;
@@ -155,11 +157,12 @@ RowView Recordset::Impl::currentRow() {
     if (rowStamp_ != stamp) {
         rowStamp_.reset();
         const bool isIndexed = index_ && indexVersion_ == rows.keys().version();
-        if (!rows.read(key(), isIndexed ? index_ : std::nullopt, row_))
+        row_ = rows.read(key(), isIndexed ? index_ : std::nullopt, room_);
+        if (!row_)
             refuseDeleted();
         rowStamp_ = stamp;
     }
-    return row_.row(0);
+    return *row_;
 }
 
 RowView Recordset::Impl::currentRow(int column) {
@@ -268,11 +271,7 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, const QString& sour
 Recordset::Recordset(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 Recordset::~Recordset() {
-    try {
-        Close();
-    } catch (...) {
-        return;
-    }
+    Close();
 }
 
 bool Recordset::Eof() const {
@@ -398,17 +397,10 @@ std::unique_ptr<Recordset> Recordset::Clone() const {
 void Recordset::Close() {
     if (impl_->isClosed())
         return;
-    std::exception_ptr thrown;
-    try {
-        impl_->leave();
-    } catch (...) {
-        thrown = std::current_exception();
-    }
+    impl_->leave();
     impl_->drop();
     impl_->goToGap();
     impl_->close();
-    if (thrown)
-        std::rethrow_exception(thrown);
 }
 
 void Recordset::addObserver(RecordsetObserver* observer) {

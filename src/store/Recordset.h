@@ -25,7 +25,8 @@ class RowMark {
     std::vector<qint64> keys_;
 };
 
-/// Told of what happens to a recordset. Bound fields listen to it. Does nothing by default.
+/// Told of what happens to a recordset, and must not throw. Bound fields listen to it. Does nothing
+/// by default.
 class RecordsetObserver {
   public:
     virtual ~RecordsetObserver() = default;
@@ -121,8 +122,7 @@ class Recordset {
     std::unique_ptr<Recordset> Clone() const;
 
     /// Leaves the row and gives up the rows; all that follows throws 3021. The end of a recordset
-    /// does the same, but what its observers throw on leaving is lost then.
-    /// @throws what an observer threw on leaving, when all is given up
+    /// does the same.
     void Close();
 
     /// Observers are not owned and must outlive the recordset.

@@ -53,7 +53,8 @@ bool ReportRows::next() {
 
 QString ReportRows::text(QStringView column) const {
     const auto found = std::ranges::find_if(columns_, [&](const OutputColumn& candidate) {
-        return candidate.name.compare(column, Qt::CaseInsensitive) == 0;
+        return candidate.name.size() == column.size() &&
+               candidate.name.compare(column, Qt::CaseInsensitive) == 0;
     });
     if (found == columns_.end())
         throw EngineError(ErrorNumber::UnknownColumn,

@@ -22,6 +22,8 @@ class ReportRows {
     qint64 count() const { return rows_.count(); }
     /// Goes to the next row, at first to the first one; false when there is none.
     bool next();
+    /// Goes to the row of that number, the first one being 0.
+    void goTo(qint64 row) { current_ = row; }
     /// A column of the current row as text: Null is empty, a date is "dd.MM.yyyy". Names are found
     /// whatever their case. @throws EngineError 3265, 3021 without a current row
     QString text(QStringView column) const;

@@ -87,13 +87,13 @@ void Rowset::prepareRow(Columns columns) {
     read_ = std::move(columns);
 }
 
-bool Rowset::read(RowKeyView key, std::optional<qint64> index, RowBlock& row) {
-    if (!plan_.updatable) {
-        row.assign(storedRows_, key[0]);
-        return true;
-    }
-    const bool isAhead = index && ahead_.read(*index, key, connection_->changeStamp(), row);
-    return isAhead || lookUp(key, row);
+std::optional<RowView> Rowset::read(RowKeyView key, std::optional<qint64> index, RowBlock& room) {
+    if (!plan_.updatable)
+        return storedRows_.row(key[0]);
+    if (index)
+        if (const auto row = ahead_.read(*index, key, connection_->changeStamp(), room))
+            return row;
+    return lookUp(key, room) ? std::optional(room.row(0)) : std::nullopt;
 }
 
 /// To look for a row costs most by the columns that it has.

@@ -35,10 +35,11 @@ class Rowset {
     /// The output column of that name, whatever its case. @throws EngineError 3265
     int columnIndex(QStringView name);
 
-    /// Reads a row; false when it has been deleted. The first one is read wholly, those behind it
-    /// in the columns that were asked for so far.
+    /// A row; nothing when it has been deleted. The first one is read wholly, those behind it in
+    /// the columns that were asked for so far.
     /// @param index where the row stands, if that is known
-    bool read(RowKeyView key, std::optional<qint64> index, RowBlock& row);
+    /// @param room where a row is put that is not in memory yet
+    std::optional<RowView> read(RowKeyView key, std::optional<qint64> index, RowBlock& room);
     /// Tells that a column is looked at. When it is a new one, the next row is read wholly.
     void ask(int column);
     /// True when a row is among the rows, deleted or not.

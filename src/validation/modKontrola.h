@@ -12,6 +12,14 @@ inline QString gIdKod;
 /// " : ", first name, two blanks, surname, as stored; empty for a new record. Cards append it to
 /// their captions and to delete questions.
 inline QString gMenoKlienta;
+
+/// Makes the next card one on that record.
+inline void editRecord(const QString& key, const QString& firstName, const QString& surname) {
+    gIdKod = key;
+    gMenoKlienta = QStringLiteral(" : ") + firstName + QStringLiteral("  ") + surname;
+    gAkcia = 2;
+}
+
 /// Set by Esc in a drop-down pick, so that the next look-up in a code-list clears it and leaves the
 /// field alone.
 inline bool gZVyberu = false;

@@ -131,22 +131,28 @@ TEST_F(BackupRoad, aCopyOfTheListComesBackByTheSameRoad) {
     EXPECT_TRUE(QFile::exists(reg.folder.path(u"tvk_ren.mdb")));
 }
 
-TEST_F(BackupRoad, aRegisterOfTheOldFormatIsOfferedForTakingOver) {
-    const QByteArray old("\0\1\0\0Standard Jet DB\0\1", 21);
-    zip_t* made = zip_open(archive.toUtf8().constData(), ZIP_CREATE, nullptr);
-    zip_file_add(made, "tvk.mdb",
-                 zip_source_buffer(made, old.constData(), static_cast<zip_uint64_t>(old.size()), 0),
-                 0);
-    ASSERT_EQ(zip_close(made), 0);
+TEST_F(BackupRoad, aSoundRegisterOfTheOldFormatIsOfferedForTakingOver) {
+    const QByteArray old = files::read(QStringLiteral(TVK_OLD_SAMPLE));
     window.open();
-    expectFile(archive);
-    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
-              QMessageBox::Information, yesNo);
-    expectBox(u"Obnova dát bola úspešne ukončená"_s);
-    window.findChild<QAction*>(u"mniDearchiv"_s)->trigger();
-    boxes.allCame();
-    EXPECT_EQ(offered, old);
-    EXPECT_EQ(runsEnded, 1);
+    for (const QByteArray& bytes : {old.first(old.size() / 2), old}) {
+        const bool isWhole = bytes == old;
+        zip_t* made = zip_open(archive.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+        zip_file_add(
+            made, "tvk.mdb",
+            zip_source_buffer(made, bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0),
+            0);
+        ASSERT_EQ(zip_close(made), 0);
+        offered.clear();
+        expectFile(archive);
+        expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
+                  QMessageBox::Information, yesNo);
+        expectBox(isWhole ? u"Obnova dát bola úspešne ukončená"_s
+                          : u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
+        window.findChild<QAction*>(u"mniDearchiv"_s)->trigger();
+        boxes.allCame();
+        EXPECT_EQ(offered == old, isWhole);
+        EXPECT_EQ(runsEnded, isWhole ? 1 : 0);
+    }
 }
 
 } // namespace

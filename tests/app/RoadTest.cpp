@@ -6,6 +6,7 @@
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QProcess>
 #include <QRegularExpression>
@@ -59,8 +60,7 @@ class RoadTest : public testing::Test {
     void click(const char* name) {
         auto* target = window.findChild<QWidget*>(text(name));
         ASSERT_TRUE(target != nullptr && target->isVisible());
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                          target->mapTo(&window, target->rect().center()));
+        support::press(*target);
     }
     QString stored(const char* table, const char* column) {
         return reg.text(text(table), text(column));
@@ -69,6 +69,9 @@ class RoadTest : public testing::Test {
     void fillCard();
     void addCareRecord();
     void readTableOne(QWidget& preview);
+    void typeTables();
+    void readReturn(QWidget& preview);
+    QString textOf(QWidget& preview);
 
     support::TemporaryRegister reg{[](const QString& file) {
         QString problem;
@@ -116,17 +119,61 @@ void RoadTest::addCareRecord() {
     EXPECT_EQ(focused(), text("DBList5"));
 }
 
+/// The lines of the preview's PDF.
+QString RoadTest::textOf(QWidget& preview) {
+    const QString file = reg.directory.filePath(text("zostava.pdf"));
+    dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
+    QProcess tool;
+    tool.start(text("pdftotext"), {text("-layout"), file, text("-")});
+    EXPECT_TRUE(tool.waitForFinished());
+    return QString::fromUtf8(tool.readAllStandardOutput());
+}
+
+/// Types Tables IV and V.
+void RoadTest::typeTables() {
+    boxes.expect(support::ExpectedWindow{text("FrmDoUkaz"), [this](QWidget& form) {
+                                             ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+                                             enter({"6", "1", "12", "340", "359"});
+                                             press("cmdZap");
+                                         }});
+    click("Picture3");
+    boxes.expect(support::ExpectedWindow{text("FrmOdbStar"), [this](QWidget& form) {
+                                             ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+                                             enter({"9", "2", "3", "4", "0", "", "", "", "", ""});
+                                             enter({"9", "2", "3", "4", "0"});
+                                             key(Qt::Key_S, Qt::ControlModifier);
+                                         }});
+    click("Picture5");
+    boxes.allCame();
+}
+
+/// Each table on its page, with what was counted and typed.
+void RoadTest::readReturn(QWidget& preview) {
+    const QStringList pages = textOf(preview).split(u'\f');
+    ASSERT_EQ(pages.size(), 6) << "the last one is what follows the last page";
+    const QStringList lines[] = {
+        {text("0108 1 1 1 1"), text("0126 1 1 1 1")},
+        {text("0216 ") + QStringList(22, text("x")).join(u' ')},
+        {text("0301 x x x"), text("0304 1 1 1"), text("0316 1 1 1")},
+        {text("0401 6"), text("0402 1"), text("0403 12"), text("0404 340"), text("0416 359")},
+        {text("0501 9 2 3 4"), text("0502 9 2 3 4"), text("0536")},
+    };
+    for (qsizetype page = 0; page < 5; ++page) {
+        QString shown = pages[page].simplified() + u' ';
+        for (const QString& line : lines[page])
+            EXPECT_TRUE(shown.contains(line))
+                << line.toStdString() << " in " << shown.toStdString();
+        EXPECT_TRUE(shown.endsWith(text("Strana %1 z 5 ").arg(page + 1))) << shown.toStdString();
+    }
+    key(Qt::Key_Escape);
+}
+
 /// Notes the rows with counts on the page, without what stands before their codes.
 void RoadTest::readTableOne(QWidget& preview) {
     EXPECT_EQ(reg.count(text("z_vek")), 19);
     for (const char* column : {"spolu", "spolu_zeny", "p_viacn", "p_viacn_z"})
         EXPECT_EQ(stored("select * from z_vek where c_riad = '0108'", column), text("1"));
-    const QString file = reg.directory.filePath(text("rptVek.pdf"));
-    dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
-    QProcess tool;
-    tool.start(text("pdftotext"), {text("-layout"), file, text("-")});
-    ASSERT_TRUE(tool.waitForFinished());
-    for (const QString& line : QString::fromUtf8(tool.readAllStandardOutput()).split(u'\n')) {
+    for (const QString& line : textOf(preview).split(u'\n')) {
         static const QRegularExpression counted(text("01[012]\\d( +\\d+)+$"));
         const auto found = counted.match(line);
         if (found.hasMatch())
@@ -137,16 +184,22 @@ void RoadTest::readTableOne(QWidget& preview) {
 
 } // namespace
 
-TEST_F(RoadTest, fromAnEmptyRegisterToTableOne) {
+TEST_F(RoadTest, fromAnEmptyRegisterToTheWholeReturn) {
     reg.letGo();
     window.open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     click("Picture2");
-    boxes.expect(support::ExpectedWindow{text("FrmPsychUdaj"), [this](QWidget& card) {
-                                             ASSERT_TRUE(QTest::qWaitForWindowActive(&card));
-                                             enter({"eva", "adamová", "psychológ"});
-                                             press("cmdZap");
-                                         }});
+    boxes.expect(support::ExpectedWindow{
+        text("FrmPsychUdaj"), [this](QWidget& card) {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&card));
+            enter({"eva", "adamová", "psychológ"});
+            // Internal, a woman, qualified.
+            for (const auto choice : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Space}) {
+                key(choice);
+                key(Qt::Key_Return);
+            }
+            press("cmdZap");
+        }});
     click("CmdNovy");
     boxes.allCame();
     click("Picture1");
@@ -174,6 +227,12 @@ TEST_F(RoadTest, fromAnEmptyRegisterToTableOne) {
     boxes.allCame();
     EXPECT_EQ(countsOnPage, (QStringList{text("0108 1 1 1 1"), text("0126 1 1 1 1")}));
     EXPECT_EQ(reg.count(text("z_vek")), 0);
+    typeTables();
+    boxes.expect(support::ExpectedWindow{text("PreviewDialog"), [this](QWidget& preview) {
+                                             readReturn(preview);
+                                         }});
+    window.findChild<QAction*>(text("mniVykaz"))->trigger();
+    boxes.allCame();
     for (const auto& [table, column, value] : {std::tuple{"k_zaklad", "idkod", "KOVÁČIJA00"},
                                                {"k_zaklad", "vek", "7"},
                                                {"k_zaklad", "postih", "35"},

@@ -13,47 +13,34 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QString failedArchive = u"Vyskytla sa chyba pri archivácii :"_s;
-constexpr QStringView warning = u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!";
+const QString warning = u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s;
 
 class Forms : public BackupFiles {
   protected:
     /// A file dialog that offers the default name; Esc without an answer.
-    void expectDialog(const QString& title, const QString& filter,
-                      const std::optional<QString>& answer) {
-        boxes.expect(support::ExpectedWindow{
-            u"QFileDialog"_s, [=](QWidget& window) {
-                auto& dialog = dynamic_cast<QFileDialog&>(window);
-                EXPECT_EQ(dialog.windowTitle(), title);
-                EXPECT_EQ(dialog.selectedNameFilter(), filter);
-                auto* name = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
-                EXPECT_EQ(name->text(), u"arch_tvk.zip"_s);
-                EXPECT_NE(dialog.directory().path(), QDir::currentPath());
-                name->setText(answer.value_or(QString()));
-                QTest::keyClick(name, answer ? Qt::Key_Return : Qt::Key_Escape);
-            }});
+    void expectDialog(const QString& title, const QString& answer) {
+        boxes.expect(support::fileDialog(answer, [=](QWidget& window) {
+            auto& dialog = dynamic_cast<QFileDialog&>(window);
+            EXPECT_EQ(dialog.windowTitle(), title);
+            EXPECT_EQ(dialog.selectedNameFilter(), u"záloha"_s);
+            EXPECT_EQ(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), u"arch_tvk.zip"_s);
+            EXPECT_NE(dialog.directory().path(), QDir::currentPath());
+        }));
     }
-    void expectSave(const std::optional<QString>& target) {
-        expectDialog(u"Kde bude archív"_s, u"záloha"_s, target);
-    }
-    void expectOpen(const std::optional<QString>& archive) {
-        expectDialog(u"Súbor pre obnovu dát"_s, u"záloha"_s, archive);
-    }
-    void expectTold(QStringView text, QMessageBox::Icon icon = QMessageBox::Information) {
-        boxes.expect(support::ExpectedBox{.text = text.toString(), .icon = icon});
+    void expectSave(const QString& target) { expectDialog(u"Kde bude archív"_s, target); }
+    void expectOpen(const QString& archive) { expectDialog(u"Súbor pre obnovu dát"_s, archive); }
+    void expectTold(const QString& text, QMessageBox::Icon icon = QMessageBox::Information) {
+        boxes.expectTold(text, {}, icon);
     }
     void expectWarning(QMessageBox::StandardButton answer) {
-        boxes.expect(support::ExpectedBox{.text = warning.toString(),
-                                          .icon = QMessageBox::Information,
-                                          .buttons = QMessageBox::Yes | QMessageBox::No,
-                                          .answer = answer});
+        boxes.expectAsked(warning, {}, QMessageBox::Information, QMessageBox::Yes | QMessageBox::No,
+                          answer);
     }
     void expectGivenUp(const QString& form) {
-        boxes.expect(support::ExpectedWindow{
-            form, [](QWidget& window) {
-                const auto* button = window.findChild<QPushButton*>(u"cmdZrusit"_s);
-                QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                                  button->mapTo(&window, button->rect().center()));
-            }});
+        boxes.expect(support::ExpectedWindow{form, [](QWidget& window) {
+                                                 support::press(*window.findChild<QPushButton*>(
+                                                     u"cmdZrusit"_s));
+                                             }});
     }
     void archive(std::chrono::milliseconds patience = std::chrono::hours(1)) {
         backup::FrmArch_new form(reg.engine, reg.folder);
@@ -76,7 +63,7 @@ class Forms : public BackupFiles {
 
 TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
     expectSave(away + u" "_s);
-    expectTold(u"Archivácia bola úspešne ukončená");
+    expectTold(u"Archivácia bola úspešne ukončená"_s);
     archive();
     EXPECT_EQ(files::namesIn(elsewhere.path()), QStringList{u"moja záloha"_s});
     EXPECT_EQ(names(), (QStringList{u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
@@ -87,19 +74,14 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
                                       .icon = QMessageBox::Warning,
                                       .buttons = QMessageBox::Yes | QMessageBox::No,
                                       .answer = QMessageBox::Yes});
-    expectTold(u"Archivácia bola úspešne ukončená");
+    expectTold(u"Archivácia bola úspešne ukončená"_s);
     archive();
 
     expectSave({});
     expectTold(failedArchive + u"Výber súboru bol zrušený."_s);
     archive();
     const QByteArray before = files::read(path("tvk.mdb"));
-    boxes.expect(support::ExpectedWindow{u"QFileDialog"_s, [this](QWidget& window) {
-                                             auto* name =
-                                                 window.findChild<QLineEdit*>(u"fileNameEdit"_s);
-                                             name->setText(path("tmp.mdb"));
-                                             QTest::keyClick(name, Qt::Key_Return);
-                                         }});
+    boxes.expect(support::fileDialog(path("tmp.mdb")));
     expectTold(failedArchive + u"Do súboru tmp.mdb sa archív uložiť nedá, pracuje s ním program. "
                                "Zvoľte iný názov."_s);
     archive();
@@ -115,7 +97,7 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
 }
 
 TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
-    const auto failed = u"Vyskytla sa chyba pri obnove dát";
+    const auto failed = u"Vyskytla sa chyba pri obnove dát"_s;
     backup::makeArchive(reg.engine, reg.folder);
     const QString sound = elsewhere.filePath(u"a.zip"_s);
     backup::placeArchive(reg.folder, sound);
@@ -130,11 +112,11 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     expectTold(failed, QMessageBox::Warning);
     restore("MENU");
     expectOpen(foreign);
-    expectTold(u"Vybraný súbor neobsahuje očakávané dáta", QMessageBox::Warning);
+    expectTold(u"Vybraný súbor neobsahuje očakávané dáta"_s, QMessageBox::Warning);
     restore("MENU");
     expectOpen(empty);
     expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
+    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
     restore("MENU");
     expectOpen(sound);
     expectGivenUp(u"FrmDearch_new"_s);
@@ -148,7 +130,7 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
 
     expectOpen(sound);
     expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát bola úspešne ukončená");
+    expectTold(u"Obnova dát bola úspešne ukončená"_s);
     restore("MENU");
     EXPECT_EQ(names(), (QStringList{u"tvk.mdb"_s, u"tvk_ren.mdb"_s}));
     EXPECT_EQ(client(), u"Prvý"_s);
@@ -157,17 +139,17 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     restore("LOAD");
     QFile::remove(path("tvk.mdb"));
     expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
+    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
     restore("LOAD");
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s}) << "what was kept is back";
     EXPECT_EQ(client(), u"Druhý"_s);
     QFile::remove(path("tvk.mdb"));
     expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
+    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
     restore("LOAD");
     EXPECT_EQ(names(), QStringList());
     expectOpen(sound);
-    expectTold(u"Obnova dát bola úspešne ukončená");
+    expectTold(u"Obnova dát bola úspešne ukončená"_s);
     restore("LOAD");
     EXPECT_EQ(client(), u"Prvý"_s);
 }

@@ -82,11 +82,8 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
     }
     /// A box that lets the wrong text stay for correction, or empties the field.
     void expectRefusal(const char* message, QMessageBox::StandardButton answer) {
-        boxes.expect({.text = text(message),
-                      .title = text("Chybová správa"),
-                      .icon = QMessageBox::Warning,
-                      .buttons = QMessageBox::Retry | QMessageBox::Cancel,
-                      .answer = answer});
+        boxes.expectAsked(text(message), text("Chybová správa"), QMessageBox::Warning,
+                          QMessageBox::Retry | QMessageBox::Cancel, answer);
     }
     void expectWrongDate(QMessageBox::StandardButton answer) {
         expectRefusal("Chybný dátum, zadaj v tvare dd.mm.rrrr!", answer);

@@ -52,6 +52,11 @@ TEST_F(CardTest, TheRoadOfANewClientByKeysAlone) {
     EXPECT_EQ(field(0).text(), text("Jana"));
     EXPECT_EQ(at("textPosK(1)").text(), text("5"));
     EXPECT_TRUE(isEnabled(13));
+    QStringList meanings;
+    for (const int pick : {8, 1, 2, 3, 9})
+        meanings += at<forms::DropDown>(qPrintable(text("dbcvolby(%1)").arg(pick))).text();
+    EXPECT_EQ(meanings.join(u';'), text("25  |  Poistovna;01  |  slovenska;SK|  Slovensko;"
+                                        "sk  |  slovencina;sk  |  slovencina"));
 }
 
 TEST_F(CardTest, KeysOfNewClientsCountUp) {
@@ -78,6 +83,38 @@ TEST_F(CardTest, KeysOfNewClientsCountUp) {
     enter("Jánoš");
     click("CmdZap");
     EXPECT_EQ(clients("idkod = 'HORVÁTJÁ42' and meno = 'Jánoš'"), 1);
+}
+
+TEST_F(CardTest, PrintsWhoIsWrittenAndKnowsWhatIsNot) {
+    std::vector<std::pair<std::string, clientcard::FrmKlientUdaj::Shown>> printed;
+    const auto note = [&printed](const char* what) {
+        return [&printed, what](const auto& shown) {
+            printed.emplace_back(what, shown);
+        };
+    };
+    enterClient();
+    card->setPrinting(note("tab"), note("card"));
+    for (const char* button : {"cmdTlac", "cmdTlacKartu"}) {
+        expect("Klient ešte nie je zapísaný, najprv zapíš základné údaje !", "Upozornenie");
+        click(button);
+    }
+    EXPECT_TRUE(printed.empty());
+    click("cmdZaklUd");
+    click("cmdTlac");
+    turnTabs(7);
+    type("pozn");
+    click("cmdTlacKartu");
+    ASSERT_EQ(printed.size(), 2U);
+    EXPECT_EQ(printed[0].first + printed[1].first, "tabcard");
+    EXPECT_EQ(printed[0].second.tab, 0);
+    EXPECT_EQ(printed[1].second.tab, 7);
+    EXPECT_FALSE(printed[0].second.isChanged);
+    EXPECT_TRUE(printed[1].second.isChanged);
+    EXPECT_TRUE(printed[0].second.visits.contains(text("idkod= 'NOVOTNJA00'")));
+    turnTabs(6);
+    click("cmdNavNovy");
+    EXPECT_FALSE(at<QPushButton>("cmdTlac").isEnabled() ||
+                 at<QPushButton>("cmdTlacKartu").isEnabled());
 }
 
 TEST_F(CardTest, AChangedNameTakesTheRecordsAndTheTypedTextWithItWhenTheKeyChanges) {
@@ -165,6 +202,8 @@ TEST_F(CardTest, StornoDropsWhatIsNotWrittenAndNothingElse) {
 
     enterClient();
     pressByKeys("cmdZaklUd");
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(field(0).text(), text("jana")) << "undone";
     enter("Dana");
     key(Qt::Key_Escape);
     EXPECT_FALSE(card->isVisible());
@@ -380,6 +419,16 @@ TEST_F(CardTest, TheAgeOfAParentAtTheBirth) {
     EXPECT_EQ(field(37).text(), text("0"));
     goTo(37);
     EXPECT_EQ(field(37).text(), QString());
+    // What was let stand on the first tab is not asked about on the way back to it.
+    turnTabs(-1);
+    goTo(3);
+    type("8055120008");
+    boxes.expect({.text = text("Nesprávne rodné číslo ,opraviť ?"),
+                  .title = text("Chybová správa"),
+                  .icon = QMessageBox::Warning,
+                  .buttons = Abort | Retry | Ignore,
+                  .answer = Ignore});
+    turnTabs(1);
     for (const char* year : {"1985", "1990"}) {
         goTo(21);
         expect("Logicky chybne zadané dátumy matky a klienta !");

@@ -105,8 +105,7 @@ TEST_F(CardTroubleTest, APressOnATabTurnsToItUnlessItIsDisabledOrTheFieldIsHeld)
     goTo(4);
     const auto clickTab = [&](int tab) {
         const QRect row = tabs().visualItemRect(tabs().item(tab));
-        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
-                          tabs().viewport()->mapTo(&*card, row.center()));
+        support::press(*tabs().viewport(), row.center());
         return focused();
     };
     EXPECT_EQ(clickTab(3), text("textKrz(4)"));

@@ -49,11 +49,9 @@ class FieldRulesTest : public RecordTest {
         };
         if (rule.bad != nullptr) {
             for (const auto answer : {Retry, rule.refusal->empties}) {
-                boxes.expect({.text = text(rule.refusal->text).replace(text("%1"), text(rule.bad)),
-                              .title = text("Chybová správa"),
-                              .icon = QMessageBox::Warning,
-                              .buttons = rule.refusal->buttons,
-                              .answer = answer});
+                boxes.expectAsked(text(rule.refusal->text).replace(text("%1"), text(rule.bad)),
+                                  text("Chybová správa"), QMessageBox::Warning,
+                                  rule.refusal->buttons, answer);
                 EXPECT_EQ(leave(rule.bad), answer == Retry ? text(rule.bad) : QString());
                 EXPECT_EQ(focused() == entry.objectName(), answer == Retry || rule.field == stays);
             }
@@ -68,39 +66,29 @@ class FieldRulesTest : public RecordTest {
 } // namespace
 
 TEST_F(FieldRulesTest, OfTheClientsFields) {
-    const Rule rules[] = {{krz::meno, "eva", "Eva"},
-                          {krz::priezv, "o'neil maly", "O'neil maly"},
-                          {krz::mienar, "nitra", "Nitra", "Nikde", &noTown},
-                          {krz::rodcis, "8055120007", "8055120007", "8055120008", &noBirthNumber},
-                          {krz::datnar, "1.9.99", "1.9.1999", "31.13.2000", &noDate},
-                          {krz::datnar, "12.5.1985", "12.5.1985"},
-                          {krz::pohlav, "z", "Z", "x", &noSex},
-                          {krz::katcis, "77", "77"},
-                          {krz::zdrpoi, "25", "25", "99", &noCode},
-                          {krz::narodn, "01", "01", "99", &noCode},
-                          {krz::stprisl, "SK", "SK", "xx", &noCode},
-                          {krz::jazyk, "sk", "sk", "xx", &noCode},
-                          {krz::jaz_doma, "sk", "sk", "xx", &noCode},
-                          {krz::ulica, "dlha 1", "Dlha 1"},
-                          {krz::obec, "bab", "Bab", "Nikde", &noTown},
-                          {krz::skola, "skola", "Skola"},
-                          {krz::odporu, "lekar", "Lekar"},
-                          {krz::datevi, "1 . 9 . 99", "1.9.1999", "1.9", &noDate},
-                          {krz::matka, "anna mala nova", "Anna Mala nova"},
-                          {krz::matnar, "1955", "1955"},
-                          {krz::matvek, "", "0"},
-                          {krz::matuli, "dlha", "Dlha"},
-                          {krz::matobe, "xanta", "Xanta", "Nikde", &noTown},
-                          {krz::mataza, "dlha", "Dlha"},
-                          {krz::otec, "jan maly", "Jan Maly"},
-                          {krz::otenar, "1955", "1955"},
-                          {krz::otevek, "", "0"},
-                          {krz::oteuli, "dlha", "Dlha"},
-                          {krz::oteobe, "xanta", "Xanta", "Nikde", &noTown},
-                          {krz::oteaza, "dlha", "Dlha"},
-                          {krz::kon_meno, "ida mala", "Ida Mala"},
-                          {krz::kon_obe, "xanta", "Xanta", "Nikde", &noTown},
-                          {krz::kon_uli, "dlha", "Dlha"}};
+    // clang-format off
+    const Rule rules[] = {
+        {krz::meno, "eva", "Eva"}, {krz::priezv, "o'neil maly", "O'neil maly"},
+        {krz::mienar, "nitra", "Nitra", "Nikde", &noTown},
+        {krz::rodcis, "8055120007", "8055120007", "8055120008", &noBirthNumber},
+        {krz::datnar, "1.9.99", "1.9.1999", "31.13.2000", &noDate},
+        {krz::datnar, "12.5.1985", "12.5.1985"}, {krz::pohlav, "z", "Z", "x", &noSex},
+        {krz::katcis, "77", "77"}, {krz::zdrpoi, "25", "25", "99", &noCode},
+        {krz::narodn, "01", "01", "99", &noCode}, {krz::stprisl, "SK", "SK", "xx", &noCode},
+        {krz::jazyk, "sk", "sk", "xx", &noCode}, {krz::jaz_doma, "sk", "sk", "xx", &noCode},
+        {krz::ulica, "dlha 1", "Dlha 1"}, {krz::obec, "bab", "Bab", "Nikde", &noTown},
+        {krz::skola, "skola", "Skola"}, {krz::odporu, "lekar", "Lekar"},
+        {krz::datevi, "1 . 9 . 99", "1.9.1999", "1.9", &noDate},
+        {krz::matka, "anna mala nova", "Anna Mala nova"}, {krz::matnar, "1955", "1955"},
+        {krz::matvek, "", "0"}, {krz::matuli, "dlha", "Dlha"},
+        {krz::matobe, "xanta", "Xanta", "Nikde", &noTown}, {krz::mataza, "dlha", "Dlha"},
+        {krz::otec, "jan maly", "Jan Maly"}, {krz::otenar, "1955", "1955"},
+        {krz::otevek, "", "0"}, {krz::oteuli, "dlha", "Dlha"},
+        {krz::oteobe, "xanta", "Xanta", "Nikde", &noTown}, {krz::oteaza, "dlha", "Dlha"},
+        {krz::kon_meno, "ida mala", "Ida Mala"},
+        {krz::kon_obe, "xanta", "Xanta", "Nikde", &noTown}, {krz::kon_uli, "dlha", "Dlha"},
+    };
+    // clang-format on
     openClient("datnar = #05/12/1985#");
     for (const Rule& rule : rules) {
         if (!field(rule.field).isVisible())
@@ -112,29 +100,21 @@ TEST_F(FieldRulesTest, OfTheClientsFields) {
 }
 
 TEST_F(FieldRulesTest, OfTheRecordsFields) {
+    const Rule day{0, "1.9.05", "1.9.2005", "1.9", &noDate};
+    const Rule by{1, worker, "NOVAKJA00", "Nikto", &noCode};
+    // clang-format off
     const std::pair<int, std::vector<Rule>> tabs[] = {
-        {2,
-         {{0, "adam mal", "Adam Mal"},
-          {1, "", "0"},
-          {1, "1999", "1999"},
-          {2, "m", "M", "x", &noSex}}},
-        {9,
-         {{0, "05", "05", "99", &noCode},
-          {1, "dlha 1", "Dlha 1"},
-          {2, "1.9.05", "1.9.2005", "1.9", &noDate},
-          {3, "1.9.05", "1.9.2005", "1.9", &noDate}}},
-        {10,
-         {{0, "1.9.05", "1.9.2005", "1.9", &noDate}, {1, worker, "NOVAKJA00", "Nikto", &noCode}}},
-        {11,
-         {{0, "1.9.05", "1.9.2005", "1.9", &noDate},
-          {1, "08:30", "08"},
-          {2, "9.15", "9."},
-          {3, worker, "NOVAKJA00", "Nikto", &noCode}}},
-        {12,
-         {{0, "1.9.05", "1.9.2005", "1.9", &noDate}, {1, worker, "NOVAKJA00", "Nikto", &noCode}}},
-        {13,
-         {{0, "1.9.05", "1.9.2005", "1.9", &noDate}, {1, "2.9.05", "2.9.2005", "1.9", &noDate}}},
+        {2, {{0, "adam mal", "Adam Mal"}, {1, "", "0"}, {1, "1999", "1999"},
+             {2, "m", "M", "x", &noSex}}},
+        {9, {{0, "05", "05", "99", &noCode}, {1, "dlha 1", "Dlha 1"},
+             {2, "1.9.05", "1.9.2005", "1.9", &noDate}, {3, "1.9.05", "1.9.2005", "1.9", &noDate}}},
+        {10, {day, by}},
+        {11, {day, {1, "08:30", "08"}, {2, "9.15", "9."},
+              {3, worker, "NOVAKJA00", "Nikto", &noCode}}},
+        {12, {day, by}},
+        {13, {day, {1, "2.9.05", "2.9.2005", "1.9", &noDate}}},
     };
+    // clang-format on
     for (const auto& [tab, rules] : tabs) {
         turnTo(tab);
         press("Novy");

@@ -12,7 +12,7 @@ using faults::Plan;
 
 namespace {
 
-/// What is written finds only at its end that the disk doesn't take it.
+/// What is written finds, at its first step or only at its end, that the disk doesn't take it.
 class LateFaultTest : private faults::Layer, public CardTest {
   protected:
     void press(const char* button) {
@@ -47,12 +47,14 @@ class LateFaultTest : private faults::Layer, public CardTest {
 } // namespace
 
 TEST_F(LateFaultTest, AClientStaysInTheCardUntilTheDiskTakesAllOfIt) {
-    for (const char* button : {"cmdZaklUd", "CmdZap", "cmdZapNew"}) {
+    for (const auto& [button, fault] : {std::pair{"cmdZaklUd", Plan::Fault::SyncFails},
+                                        {"CmdZap", Plan::Fault::DiskFull},
+                                        {"cmdZapNew", Plan::Fault::DiskFull}}) {
         SCOPED_TRACE(button);
         reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
         enterClient();
         enterInto(18, "3");
-        pressInVain(button);
+        pressInVain(button, fault);
         EXPECT_EQ(clients() + reg.count(text("k_memo")), 0);
         EXPECT_FALSE(isEnabled(1));
         click(button);
@@ -67,7 +69,7 @@ TEST_F(LateFaultTest, AnEditedClientKeepsKeyOptionsAndTexts) {
     for (const auto& [road, fault] : {std::pair{"CmdZap", Plan::Fault::SyncFails},
                                       {"CmdZap", Plan::Fault::DatabaseFull},
                                       {"cmdZapNew", Plan::Fault::SyncFails},
-                                      {"frame", Plan::Fault::SyncFails}}) {
+                                      {"frame", Plan::Fault::DiskFull}}) {
         SCOPED_TRACE(road);
         openClient("postih = '5'");
         typeInto("textKrz(1)", "mala");
@@ -115,20 +117,38 @@ TEST_F(LateFaultTest, ARecordThatCouldNotBeDeletedIsStillInTheList) {
 }
 
 TEST_F(LateFaultTest, ACardThatCannotBeReadIsToldOnceAndClosesUnlessItHoldsWhatWasTyped) {
-    for (const bool typed : {true, false}) {
-        openSiblings({"Adam", "Eva"});
-        turnTo(0);
+    reg.add(text("k_surodenci"), {{u"idkod", text("NOVOTNEV00")}, {u"meno", text("Adam")}});
+    for (const auto& [typed, saves] :
+         {std::pair{false, true}, std::pair{false, false}, std::pair{true, false}}) {
+        openClient();
         if (typed)
             typeInto("textKrz(12)", "Dlha 1");
         reg.letGo();
         reg.engine.commitPending();
         faults::install({Plan::Fault::ReadFails});
         expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
-        turnTo(3);
+        saves ? click("CmdZap") : turnTo(2);
         EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
         QTest::qWait(0);
         EXPECT_EQ(card->isVisible(), typed);
         EXPECT_EQ(field(12).text(), typed ? text("Dlha 1") : QString());
+        EXPECT_FALSE(at<QPushButton>("cmdSurNovy").isEnabled()) << "its fields show no record";
         faults::install({});
     }
+    // What could not be read is read when it is turned to again.
+    turnTo(0);
+    turnTo(2);
+    EXPECT_EQ(at("textSur(0)").text() + at<forms::RowList>("DBList1").itemText(0),
+              text("AdamAdam"));
+}
+
+TEST_F(LateFaultTest, OfASaveThatIsUndoneNothingElseIsToldThanWhy) {
+    openClient();
+    typeInto("textKrz(12)", "dlha");
+    typeNote("pozn");
+    refuse("update on k_zaklad");
+    pressInVain("CmdZap");
+    refuseNoMore();
+    click("CmdZap");
+    EXPECT_EQ(stored("ulica") + stored("poznamky", "k_memo"), text("Dlha<p>pozn</p>"));
 }

@@ -104,8 +104,7 @@ class RecordTest : public CardTest {
     using CardTest::press;
     void pressLine(int line) {
         const QRect rect = list().visualRect(list().model()->index(line, 0));
-        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
-                          list().viewport()->mapTo(&*card, rect.center()));
+        support::press(*list().viewport(), rect.center());
     }
     forms::EntryField& entry(int index) {
         return at(qPrintable(QStringLiteral("%1(%2)").arg(text(m->fields)).arg(index)));

@@ -3,6 +3,7 @@
 #include "forms/EntryField.h"
 #include "forms/EscButton.h"
 #include "forms/FocusGuard.h"
+#include "support/ScriptedBoxes.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -92,14 +93,11 @@ class KitScreen : public QDialog, public forms::FieldEvents {
         return focusWidget() != nullptr ? focusWidget()->objectName() : QString();
     }
     QPoint centreOf(QWidget& widget) { return widget.mapTo(this, widget.rect().center()); }
-    void press(const QPoint& place) {
-        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, place);
-    }
-    void press(QWidget& widget) { press(centreOf(widget)); }
+    static void press(QWidget& widget) { support::press(widget); }
     void clickRow(int row) {
-        press(list.viewport()->mapTo(this, list.visualItemRect(list.item(row)).center()));
+        support::press(*list.viewport(), list.visualItemRect(list.item(row)).center());
     }
-    void clickTab(int tab) { press(tabs.mapTo(this, tabs.tabRect(tab).center())); }
+    void clickTab(int tab) { support::press(tabs, tabs.tabRect(tab).center()); }
     void key(int code, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(windowHandle(), Qt::Key(code), modifiers);
     }

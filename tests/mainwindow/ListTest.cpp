@@ -1,5 +1,6 @@
 #include "forms/RecordsetGrid.h"
 #include "mainwindow/MainWindow.h"
+#include "store/Connection.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -170,7 +171,7 @@ TEST_F(ListTest, aClickAnywhereInARowChoosesItAndOpensNothing) {
         opened.clear();
         const QPoint inGrid(x, grid.rowViewportPosition(row) + 5);
         const QPoint at = grid.viewport()->mapTo(window.get(), inGrid);
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, at);
+        support::press(*grid.viewport(), inGrid);
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, at);
         key(Qt::Key_Return);
         EXPECT_TRUE(opened.empty());
@@ -291,6 +292,16 @@ TEST_F(ListTest, clientIsDeletedFromEveryTable) {
     ask(QMessageBox::No);
     EXPECT_EQ(reg.count(u"k_zaklad"_s), 2);
     EXPECT_EQ(reg.count(u"k_navstevy"_s), 3);
+    reg.engine.commitPending();
+    store::Connection other(reg.folder.database(), store::Connection::Access::ReadWrite);
+    other.execute("create trigger refusal before delete on k_zariad begin "
+                  "select raise(abort, 'nie'); end");
+    expectDelete("Naozaj chceš vymazať klienta : Ján  Novák ?", "Výmaz klienta", QMessageBox::Yes);
+    expectBox("Chyba č. 3000\n\nChyba databázového stroja: nie.", "", QMessageBox::Critical);
+    click("cmdVymaz");
+    EXPECT_EQ(reg.count(u"k_navstevy"_s), 3) << "stopped midway";
+    reg.engine.commitPending();
+    other.execute("drop trigger refusal");
     ask(QMessageBox::Yes);
     for (const QString& table : clientTables) {
         EXPECT_EQ(reg.count(table), 1) << qPrintable(table);

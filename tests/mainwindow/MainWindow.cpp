@@ -33,15 +33,6 @@ void MainWindow::open() {
     }));
 }
 
-void MainWindow::click(const char* name) {
-    clickAt(name, find<QWidget>(name).rect().center());
-}
-
-void MainWindow::clickAt(const char* name, const QPoint& at) {
-    const QPoint inWindow = find<QWidget>(name).mapTo(window.get(), at);
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, inWindow);
-}
-
 void MainWindow::moveTo(const char* name, const QPoint& at) {
     QTest::mouseMove(window->windowHandle(), find<QWidget>(name).mapTo(window.get(), at));
 }
@@ -85,11 +76,7 @@ void MainWindow::addEmployee(const char* key, const char* firstName, const char*
 void MainWindow::expectBox(const char* text, const char* title, QMessageBox::Icon icon,
                            QMessageBox::StandardButtons buttons,
                            QMessageBox::StandardButton answer) {
-    boxes.expect({.text = QString::fromUtf8(text),
-                  .title = QString::fromUtf8(title),
-                  .icon = icon,
-                  .buttons = buttons,
-                  .answer = answer});
+    boxes.expectAsked(QString::fromUtf8(text), QString::fromUtf8(title), icon, buttons, answer);
 }
 
 void MainWindow::expectInput(const char* prompt, const char* title, const char* answer,

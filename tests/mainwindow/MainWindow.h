@@ -30,8 +30,8 @@ class MainWindow : public testing::Test {
     bool shown(const char* name) { return find<QWidget>(name).isVisible(); }
     QString caption(const char* name) { return find<QWidget>(name).property("text").toString(); }
     /// Presses the widget through the window system, at its centre or at a point of it.
-    void click(const char* name);
-    void clickAt(const char* name, const QPoint& at);
+    void click(const char* name) { support::press(find<QWidget>(name)); }
+    void clickAt(const char* name, const QPoint& at) { support::press(find<QWidget>(name), at); }
     void moveTo(const char* name, const QPoint& at);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     QString focused();

@@ -50,9 +50,8 @@ TEST(SchoolYear, isAskedUntilTheAnswerIsRight) {
                  .initial = u"2006/2007"_s,
                  .answer = typed ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
             if (complaint)
-                boxes.expect({.text = QString::fromUtf8(complaint),
-                              .title = u"Chybová správa"_s,
-                              .icon = QMessageBox::Warning});
+                boxes.expectTold(QString::fromUtf8(complaint), u"Chybová správa"_s,
+                                 QMessageBox::Warning);
         }
         return mainwindow::askSchoolYear(nullptr, {2006, 10, 1});
     };

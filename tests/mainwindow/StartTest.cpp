@@ -58,6 +58,7 @@ TEST_F(MainWindow, menuOpensItsScreens) {
         {"mniVek", Screen::PrintVek},         {"mniVzd", Screen::PrintVzd},
         {"mniZam", Screen::PrintZam},         {"mniOdbStar", Screen::PrintOdbStar},
         {"mniDopUkaz", Screen::PrintDopUkaz}, {"mniZozKlient", Screen::PrintZozKlient},
+        {"mniVykaz", Screen::PrintReturn},    {"mniKlientVykaz", Screen::ClientsInReturn},
         {"mniArchiv", Screen::Archive},       {"mniDearchiv", Screen::Restore}};
     for (const auto& [name, screen] : items) {
         window->findChild<QAction*>(QLatin1String(name))->trigger();
@@ -187,12 +188,14 @@ TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
     EXPECT_EQ(runsEnded, 0);
     EXPECT_TRUE(caption("lblStav").contains(u"iný program"_s));
     expectBox("Chyba č. 3218\n\nSúbor práve používa iný program.", "", QMessageBox::Critical);
-    click("Label1");
+    key(Qt::Key_1, Qt::ControlModifier);
     other.execute("rollback");
     window->findChild<QAction*>(u"mniVek"_s)->trigger();
     EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
     EXPECT_EQ(window->schoolYear(), u"2006/2007"_s);
     EXPECT_EQ(caption("lblStav"), QString());
+    key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(shown("dbgKlient"));
 }
 
 TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
@@ -212,10 +215,18 @@ TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
         if (inTheBackground)
             reg.add(u"k_memo"_s, {{u"poznamky", QString(9 << 20, u'x')}});
         damage();
-        expectBox(question, "Upozornenie", QMessageBox::Warning, yesNo, QMessageBox::Yes);
+        boxes.expect({.text = QString::fromUtf8(question),
+                      .title = u"Upozornenie"_s,
+                      .icon = QMessageBox::Warning,
+                      .buttons = yesNo,
+                      .answer = QMessageBox::Yes,
+                      .meanwhile = [this] {
+                          find<QLabel>("lblSkolskyRok").setText(u"1999/2000"_s);
+                      }});
         open();
         ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
         EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(window->schoolYear(), u"1999/2000"_s) << "what was chosen before";
         EXPECT_EQ(reg.count(u"select * from k_zaklad where idkod='NOVAKJAN00'"_s), 1);
         reg.letGo();
         window->zavri();
@@ -227,6 +238,18 @@ TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
     EXPECT_EQ(runsEnded, 1);
     EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
+}
+
+TEST_F(MainWindow, aRegisterOfAnOlderVersionIsBroughtToThisOneInSight) {
+    store::Connection(reg.folder.database(), store::Connection::Access::ReadWrite)
+        .execute("pragma user_version=1");
+    around.patience = std::chrono::milliseconds(0);
+    boxes.expect({.name = u"frmUprava"_s, .drive = [](QWidget& form) {
+                      QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
+                      EXPECT_TRUE(form.isVisible()) << "nothing can stop it";
+                  }});
+    open();
+    EXPECT_EQ(caption("lblSkolskyRok"), u"2006/2007"_s);
 }
 
 TEST_F(MainWindow, aFaultOfAnActionIsReportedAndTheWindowGoesOn) {

@@ -42,13 +42,17 @@ class Offer : public testing::Test {
     Offer() { files::write(path("tvk.mdb"), sample::bytes()); }
 
     QString path(const char* name) const { return directory.filePath(QString::fromUtf8(name)); }
-    void expectQuestion(QMessageBox::StandardButton answer) {
+    void expectQuestion(QMessageBox::StandardButton answer,
+                        const QString& kept = QStringLiteral("tvk_povodny.mdb"),
+                        const QString& protection = {}) {
         boxes.expect(support::ExpectedBox{
             .text = QStringLiteral(
-                "Súbor tvk.mdb je v pôvodnom formáte. Previesť ho?\n\n"
-                "Všetky údaje sa prenesú do nového súboru tvk.mdb. Pôvodný súbor ostane nezmenený "
-                "vedľa neho ako tvk_povodny.mdb. Po prevode uvidíte, čo sa prenieslo a čo nie.\n\n"
-                "Ak odpoviete Nie, nič sa nezmení a program sa ukončí."),
+                        "Súbor tvk.mdb je v pôvodnom formáte. Previesť ho?\n\n"
+                        "Všetky údaje sa prenesú do nového súboru tvk.mdb. Pôvodný súbor ostane "
+                        "nezmenený "
+                        "vedľa neho ako %1. Po prevode uvidíte, čo sa prenieslo a čo nie.\n\n%2"
+                        "Ak odpoviete Nie, nič sa nezmení a program sa ukončí.")
+                        .arg(kept, protection),
             .title = QStringLiteral("Upozornenie"),
             .icon = QMessageBox::Question,
             .buttons = yesNo,
@@ -96,6 +100,23 @@ TEST_F(Offer, GoesOnWithTheNewRegisterOnYes) {
     window.ukazKlientov();
     EXPECT_EQ(window.findChild<QTableView*>(QStringLiteral("dbgKlient"))->model()->rowCount(), 40);
     EXPECT_EQ(files::read(path("moja.txt")), files::read(path("tvk_prevod.txt")));
+}
+
+TEST_F(Offer, TellsThatAPasswordLocksNothingAndUnderWhichNameTheFileIsKept) {
+    files::write(path("tvk.mdb"), sample::withPassword(sample::bytes()));
+    files::write(path("tvk_povodny.mdb"), "dávne");
+    const auto words = QStringLiteral(
+        "Pôvodný súbor má heslo. V jeho formáte to nič nezamyká: údaje prečíta každý, kto súbor "
+        "má, aj bez hesla. Ani nový register heslo nemá.");
+    expectQuestion(QMessageBox::Yes, QStringLiteral("tvk_povodny_2.mdb"),
+                   words + QStringLiteral("\n\n"));
+    expectWindow("dlgPrevod", [](QWidget&) {});
+    expectWindow("frmPrevod", [&](QWidget& report) {
+        EXPECT_TRUE(report.findChild<QLabel*>(QStringLiteral("lblPrevod"))->text().contains(words));
+        press(report, "Pokračovať");
+    });
+    start();
+    EXPECT_TRUE(QString::fromUtf8(files::read(path("tvk_prevod.txt"))).contains(words));
 }
 
 TEST_F(Offer, ChangesNothingOnNoOrWhenTheConversionIsBrokenOff) {

@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 using namespace oldregister;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -26,16 +27,14 @@ class TakeOver : public testing::Test {
     }
     void expectRegister() {
         store::DBEngine engine;
-        EXPECT_EQ(engine.OpenDatabase(path("tvk.mdb"))
-                      .OpenRecordset(QStringLiteral("k_zaklad"))
-                      ->RecordCount(),
+        EXPECT_EQ(engine.OpenDatabase(path("tvk.mdb")).OpenRecordset(u"k_zaklad"_s)->RecordCount(),
                   40);
     }
 
     QTemporaryDir folder;
-    const QString kept = QStringLiteral("tvk_povodny.mdb");
-    const QString text = QStringLiteral("tvk_prevod.txt");
-    const QString live = QStringLiteral("tvk.mdb");
+    const QString kept = u"tvk_povodny.mdb"_s;
+    const QString text = u"tvk_prevod.txt"_s;
+    const QString live = u"tvk.mdb"_s;
 };
 
 } // namespace
@@ -69,15 +68,11 @@ TEST_F(TakeOver, GoesOnFromWhateverLiesThere) {
              ASSERT_EQ(::link(qPrintable(path("tvk.mdb")), qPrintable(path("tvk_povodny.mdb"))), 0);
          },
          {live, kept, text}},
-        {"an older one",
-         lay("tvk_povodny.mdb"),
-         {live, kept, QStringLiteral("tvk_povodny_2.mdb"), text}},
-        {"an older report",
-         lay("tvk_prevod.txt"),
-         {live, kept, text, QStringLiteral("tvk_prevod_2.txt")}},
+        {"an older one", lay("tvk_povodny.mdb"), {live, kept, u"tvk_povodny_2.mdb"_s, text}},
+        {"an older report", lay("tvk_prevod.txt"), {live, kept, text, u"tvk_prevod_2.txt"_s}},
         {"a journal of another file",
          lay("tvk.mdb-journal"),
-         {live, kept, QStringLiteral("tvk_povodny.mdb-journal"), text}}};
+         {live, kept, u"tvk_povodny.mdb-journal"_s, text}}};
     for (const auto& [name, layIt, names] : cases) {
         SCOPED_TRACE(name);
         for (const QString& file : files::namesIn(folder.path()))

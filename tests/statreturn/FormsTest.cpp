@@ -4,13 +4,19 @@
 #include "report/Fonts.h"
 #include "report/PageCheck.h"
 #include "report/Pages.h"
+#include "report/Print.h"
 #include "statreturn/ImpairmentTable.h"
 #include "statreturn/ReturnRegister.h"
+#include "store/FileBytes.h"
 #include "store/Schema.h"
+
+#include <QProcess>
+#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace statreturn;
@@ -22,76 +28,30 @@ namespace {
 struct Form {
     report::Layout (*make)();
     QString table;
-    /// Fields in the order of the paper, each with the heads over it from the top, as
-    /// "column:head/head/number".
-    QStringList columns;
-    report::Orientation orientation = report::Orientation::Landscape;
     /// Of the table by impairment, else null.
     const ImpairmentTable* totals = nullptr;
+    report::Orientation orientation = report::Orientation::Landscape;
 };
-
-QStringList impairmentColumns(const QString& leading, const QString& group, const QString& girls,
-                              const QString& several) {
-    QStringList columns = leading.split(u' ');
-    columns << u"c_riad:I.r./b"_s << u"spolu:Spolu/1"_s << u"spolu_zeny:z toho dievčatá/2"_s;
-    const QStringList kinds =
-        (u"autiz:syndróm autizmu,menta:mentálne,sluch:sluchové,zrak:zrakové,rec:rečové,"
-         "teles:telesné,viacn:%1,vpsp:vývojové poruchy/správania,"
-         "vpuc:vývojové poruchy/učenia,ine:iné"_s)
-            .arg(several)
-            .split(u',');
-    int number = 3;
-    for (const QString& kind : kinds) {
-        const QString column = u"p_"_s + kind.section(u':', 0, 0);
-        const QString heads = group + u'/' + kind.section(u':', 1);
-        columns << u"%1:%2/spolu/%3"_s.arg(column, heads).arg(number)
-                << u"%1_z:%2/%3/%4"_s.arg(column, heads, girls).arg(number + 1);
-        number += 2;
-    }
-    return columns;
-}
-
-QStringList columnsOfCare() {
-    QStringList columns{u"v_tom:a"_s, u"naz_ria:a"_s, u"c_ria:I.r./b"_s};
-    int number = 1;
-    for (const QString& place :
-         {u"Počet aktivít ambulantných"_s, u"Počet aktivít terénnych (mobilných)"_s}) {
-        for (const QString& heads :
-             {u"spolu"_s, u"v tom/individuálne/jedno- rázové"_s,
-              u"v tom/individuálne/opaku- júce sa"_s, u"v tom/skupinové/jedno- rázové"_s,
-              u"v tom/skupinové/opaku- júce sa"_s}) {
-            columns << u"s_%1:%2/%3/%1"_s.arg(number).arg(place, heads);
-            ++number;
-        }
-    }
-    return columns;
-}
 
 const Form printedForms[] = {
-    {.make = rptVek,
-     .table = u"z_vek"_s,
-     .columns = impairmentColumns(u"stlpec:a vek:a"_s, u"v tom postihnutie (zo stľpca 1)"_s,
-                                  u"dievčatá"_s, u"viacnásobné"_s),
-     .totals = &tableOne},
-    {.make = rptVzd,
-     .table = u"z_vzdelavanie"_s,
-     .columns =
-         impairmentColumns(u"stlpec_1:a stlpec_2:a kod_txt:a"_s,
-                           u"v tom postihnutie (zo stĺpca 1)"_s, u"dievč."_s, u"viacná- sobné"_s),
-     .totals = &tableTwo},
-    {.make = rptZam,
-     .table = u"z_zam"_s,
-     .columns = {u"fcia:a"_s, u"cria:I.r./b"_s, u"i_spolu:Interní/spolu/1"_s,
-                 u"i_zeny:Interní/z toho ženy/2"_s, u"i_kval:Interní/s požadov. kvalifik./3"_s,
-                 u"e_spolu:Externí/spolu/4"_s, u"e_zeny:Externí/z toho ženy/5"_s,
-                 u"e_kval:Externí/s požadov. kvalifik./6"_s}},
-    {.make = rptDopUkaz,
-     .table = u"dop_ukaz"_s,
-     .columns = {u"r_0401:Spolu/1"_s, u"r_0402:Spolu/1"_s, u"r_0403:Spolu/1"_s, u"r_0404:Spolu/1"_s,
-                 u"r_0416:Spolu/1"_s},
-     .orientation = report::Orientation::Portrait},
-    {.make = rptOdbStar, .table = u"odbstar"_s, .columns = columnsOfCare()},
+    {rptVek, u"z_vek"_s, &tableOne},
+    {rptVzd, u"z_vzdelavanie"_s, &tableTwo},
+    {rptZam, u"z_zam"_s},
+    {rptDopUkaz, u"dop_ukaz"_s, nullptr, report::Orientation::Portrait},
+    {rptOdbStar, u"odbstar"_s},
 };
+
+/// The lines of a list beside this test that belong to a form.
+QList<QStringList> linesOf(const char* list, const Form& form) {
+    const QByteArray all =
+        files::read(QStringLiteral(TVK_TEST_DATA "/%1.tsv").arg(QLatin1String(list)));
+    QList<QStringList> lines;
+    for (const QString& line : QString::fromUtf8(all).split(u'\n'))
+        if (line.startsWith(form.table + u'\t'))
+            lines << line.split(u'\t');
+    EXPECT_FALSE(lines.isEmpty()) << list;
+    return lines;
+}
 
 /// The span of the cell around a point, between the lines down.
 std::pair<int, int> cellAround(const std::vector<Control>& controls, int x, int y) {
@@ -148,6 +108,8 @@ class WideRows : public report::RowSource {
     qsizetype row_ = -1;
 };
 
+/// A line tells a field, in the order of the paper, and the heads over it from the top, as
+/// "column:head/head/number".
 TEST(FormsTest, EachColumnStandsUnderItsHeadsAndOverItsTotal) {
     for (const Form& form : printedForms) {
         report::Layout layout = form.make();
@@ -164,7 +126,10 @@ TEST(FormsTest, EachColumnStandsUnderItsHeadsAndOverItsTotal) {
             EXPECT_NE(table->column(field->dataField), nullptr) << field->dataField.toStdString();
             columns << field->dataField + u':' + headsOver(layout, field->left + field->width / 2);
         }
-        EXPECT_EQ(columns.join(u'\n'), form.columns.join(u'\n'));
+        QStringList expected;
+        for (const QStringList& line : linesOf("columns", form))
+            expected << line[1];
+        EXPECT_EQ(columns.join(u'\n'), expected.join(u'\n'));
         for (std::size_t i = 0; form.totals && i < printedColumns.size(); ++i) {
             const Control& total = layout.reportFooter.control(form.totals->totals[i]);
             EXPECT_EQ(total.left, fields[fields.size() - printedColumns.size() + i]->left);
@@ -196,6 +161,10 @@ TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
         EXPECT_EQ(report::layoutFaults(at.pages).join(u'\n'), QString())
             << form.table.toStdString();
         EXPECT_EQ(at.pages.pages.size(), 1U);
+        const auto names =
+            std::ranges::count(at.pages.pages[0].texts, u"kod_txt"_s, &report::PlacedText::control);
+        EXPECT_EQ(names, form.table == u"z_vzdelavanie" ? at.rows.size() + 1 : 0)
+            << "one name goes on in a second line";
         report::Layout layout = form.make();
         for (std::size_t i = 0; form.totals && i < printedColumns.size(); ++i)
             layout.reportFooter.control(form.totals->totals[i]).caption = u"88888"_s;
@@ -206,6 +175,83 @@ TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
         // The frame is the same whatever stands in it.
         EXPECT_EQ(pages.pages[0].lines.size(), at.pages.pages[0].lines.size());
     }
+}
+
+/// A line tells a section, and where a text or a field in braces begins in it: its left and its
+/// top, unless the section has one line alone.
+TEST(FormsTest, TextsAndFieldsBeginWhereTheFormHasThem) {
+    for (const Form& form : printedForms) {
+        const report::Layout layout = form.make();
+        for (const QStringList& place : linesOf("places", form)) {
+            const auto isThere = [&](const Control& control) {
+                const bool isField = control.kind == ControlKind::Field;
+                return (isField ? u'{' + control.dataField + u'}' : control.caption) == place[4] &&
+                       control.left == place[2].toInt() &&
+                       (place[3].isEmpty() || control.top == place[3].toInt());
+            };
+            EXPECT_TRUE(std::ranges::any_of(layout.section(place[1]).controls, isThere))
+                << place.join(u' ').toStdString();
+        }
+    }
+}
+
+/// Words of a PDF by page, each with its left upper corner in twips.
+struct PdfWord {
+    int page;
+    QString word;
+    QPointF at;
+};
+
+QList<PdfWord> wordsOf(const report::Pages& pages) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"pages.pdf"_s));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && report::writePdf(pages, file));
+    file.close();
+    QProcess tool;
+    tool.start(u"pdftotext"_s, {u"-bbox"_s, file.fileName(), u"-"_s});
+    EXPECT_TRUE(tool.waitForFinished()) << "pdftotext is missing";
+    QXmlStreamReader xml(tool.readAllStandardOutput());
+    QList<PdfWord> words;
+    for (int page = -1; !xml.atEnd(); xml.readNext()) {
+        page += xml.isStartElement() && xml.name() == u"page" ? 1 : 0;
+        if (!xml.isStartElement() || xml.name() != u"word")
+            continue;
+        constexpr double twipsPerPoint = 20;
+        const QPointF at(xml.attributes().value(u"xMin"_s).toDouble(),
+                         xml.attributes().value(u"yMin"_s).toDouble());
+        words << PdfWord{page, xml.readElementText(), at * twipsPerPoint};
+    }
+    return words;
+}
+
+TEST(FormsTest, EachTextOfTheWholeReturnStandsInThePdfWhereItsPageHasIt) {
+    ReturnRegister at({u"ukazka"_s, u"--klienti"_s, u"60"_s});
+    printReturn(at.tools, u"2006/2007"_s, today, nullptr);
+    const QList<PdfWord> words = wordsOf(at.pages);
+    const report::FontMeter meter;
+    constexpr double millimetre = 1440 / 25.4;
+    qsizetype compared = 0;
+    for (std::size_t page = 0; page < at.pages.pages.size(); ++page) {
+        for (const report::PlacedText& text : at.pages.pages[page].texts) {
+            const QString trimmed = text.text.trimmed();
+            if (trimmed.isEmpty())
+                continue;
+            const QString blanks = text.text.left(text.text.indexOf(trimmed));
+            const QPointF expected(text.left + meter.width(blanks, text.style),
+                                   text.extent().top());
+            compared += 1;
+            EXPECT_TRUE(std::ranges::any_of(words,
+                                            [&](const PdfWord& word) {
+                                                const QPointF off = word.at - expected;
+                                                return word.page == int(page) &&
+                                                       trimmed.startsWith(word.word) &&
+                                                       std::abs(off.x()) < millimetre &&
+                                                       std::abs(off.y()) < millimetre;
+                                            }))
+                << page << ": " << text.text.toStdString();
+        }
+    }
+    EXPECT_GT(compared, 900);
 }
 
 } // namespace

@@ -79,19 +79,6 @@ TEST_F(DataSourceTest, TellsWhatHappens) {
     EXPECT_EQ(taken(), u"leave refreshed moved"_s);
 }
 
-TEST_F(DataSourceTest, AnErrorAtTheEndIsToldLater) {
-    {
-        DataSource ending(engine);
-        point(ending);
-        ending.Refresh();
-        QObject::connect(&ending, &DataSource::aboutToLeave, [&] { ending.Recordset().Update(); });
-        ending.Recordset().Edit();
-        ending.Recordset().Fields(u"idkod").setValue(u"B"_s);
-    }
-    EXPECT_ENGINE_ERROR(engine.commitPending(), 3022);
-    engine.commitPending();
-}
-
 TEST_F(DataSourceTest, AFailedRefreshEndsTheOldRows) {
     EXPECT_FALSE(source.isOpen());
     EXPECT_ENGINE_ERROR(source.Recordset(), 3021);

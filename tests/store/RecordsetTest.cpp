@@ -421,10 +421,14 @@ TEST_F(RecordsetTest, StoredQueriesAreSources) {
     EXPECT_EQ(at(*open(u"vyp_zaklad"_s), u"meno"), u"Eva"_s);
     EXPECT_ENGINE_ERROR(database.QueryDefs(u"vyp_niet"_s).SQL(), 3265);
     EXPECT_EQ(open(u"vyp_zaklad"_s)->RecordCount(), 4);
+    EXPECT_ENGINE_ERROR(database.CreateQueryDef(u"VYP_ZAKLAD"_s, u"select 1"_s), 3012);
+    database.CreateQueryDef(u"vyp_nova"_s, byName);
+    EXPECT_EQ(open(u"vyp_nova"_s)->RecordCount(), 4);
     execute({u"insert into zamestnanci (idkod,meno,priezv) values ('Z','Zita','Zlá')"_s,
              u"insert into k_zaznam_zmeny (idkod,idkod_p,datum,zmeny) values "
              "('NOVAKJA00','Z',datevalue('1.9.2006'),'nič')"_s});
     auto notes = open(u"vyp_zazZmeny"_s);
-    EXPECT_EQ(at(*notes, u"datum") + at(*notes, u"Expr1") + at(*notes, u"zmeny"),
-              u"01.09.2006Zita  Zlánič"_s);
+    EXPECT_EQ(at(*notes, u"idkod") + at(*notes, u"datum") + at(*notes, u"Expr1") +
+                  at(*notes, u"zmeny"),
+              u"NOVAKJA0001.09.2006Zita  Zlánič"_s);
 }

@@ -24,7 +24,7 @@ inline QString text(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
 
-/// A register, and a card on it that is driven by keys as a user does.
+/// A register, and a card or form on it that is driven by keys as a user does.
 template <class Card>
 class CardDriver : public testing::Test {
   protected:
@@ -81,8 +81,7 @@ class CardDriver : public testing::Test {
         key(Qt::Key_Return);
     }
     void press(QWidget& widget) {
-        QTest::mouseClick(card->windowHandle(), Qt::LeftButton, {},
-                          widget.mapTo(&*card, widget.rect().center()));
+        support::press(widget);
         boxes.allCame();
     }
     void click(const char* button) { press(at<QPushButton>(button)); }
@@ -96,15 +95,17 @@ class CardDriver : public testing::Test {
     }
     void expect(const char* message, const char* title = "Chybová správa",
                 QMessageBox::Icon icon = QMessageBox::Warning) {
-        boxes.expect({.text = text(message), .title = text(title), .icon = icon});
+        boxes.expectTold(text(message), text(title), icon);
     }
+    /// Enter alone is No.
     void expectQuestion(const QString& question, const QString& title,
                         QMessageBox::StandardButton answer) {
         boxes.expect({.text = question,
                       .title = title,
                       .icon = QMessageBox::Question,
                       .buttons = QMessageBox::Yes | QMessageBox::No,
-                      .answer = answer});
+                      .answer = answer,
+                      .byEnter = answer == QMessageBox::No});
     }
     void expectEngineError(const char* message) { expect(message, "", QMessageBox::Critical); }
     /// From now on the file refuses an action, as "insert on k_zaklad".

@@ -42,17 +42,29 @@ void dismiss(QWidget& window, const char* fault) {
         window.close();
 }
 
-/// A press that goes through the window system, and so nowhere that a user could not reach.
-void press(QWidget& window, const QWidget& target) {
-    const QPoint centre = target.mapTo(&window, target.rect().center());
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, centre);
-}
-
 bool isExpectable(const QWidget& window) {
     return window.isWindow() && (window.isModal() || qobject_cast<const QMessageBox*>(&window));
 }
 
 } // namespace
+
+void press(QWidget& target) {
+    press(target, target.rect().center());
+}
+
+void press(QWidget& target, QPoint inside) {
+    QTest::mouseClick(target.window()->windowHandle(), Qt::LeftButton, {},
+                      target.mapTo(target.window(), inside));
+}
+
+ExpectedWindow fileDialog(const QString& name, const std::function<void(QWidget&)>& look) {
+    return {u"QFileDialog"_s, [=](QWidget& dialog) {
+                look(dialog);
+                auto* line = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+                line->setText(name);
+                QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+            }};
+}
 
 ScriptedBoxes::ScriptedBoxes() {
     qApp->installEventFilter(this);
@@ -110,10 +122,15 @@ void ScriptedBoxes::meet(const ExpectedBox& expected, QWidget& window) {
     if (expected.meanwhile)
         expected.meanwhile();
     QAbstractButton* button = box->button(expected.answer);
+    if (expected.byEnter) {
+        EXPECT_EQ(box->standardButton(box->defaultButton()), expected.answer);
+    }
     if (expected.byEscape)
         QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    else if (expected.byEnter)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
     else if (button != nullptr)
-        press(*box, *button);
+        press(*button);
 }
 
 void ScriptedBoxes::meet(const ExpectedInput& expected, QWidget& window) {

@@ -22,6 +22,8 @@ struct ExpectedBox {
     QMessageBox::StandardButton answer = QMessageBox::Ok;
     /// Presses Esc instead; `answer` is ignored.
     bool byEscape = false;
+    /// Presses Enter instead, which has to be the answer.
+    bool byEnter = false;
     /// Run while the box is on show, before the answer.
     std::function<void()> meanwhile = {};
 };
@@ -40,6 +42,15 @@ struct ExpectedWindow {
     std::function<void(QWidget&)> drive = {};
 };
 
+/// Presses a widget by the mouse through the window system, and so nothing that a user could not
+/// reach: at its centre, or at a place in it.
+void press(QWidget& target);
+void press(QWidget& target, QPoint inside);
+
+/// A dialog for files, in which a name is typed; Esc for none.
+ExpectedWindow fileDialog(
+    const QString& name, const std::function<void(QWidget&)>& look = [](QWidget&) {});
+
 /// The boxes that a test expects, in order. They are answered as a user would, by clicks and keys
 /// on the real box. A box that is not expected, or differs, fails the test and is dismissed; one
 /// that never came fails it in the destructor.
@@ -51,6 +62,16 @@ class ScriptedBoxes : public QObject {
     Q_DISABLE_COPY_MOVE(ScriptedBoxes)
 
     void expect(ExpectedBox box) { expected_.emplace_back(std::move(box)); }
+    /// A box with nothing to decide.
+    void expectTold(const QString& text, const QString& title = {},
+                    QMessageBox::Icon icon = QMessageBox::Information) {
+        expect(ExpectedBox{.text = text, .title = title, .icon = icon});
+    }
+    void expectAsked(const QString& text, const QString& title, QMessageBox::Icon icon,
+                     QMessageBox::StandardButtons buttons, QMessageBox::StandardButton answer) {
+        expect(ExpectedBox{
+            .text = text, .title = title, .icon = icon, .buttons = buttons, .answer = answer});
+    }
     void expect(ExpectedInput input) { expected_.emplace_back(std::move(input)); }
     void expect(ExpectedWindow window) { expected_.emplace_back(std::move(window)); }
     /// True when all of them have come.

@@ -154,11 +154,8 @@ TEST_F(ValidatorsTest, OnlyATakenImpairmentIsRefusedAndOnlyWhenDuplicatesMatter)
 
 TEST_F(ValidatorsTest, ThePromptOfErrors) {
     for (const Button answer : {Yes, No}) {
-        boxes.expect(support::ExpectedBox{.text = u"Nesedí kontrolný súčet ! Opraviť ?"_s,
-                                          .title = u"Chyba !"_s,
-                                          .icon = QMessageBox::Critical,
-                                          .buttons = Yes | No,
-                                          .answer = answer});
+        boxes.expectAsked(u"Nesedí kontrolný súčet ! Opraviť ?"_s, u"Chyba !"_s,
+                          QMessageBox::Critical, Yes | No, answer);
         EXPECT_EQ(opravit(nullptr, u"Nesedí kontrolný súčet !"_s), answer == Yes);
     }
 }

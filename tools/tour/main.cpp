@@ -70,7 +70,8 @@ void walkFirstClient(const QString& output) {
         tour::walkNewEmployee(guide);
         tour::walkNewClient(guide);
         tour::walkSchoolYear(guide);
-        tour::walkTableOne(guide, window);
+        tour::walkEntryForms(guide);
+        tour::walkWholeReturn(guide, window);
     });
 }
 
@@ -79,8 +80,12 @@ void walkSample(const QString& output) {
         tour::walkLists(guide);
         tour::walkClientCard(guide);
         tour::walkSchoolYear(guide);
-        tour::walkTableOne(guide, window);
+        tour::walkTables(guide, window);
+        tour::walkWholeReturn(guide, window);
+        tour::walkClientsInReturn(guide, window);
+        tour::walkClientList(guide, window);
         tour::walkCopies(guide, window);
+        tour::walkDataCheck(guide, window);
     });
 }
 

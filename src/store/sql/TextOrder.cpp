@@ -170,6 +170,8 @@ std::size_t TextOrder::sharedLength(std::string_view left, std::string_view righ
 }
 
 int TextOrder::compare(std::string_view left, std::string_view right) const {
+    if (left == right)
+        return 0;
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
     if (left == right)
