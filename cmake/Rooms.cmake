@@ -6,7 +6,7 @@ cmake_policy(VERSION 3.25)
 set(floors
     "app"
     "mainwindow"
-    "clientcard staff statreturn printouts backup oldregister datacheck"
+    "clientcard staff statreturn printouts backup oldregister datacheck help"
     "card"
     "printing"
     "validation"

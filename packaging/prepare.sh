@@ -3,11 +3,12 @@
 
 build_packages=(g++ cmake ninja-build ccache mold pkg-config
     qt6-base-dev qt6-svg-dev qt6-translations-l10n
-    libsqlite3-dev libicu-dev libzip-dev mdbtools-dev fonts-liberation)
+    libsqlite3-dev libicu-dev libzip-dev libqpdf-dev mdbtools-dev fonts-liberation)
 run_packages=(libqt6svg6 qt6-qpa-plugins)
 test_packages=(libgtest-dev poppler-utils)
 ci_packages=(git clang clang-format libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
+deb_packages=(git dpkg-dev debhelper fakeroot lintian librsvg2-bin desktop-file-utils appstream)
 
 is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

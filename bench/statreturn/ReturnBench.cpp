@@ -1,7 +1,9 @@
 /// Tables I to III without their previews against the best statements that we could write by hand
-/// for SQLite alone, on the same rows.
+/// for SQLite alone, on the same rows; and what the whole return as PDF takes beyond them.
 
 #include "common/Figures.h"
+#include "report/Print.h"
+#include "statreturn/ReturnPrints.h"
 #include "statreturn/TableOne.h"
 #include "statreturn/TableThree.h"
 #include "statreturn/TableTwo.h"
@@ -10,8 +12,10 @@
 #include "store/Schema.h"
 #include "store/SqlFunctions.h"
 
+#include <QBuffer>
 #include <QDate>
 #include <QFile>
+#include <QGuiApplication>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -230,9 +234,46 @@ bench::Times compare(bench::Figures& figures, int clients, int years, int runs) 
         [&] { byHand(*registers.bare, turn(theirs)); }, 3.0, runs);
 }
 
+/// Makes the whole return and writes it as PDF.
+void wholeReturn(Registers& registers, const QDate& today) {
+    const auto writePdf = [](const report::Pages& pages, QWidget*) {
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        if (pages.pages.size() != 5 || !report::writePdf(pages, file))
+            throw std::runtime_error("no return came");
+    };
+    const statreturn::ReturnTools tools{
+        {registers.engine, store::ProgramFolder(registers.directory.path()), writePdf},
+        *registers.datTlac,
+        *registers.datCisVzd};
+    statreturn::printReturn(tools, u"2006/2007"_s, today, nullptr);
+}
+
+/// Times the whole return against the making of its tables alone.
+void compareWhole(bench::Figures& figures, int clients) {
+    Registers registers(clients, 5);
+    QDate day(2007, 9, 3);
+    // A year back and forth changes every age.
+    const auto turn = [&day] {
+        return day = day.addYears(day.year() == 2007 ? -1 : 1);
+    };
+    figures.compare(
+        "whole return as PDF, " + std::to_string(clients) + " clients, against its tables alone",
+        [&] { wholeReturn(registers, turn()); },
+        [&] {
+            tableOne(registers, turn());
+            tableTwo(registers);
+            tableThree(registers);
+        },
+        1.5, 7);
+}
+
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
+    bench::needNoDisplay();
+    // The pages take their measures from its fonts.
+    const QGuiApplication application(argc, argv);
     bench::Figures figures("Tables of the return without preview, against statements by hand");
     compare(figures, 1000, 5, 7);
     const bench::Times small = compare(figures, 10000, 5, 7);
@@ -245,5 +286,6 @@ int main() {
                   1.5);
     figures.ratio("Table III, an employee of 10000 against one of 1000", largeThree.over(10),
                   smallThree, 1.5);
+    compareWhole(figures, 10000);
     return figures.print();
 }

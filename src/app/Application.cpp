@@ -10,6 +10,8 @@ namespace app {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("TVK"));
+    setApplicationVersion(QStringLiteral(TVK_VERSION));
+    setDesktopFileName(QStringLiteral("sk.tvk.register"));
     // The main window says when the run is over: an archiving closes and opens it.
     setQuitOnLastWindowClosed(false);
     forms::dress(*this);

@@ -6,13 +6,20 @@
 #include "datacheck/FrmKontrola.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "help/HelpWindow.h"
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Conversion.h"
 #include "oldregister/FileKind.h"
+#include "printouts/CardPrints.h"
 #include "staff/FrmPsychUdaj.h"
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
+#include "validation/modKontrola.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
 
 #include <map>
 
@@ -55,6 +62,27 @@ void printOdbStar(FrmUvod& window) {
     statreturn::printOdbStar(printTools(window), window.surroundings().today(), &window);
 }
 
+void printZozKlient(FrmUvod& window) {
+    printouts::printClientList(printTools(window), window.surroundings().today(), &window);
+}
+
+void openClientCard(FrmUvod& window) {
+    using clientcard::FrmKlientUdaj;
+    const mainwindow::Surroundings& around = window.surroundings();
+    FrmKlientUdaj card(around.engine, around.folder, &window);
+    card.setPrinting([&](const FrmKlientUdaj::Shown& shown) {
+        printouts::printTab(printTools(window), shown.tab,
+                            {modKontrola::gIdKod, shown.visits, shown.isChanged}, around.today(),
+                            &card);
+    });
+    card.exec();
+}
+
+void printReturn(FrmUvod& window) {
+    statreturn::printReturn(returnTools(window), window.schoolYear(), window.surroundings().today(),
+                            &window);
+}
+
 /// Opens a screen that works on the register and waits until it is done.
 template <class Dialog>
 void openDialog(FrmUvod& window) {
@@ -63,14 +91,14 @@ void openDialog(FrmUvod& window) {
 }
 
 /// A register of ours, or one of the old format, which the next load offers to take over.
-bool isRegister(store::DBEngine& engine, const QString& path) {
+bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
     try {
         if (oldregister::kindOf(path) == oldregister::FileKind::OldRegister) {
-            oldregister::readThrough(path);
+            oldregister::readThrough(path, tell);
             return true;
         }
         engine.OpenDatabase(path).Close();
-        store::DBEngine::verifyDatabase(path);
+        store::DBEngine::verifyDatabase(path, tell);
         return true;
     } catch (const store::EngineError& error) {
         if (error.number() != store::ErrorNumber::UnrecognizedFile)
@@ -97,9 +125,10 @@ void archive(FrmUvod& window) {
 }
 
 void restoreAs(const char* mode, const mainwindow::Surroundings& around) {
-    backup::FrmDearch_new form(around.engine, around.folder, [&around](const QString& path) {
-        return isRegister(around.engine, path);
-    });
+    backup::FrmDearch_new form(around.engine, around.folder,
+                               [&around](const QString& path, const store::TellProgress& tell) {
+                                   return isRegister(around.engine, path, tell);
+                               });
     form.setMode(QString::fromLatin1(mode));
     form.exec();
 }
@@ -135,10 +164,28 @@ void checkData(FrmUvod& window) {
         window.obnovZoznam();
 }
 
-/// Every screen that there is. What is missing here is told to the user as not ready yet.
+void showHelp(FrmUvod& window) {
+    help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
+}
+
+void showAbout(FrmUvod& window) {
+    const QString path = window.surroundings().folder.database();
+    const QLocale slovak(QLocale::Slovak, QLocale::Slovakia);
+    forms::showMessage(
+        &window,
+        {.text = QStringLiteral("TVK %1, register centra špeciálno-pedagogického poradenstva\n\n"
+                                "Slobodný softvér s licenciou GNU GPL, verzia 3 alebo novšia, bez "
+                                "záruky.\n\nRegister: %2\nVeľkosť: %3")
+                     .arg(QCoreApplication::applicationVersion(), QDir::toNativeSeparators(path),
+                          slovak.formattedDataSize(QFileInfo(path).size())),
+         .title = QStringLiteral("O programe"),
+         .icon = QMessageBox::Information});
+}
+
+/// Every screen that there is.
 const std::map<Screen, Opener>& openers() {
     static const std::map<Screen, Opener> table{
-        {Screen::ClientCard, openDialog<clientcard::FrmKlientUdaj>},
+        {Screen::ClientCard, openClientCard},
         {Screen::EmployeeCard, openDialog<staff::FrmPsychUdaj>},
         {Screen::TableIV, openDialog<statreturn::FrmDoUkaz>},
         {Screen::TableV, openDialog<statreturn::FrmOdbStar>},
@@ -147,10 +194,14 @@ const std::map<Screen, Opener>& openers() {
         {Screen::PrintZam, printZam},
         {Screen::PrintDopUkaz, printDopUkaz},
         {Screen::PrintOdbStar, printOdbStar},
+        {Screen::PrintZozKlient, printZozKlient},
+        {Screen::PrintReturn, printReturn},
         {Screen::Archive, archive},
         {Screen::Restore, restore},
         {Screen::RestoreAtStart, restoreAtStart},
         {Screen::DataCheck, checkData},
+        {Screen::Help, showHelp},
+        {Screen::About, showAbout},
     };
     return table;
 }
@@ -158,12 +209,7 @@ const std::map<Screen, Opener>& openers() {
 } // namespace
 
 void openScreen(Screen screen, FrmUvod& window) {
-    const auto opener = openers().find(screen);
-    if (opener != openers().end())
-        return opener->second(window);
-    forms::showMessage(&window, {.text = QStringLiteral("Táto časť programu sa pripravuje."),
-                                 .title = QStringLiteral("Informácia"),
-                                 .icon = QMessageBox::Information});
+    openers().at(screen)(window);
 }
 
 } // namespace app

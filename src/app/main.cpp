@@ -1,7 +1,9 @@
 #include "app/Application.h"
 #include "app/OneRun.h"
+#include "app/RegisterPlace.h"
 #include "app/Screens.h"
 #include "forms/MessageBox.h"
+#include "help/HelpKey.h"
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Offer.h"
 #include "oldregister/ReaderMain.h"
@@ -9,6 +11,7 @@
 #include "store/ProgramFolder.h"
 
 #include <QDate>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -32,6 +35,11 @@ void tellHolder(const QString& holder) {
                         .icon = QMessageBox::Warning});
 }
 
+QString userFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/tvk");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -40,13 +48,16 @@ int main(int argc, char** argv) {
     // Other arguments are none of ours, nor of the toolkit's.
     int programName = std::min(argc, 1);
     app::Application application(programName, argv);
-    const store::ProgramFolder folder(QCoreApplication::applicationDirPath());
+    const help::HelpKey helpKey(application);
+    const QString programFolder = QCoreApplication::applicationDirPath();
+    const store::ProgramFolder folder = app::registerPlace(programFolder, userFolder());
     app::OneRun run(folder.database());
     const app::OneRun::Outcome outcome = run.take();
     if (outcome == app::OneRun::Outcome::Held)
         tellHolder(run.holder());
     if (outcome != app::OneRun::Outcome::Taken)
         return 0;
+    app::offerEmptyRegister(folder, app::emptyRegisterOf(programFolder));
     store::DBEngine engine;
     application.beforeWaiting([&engine] { engine.commitPending(); });
 

@@ -28,7 +28,7 @@ constexpr qint64 chunk = 1 << 18;
 
 /// What libzip's callbacks know of a work.
 struct Packing {
-    const TellProgress& tell;
+    const store::TellProgress& tell;
     bool givenUp = false;
 };
 
@@ -57,7 +57,7 @@ void addRegister(zip_t* archive, const QString& path) {
                                      zip_uint32_t{S_IFREG | S_IRUSR | S_IWUSR} << 16U);
 }
 
-void pack(const QString& path, const QString& made, const TellProgress& tell) {
+void pack(const QString& path, const QString& made, const store::TellProgress& tell) {
     // libzip gives what it makes the rights of what it replaces.
     store::createPrivateFile(made);
     int code = 0;
@@ -72,7 +72,7 @@ void pack(const QString& path, const QString& made, const TellProgress& tell) {
     zip_register_cancel_callback_with_state(archive.get(), isPackingGivenUp, nullptr, &packing);
     if (zip_close(archive.get()) != 0) {
         if (packing.givenUp)
-            throw GivenUp();
+            throw store::GivenUp();
         throw zipFault(*zip_get_error(archive.get()), made);
     }
     static_cast<void>(archive.release());
@@ -93,7 +93,7 @@ void openToRead(QFile& file) {
 
 /// Reads both to the end, of which the first is `size` long, and compares them.
 template <typename Read>
-void compare(const Read& read, quint64 size, const QString& path, const Share& share) {
+void compare(const Read& read, quint64 size, const QString& path, const store::Share& share) {
     QFile original(path);
     openToRead(original);
     std::vector<char> ours(chunk);
@@ -110,11 +110,11 @@ void compare(const Read& read, quint64 size, const QString& path, const Share& s
         throwDifferent(path);
 }
 
-void readBack(const QString& made, const QString& path, const TellProgress& tell) {
+void readBack(const QString& made, const QString& path, const store::TellProgress& tell) {
     try {
         ZipEntry entry(made);
         compare([&](char* into, qint64 most) { return entry.read(into, most); }, entry.size(), path,
-                Share(tell, 0.7, 1));
+                store::Share(tell, 0.7, 1));
     } catch (ZipEntry::Fault) {
         throwDifferent(made);
     }
@@ -147,47 +147,31 @@ class Begun {
     bool kept_ = false;
 };
 
-void copy(const QString& from, const QString& to, const Share& share) {
-    store::createPrivateFile(to);
-    QFile source(from);
-    openToRead(source);
-    QFile target(to);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw EngineError(ErrorNumber::CannotOpen, QStringLiteral("Archív sa nedá vytvoriť."), to);
-    std::vector<char> bytes(chunk);
-    for (qint64 count = 0; (count = source.read(bytes.data(), chunk)) > 0;) {
-        if (target.write(bytes.data(), count) != count)
-            throw EngineError(ErrorNumber::DiskFull,
-                              QStringLiteral("Archív sa nedá zapísať, disk je asi plný."), to);
-        share(static_cast<double>(source.pos()) / static_cast<double>(source.size()));
-    }
-    target.close();
-    store::syncFile(to);
-}
-
-void compareFiles(const QString& made, const QString& original, const Share& share) {
+void compareFiles(const QString& made, const QString& original, const store::Share& share) {
     QFile file(made);
     openToRead(file);
     compare([&](char* into, qint64 most) { return file.read(into, most); },
             static_cast<quint64>(file.size()), original, share);
 }
 
-/// Two names of one place, whether or not something lies there.
-bool isSamePlace(const QString& one, const QString& other) {
-    const auto identity = store::fileIdentity(one);
-    if (identity && identity == store::fileIdentity(other))
-        return true;
+/// Two paths to one name, whether or not something lies there.
+bool isSameName(const QString& one, const QString& other) {
     const QFileInfo first(one);
     const QFileInfo second(other);
     return first.fileName() == second.fileName() &&
            first.dir().canonicalPath() == second.dir().canonicalPath();
 }
 
+bool isSameFile(const QString& one, const QString& other) {
+    const auto identity = store::fileIdentity(one);
+    return (identity && identity == store::fileIdentity(other)) || isSameName(one, other);
+}
+
 void refuseOwnFiles(const store::ProgramFolder& folder, const QString& target) {
     static constexpr auto own =
         std::to_array<QStringView>({u"tvk.mdb", u"tvk_ren.mdb", u"tmp.mdb", u"arch_tmp.zip"});
     for (const QStringView name : own) {
-        if (isSamePlace(folder.path(name), target))
+        if (isSameFile(folder.path(name), target))
             throw EngineError(ErrorNumber::TargetExists,
                               QStringLiteral("Do súboru %1 sa archív uložiť nedá, pracuje s ním "
                                              "program. Zvoľte iný názov.")
@@ -199,7 +183,7 @@ void refuseOwnFiles(const store::ProgramFolder& folder, const QString& target) {
 } // namespace
 
 void makeArchive(store::DBEngine& engine, const store::ProgramFolder& folder,
-                 const TellProgress& tell) {
+                 const store::TellProgress& tell) {
     const QString path = folder.database();
     // What a crash has left half-written must not be packed.
     if (store::hasHotJournal(path))
@@ -211,16 +195,17 @@ void makeArchive(store::DBEngine& engine, const store::ProgramFolder& folder,
 }
 
 void placeArchive(const store::ProgramFolder& folder, const QString& target,
-                  const TellProgress& tell) {
+                  const store::TellProgress& tell) {
     refuseOwnFiles(folder, target);
     const QString made = folder.path(u"arch_tmp.zip");
-    if (isSamePlace(folder.path(u"arch_tvk.zip"), target))
+    if (isSameName(folder.path(u"arch_tvk.zip"), target))
         return store::replaceFile(made, folder.path(u"arch_tvk.zip"));
     const QFileInfo existing(target);
     const QString place = existing.exists() ? existing.canonicalFilePath() : target;
     const Begun begun(place + QStringLiteral(".cast"));
-    copy(made, begun.path(), Share(tell, 0, 0.6));
-    compareFiles(begun.path(), made, Share(tell, 0.6, 1));
+    const store::Share copied(tell, 0, 0.6);
+    store::copyFile(made, begun.path(), [&copied](double part) { return copied.tells(part); });
+    compareFiles(begun.path(), made, store::Share(tell, 0.6, 1));
     store::replaceFile(begun.path(), place);
 }
 

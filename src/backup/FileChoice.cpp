@@ -1,6 +1,7 @@
 #include "backup/FileChoice.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QStandardPaths>
 
 namespace backup {
@@ -12,10 +13,23 @@ QString startFolder() {
     return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
+/// Takes a typed name without the blanks around it, so that what it asks about is what is chosen.
+class TrimmingDialog : public QFileDialog {
+  public:
+    using QFileDialog::QFileDialog;
+
+  protected:
+    void accept() override {
+        if (auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+            name->setText(name->text().trimmed());
+        QFileDialog::accept();
+    }
+};
+
 } // namespace
 
 std::optional<QString> chooseFile(QWidget* parent, const FileChoice& choice) {
-    QFileDialog dialog(parent, choice.title, startFolder());
+    TrimmingDialog dialog(parent, choice.title, startFolder());
     // The desktop's own would speak the desktop's language.
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(choice.mode);

@@ -29,7 +29,7 @@ FrmArch_new::FrmArch_new(store::DBEngine& engine, const store::ProgramFolder& fo
 void FrmArch_new::work() {
     try {
         archive();
-    } catch (const GivenUp&) {
+    } catch (const store::GivenUp&) {
         fail(QStringLiteral("Archivácia bola zrušená."));
     } catch (const store::EngineError& error) {
         fail(error.description(), error.place());

@@ -27,7 +27,7 @@ FrmDearch_new::FrmDearch_new(store::DBEngine& engine, const store::ProgramFolder
 void FrmDearch_new::work() {
     try {
         restore();
-    } catch (const GivenUp&) {
+    } catch (const store::GivenUp&) {
         fail(QStringLiteral("Obnova bola zrušená."));
     } catch (const store::EngineError& error) {
         fail(error.description());
@@ -53,7 +53,7 @@ void FrmDearch_new::restore() {
     if (found == Finding::Sound)
         putInPlace(restored);
     else
-        tellBad();
+        tellBad(restored);
 }
 
 bool FrmDearch_new::overwriteAgreed() {
@@ -70,9 +70,15 @@ void FrmDearch_new::putInPlace(Restore& restored) {
     tell(QStringLiteral("Obnova dát bola úspešne ukončená"), QMessageBox::Information);
 }
 
-void FrmDearch_new::tellBad() {
+/// What an earlier restore has kept comes back to where no register is.
+void FrmDearch_new::tellBad(Restore& restored) {
+    QString detail;
+    if (restored.bringBackOld())
+        detail = QStringLiteral("Údaje z tvk_ren.mdb sú opäť v tvk.mdb.");
+    else if (isFromMenu())
+        detail = QStringLiteral("Doterajšie údaje sa nezmenili.");
     tell(QStringLiteral("Obnova dát nebola úspešná, chybný arch_tvk.zip"), QMessageBox::Information,
-         isFromMenu() ? QStringLiteral("Doterajšie údaje sa nezmenili.") : QString());
+         detail);
 }
 
 void FrmDearch_new::fail(const QString& why) {

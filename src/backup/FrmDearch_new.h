@@ -24,7 +24,7 @@ class FrmDearch_new : public BackupForm {
     void restore();
     bool overwriteAgreed();
     void putInPlace(Restore& restored);
-    void tellBad();
+    void tellBad(Restore& restored);
     void fail(const QString& why);
     bool isFromMenu() const { return mode_ == QStringLiteral("MENU"); }
 

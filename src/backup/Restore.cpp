@@ -9,8 +9,6 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include <unistd.h>
-
 #include <vector>
 
 namespace backup {
@@ -24,22 +22,13 @@ constexpr qint64 portion = 1 << 18;
 /// No register of this size has ever been packed to so small a part of it.
 constexpr quint64 bombSize = quint64{64} << 20U;
 constexpr quint64 bombRatio = 200;
-
-constexpr const char16_t* journals[] = {u"-journal", u"-wal", u"-shm"};
+/// The share of the work that is done when the register is checked.
+constexpr double unpacking = 0.4;
 
 void removeWithJournals(const QString& path) {
     QFile::remove(path);
-    for (const char16_t* suffix : journals)
+    for (const char16_t* suffix : store::journalSuffixes)
         QFile::remove(path + QString::fromUtf16(suffix));
-}
-
-/// A journal beside the old file is none of the new one, which would be spoilt by it.
-void moveJournals(const QString& path, const QString& kept) {
-    for (const char16_t* suffix : journals) {
-        const QString journal = path + QString::fromUtf16(suffix);
-        if (QFileInfo::exists(journal))
-            store::replaceFile(journal, kept + QString::fromUtf16(suffix));
-    }
 }
 
 bool isBomb(const ZipEntry& entry) {
@@ -60,7 +49,7 @@ void writePortion(QFile& file, const std::vector<char>& bytes, qint64 count) {
                           file.fileName());
 }
 
-void writeEntry(ZipEntry& entry, const QString& path, const Share& share) {
+void writeEntry(ZipEntry& entry, const QString& path, const store::Share& share) {
     store::createPrivateFile(path);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
@@ -83,29 +72,11 @@ void settle(store::DBEngine& engine, const QString& path) {
     }
 }
 
-/// Gives the live register its second name.
-void keepOld(const QString& live, const QString& kept) {
-    removeWithJournals(kept);
-    if (::link(QFile::encodeName(live).constData(), QFile::encodeName(kept).constData()) != 0)
-        return store::replaceFile(live, kept);
-    store::syncFile(kept);
-    store::syncFile(QFileInfo(kept).absolutePath());
-}
-
-/// After an exchange that failed half-way.
-void takeBack(const QString& live, const QString& kept) {
-    if (!QFileInfo::exists(live))
-        store::replaceFile(kept, live);
-    else if (store::fileIdentity(kept) == store::fileIdentity(live))
-        QFile::remove(kept);
-    moveJournals(kept, live);
-}
-
 } // namespace
 
 Restore::Restore(store::DBEngine& engine, const store::ProgramFolder& folder, IsRegister isRegister)
     : engine_(engine), folder_(folder), isRegister_(std::move(isRegister)),
-      made_(folder.path(u"tvk.mdb.obnova")) {
+      made_(store::behindLinks(folder.database()) + QStringLiteral(".obnova")) {
     removeWithJournals(made_);
 }
 
@@ -113,46 +84,66 @@ Restore::~Restore() {
     removeWithJournals(made_);
 }
 
-Finding Restore::extract(const QString& archive, const TellProgress& tell) {
+Finding Restore::extract(const QString& archive, const store::TellProgress& tell) {
     removeWithJournals(made_);
     try {
-        return unpack(archive, tell) && isRegister_(made_) ? Finding::Sound : Finding::NoRegister;
+        if (!unpack(archive, store::Share(tell, 0, unpacking)))
+            return Finding::NoRegister;
+        const store::Share checked(tell, unpacking, 1);
+        return isRegister_(made_, [&checked](double part) { return checked.tells(part); })
+                   ? Finding::Sound
+                   : Finding::NoRegister;
     } catch (const ZipEntry::Fault fault) {
         return fault == ZipEntry::Fault::NoArchive ? Finding::NoArchive : Finding::NoRegister;
     }
 }
 
-bool Restore::unpack(const QString& archive, const TellProgress& tell) {
+bool Restore::unpack(const QString& archive, const store::Share& share) {
     ZipEntry entry(archive);
     if (isBomb(entry))
         return false;
     needRoom(made_, entry.size());
-    writeEntry(entry, made_, Share(tell, 0, 1));
+    writeEntry(entry, made_, share);
     store::syncFile(made_);
     return true;
 }
 
 void Restore::replaceLive() {
-    const QString live = folder_.database();
+    const QString live = store::behindLinks(folder_.database());
     if (!QFileInfo::exists(live))
         return placeNew();
     settle(engine_, live);
     store::takeOwnerOf(live, made_);
     const QString kept = folder_.path(u"tvk_ren.mdb");
-    keepOld(live, kept);
+    removeWithJournals(kept);
+    store::keepAs(live, kept);
     try {
-        moveJournals(live, kept);
+        store::moveJournals(live, kept);
         store::replaceFile(made_, live);
     } catch (const EngineError&) {
-        takeBack(live, kept);
+        if (QFileInfo::exists(made_)) {
+            store::moveJournals(kept, live);
+            QFile::remove(kept);
+        }
         throw;
     }
 }
 
 void Restore::placeNew() {
-    const QString live = folder_.database();
-    moveJournals(live, live + QStringLiteral(".stary"));
+    const QString live = store::behindLinks(folder_.database());
+    store::moveJournals(live, live + QStringLiteral(".stary"));
     store::moveToFreeName(made_, live);
+}
+
+bool Restore::bringBackOld() {
+    const QString live = store::behindLinks(folder_.database());
+    const QString kept = folder_.path(u"tvk_ren.mdb");
+    if (QFileInfo::exists(live) || !QFileInfo::exists(kept))
+        return false;
+    store::keepAs(kept, live);
+    store::moveJournals(kept, live);
+    QFile::remove(kept);
+    return true;
 }
 
 } // namespace backup

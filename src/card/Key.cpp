@@ -1,10 +1,12 @@
 #include "card/Key.h"
 
-#include "card/TextRules.h"
+#include "forms/Letters.h"
 
 namespace card {
 
 namespace {
+
+using forms::trimBlanks;
 
 QString firstLetters(const QString& name, qsizetype count) {
     QString letters = name.left(count);

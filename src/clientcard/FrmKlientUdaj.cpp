@@ -125,7 +125,7 @@ QAbstractButton& FrmKlientUdaj::saveButton() {
     return *buttons_[CmdZap];
 }
 
-void FrmKlientUdaj::setPrinting(std::function<void(int)> print) {
+void FrmKlientUdaj::setPrinting(std::function<void(const Shown&)> print) {
     print_ = std::move(print);
     buttons_[cmdTlac]->setEnabled(print_ != nullptr);
 }
@@ -204,7 +204,7 @@ void FrmKlientUdaj::press(Button button) {
     case cmdStorno:
         return cmdStornoClick();
     case cmdTlac:
-        return print_ ? print_(pages_->current()) : void();
+        return cmdTlacClick();
     case cmdSave:
         return;
     }
@@ -296,6 +296,18 @@ void FrmKlientUdaj::cmdStornoClick() {
     data_.dropClient();
     modKontrola::gAkcia = 0;
     reject();
+}
+
+void FrmKlientUdaj::cmdTlacClick() {
+    if (print_ == nullptr)
+        return;
+    if (!draft_.isNew())
+        return print_(
+            {pages_->current(), data_.source(u"datNavstevy").RecordSource(), draft_.isChanged()});
+    forms::showMessage(
+        this, {.text = QStringLiteral("Klient ešte nie je zapísaný, najprv zapíš základné údaje !"),
+               .title = QStringLiteral("Upozornenie"),
+               .icon = QMessageBox::Warning});
 }
 
 void FrmKlientUdaj::noteInput() {

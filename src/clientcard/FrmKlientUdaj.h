@@ -35,9 +35,16 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
                   QWidget* parent = nullptr);
     ~FrmKlientUdaj() override;
 
-    /// What the button "Tlač záložku" does with the number of the tab on show; without it the
-    /// button is disabled.
-    void setPrinting(std::function<void(int tab)> print);
+    /// What is to be printed of a client whose row is written; the key is in `gIdKod`.
+    struct Shown {
+        int tab = 0;
+        /// The record source of the list of visits.
+        QString visits;
+        /// Something is typed that is not written.
+        bool isChanged = false;
+    };
+    /// What the button "Tlač záložku" does; without it the button is disabled.
+    void setPrinting(std::function<void(const Shown&)> print);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -77,6 +84,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void CmdZapClick();
     void cmdZapNewClick();
     void cmdStornoClick();
+    void cmdTlacClick();
     void noteInput();
     void closeUnread();
     void tellNotWritten();
@@ -97,7 +105,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::vector<QPushButton*> buttons_;
     TabFamily* entry_ = nullptr;
     std::optional<SaveCycle> cycle_;
-    std::function<void(int)> print_;
+    std::function<void(const Shown&)> print_;
     bool wasShown_ = false;
     /// The user has typed or picked since the card was opened.
     bool hasInput_ = false;

@@ -21,17 +21,29 @@ void refuseLeftCopy(const QString& path) {
             path);
 }
 
+/// @return false when it was given up
+bool compact(store::DBEngine& engine, const store::WorkFiles& files,
+             const store::TellProgress& tell) {
+    try {
+        engine.CompactDatabase(files.path(), files.copy(),
+                               QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"), tell);
+        return true;
+    } catch (const store::GivenUp&) {
+        return false;
+    }
+}
+
 } // namespace
 
-void compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder) {
+bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& folder,
+                       const store::TellProgress& tell) {
     refuseLeftCopy(folder.path(u"tmp.mdb"));
-    const QString behindLinks = QFileInfo(folder.database()).canonicalFilePath();
-    const QString live = behindLinks.isEmpty() ? folder.database() : behindLinks;
-    const store::WorkFiles files(live);
-    engine.CompactDatabase(live, files.copy(), QStringLiteral(";LANGID=0x0405;CP=1250;COUNTRY=0"));
-    if (store::takeOwnerOf(live, files.copy()))
-        store::replaceFile(files.copy(), live);
+    const store::WorkFiles files(store::behindLinks(folder.database()));
+    const bool isCompact = compact(engine, files, tell);
+    if (isCompact && store::takeOwnerOf(files.path(), files.copy()))
+        store::replaceFile(files.copy(), files.path());
     QFile::remove(folder.path(u"arch_tmp.zip"));
+    return isCompact;
 }
 
 } // namespace mainwindow

@@ -7,6 +7,7 @@
 #include "mainwindow/Exit.h"
 #include "mainwindow/ListPane.h"
 #include "mainwindow/SchoolYear.h"
+#include "mainwindow/UpgradeNotice.h"
 #include "statreturn/ReturnPrints.h"
 #include "store/BackgroundCheck.h"
 #include "store/EngineError.h"
@@ -180,6 +181,7 @@ void FrmUvod::openData() {
         source.setRecordSource(sql);
         source.Refresh();
     };
+    const UpgradeNotice notice(around_.engine, around_.folder.database());
     point(sources_->datGrid, QStringLiteral("select * from k_zaklad"));
     point(sources_->datTlac, QStringLiteral("select * from k_zaklad"));
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
@@ -337,10 +339,14 @@ void FrmUvod::koniecTlacidlom() {
 }
 
 void FrmUvod::koniec() {
-    forms::guardedEnd([this] {
+    forms::ProgressForm form(QStringLiteral("frmKoniec"), QStringLiteral("Koniec"), nullptr);
+    form.setPatience(around_.patience);
+    forms::guardedEnd([this, &form] {
         zavri();
-        compactAndReplace(around_.engine, around_.folder);
+        compactAndReplace(around_.engine, around_.folder,
+                          form.progress(QStringLiteral("Údaje sa zhusťujú …")));
     });
+    form.hide();
     around_.endRun();
 }
 

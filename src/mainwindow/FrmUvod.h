@@ -9,6 +9,7 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 
 namespace store {
 class BackgroundCheck;
@@ -60,6 +61,7 @@ class FrmUvod : public QMainWindow {
 
   private:
     void buildMenu();
+    void addItem(QMenu& menu, QStringView name, QStringView caption, Screen screen);
     void buildKeys();
     void buildStatus();
     void openMenu(QAction* action);

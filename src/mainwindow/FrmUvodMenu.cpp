@@ -17,11 +17,11 @@ namespace mainwindow {
 
 namespace {
 
-/// Without a caption it is a separator.
+/// One without a name is a separator.
 struct ItemTraits {
     QStringView name;
     QStringView caption;
-    Screen screen = {};
+    Screen screen{};
 };
 
 struct MenuTraits {
@@ -41,14 +41,19 @@ const std::array<MenuTraits, 3>& menus() {
           {u"mniZam", u"Evidenčný počet zamestnancov", Screen::PrintZam},
           {u"mniOdbStar", u"Odborná starostlivosť", Screen::PrintOdbStar},
           {u"mniDopUkaz", u"Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
-          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient}}},
+          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient},
+          {},
+          {u"mniVykaz", u"Celý výkaz", Screen::PrintReturn}}},
         {u"mnuServis",
          u"Servis",
          u"Alt+S",
          {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
           {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore},
           {},
-          {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck}}},
+          {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck},
+          {},
+          {u"mniPomoc", u"Pomocník (F1)", Screen::Help},
+          {u"mniOProgr", u"O programe", Screen::About}}},
         // A menu without items acts on its own click.
         {u"mnuKoniec", u"Koniec", u"Alt+K", {}},
     }};
@@ -67,20 +72,22 @@ void FrmUvod::buildMenu() {
             QMenu* menu = menuBar()->addMenu(traits.caption.toString());
             menu->setObjectName(traits.name.toString());
             action = menu->menuAction();
-            for (const ItemTraits& item : traits.items) {
-                if (item.caption.isEmpty()) {
-                    menu->addSeparator();
-                    continue;
-                }
-                QAction* entry = menu->addAction(item.caption.toString());
-                entry->setObjectName(item.name.toString());
-                connect(entry, &QAction::triggered, this, [this, screen = item.screen] {
-                    forms::guarded(this, [&] { openScreen(screen); });
-                });
-            }
+            for (const ItemTraits& item : traits.items)
+                addItem(*menu, item.name, item.caption, item.screen);
         }
         action->setObjectName(traits.name.toString());
     }
+}
+
+void FrmUvod::addItem(QMenu& menu, QStringView name, QStringView caption, Screen screen) {
+    if (name.isEmpty()) {
+        menu.addSeparator();
+        return;
+    }
+    QAction* entry = menu.addAction(caption.toString());
+    entry->setObjectName(name.toString());
+    connect(entry, &QAction::triggered, this,
+            [this, screen] { forms::guarded(this, [&] { openScreen(screen); }); });
 }
 
 // Captions carry no mnemonics, so keys are told apart from them.
@@ -113,9 +120,9 @@ void FrmUvod::openMenu(QAction* action) {
 }
 
 void FrmUvod::buildStatus() {
-    auto* keys = new QLabel(QStringLiteral(
-        "F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá  ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
-        "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+    auto* keys = new QLabel(QStringLiteral("F1 pomocník  ·  F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá "
+                                           " ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
+                                           "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
     keys->setContentsMargins(0, 0, 10, 2);
     keys->setForegroundRole(QPalette::PlaceholderText);
     keys->setObjectName(QStringLiteral("lblKlavesy"));

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "forms/ProgressForm.h"
 #include "store/Database.h"
 #include "store/ProgramFolder.h"
 
 #include <QDate>
 
+#include <chrono>
 #include <functional>
 
 class QWidget;
@@ -25,10 +27,13 @@ enum class Screen {
     PrintOdbStar,
     PrintDopUkaz,
     PrintZozKlient,
+    PrintReturn,
     Archive,
     Restore,
     RestoreAtStart,
     DataCheck,
+    Help,
+    About,
 };
 
 /// What the main window needs of the rest of the program.
@@ -43,6 +48,8 @@ struct Surroundings {
     /// Called with the register's path, over that window, before the register is opened; false ends
     /// the run.
     std::function<bool(const QString& path, QWidget* window)> prepareFile = {};
+    /// How long the exit works before it shows how far it is.
+    std::chrono::milliseconds patience = forms::ProgressForm::usualPatience;
 };
 
 } // namespace mainwindow

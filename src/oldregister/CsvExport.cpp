@@ -1,5 +1,6 @@
 #include "oldregister/CsvExport.h"
 
+#include "report/Csv.h"
 #include "store/Database.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
@@ -21,12 +22,9 @@ namespace {
 using store::EngineError;
 using store::ErrorNumber;
 
-QString textCell(QString text) {
-    const bool isPlain = !text.isEmpty() && !text.contains(u',') && !text.contains(u'"') &&
-                         !text.contains(u'\n') && !text.contains(u'\r');
-    if (isPlain)
-        return text;
-    return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
+/// An empty text is told from a null one.
+QString textCell(const QString& text) {
+    return text.isEmpty() ? QStringLiteral("\"\"") : report::csvCell(text, u',');
 }
 
 QString dateCell(const store::DateTime& date) {

@@ -5,34 +5,12 @@
 
 #include <QElapsedTimer>
 
-#include <sys/prctl.h>
-#include <sys/resource.h>
-
-#include <csignal>
-
 namespace oldregister {
 
 namespace {
 
 constexpr int sliceMs = 50;
 constexpr qint64 readAhead = 1'000'000;
-
-void limit(__rlimit_resource what, rlim_t most) {
-    const rlimit both{most, most};
-    ::setrlimit(what, &both);
-}
-
-/// Runs between fork and exec: nothing here may allocate.
-void confine(const ReaderLimits& limits) {
-#ifndef __SANITIZE_ADDRESS__ // whose shadow would count as memory
-    limit(RLIMIT_DATA, static_cast<rlim_t>(limits.megabytes) * 1024 * 1024);
-#endif
-    limit(RLIMIT_CPU, static_cast<rlim_t>(limits.processorSeconds));
-    limit(RLIMIT_CORE, 0);
-    limit(RLIMIT_FSIZE, 0);
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-}
 
 /// The library lets these change what it reads.
 QProcessEnvironment plainEnvironment() {
@@ -50,7 +28,7 @@ OldReader::OldReader(const QString& path, GoOn goOn, const ReaderLimits& limits)
     process_.setStandardErrorFile(QProcess::nullDevice());
     process_.setStandardInputFile(QProcess::nullDevice());
     process_.setReadChannel(QProcess::StandardOutput);
-    process_.setChildProcessModifier([limits = limits_] { confine(limits); });
+    process_.setChildProcessModifier([limits = limits_.process] { store::confineProcess(limits); });
     process_.start(QStringLiteral("/proc/self/exe"), {QString::fromLatin1(readerWord), path},
                    QIODevice::ReadOnly);
     if (!process_.waitForStarted())
@@ -87,7 +65,7 @@ void OldReader::receive() {
     silence.start();
     while (process_.bytesAvailable() == 0 && !process_.waitForReadyRead(sliceMs)) {
         if (goOn_ && !goOn_())
-            throw Cancelled();
+            throw store::GivenUp();
         if (process_.state() == QProcess::NotRunning && process_.bytesAvailable() == 0)
             fail(QStringLiteral("Súbor je poškodený: jeho čítanie sa predčasne skončilo."));
         if (silence.hasExpired(qint64{limits_.silentSeconds} * 1000))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "oldregister/Messages.h"
+#include "store/Process.h"
 
 #include <QProcess>
 
@@ -10,16 +11,12 @@ namespace oldregister {
 
 /// What the reading process may take.
 struct ReaderLimits {
-    int megabytes = 120;
-    int processorSeconds = 120;
+    store::ProcessLimits process{.megabytes = 120, .processorSeconds = 120};
     int silentSeconds = 20;
 };
 
 /// Asked while the program waits and between rows; the reading is given up on false.
 using GoOn = std::function<bool()>;
-
-/// The user broke the work off.
-class Cancelled : public std::exception {};
 
 /// Reads a file of the old format through a process of its own: see runAsReader. The process ends
 /// with the reader.
@@ -32,7 +29,7 @@ class OldReader {
 
     /// The next message; waits for it.
     /// @throws store::EngineError 3343 with the reason when the process refused the file, ended
-    /// early or took too long; Cancelled
+    /// early or took too long; store::GivenUp
     Message next();
 
   private:

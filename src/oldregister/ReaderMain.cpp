@@ -3,12 +3,10 @@
 #include "oldregister/FileKind.h"
 #include "oldregister/Messages.h"
 #include "oldregister/OldRows.h"
+#include "store/Process.h"
 #include "store/Schema.h"
 
 #include <QFile>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <cstring>
 #include <deque>
@@ -17,35 +15,26 @@ namespace oldregister {
 
 namespace {
 
-/// The pipe to the program, kept from whatever the library prints.
+/// Nobody who listens is left.
+struct Unheard {};
+
+/// Sends messages to the program, many at a time.
 class Pipe {
   public:
-    Pipe() : number_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        ::dup2(nowhere, STDOUT_FILENO);
-        ::dup2(nowhere, STDERR_FILENO);
-    }
     void send(const Message& message) {
         buffer_ += packed(message);
         if (buffer_.size() > enough)
             flush();
     }
-    /// Nobody who listens is left once writing fails.
     void flush() {
-        qsizetype sent = 0;
-        while (sent < buffer_.size()) {
-            const auto now = ::write(number_, buffer_.constData() + sent,
-                                     static_cast<size_t>(buffer_.size() - sent));
-            if (now <= 0)
-                ::_exit(1);
-            sent += now;
-        }
+        if (!output_.write(buffer_))
+            throw Unheard();
         buffer_.clear();
     }
 
   private:
     static constexpr qsizetype enough = 60'000;
-    int number_;
+    store::OutputPipe output_;
     QByteArray buffer_;
 };
 
@@ -142,12 +131,16 @@ std::optional<QString> sendAllOrRefuse(const QByteArray& path, Pipe& pipe) {
 std::optional<int> runAsReader(int argc, char** argv) {
     if (argc != 3 || std::strcmp(argv[1], readerWord) != 0)
         return std::nullopt;
-    Pipe pipe;
-    if (const auto refused = sendAllOrRefuse(argv[2], pipe))
-        pipe.send(Refusal{*refused});
-    else
-        pipe.send(EndOfFile());
-    pipe.flush();
+    try {
+        Pipe pipe;
+        if (const auto refused = sendAllOrRefuse(argv[2], pipe))
+            pipe.send(Refusal{*refused});
+        else
+            pipe.send(EndOfFile());
+        pipe.flush();
+    } catch (const Unheard&) {
+        return 1;
+    }
     return 0;
 }
 

@@ -6,107 +6,9 @@
 
 namespace oldregister {
 
-enum class RtfReader::Action {
-    Letter,
-    EndParagraph,
-    Bold,
-    Italic,
-    Underlined,
-    NotUnderlined,
-    NoMarks,
-    Font,
-    CharacterSet,
-    DocumentPage,
-    Unicode,
-    Substitutes,
-    Binary,
-    Optional,
-    ToNowhere,
-    ToFonts,
-    ToBullet,
-    ToText,
-};
+using report::Marks;
 
 namespace {
-
-using Action = RtfReader::Action;
-
-struct ControlWord {
-    const char16_t* word;
-    Action action;
-    char16_t letter = 0;
-};
-
-/// Words that are not here change nothing that is kept.
-constexpr ControlWord controlWords[] = {
-    {u"\\", Action::Letter, u'\\'},
-    {u"{", Action::Letter, u'{'},
-    {u"}", Action::Letter, u'}'},
-    {u"~", Action::Letter, u'\x00a0'},
-    {u"-", Action::Letter, u'\x00ad'},
-    {u"_", Action::Letter, u'\x2011'},
-    {u"tab", Action::Letter, u'\t'},
-    {u"\t", Action::Letter, u'\t'},
-    {u"cell", Action::Letter, u'\t'},
-    {u"nestcell", Action::Letter, u'\t'},
-    {u"line", Action::Letter, u'\x2028'},
-    {u"lbr", Action::Letter, u'\x2028'},
-    {u"bullet", Action::Letter, u'\x2022'},
-    {u"endash", Action::Letter, u'\x2013'},
-    {u"emdash", Action::Letter, u'\x2014'},
-    {u"lquote", Action::Letter, u'\x2018'},
-    {u"rquote", Action::Letter, u'\x2019'},
-    {u"ldblquote", Action::Letter, u'\x201c'},
-    {u"rdblquote", Action::Letter, u'\x201d'},
-    {u"enspace", Action::Letter, u'\x2002'},
-    {u"emspace", Action::Letter, u'\x2003'},
-    {u"qmspace", Action::Letter, u'\x2005'},
-    {u"par", Action::EndParagraph},
-    {u"\r", Action::EndParagraph},
-    {u"\n", Action::EndParagraph},
-    {u"row", Action::EndParagraph},
-    {u"nestrow", Action::EndParagraph},
-    {u"sect", Action::EndParagraph},
-    {u"page", Action::EndParagraph},
-    {u"b", Action::Bold},
-    {u"i", Action::Italic},
-    {u"ul", Action::Underlined},
-    {u"uld", Action::Underlined},
-    {u"uldash", Action::Underlined},
-    {u"uldb", Action::Underlined},
-    {u"ulth", Action::Underlined},
-    {u"ulw", Action::Underlined},
-    {u"ulwave", Action::Underlined},
-    {u"ulnone", Action::NotUnderlined},
-    {u"plain", Action::NoMarks},
-    {u"f", Action::Font},
-    {u"fcharset", Action::CharacterSet},
-    {u"ansicpg", Action::DocumentPage},
-    {u"u", Action::Unicode},
-    {u"uc", Action::Substitutes},
-    {u"bin", Action::Binary},
-    {u"*", Action::Optional},
-    {u"fonttbl", Action::ToFonts},
-    {u"colortbl", Action::ToNowhere},
-    {u"stylesheet", Action::ToNowhere},
-    {u"info", Action::ToNowhere},
-    {u"pict", Action::ToNowhere},
-    {u"objdata", Action::ToNowhere},
-    {u"fldinst", Action::ToNowhere},
-    {u"pntxtb", Action::ToNowhere},
-    {u"pntxta", Action::ToNowhere},
-    {u"pntext", Action::ToBullet},
-    {u"listtext", Action::ToBullet},
-    {u"shptxt", Action::ToText},
-    {u"annotation", Action::ToText},
-    {u"footnote", Action::ToText},
-};
-
-const ControlWord* find(QStringView word) {
-    const auto* found = std::ranges::find_if(
-        controlWords, [&](const ControlWord& known) { return word == QStringView(known.word); });
-    return found == std::end(controlWords) ? nullptr : found;
-}
 
 /// The code page of a font's character set; nothing for one that says none.
 std::optional<int> pageOfSet(int characterSet) {
@@ -126,6 +28,142 @@ bool isBullet(QStringView sign) {
 }
 
 } // namespace
+
+// What control words do
+
+void RtfReader::endParagraph(const RtfToken& /*word*/) {
+    if (groups_.back().goal == Goal::Text)
+        paragraphs_.endParagraph();
+}
+
+template <bool Marks::*which>
+void RtfReader::mark(const RtfToken& word) {
+    groups_.back().marks.*which = !word.hasNumber || word.number != 0;
+}
+
+void RtfReader::endUnderlined(const RtfToken& /*word*/) {
+    groups_.back().marks.underlined = false;
+}
+
+void RtfReader::endMarks(const RtfToken& /*word*/) {
+    groups_.back().marks = {};
+}
+
+void RtfReader::takeFont(const RtfToken& word) {
+    groups_.back().font = word.number;
+}
+
+void RtfReader::takeCharacterSet(const RtfToken& word) {
+    if (const auto page = pageOfSet(word.number))
+        pageOfFont_.insert_or_assign(groups_.back().font, *page);
+}
+
+void RtfReader::takeDocumentPage(const RtfToken& word) {
+    documentPage_ = word.number;
+}
+
+void RtfReader::takeUnicode(const RtfToken& word) {
+    toSkip_ = 0;
+    const auto code = static_cast<char32_t>(word.number < 0 ? word.number + 0x10000 : word.number);
+    addText(QChar::fromUcs4(code));
+    toSkip_ = groups_.back().substitutes;
+}
+
+void RtfReader::takeSubstitutes(const RtfToken& word) {
+    groups_.back().substitutes = std::clamp(word.number, 0, 10);
+}
+
+void RtfReader::skipBinary(const RtfToken& word) {
+    if (groups_.back().goal == Goal::Nowhere)
+        tokens_.skip(word.number);
+}
+
+void RtfReader::makeOptional(const RtfToken& /*word*/) {
+    isOptional_ = true;
+}
+
+/// The outermost group is the text itself, whatever it says of itself.
+template <RtfReader::Goal goal>
+void RtfReader::enter(const RtfToken& /*word*/) {
+    if (groups_.size() > 2)
+        groups_.back().goal = goal;
+}
+
+struct RtfReader::ControlWord {
+    constexpr ControlWord(const char16_t* name, char16_t stands) : word(name), letter(stands) {}
+    constexpr ControlWord(const char16_t* name, void (RtfReader::*does)(const RtfToken&))
+        : word(name), act(does) {}
+
+    QStringView word;
+    /// What the word stands for, unless it acts.
+    char16_t letter = 0;
+    void (RtfReader::*act)(const RtfToken&) = nullptr;
+};
+
+/// Words that are not here change nothing that is kept.
+const RtfReader::ControlWord RtfReader::controlWords[] = {
+    {u"\\", u'\\'},
+    {u"{", u'{'},
+    {u"}", u'}'},
+    {u"~", u'\x00a0'},
+    {u"-", u'\x00ad'},
+    {u"_", u'\x2011'},
+    {u"tab", u'\t'},
+    {u"\t", u'\t'},
+    {u"cell", u'\t'},
+    {u"nestcell", u'\t'},
+    {u"line", u'\x2028'},
+    {u"lbr", u'\x2028'},
+    {u"bullet", u'\x2022'},
+    {u"endash", u'\x2013'},
+    {u"emdash", u'\x2014'},
+    {u"lquote", u'\x2018'},
+    {u"rquote", u'\x2019'},
+    {u"ldblquote", u'\x201c'},
+    {u"rdblquote", u'\x201d'},
+    {u"enspace", u'\x2002'},
+    {u"emspace", u'\x2003'},
+    {u"qmspace", u'\x2005'},
+    {u"par", &RtfReader::endParagraph},
+    {u"\r", &RtfReader::endParagraph},
+    {u"\n", &RtfReader::endParagraph},
+    {u"row", &RtfReader::endParagraph},
+    {u"nestrow", &RtfReader::endParagraph},
+    {u"sect", &RtfReader::endParagraph},
+    {u"page", &RtfReader::endParagraph},
+    {u"b", &RtfReader::mark<&Marks::bold>},
+    {u"i", &RtfReader::mark<&Marks::italic>},
+    {u"ul", &RtfReader::mark<&Marks::underlined>},
+    {u"uld", &RtfReader::mark<&Marks::underlined>},
+    {u"uldash", &RtfReader::mark<&Marks::underlined>},
+    {u"uldb", &RtfReader::mark<&Marks::underlined>},
+    {u"ulth", &RtfReader::mark<&Marks::underlined>},
+    {u"ulw", &RtfReader::mark<&Marks::underlined>},
+    {u"ulwave", &RtfReader::mark<&Marks::underlined>},
+    {u"ulnone", &RtfReader::endUnderlined},
+    {u"plain", &RtfReader::endMarks},
+    {u"f", &RtfReader::takeFont},
+    {u"fcharset", &RtfReader::takeCharacterSet},
+    {u"ansicpg", &RtfReader::takeDocumentPage},
+    {u"u", &RtfReader::takeUnicode},
+    {u"uc", &RtfReader::takeSubstitutes},
+    {u"bin", &RtfReader::skipBinary},
+    {u"*", &RtfReader::makeOptional},
+    {u"fonttbl", &RtfReader::enter<Goal::Fonts>},
+    {u"colortbl", &RtfReader::enter<Goal::Nowhere>},
+    {u"stylesheet", &RtfReader::enter<Goal::Nowhere>},
+    {u"info", &RtfReader::enter<Goal::Nowhere>},
+    {u"pict", &RtfReader::enter<Goal::Nowhere>},
+    {u"objdata", &RtfReader::enter<Goal::Nowhere>},
+    {u"fldinst", &RtfReader::enter<Goal::Nowhere>},
+    {u"pntxtb", &RtfReader::enter<Goal::Nowhere>},
+    {u"pntxta", &RtfReader::enter<Goal::Nowhere>},
+    {u"pntext", &RtfReader::enter<Goal::Bullet>},
+    {u"listtext", &RtfReader::enter<Goal::Bullet>},
+    {u"shptxt", &RtfReader::enter<Goal::Text>},
+    {u"annotation", &RtfReader::enter<Goal::Text>},
+    {u"footnote", &RtfReader::enter<Goal::Text>},
+};
 
 report::RichParagraphs RtfReader::read() {
     for (RtfToken token = tokens_.next(); token.kind != RtfToken::Kind::End; token = tokens_.next())
@@ -179,97 +217,13 @@ void RtfReader::endBullet() {
 }
 
 void RtfReader::takeWord(const RtfToken& word) {
-    const ControlWord* known = find(word.text);
+    const auto* const known =
+        std::ranges::find(controlWords, QStringView(word.text), &ControlWord::word);
     const bool wasOptional = std::exchange(isOptional_, false);
-    if (known == nullptr) {
-        if (wasOptional)
-            enter(Goal::Nowhere);
-        return;
-    }
-    if (known->action == Action::Letter)
-        return addLetter(QChar(known->letter));
-    act(known->action, word);
-}
-
-void RtfReader::act(Action action, const RtfToken& word) {
-    Group& group = groups_.back();
-    const bool isOn = !word.hasNumber || word.number != 0;
-    switch (action) {
-    case Action::EndParagraph:
-        if (group.goal == Goal::Text)
-            paragraphs_.endParagraph();
-        break;
-    case Action::Bold:
-        group.marks.bold = isOn;
-        break;
-    case Action::Italic:
-        group.marks.italic = isOn;
-        break;
-    case Action::Underlined:
-        group.marks.underlined = isOn;
-        break;
-    case Action::NotUnderlined:
-        group.marks.underlined = false;
-        break;
-    case Action::NoMarks:
-        group.marks = {};
-        break;
-    case Action::Font:
-        group.font = word.number;
-        break;
-    case Action::CharacterSet:
-        if (const auto page = pageOfSet(word.number))
-            pageOfFont_.insert_or_assign(group.font, *page);
-        break;
-    case Action::DocumentPage:
-        documentPage_ = word.number;
-        break;
-    case Action::Unicode:
-        takeUnicode(word.number);
-        break;
-    case Action::Substitutes:
-        group.substitutes = std::clamp(word.number, 0, 10);
-        break;
-    case Action::Binary:
-        if (group.goal == Goal::Nowhere)
-            tokens_.skip(word.number);
-        break;
-    case Action::Optional:
-        isOptional_ = true;
-        break;
-    case Action::ToNowhere:
-        enter(Goal::Nowhere);
-        break;
-    case Action::ToFonts:
-        enter(Goal::Fonts);
-        break;
-    case Action::ToBullet:
-        enter(Goal::Bullet);
-        break;
-    case Action::ToText:
-        enter(Goal::Text);
-        break;
-    case Action::Letter:
-        break;
-    }
-}
-
-/// The outermost group is the text itself, whatever it says of itself.
-void RtfReader::enter(Goal goal) {
-    if (groups_.size() > 2)
-        groups_.back().goal = goal;
-}
-
-void RtfReader::takeUnicode(int number) {
-    toSkip_ = 0;
-    const auto code = static_cast<char32_t>(number < 0 ? number + 0x10000 : number);
-    if (QChar::requiresSurrogates(code)) {
-        addLetter(QChar(QChar::highSurrogate(code)));
-        addLetter(QChar(QChar::lowSurrogate(code)));
-    } else {
-        addLetter(QChar(static_cast<char16_t>(code)));
-    }
-    toSkip_ = groups_.back().substitutes;
+    if (known != std::end(controlWords))
+        known->act != nullptr ? (this->*known->act)(word) : addLetter(QChar(known->letter));
+    else if (wasOptional)
+        enter<Goal::Nowhere>(word);
 }
 
 bool RtfReader::isSubstitute() {

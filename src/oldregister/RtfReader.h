@@ -14,9 +14,6 @@ class RtfReader {
     explicit RtfReader(QStringView rtf) : tokens_(rtf) { groups_.emplace_back(); }
     report::RichParagraphs read();
 
-    /// What a control word of the table does.
-    enum class Action;
-
   private:
     /// Where the text of a group goes.
     enum class Goal { Text, Nowhere, Fonts, Bullet };
@@ -28,19 +25,34 @@ class RtfReader {
         int substitutes = 1;
     };
 
+    struct ControlWord;
+    static const ControlWord controlWords[];
+
     void take(const RtfToken& token);
     void openGroup();
     void closeGroup();
     void takeWord(const RtfToken& word);
-    void act(Action action, const RtfToken& word);
-    void enter(Goal goal);
-    void takeUnicode(int number);
     void takeByte(int byte);
     void addLetter(QChar letter);
     void addText(QStringView text);
     void endBullet();
     bool isSubstitute();
     const CodePage& codePage();
+
+    void endParagraph(const RtfToken& word);
+    template <bool report::Marks::*which>
+    void mark(const RtfToken& word);
+    void endUnderlined(const RtfToken& word);
+    void endMarks(const RtfToken& word);
+    void takeFont(const RtfToken& word);
+    void takeCharacterSet(const RtfToken& word);
+    void takeDocumentPage(const RtfToken& word);
+    void takeUnicode(const RtfToken& word);
+    void takeSubstitutes(const RtfToken& word);
+    void skipBinary(const RtfToken& word);
+    void makeOptional(const RtfToken& word);
+    template <Goal goal>
+    void enter(const RtfToken& word);
 
     RtfTokens tokens_;
     ParagraphBuilder paragraphs_;

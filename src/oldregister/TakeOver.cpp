@@ -7,10 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <unistd.h>
-
-#include <cerrno>
-
 namespace oldregister {
 
 namespace {
@@ -18,12 +14,30 @@ namespace {
 using store::EngineError;
 using store::ErrorNumber;
 
-/// "tvk_povodny.mdb", then "tvk_povodny_2.mdb" and so on, beside the file.
+/// A name beside another file's: "tvk_povodny.mdb", "tvk_povodny_2.mdb" and so on.
 QString besideName(const QString& path, const QString& what, const QString& suffix, int number) {
     const QFileInfo info(path);
     const QString numbered = number == 1 ? QString() : QStringLiteral("_%1").arg(number);
     return info.absolutePath() + u'/' + info.completeBaseName() + u'_' + what + numbered + u'.' +
            suffix;
+}
+
+/// Makes a file beside another one, under the first name that is free: "tvk_povodny.mdb", then
+/// "tvk_povodny_2.mdb" and so on.
+/// @param make throws 3204 when a name is taken
+template <class Make>
+QString makeBeside(const QString& path, const QString& what, const QString& suffix,
+                   const Make& make) {
+    for (int number = 1;; ++number) {
+        QString name = besideName(path, what, suffix, number);
+        try {
+            make(name);
+            return name;
+        } catch (const EngineError& error) {
+            if (error.number() != ErrorNumber::TargetExists)
+                throw;
+        }
+    }
 }
 
 /// What changes when another program writes into a file.
@@ -38,68 +52,13 @@ struct FileState {
     QDateTime changed;
 };
 
-void copyWhole(const QString& from, const QString& to) {
-    const QString begun = to + QStringLiteral(".kopia");
-    QFile::remove(begun);
-    if (!QFile::copy(from, begun)) {
-        QFile::remove(begun);
-        throw EngineError(ErrorNumber::DiskError, QStringLiteral("Pôvodný súbor sa nedá odložiť."),
-                          to);
-    }
-    store::moveToFreeName(begun, to);
-}
-
-/// Gives the old file its second name. @return false when another file has that name
-bool keepAs(const QString& path, const QString& kept) {
-    // A run that was killed had come so far.
-    if (store::fileIdentity(kept) == store::fileIdentity(path))
-        return true;
-    if (::link(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) == 0)
-        return true;
-    if (errno == EEXIST)
-        return false;
-    if (QFileInfo::exists(kept))
-        return false;
-    // Some file systems know one name for a file only.
-    copyWhole(path, kept);
-    return true;
-}
-
-QString keep(const QString& path) {
-    for (int number = 1;; ++number) {
-        QString kept = besideName(path, QStringLiteral("povodny"), QStringLiteral("mdb"), number);
-        if (!keepAs(path, kept))
-            continue;
-        store::syncFile(kept);
-        store::syncFile(QFileInfo(kept).absolutePath());
-        return kept;
-    }
-}
-
-/// Makes a file that did not exist. @return false when it exists
-bool writeNew(const QString& path, const QByteArray& bytes) {
-    try {
-        store::createPrivateFile(path);
-    } catch (const EngineError& error) {
-        if (error.number() == ErrorNumber::TargetExists)
-            return false;
-        throw;
-    }
+void writeNew(const QString& path, const QByteArray& bytes) {
+    store::createPrivateFile(path);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
         throw EngineError(ErrorNumber::DiskFull,
                           QStringLiteral("Správa o prevode sa nedá zapísať."), path);
     store::syncFile(path);
-    return true;
-}
-
-/// A journal beside the old file is none of its own; the new one would take it for its.
-void moveJournals(const QString& path, const QString& kept) {
-    for (const char16_t* suffix : {u"-journal", u"-wal", u"-shm"}) {
-        const QString journal = path + QString::fromUtf16(suffix);
-        if (QFileInfo::exists(journal))
-            store::replaceFile(journal, kept + QString::fromUtf16(suffix));
-    }
 }
 
 } // namespace
@@ -114,14 +73,11 @@ QString keptNameOf(const QString& path) {
 
 QString writeReport(const QString& path, const ConversionReport& report) {
     const QByteArray text = report.text().toUtf8();
-    for (int number = 1;; ++number) {
-        QString file = besideName(path, QStringLiteral("prevod"), QStringLiteral("txt"), number);
-        if (writeNew(file, text))
-            return file;
-    }
+    return makeBeside(path, QStringLiteral("prevod"), QStringLiteral("txt"),
+                      [&](const QString& file) { writeNew(file, text); });
 }
 
-ConversionReport takeOver(const QString& path, const TellProgress& progress) {
+ConversionReport takeOver(const QString& path, const store::TellProgress& progress) {
     const QString made = path + QStringLiteral(".novy");
     QFile::remove(made);
     const FileState before(path);
@@ -132,9 +88,10 @@ ConversionReport takeOver(const QString& path, const TellProgress& progress) {
                               QStringLiteral("Pôvodný súbor sa počas prevodu zmenil. Ukončite "
                                              "program, ktorý s ním pracuje."),
                               path);
-        report.keptFile = keep(path);
+        report.keptFile = makeBeside(path, QStringLiteral("povodny"), QStringLiteral("mdb"),
+                                     [&](const QString& name) { store::keepAs(path, name); });
         report.reportFile = writeReport(path, report);
-        moveJournals(path, report.keptFile);
+        store::moveJournals(path, report.keptFile);
         store::replaceFile(made, path);
     } catch (...) {
         QFile::remove(made);

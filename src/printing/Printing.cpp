@@ -43,8 +43,10 @@ class BlankSource : public report::RowSource {
     std::size_t next_ = 0;
 };
 
-report::Pages pagesOf(const PrintTools& tools, const report::Layout& form, const QString& source,
-                      const QDate& today, const BlankRows& blank) {
+} // namespace
+
+report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,
+                         const QDate& today, const BlankRows& blank) {
     store::ReportConnection connection(tools.engine, tools.folder.database());
     store::ReportRows rows = connection.open(source);
     StoredRows stored(rows);
@@ -53,15 +55,16 @@ report::Pages pagesOf(const PrintTools& tools, const report::Layout& form, const
     return report::makePages(form, printed, report::FontMeter(), today);
 }
 
-} // namespace
-
-void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                const QDate& today, QWidget* parent, const BlankRows& blank) {
-    const report::Pages pages = pagesOf(tools, form, source, today, blank);
+void showPages(const PrintTools& tools, const report::Pages& pages, QWidget* parent) {
     if (tools.showPreview)
         tools.showPreview(pages, parent);
     else
         preview(pages, parent);
+}
+
+void showReport(const PrintTools& tools, const report::Layout& form, const QString& source,
+                const QDate& today, QWidget* parent, const BlankRows& blank) {
+    showPages(tools, makeReport(tools, form, source, today, blank), parent);
 }
 
 } // namespace printing

@@ -52,11 +52,15 @@ class BandSetter {
 
     QString textOf(const Control& control) const {
         if (control.kind == ControlKind::Label)
-            return QString(control.caption)
-                .replace(QStringLiteral("%d"), today_.toString(QStringLiteral("dd.MM.yyyy")));
+            return control.asTyped ? control.caption : captionOf(control);
         if (!row_)
             throw std::invalid_argument("field outside the detail: " + control.name.toStdString());
         return row_->text(control.dataField);
+    }
+
+    QString captionOf(const Control& control) const {
+        return QString(control.caption)
+            .replace(QStringLiteral("%d"), today_.toString(QStringLiteral("dd.MM.yyyy")));
     }
 
     /// A control grows after those above it have grown, so growths add up from the top.

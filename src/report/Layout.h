@@ -32,6 +32,8 @@ struct Control {
     int height = 0;
     /// Label: its text, in which "%d" stands for the date of printing. Else unused.
     QString caption{};
+    /// Label: its text was typed by somebody, and "%d" in it stands for itself.
+    bool asTyped = false;
     /// Field: the column whose value it prints. Else unused.
     QString dataField{};
     Align align = Align::Left;
@@ -57,6 +59,12 @@ struct Section {
     const Control& control(QStringView wanted) const;
 };
 
+/// A column as which a report's rows can be saved, by what stands over it.
+struct SavedColumn {
+    QString head;
+    QString dataField;
+};
+
 /// A report as data. The sections bear the names "Section4" (report header), "Section2" (page
 /// header), "Section1" (detail), "Section3" (page footer), "Section5" (report footer). Fields stand
 /// in the detail only.
@@ -75,6 +83,8 @@ struct Layout {
     Section detail{QStringLiteral("Section1"), 0, {}};
     Section pageFooter{QStringLiteral("Section3"), 0, {}};
     Section reportFooter{QStringLiteral("Section5"), 0, {}};
+    /// The columns of a report that is a plain table; else none.
+    std::vector<SavedColumn> savedColumns{};
 
     /// The section of that name, whatever its case. @throws std::out_of_range
     Section& section(QStringView wanted);

@@ -82,10 +82,10 @@ QStringList struckTexts(const Page& page) {
 }
 
 QStringList layoutFaults(const Pages& pages) {
-    const QRectF paper(QPointF(0, 0), pages.paper);
     QStringList found;
     for (std::size_t i = 0; i < pages.pages.size(); ++i) {
         const Page& page = pages.pages[i];
+        const QRectF paper(QPointF(0, 0), page.paper);
         QStringList faults = overlaps(page) + cutTexts(page) + struckTexts(page);
         for (const auto& text : page.texts) {
             if (!holds(paper, text.extent()))

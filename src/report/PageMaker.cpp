@@ -24,15 +24,19 @@ void moveAll(std::vector<T>& from, std::vector<T>& to) {
 class PageMaker {
   public:
     PageMaker(const Layout& layout, const TextMeter& meter, const QDate& today)
-        : layout_(layout), meter_(meter),
-          today_(today), pages_{layout.title, layout.orientation, paperOf(layout), {}},
-          footer_(set(layout.pageFooter)), flow_(layout.marginTop, footerTop()) {}
+        : layout_(layout), meter_(meter), today_(today),
+          paper_(paperOf(layout)), pages_{layout.title}, footer_(set(layout.pageFooter)),
+          flow_(layout.marginTop, footerTop()) {}
 
     Pages make(RowSource& rows) {
         put(set(layout_.reportHeader));
         beginPageHeader();
-        while (rows.next())
+        for (const SavedColumn& column : layout_.savedColumns)
+            pages_.table.heads << column.head;
+        while (rows.next()) {
             put(set(layout_.detail, &rows));
+            keep(rows);
+        }
         put(set(layout_.reportFooter));
         return std::move(pages_);
     }
@@ -42,7 +46,17 @@ class PageMaker {
         return setBand(section, row, meter_, today_);
     }
 
-    double bottom() const { return pages_.paper.height() - layout_.marginBottom; }
+    /// Keeps a row of a plain table, to be saved.
+    void keep(const RowSource& row) {
+        if (layout_.savedColumns.empty())
+            return;
+        QStringList cells;
+        for (const SavedColumn& column : layout_.savedColumns)
+            cells << row.text(column.dataField);
+        pages_.table.rows.push_back(std::move(cells));
+    }
+
+    double bottom() const { return paper_.height() - layout_.marginBottom; }
     double footerTop() const { return bottom() - footer_.height; }
 
     /// From here on each new page gets the page header.
@@ -70,7 +84,7 @@ class PageMaker {
     }
 
     void addPage() {
-        Page& page = pages_.pages.emplace_back();
+        Page& page = pages_.pages.emplace_back(Page{.paper = paper_});
         drawAt(page, header_, layout_.marginTop);
         drawAt(page, footer_, footerTop());
     }
@@ -84,6 +98,7 @@ class PageMaker {
     const Layout& layout_;
     const TextMeter& meter_;
     const QDate& today_;
+    QSizeF paper_;
     Pages pages_;
     Band header_;
     Band footer_;

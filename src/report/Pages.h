@@ -1,11 +1,13 @@
 #pragma once
 
 #include "report/Layout.h"
+#include "report/Table.h"
 
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
 
+#include <cstddef>
 #include <vector>
 
 class QDate;
@@ -37,17 +39,36 @@ struct PlacedLine {
 };
 
 struct Page {
-    std::vector<PlacedText> texts;
-    std::vector<PlacedLine> lines;
+    std::vector<PlacedText> texts{};
+    std::vector<PlacedLine> lines{};
+    /// Size of the paper in twips, turned for landscape.
+    QSizeF paper{};
 };
 
-/// A finished report: A4 pages that painter, preview and PDF draw as they are.
+/// An entry of a document's contents, and the index of the page it leads to.
+struct Bookmark {
+    QString title;
+    std::size_t page = 0;
+
+    bool operator==(const Bookmark&) const = default;
+};
+
+/// A finished report, or a document of several: A4 pages that painter, preview and PDF draw as they
+/// are.
 struct Pages {
     QString title;
-    Orientation orientation = Orientation::Portrait;
-    /// Size of the paper in twips, turned for landscape.
-    QSizeF paper;
-    std::vector<Page> pages;
+    /// Whom the pages are about, as a client's name; empty for nobody.
+    QString subject{};
+    std::vector<Page> pages{};
+    /// What the reader should know of them, told beside them and not printed.
+    QString note{};
+    /// The reports of a document; a report alone has none.
+    std::vector<Bookmark> bookmarks{};
+    /// The printed rows as a table to be saved; without heads where the report is no plain table.
+    Table table{};
+
+    /// Subject and title, which together tell these pages from others.
+    QString name() const;
 };
 
 /// The rows that a report prints.

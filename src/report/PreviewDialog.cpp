@@ -1,18 +1,14 @@
 #include "report/PreviewDialog.h"
 
+#include "report/Csv.h"
+#include "report/PageView.h"
+
 #include <QAction>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -31,25 +27,16 @@ struct PreviewDialog::ActionRow {
 
 namespace {
 
-const QString pdfSuffix = QStringLiteral(".pdf");
-
-/// A name for the file that a report of that title is saved in.
-QString suggestedPath(const QString& title) {
-    static const QRegularExpression unfit(QStringLiteral("[^\\w -]|_"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-    const QString name = QString(title).remove(unfit).simplified();
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    return folder.filePath((name.isEmpty() ? QStringLiteral("zostava") : name) + pdfSuffix);
-}
+constexpr double zoomStep = 1.2;
 
 } // namespace
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
-      toolBar_(new QToolBar(this)), view_(new QPrintPreviewWidget(this)),
-      pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
+      toolBar_(new QToolBar(this)), view_(new PageView(pages, this)), pageBox_(new QSpinBox(this)),
+      state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
-    setWindowTitle(pages.title);
+    setWindowTitle(pages.name());
     setModal(true);
     resize(1200, 740);
     setWindowState(Qt::WindowMaximized);
@@ -57,35 +44,35 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setWordWrap(true);
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
     box->addWidget(toolBar_);
     box->addWidget(view_, 1);
     box->addWidget(state_);
-    connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-        if (!printPages(pages_, *printer))
-            tell(QStringLiteral("Zostavu sa nepodarilo zobraziť."));
-    });
-    connect(view_, &QPrintPreviewWidget::previewChanged, this, &PreviewDialog::showPage);
-    fitWidth();
+    connect(view_, &PageView::pageChanged, this, &PreviewDialog::noticePage);
+    state_->setText(pages.note);
     view_->setFocus();
-    showPage();
+    noticePage();
 }
 
 void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
     addActions(
         {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf},
-         {},
-         {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
-         {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
-         {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-         {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-         {},
-         {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
-         {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
+         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    if (!pages_.table.heads.isEmpty())
+        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                     &P::askAndSaveCsv}});
+    addActions({{},
+                {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
+                {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
+                {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
+                {},
+                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
     addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
                 {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
@@ -112,16 +99,16 @@ void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
 void PreviewDialog::addPageBox() {
     pageBox_->setObjectName(QStringLiteral("pageNumber"));
     pageBox_->setAccessibleName(QStringLiteral("Strana"));
-    pageBox_->setRange(1, std::max(1, int(pages_.pages.size())));
+    pageBox_->setRange(1, view_->pageCount());
     pageBox_->setPrefix(QStringLiteral("Strana "));
-    pageBox_->setSuffix(QStringLiteral(" z %1").arg(pages_.pages.size()));
+    pageBox_->setSuffix(QStringLiteral(" z %1").arg(view_->pageCount()));
     pageBox_->setKeyboardTracking(false);
-    connect(pageBox_, &QSpinBox::valueChanged, this, &PreviewDialog::goTo);
+    connect(pageBox_, &QSpinBox::valueChanged, view_, &PageView::setCurrentPage);
     toolBar_->addWidget(pageBox_);
 }
 
-void PreviewDialog::showPage() {
-    const int page = std::clamp(view_->currentPage(), pageBox_->minimum(), pageBox_->maximum());
+void PreviewDialog::noticePage() {
+    const int page = view_->currentPage();
     const QSignalBlocker quiet(pageBox_);
     pageBox_->setValue(page);
     const auto enable = [this](const char* name, bool on) {
@@ -134,37 +121,36 @@ void PreviewDialog::showPage() {
         enable(name, page < pageBox_->maximum());
 }
 
-void PreviewDialog::goTo(int page) {
-    view_->setCurrentPage(std::clamp(page, pageBox_->minimum(), pageBox_->maximum()));
-    showPage();
+void PreviewDialog::goToFirst() {
+    view_->setCurrentPage(1);
 }
 
 void PreviewDialog::goToPrevious() {
-    goTo(view_->currentPage() - 1);
+    view_->setCurrentPage(view_->currentPage() - 1);
 }
 
 void PreviewDialog::goToNext() {
-    goTo(view_->currentPage() + 1);
+    view_->setCurrentPage(view_->currentPage() + 1);
 }
 
 void PreviewDialog::goToLast() {
-    goTo(pageBox_->maximum());
+    view_->setCurrentPage(view_->pageCount());
 }
 
 void PreviewDialog::zoomIn() {
-    view_->zoomIn();
+    view_->zoomBy(zoomStep);
 }
 
 void PreviewDialog::zoomOut() {
-    view_->zoomOut();
+    view_->zoomBy(1 / zoomStep);
 }
 
 void PreviewDialog::fitWidth() {
-    view_->fitToWidth();
+    view_->setFit(PageView::Fit::Width);
 }
 
 void PreviewDialog::fitPage() {
-    view_->fitInView();
+    view_->setFit(PageView::Fit::Page);
 }
 
 void PreviewDialog::print() {
@@ -172,11 +158,11 @@ void PreviewDialog::print() {
         return tell(QStringLiteral("Nie je k dispozícii žiadna tlačiareň. Zostavu môžete uložiť "
                                    "ako PDF."));
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(pages_.title);
-    printer.setPageLayout(paperOf(pages_));
+    printer.setDocName(pages_.name());
+    printer.setPageLayout(paperOf(pages_.pages.front()));
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("printDialog"));
-    dialog.setMinMax(1, pageBox_->maximum());
+    dialog.setMinMax(1, view_->pageCount());
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (printer.printRange() != QPrinter::PageRange)
@@ -186,42 +172,28 @@ void PreviewDialog::print() {
 }
 
 void PreviewDialog::askAndSavePdf() {
-    if (const QString path = askPdfPath(); !path.isEmpty())
-        savePdf(path);
+    tellOutcome(askAndSave(
+        pdfFile(), pages_.name(), [this](QIODevice& file) { return writePdf(pages_, file); },
+        this));
 }
 
-/// Empty when the user has cancelled, or when the name they meant is another file's.
-QString PreviewDialog::askPdfPath() {
-    QFileDialog dialog(this, QStringLiteral("Uložiť ako PDF"), suggestedPath(pages_.title));
-    dialog.setObjectName(QStringLiteral("pdfDialog"));
-    // The system's own dialog speaks the system's language.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QStringLiteral("Dokumenty PDF (*.pdf)"));
-    dialog.setDefaultSuffix(pdfSuffix);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    QString chosen = dialog.selectedFiles().value(0);
-    if (chosen.endsWith(pdfSuffix, Qt::CaseInsensitive))
-        return chosen;
-    // The dialog leaves names with another suffix alone and has asked about that name only.
-    QString path = chosen + pdfSuffix;
-    if (!QFileInfo::exists(path))
-        return path;
-    tell(QStringLiteral("Súbor %1 už existuje. Zvoľte iný názov.").arg(path));
-    return {};
+void PreviewDialog::askAndSaveCsv() {
+    tellOutcome(askAndSave(
+        csvFile(), pages_.name(), [this](QIODevice& file) { return writeCsv(pages_.table, file); },
+        this));
 }
 
 void PreviewDialog::savePdf(const QString& path) {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && writePdf(pages_, file) && file.commit();
-    if (saved)
-        state_->setText(QStringLiteral("Uložené do súboru %1").arg(QDir::toNativeSeparators(path)));
+    tellOutcome(saveFile(path, [this](QIODevice& file) { return writePdf(pages_, file); }));
+}
+
+void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
+    if (!outcome)
+        return;
+    if (outcome->saved)
+        state_->setText(outcome->text);
     else
-        tell(
-            QStringLiteral("Súbor %1 sa nepodarilo uložiť. Skontrolujte, či priečinok existuje, či "
-                           "sa doň smie zapisovať a či je na disku miesto.")
-                .arg(QDir::toNativeSeparators(path)));
+        tell(outcome->text);
 }
 
 void PreviewDialog::tell(const QString& problem) {

@@ -1,21 +1,24 @@
 #pragma once
 
 #include "report/Print.h"
+#include "report/SaveFile.h"
 
 #include <QDialog>
 
 #include <initializer_list>
+#include <optional>
 
 class QAction;
 class QLabel;
-class QPrintPreviewWidget;
 class QSpinBox;
 class QToolBar;
 
 namespace report {
 
+class PageView;
+
 /// The window that shows a finished report: one page at a time, with zoom and page turning; from it
-/// the pages go to a printer or into a PDF file. Esc closes it.
+/// the pages go to a printer or into a PDF file, and a plain table into a CSV file. Esc closes it.
 class PreviewDialog : public QDialog {
     Q_OBJECT
 
@@ -32,9 +35,8 @@ class PreviewDialog : public QDialog {
     void buildToolBar();
     void addActions(std::initializer_list<ActionRow> rows);
     void addPageBox();
-    void showPage();
-    void goTo(int page);
-    void goToFirst() { goTo(1); }
+    void noticePage();
+    void goToFirst();
     void goToPrevious();
     void goToNext();
     void goToLast();
@@ -44,13 +46,14 @@ class PreviewDialog : public QDialog {
     void fitPage();
     void print();
     void askAndSavePdf();
-    QString askPdfPath();
+    void askAndSaveCsv();
+    void tellOutcome(const std::optional<SaveOutcome>& outcome);
     void tell(const QString& problem);
 
     const Pages& pages_;
     ProblemTeller tellProblem_;
     QToolBar* toolBar_;
-    QPrintPreviewWidget* view_;
+    PageView* view_;
     QSpinBox* pageBox_;
     QLabel* state_;
 };

@@ -1,14 +1,13 @@
 #include "report/Print.h"
 
 #include "report/PageCheck.h"
+#include "report/PdfContents.h"
 
 #include <QBuffer>
 #include <QIODevice>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-
-#include <utility>
 
 namespace report {
 
@@ -45,6 +44,13 @@ void drawTexts(QPainter& painter, const std::vector<PlacedText>& texts) {
     }
 }
 
+bool beginInTwips(QPainter& painter, QPagedPaintDevice& device) {
+    if (!painter.begin(&device))
+        return false;
+    painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
+    return true;
+}
+
 bool isWanted(const QPageRanges& ranges, int number) {
     return ranges.isEmpty() || ranges.contains(number);
 }
@@ -59,8 +65,8 @@ void drawPage(QPainter& painter, const Page& page) {
     drawTexts(painter, page.texts);
 }
 
-QPageLayout paperOf(const Pages& pages) {
-    const bool wide = pages.orientation == Orientation::Landscape;
+QPageLayout paperOf(const Page& page) {
+    const bool wide = page.paper.width() > page.paper.height();
     QPageLayout paper(QPageSize(QPageSize::A4),
                       wide ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
     paper.setMode(QPageLayout::FullPageMode);
@@ -68,19 +74,18 @@ QPageLayout paperOf(const Pages& pages) {
 }
 
 bool printPages(const Pages& pages, QPagedPaintDevice& device) {
-    device.setPageLayout(paperOf(pages));
-    QPainter painter;
-    if (!painter.begin(&device))
-        return false;
-    painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
     const QPageRanges ranges = device.pageRanges();
-    bool first = true;
+    QPainter painter;
     for (std::size_t i = 0; i < pages.pages.size(); ++i) {
+        const Page& page = pages.pages[i];
         if (!isWanted(ranges, int(i) + 1))
             continue;
-        if (!std::exchange(first, false) && !device.newPage())
+        // Between two pages only, and not on every device: a preview's sheets are all alike.
+        if (const QPageLayout paper = paperOf(page); device.pageLayout() != paper)
+            device.setPageLayout(paper);
+        if (painter.isActive() ? !device.newPage() : !beginInTwips(painter, device))
             return false;
-        drawPage(painter, pages.pages[i]);
+        drawPage(painter, page);
     }
     return painter.end();
 }
@@ -91,11 +96,12 @@ bool writePdf(const Pages& pages, QIODevice& device) {
     memory.open(QIODevice::WriteOnly);
     QPdfWriter writer(&memory);
     writer.setResolution(int(twipsPerInch));
-    writer.setTitle(pages.title);
+    writer.setTitle(pages.name());
     writer.setCreator(QStringLiteral("TVK"));
     if (!printPages(pages, writer))
         return false;
-    return device.write(memory.data()) == memory.size();
+    const auto pdf = withContents(memory.data(), pages);
+    return pdf && device.write(*pdf) == pdf->size();
 }
 
 } // namespace report

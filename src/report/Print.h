@@ -18,14 +18,15 @@ namespace report {
 /// Draws a page so that one unit of the painter is one twip.
 void drawPage(QPainter& painter, const Page& page);
 
-/// The paper of the pages, all of it usable.
-QPageLayout paperOf(const Pages& pages);
+/// The paper of a page, all of it usable.
+QPageLayout paperOf(const Page& page);
 
-/// Draws the pages onto a printer or a PDF writer, only those in the device's page ranges if it has
-/// any. @return false when the device failed
+/// Draws the pages onto a printer or a PDF writer, each on its own paper, only those in the
+/// device's page ranges if it has any. @return false when the device failed
 bool printPages(const Pages& pages, QPagedPaintDevice& device);
 
-/// Writes a PDF with embedded fonts and searchable texts. @return false when the device failed
+/// Writes a PDF with embedded fonts, searchable texts, title, language and bookmarks. @return false
+/// when the device failed
 bool writePdf(const Pages& pages, QIODevice& device);
 
 /// Tells the user, over that window, why printing or saving did not succeed.

@@ -4,9 +4,7 @@
 
 namespace statreturn {
 
-namespace {
-
-bool isCounted(const CountPair& pair, const CountedClient& client, bool several) {
+bool isCountedBy(const CountPair& pair, const CountedClient& client, bool several) {
     switch (pair.by) {
     case CountedBy::Everyone:
         return true;
@@ -18,16 +16,8 @@ bool isCounted(const CountPair& pair, const CountedClient& client, bool several)
     return false;
 }
 
-} // namespace
-
 void countClient(Counts& counts, const CountedClient& client, bool several) {
-    const bool girl = client.pohl == u"Z";
-    for (std::size_t i = 0; i < countPairs.size(); ++i) {
-        if (isCounted(countPairs[i], client, several)) {
-            counts[2 * i] += 1;
-            counts[2 * i + 1] += girl ? 1 : 0;
-        }
-    }
+    forEachCounter(client, several, [&counts](std::size_t counter) { counts[counter] += 1; });
 }
 
 QStringView withoutBlanks(QStringView text) {

@@ -72,6 +72,27 @@ struct CountedClient {
     QString post;
 };
 
+/// Whether a pair counts a client. @param several whether he has more than one impairment
+bool isCountedBy(const CountPair& pair, const CountedClient& client, bool several);
+
+/// Whether the client counts in the second column of the pairs, too.
+inline bool isGirl(const CountedClient& client) {
+    return client.pohl == u"Z";
+}
+
+/// Calls `add` with each counter that counts the client.
+/// @param several whether he has more than one impairment
+template <class Add>
+void forEachCounter(const CountedClient& client, bool several, const Add& add) {
+    for (std::size_t i = 0; i < countPairs.size(); ++i) {
+        if (!isCountedBy(countPairs[i], client, several))
+            continue;
+        add(2 * i);
+        if (isGirl(client))
+            add(2 * i + 1);
+    }
+}
+
 /// Counts a client in. @param several whether the client has more than one impairment
 void countClient(Counts& counts, const CountedClient& client, bool several);
 

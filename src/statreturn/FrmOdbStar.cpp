@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 
 namespace statreturn {
 
@@ -61,6 +62,8 @@ void FrmOdbStar::layOut() {
     lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
+    // By itself a dialog takes two thirds of the screen at most.
+    resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
 void FrmOdbStar::load() {

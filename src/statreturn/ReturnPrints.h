@@ -45,6 +45,15 @@ void printZam(const ReturnTools& tools, const QDate& today, QWidget* parent);
 void printDopUkaz(const printing::PrintTools& tools, const QDate& today, QWidget* parent);
 void printOdbStar(const printing::PrintTools& tools, const QDate& today, QWidget* parent);
 
+/// The operation behind `mniVykaz`: makes all five tables and shows them as one document, in the
+/// order of the form. Rows that were left in the scratch tables go first, and those of this run go
+/// however it ends.
+/// @throws store::EngineError what the operation of a table throws before its report is shown, its
+/// text naming the table; nothing is shown then. Where Table I tells of a needed restart, so does
+/// this
+void printReturn(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+                 QWidget* parent);
+
 /// Empties the scratch tables of the return: their rows live as long as the run that made them, and
 /// a run that was killed could not do it. Writes nothing when they are empty.
 /// @throws store::EngineError

@@ -1,5 +1,6 @@
 #include "statreturn/TableOne.h"
 
+#include "statreturn/Selections.h"
 #include "store/DataSource.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
@@ -32,10 +33,14 @@ void stampAges(store::DataSource& datTlac, const Period& period, const QDate& to
 
 } // namespace
 
-int ageOn(const QDate& today, const QDate& birth) {
+int completedYears(const QDate& today, const QDate& birth) {
     const bool birthdayToCome = today.month() < birth.month() ||
                                 (today.month() == birth.month() && today.day() < birth.day());
-    return std::min(today.year() - birth.year() - (birthdayToCome ? 1 : 0), oldestAge);
+    return today.year() - birth.year() - (birthdayToCome ? 1 : 0);
+}
+
+int ageOn(const QDate& today, const QDate& birth) {
+    return std::min(completedYears(today, birth), oldestAge);
 }
 
 QString stampSelection(const Period& period) {
@@ -43,9 +48,8 @@ QString stampSelection(const Period& period) {
                "Select k_zaklad.datnar as dat,k_zaklad.pohlav as pohl,k_zaklad.vek as vek,"
                "k_zaklad.postih as post, k_zaznam_spc.datum  from k_zaklad "
                "inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod "
-               "where ((isnull(k_zaklad.datnar) = false) and k_zaznam_spc.datum >= datevalue('") +
-           dateText(period.start) + QStringLiteral("') and k_zaznam_spc.datum <= datevalue('") +
-           dateText(period.end) + QStringLiteral("'))");
+               "where ((isnull(k_zaklad.datnar) = false) and ") +
+           isInPeriod(period) + u')';
 }
 
 QString ageSelection(int age, const Period& period) {
@@ -54,11 +58,8 @@ QString ageSelection(int age, const Period& period) {
                "k_zaklad.vek as vek,k_zaklad.postih as post from k_zaklad "
                "inner join k_zaznam_spc on k_zaklad.idkod=k_zaznam_spc.idkod "
                "where isnull(datnar) = false and k_zaklad.vek = ") +
-           QString::number(age) +
-           QStringLiteral(" and Val(Left(k_zaklad.postih, 1)) <> 0"
-                          " and k_zaznam_spc.datum >= datevalue('") +
-           dateText(period.start) + QStringLiteral("') and k_zaznam_spc.datum <= datevalue('") +
-           dateText(period.end) + QStringLiteral("') order by k_zaklad.idkod");
+           QString::number(age) + QStringLiteral(" and ") + isImpaired + QStringLiteral(" and ") +
+           isInPeriod(period) + QStringLiteral(" order by k_zaklad.idkod");
 }
 
 Counts makeTableOne(store::DataSource& datTlac, store::Database& database, const Period& period,

@@ -37,7 +37,9 @@ inline constexpr std::array<AgeRow, 19> ageRows{{
     {u" ", u" 18 a viac", u"0119"},
 }};
 
-/// Completed years on a day, at most 18; negative when the birth is still to come.
+/// Completed years on a day; negative when the birth is still to come.
+int completedYears(const QDate& today, const QDate& birth);
+/// The age as the table counts it: at most 18.
 int ageOn(const QDate& today, const QDate& birth);
 
 /// The records of care of a period with the data that give their client's age.

@@ -35,20 +35,20 @@ using StaffCounts = std::array<int, 6>;
 constexpr std::size_t external = 3;
 using StaffTable = std::array<StaffCounts, staffRows.size()>;
 
-bool holds(store::Recordset& group, QStringView column, QStringView value) {
+bool isText(const store::Value& value, QStringView text) {
     // As the engine compares texts.
-    return group.Fields(column).Value().toText().compare(value, Qt::CaseInsensitive) == 0;
+    return value.toText().compare(text, Qt::CaseInsensitive) == 0;
 }
 
 void addGroup(StaffCounts& counts, store::Recordset& group) {
-    const bool isExternal = holds(group, u"int-ext", u"e");
-    if (!isExternal && !holds(group, u"int-ext", u"i"))
+    const auto employment = employmentOf(group.Fields(u"int-ext").Value());
+    if (!employment)
         return;
-    const std::size_t first = isExternal ? external : 0;
+    const std::size_t first = employment == Employment::External ? external : 0;
     const int sum = int(group.Fields(u"sucet").Value().toNumber());
     counts[first] += sum;
-    counts[first + 1] += holds(group, u"pohlavie", u"z") ? sum : 0;
-    counts[first + 2] += holds(group, u"kvalifikacia", u"a") ? sum : 0;
+    counts[first + 1] += isWoman(group.Fields(u"pohlavie").Value()) ? sum : 0;
+    counts[first + 2] += isText(group.Fields(u"kvalifikacia").Value(), u"a") ? sum : 0;
 }
 
 StaffTable countStaff(store::DataSource& datTlac) {
@@ -61,9 +61,8 @@ StaffTable countStaff(store::DataSource& datTlac) {
     StaffTable table{};
     store::Recordset& groups = datTlac.Recordset();
     for (; !groups.Eof(); groups.MoveNext()) {
-        const double function = groups.Fields(u"prac_zar").Value().toNumber();
-        if (function >= 1 && function <= double(table.size()))
-            addGroup(table[std::size_t(function) - 1], groups);
+        if (const auto row = staffRowOf(groups.Fields(u"prac_zar").Value()))
+            addGroup(table[*row], groups);
     }
     return table;
 }
@@ -85,7 +84,6 @@ void writeRow(store::Database& database, const StaffRow& row, const QStringList&
             .arg(values.join(QLatin1Char(','))));
 }
 
-/// A director has no external columns.
 QStringList directorCells(const StaffCounts& counts) {
     return cellsOf(counts).first(qsizetype(external)) +
            QStringList(qsizetype(counts.size() - external), QStringLiteral("   x"));
@@ -93,11 +91,29 @@ QStringList directorCells(const StaffCounts& counts) {
 
 } // namespace
 
+std::optional<std::size_t> staffRowOf(const store::Value& function) {
+    const double number = function.toNumber();
+    if (number < 1 || number > double(staffRows.size()))
+        return std::nullopt;
+    return std::size_t(number) - 1;
+}
+
+std::optional<Employment> employmentOf(const store::Value& kind) {
+    if (isText(kind, u"i"))
+        return Employment::Internal;
+    return isText(kind, u"e") ? std::optional(Employment::External) : std::nullopt;
+}
+
+bool isWoman(const store::Value& sex) {
+    return isText(sex, u"z");
+}
+
 void makeTableThree(store::DataSource& datTlac, store::Database& database) {
     const StaffTable table = countStaff(datTlac);
     StaffCounts totals{};
     for (std::size_t i = 0; i < table.size(); ++i) {
-        writeRow(database, staffRows[i], i == 0 ? directorCells(table[i]) : cellsOf(table[i]));
+        writeRow(database, staffRows[i],
+                 i == directorRow ? directorCells(table[i]) : cellsOf(table[i]));
         for (std::size_t column = 0; column < totals.size(); ++column)
             totals[column] += table[i][column];
     }

@@ -6,6 +6,7 @@
 #include <QStringView>
 
 #include <array>
+#include <vector>
 
 namespace store {
 class Database;
@@ -40,6 +41,21 @@ inline constexpr std::array<EducationRow, 16> educationRows{{
     {u" ", u" ", u"0215"},
     {u" ", u" ", u"0216"},
 }};
+
+/// A type of school as the code-list has it.
+struct EducationType {
+    QString code;
+    QString title;
+
+    /// Whether its row counts clients; the others are marked as not applicable.
+    bool isCounted() const { return code != u"16" && code != u"23"; }
+};
+
+/// The types of school in the order of the table's rows. @throws store::EngineError
+std::vector<EducationType> educationTypes(store::DataSource& datCisVzd);
+
+/// What the row at that place holds. @throws store::EngineError 9 when the form has no such row
+const EducationRow& educationRowAt(std::size_t place);
 
 /// The open placements of a type of school whose clients were in care in the school year, in the
 /// order of the clients' keys.

@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/EngineError.h"
 #include "store/OpenCheck.h"
+#include "store/Watch.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -15,8 +16,6 @@ namespace store {
 namespace {
 
 constexpr std::chrono::milliseconds pause(200);
-/// Instructions of SQLite between two looks at whether to stop.
-constexpr int stride = 10000;
 
 /// When the file was last written; nothing while it is being written.
 std::optional<QDateTime> lastWritten(const QString& path) {
@@ -25,19 +24,18 @@ std::optional<QDateTime> lastWritten(const QString& path) {
     return QFileInfo(path).lastModified();
 }
 
-int isStopped(void* token) {
-    return static_cast<const std::stop_token*>(token)->stop_requested() ? 1 : 0;
-}
-
 enum class Look : quint8 { Sound, Damaged, Unreadable };
 
-Look lookAt(const QString& path, std::stop_token stop) {
+Look lookAt(const QString& path, const std::stop_token& stop) {
     try {
         Connection connection(path, Connection::Access::Unlocked);
-        sqlite3_progress_handler(connection.handle(), stride, isStopped, &stop);
         connection.execute(roomForChecks);
-        checkPages(connection);
+        Watch(connection.handle(), [&stop] { return !stop.stop_requested(); }).run([&connection] {
+            checkPages(connection);
+        });
         return Look::Sound;
+    } catch (const GivenUp&) {
+        return Look::Unreadable;
     } catch (const EngineError& error) {
         return error.number() == ErrorNumber::UnrecognizedFile ? Look::Damaged : Look::Unreadable;
     }

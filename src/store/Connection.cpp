@@ -68,6 +68,11 @@ void Connection::execute(const char* sql) {
         throw sqliteError(code, handle(), QString::fromUtf8(sql));
 }
 
+qint64 Connection::number(const QString& sql) const {
+    Query query(handle(), sql);
+    return query.step() ? query.integer(0) : 0;
+}
+
 void Connection::beginWrite() {
     if (lost_)
         throw *lost_;

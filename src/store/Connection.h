@@ -69,6 +69,8 @@ class Connection {
     void setPatience(int milliseconds);
     /// Runs statements of SQLite that give no rows.
     void execute(const char* sql);
+    /// The number that a statement of SQLite gives; 0 when it gives no row.
+    qint64 number(const QString& sql) const;
 
     /// Makes the unit of work durable and lets go of the file.
     /// @throws EngineError, and nothing of the unit stays. Once the medium has refused a write, the

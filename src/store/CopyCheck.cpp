@@ -5,10 +5,12 @@
 #include "store/OpenCheck.h"
 #include "store/Query.h"
 #include "store/Schema.h"
-
-#include <QStringList>
+#include "store/Watch.h"
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <functional>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -26,51 +28,68 @@ constexpr qint64 lockedByte = 0x40000000;
 
 using Readers = std::vector<std::unique_ptr<Connection>>;
 
-qint64 number(Connection& connection, const QString& sql) {
-    Query query(connection.handle(), sql);
-    return query.step() ? query.integer(0) : 0;
-}
-
 /// Every page belongs to one table or index alone: what checks of single tables can't see.
 void checkUseOfPages(Connection& connection) {
     Query query(connection.handle(),
                 QStringLiteral("SELECT count(*), count(DISTINCT pageno) FROM dbstat"));
     query.step();
-    const qint64 pages = number(connection, QStringLiteral("PRAGMA page_count"));
+    const qint64 pages = connection.number(QStringLiteral("PRAGMA page_count"));
     const bool hasEmptyPage =
-        pages * number(connection, QStringLiteral("PRAGMA page_size")) > lockedByte;
+        pages * connection.number(QStringLiteral("PRAGMA page_size")) > lockedByte;
     const qint64 used = hasEmptyPage ? pages - 1 : pages;
     if (query.integer(0) != used || query.integer(1) != used)
         throw EngineError(ErrorNumber::UnrecognizedFile,
                           QStringLiteral("Súbor databázy je poškodený."), connection.path());
 }
 
-/// Tables that wait to be checked, those with many rows first.
+/// The tables that are to be checked, taken by several readers, and how far they have come.
 class WaitingTables {
   public:
-    explicit WaitingTables(Connection& connection) {
-        Query query(connection.handle(),
-                    QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"));
-        while (query.step())
-            waiting_.emplace_back(0, query.text(0));
-        for (auto& [rows, name] : waiting_)
-            rows = number(connection, QStringLiteral("SELECT max(rowid) FROM ") + sqlName(name));
-        waiting_.emplace_back(0, QStringLiteral("sqlite_schema"));
-        std::ranges::sort(waiting_);
+    explicit WaitingTables(Connection& connection) : waiting_(checkLoads(connection)) {
+        for (const CheckLoad& load : waiting_)
+            all_ += load.instructions;
     }
     std::optional<QString> next() {
         const std::lock_guard lock(mutex_);
         if (waiting_.empty())
             return std::nullopt;
-        const QString name = waiting_.back().second;
+        const QString name = waiting_.back().table;
         waiting_.pop_back();
         return name;
+    }
+    /// Counts what a reader has done. @return false when all are to stop
+    bool count() {
+        done_ += Watch::stride;
+        return !stopped_;
+    }
+    void stop() { stopped_ = true; }
+    bool isStopped() const { return stopped_; }
+    double part() const {
+        return std::min(1.0, static_cast<double>(done_) / static_cast<double>(all_ + 1));
     }
 
   private:
     std::mutex mutex_;
-    std::vector<std::pair<qint64, QString>> waiting_;
+    std::vector<CheckLoad> waiting_;
+    qint64 all_ = 0;
+    std::atomic<qint64> done_ = 0;
+    std::atomic<bool> stopped_ = false;
 };
+
+void checkWaiting(WaitingTables& tables, Connection& reader) {
+    Watch(reader.handle(), [&tables] { return tables.count(); }).run([&] {
+        for (auto table = tables.next(); table && !tables.isStopped(); table = tables.next())
+            checkTable(reader, *table);
+    });
+}
+
+/// Waits for a reader, and tells meanwhile how far all have come.
+void waitFor(const std::future<void>& reader, WaitingTables& tables, const TellProgress& tell) {
+    constexpr std::chrono::milliseconds pause(30);
+    while (reader.wait_for(pause) != std::future_status::ready)
+        if (!tables.isStopped() && tell && !tell(tables.part()))
+            tables.stop();
+}
 
 Readers readersOf(const QString& path) {
     Readers readers(std::clamp(std::thread::hardware_concurrency(), 1U, mostReaders));
@@ -81,29 +100,31 @@ Readers readersOf(const QString& path) {
     return readers;
 }
 
-void checkBesideOneAnother(const Readers& readers) {
+void checkBesideOneAnother(const Readers& readers, const TellProgress& tell) {
     WaitingTables tables(*readers.front());
     std::vector<std::future<void>> parts;
     for (const auto& reader : readers)
-        parts.push_back(std::async(std::launch::async, [&tables, &reader] {
-            while (const auto table = tables.next())
-                checkTable(*reader, *table);
-        }));
+        parts.push_back(
+            std::async(std::launch::async, checkWaiting, std::ref(tables), std::ref(*reader)));
+    for (const auto& part : parts)
+        waitFor(part, tables, tell);
     for (auto& part : parts)
         part.get();
+    if (tables.isStopped())
+        throw GivenUp();
     checkUseOfPages(*readers.front());
 }
 
 } // namespace
 
-void checkCopy(const QString& path) {
+void checkCopy(const QString& path, const TellProgress& tell) {
     checkHeader(path);
     const Readers readers = readersOf(path);
     checkIdentity(*readers.front());
     if (sqlite3_compileoption_used("ENABLE_DBSTAT_VTAB") != 0)
-        checkBesideOneAnother(readers);
+        checkBesideOneAnother(readers, tell);
     else
-        checkPages(*readers.front());
+        checkAllPages(*readers.front(), tell);
 }
 
 } // namespace store

@@ -69,6 +69,17 @@ QueryDef Database::QueryDefs(const QString& name) {
     return {connection_, name};
 }
 
+void Database::CreateQueryDef(const QString& name, const QString& sql) {
+    Connection& connection = opened(connection_);
+    if (connection.storedQuery(name))
+        throw EngineError(ErrorNumber::ObjectExists,
+                          QStringLiteral("Objekt %1 už v databáze je.").arg(name), name);
+    Query query(connection.handle(), QStringLiteral("INSERT INTO tvk_queries VALUES (?1, ?2)"));
+    query.bind(1, Cell(name.toStdString()));
+    query.bind(2, Cell(sql.toStdString()));
+    runWrite(connection, query);
+}
+
 void Database::Close() {
     const auto last = std::move(connection_);
     connection_.reset();
@@ -84,6 +95,7 @@ class DBEngine::Impl {
     void commit();
     void rollBack() noexcept;
     DeferredErrors& deferred() { return *deferred_; }
+    void whileUpgrading(std::function<void()> working) { upgrading_ = std::move(working); }
     /// True when a connection still holds a file that was replaced at this path.
     bool holdsReplaced(const QString& path) const;
 
@@ -91,6 +103,7 @@ class DBEngine::Impl {
     std::vector<std::shared_ptr<Connection>> live() const;
 
     std::vector<std::weak_ptr<Connection>> connections_;
+    std::function<void()> upgrading_;
     std::shared_ptr<DeferredErrors> deferred_ = std::make_shared<DeferredErrors>();
 };
 
@@ -128,7 +141,7 @@ std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     connection->execute(
         "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
     removeColdJournal(*connection);
-    bringUpToDate(*connection);
+    bringUpToDate(*connection, upgrading_);
     std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
     connections_.push_back(connection);
     return connection;
@@ -166,21 +179,26 @@ Database DBEngine::OpenDatabase(const QString& path) {
     return Database(impl_->open(canonical.isEmpty() ? path : canonical));
 }
 
-void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&) {
+void DBEngine::CompactDatabase(const QString& source, const QString& target, const QString&,
+                               const TellProgress& tell) {
     commitPending();
-    compactDatabase(source, target);
+    compactDatabase(source, target, tell);
 }
 
 void DBEngine::CreateDatabase(const QString& path) {
     createDatabase(path);
 }
 
-void DBEngine::verifyDatabase(const QString& path) {
-    store::verifyDatabase(path);
+void DBEngine::verifyDatabase(const QString& path, const TellProgress& tell) {
+    store::verifyDatabase(path, tell);
 }
 
 bool DBEngine::owesFullCheck(const QString& path) {
     return !isQuicklyChecked(path);
+}
+
+void DBEngine::whileUpgrading(std::function<void()> working) {
+    impl_->whileUpgrading(std::move(working));
 }
 
 void DBEngine::commitPending() {

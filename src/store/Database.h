@@ -1,10 +1,12 @@
 #pragma once
 
 #include "store/EngineError.h"
+#include "store/Progress.h"
 #include "store/Recordset.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace store {
@@ -34,6 +36,8 @@ class Database {
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
     QueryDef QueryDefs(const QString& name);
+    /// Puts a new query object into the file. @throws EngineError 3012 when one has that name
+    void CreateQueryDef(const QString& name, const QString& sql);
     /// Gives up the handle; further calls but Close throw. The last handle or recordset of a file
     /// closes the file and writes what is pending. @throws EngineError when it can't
     void Close();
@@ -62,16 +66,21 @@ class DBEngine {
     Database OpenDatabase(const QString& path);
     /// Copies a closed database to a new file without its free space, readable by its owner
     /// only and, on return, checked in full and durable. There is only one locale.
-    /// @throws EngineError 3204 when the target exists, 3024, 3343, 3026 when the disk is full. A
-    /// target that was begun is removed.
-    void CompactDatabase(const QString& source, const QString& target, const QString& locale);
+    /// @throws EngineError 3204 when the target exists, 3024, 3343, 3026 when the disk is full;
+    /// GivenUp. A target that was begun is removed.
+    void CompactDatabase(const QString& source, const QString& target, const QString& locale,
+                         const TellProgress& tell = {});
     /// Makes a new, empty database with all tables, indexes and stored queries, readable by its
     /// owner only. @throws EngineError 3204 when the file exists.
     void CreateDatabase(const QString& path);
     /// True when OpenDatabase leaves the search for damage to be done in the background.
     static bool owesFullCheck(const QString& path);
-    /// Opens the file on its own and checks every page. @throws EngineError 3343
-    static void verifyDatabase(const QString& path);
+    /// Has something called when a register begins to be brought to the present schema, and again
+    /// and again until that is done, which with a large one takes minutes.
+    /// @param working must not throw, nor use the engine; empty for nothing
+    void whileUpgrading(std::function<void()> working);
+    /// Opens the file on its own and checks every page. @throws EngineError 3343; GivenUp
+    static void verifyDatabase(const QString& path, const TellProgress& tell = {});
 
     /// Makes durable what the current user action has written. Called before the program waits for
     /// its user. @throws EngineError when it can't be written; then nothing of the action stays.

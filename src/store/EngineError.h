@@ -12,6 +12,7 @@ enum class ErrorNumber : int {
     Overflow = 6,
     SubscriptOutOfRange = 9,
     Internal = 3000,
+    ObjectExists = 3012,
     NoOpenEdit = 3020,
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QString>
 
@@ -63,5 +64,29 @@ void replaceFile(const QString& from, const QString& to);
 
 /// As replaceFile, but fails when the target exists. @throws EngineError 3204
 void moveToFreeName(const QString& from, const QString& to);
+
+/// Gives a file a second name, durable on return; it may have it already.
+/// @return false where the file system gives none
+/// @throws EngineError 3204 when another file has that name
+bool addName(const QString& path, const QString& second);
+
+/// Copies a file, durable on return and readable by its owner only; nothing stays of one that
+/// fails.
+/// @throws EngineError 3204 when the target exists; GivenUp
+void copyFile(const QString& from, const QString& to, const TellProgress& tell = {});
+
+/// Keeps a file under another name as well: by a second name, or as a copy where the file system
+/// gives none. @throws EngineError 3204 when another file has that name
+void keepAs(const QString& path, const QString& kept);
+
+/// Where the file lies, or would lie, that a path leads to through links.
+QString behindLinks(const QString& path);
+
+/// What SQLite may leave beside a register, as it is called behind the register's name.
+inline constexpr const char16_t* journalSuffixes[] = {u"-journal", u"-wal", u"-shm"};
+
+/// Takes the journals of a register along to its other name: one that stays would spoil the
+/// register that comes into its place. @throws EngineError
+void moveJournals(const QString& from, const QString& to);
 
 } // namespace store

@@ -9,10 +9,12 @@
 #include "store/Query.h"
 #include "store/Schema.h"
 #include "store/SqlFunctions.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <future>
 #include <string>
 #include <utility>
@@ -37,14 +39,20 @@ constexpr StoredQuery storedQueries[] = {
     {"vyp_zazspc", u"select * from k_zaznam_spc"},
     {"vyp_surodenci", u"select * from k_surodenci"},
     {"vyp_navstevy", u"select * from k_navstevy"},
-    {"vyp_zoz_klient", u"select k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,"
-                       u"k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc from k_zaklad "
-                       u"order by k_zaklad.priezv+k_zaklad.meno"},
-    {"vyp_zazZmeny", u"select k_zaznam_zmeny.datum, trim(zamestnanci.meno) & '  ' & "
-                     u"trim(zamestnanci.priezv) as Expr1, k_zaznam_zmeny.zmeny from "
-                     u"k_zaznam_zmeny left join zamestnanci on "
+    {"vyp_zoz_klient", u"SELECT k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,"
+                       u"k_zaklad.datnar,k_zaklad.ulica,k_zaklad.obec,k_zaklad.psc FROM k_zaklad  "
+                       u"ORDER BY k_zaklad.priezv+k_zaklad.meno"},
+    {"vyp_zazZmeny", u"select k_zaznam_zmeny.idkod, k_zaznam_zmeny.datum, trim(zamestnanci.meno) & "
+                     u"'  ' & trim(zamestnanci.priezv) as Expr1, k_zaznam_zmeny.zmeny "
+                     u"from k_zaznam_zmeny left join zamestnanci on "
                      u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum"},
 };
+
+/// What vyp_zazZmeny was before it told whose the changes are.
+constexpr auto keylessChanges =
+    u"select k_zaznam_zmeny.datum, trim(zamestnanci.meno) & '  ' & trim(zamestnanci.priezv) as "
+    u"Expr1, k_zaznam_zmeny.zmeny from k_zaznam_zmeny left join zamestnanci on "
+    u"k_zaznam_zmeny.idkod_p = zamestnanci.idkod order by k_zaznam_zmeny.datum";
 
 struct IndexFigures {
     const char* table;
@@ -199,6 +207,12 @@ void readDatesAnew(Connection& connection, const QString& table, const QString& 
     }
 }
 
+double bytesInUse(const Connection& connection) {
+    const qint64 pages = connection.number(QStringLiteral("PRAGMA page_count")) -
+                         connection.number(QStringLiteral("PRAGMA freelist_count"));
+    return static_cast<double>(pages * connection.number(QStringLiteral("PRAGMA page_size")));
+}
+
 void makeAllAnew(Connection& connection) {
     for (const TableDef& table : schema()) {
         makeAnew(connection, table);
@@ -208,8 +222,54 @@ void makeAllAnew(Connection& connection) {
     }
     run(connection, createIndexes());
     fillFigures(connection);
+}
+
+/// Gives the stored query of changes the client's key, unless somebody has put another statement
+/// there.
+void renewChanges(Connection& connection) {
+    const auto current =
+        std::ranges::find(storedQueries, QLatin1String("vyp_zazZmeny"),
+                          [](const StoredQuery& query) { return QLatin1String(query.name); });
+    Query renew(connection.handle(),
+                QStringLiteral("UPDATE tvk_queries SET sql = ?1 WHERE name = ?2 AND sql = ?3"));
+    renew.bind(1, Cell(QString::fromUtf16(current->sql).toStdString()));
+    renew.bind(2, Cell(std::string(current->name)));
+    renew.bind(3, Cell(QString::fromUtf16(keylessChanges).toStdString()));
+    renew.run();
+}
+
+void renewFrom(quint32 version, Connection& connection) {
+    if (version < 2)
+        makeAllAnew(connection);
+    renewChanges(connection);
     noteVersion(connection);
 }
+
+/// Calls now, and again and again as long as it lives, while SQLite works.
+class Heartbeat {
+  public:
+    Heartbeat(Connection& connection, const std::function<void()>& call) : connection_(connection) {
+        if (!call)
+            return;
+        call();
+        sqlite3_progress_handler(connection.handle(), stride, beat,
+                                 const_cast<std::function<void()>*>(&call));
+    }
+    ~Heartbeat() { sqlite3_progress_handler(connection_.handle(), 0, nullptr, nullptr); }
+    Heartbeat(const Heartbeat&) = delete;
+    Heartbeat& operator=(const Heartbeat&) = delete;
+
+  private:
+    /// Instructions of SQLite between two calls: some milliseconds.
+    static constexpr int stride = 100'000;
+
+    static int beat(void* call) {
+        (*static_cast<const std::function<void()>*>(call))();
+        return 0;
+    }
+
+    Connection& connection_;
+};
 
 } // namespace
 
@@ -226,22 +286,30 @@ void createDatabase(const QString& path) {
     begun.keep();
 }
 
-void vacuumInto(const QString& source, const QString& target) {
+void vacuumInto(const QString& source, const QString& target, const TellProgress& tell) {
     Connection connection(source, Connection::Access::ReadWrite);
     checkIdentity(connection);
+    const double bytes = bytesInUse(connection);
     Query query(connection.handle(), QStringLiteral("VACUUM INTO ?1"));
     query.bind(1, Cell(target.toStdString()));
-    query.run();
+    Watch(connection.handle(), [&] {
+        return !tell || tell(std::min(1.0, static_cast<double>(QFileInfo(target).size()) / bytes));
+    }).run([&query] { query.run(); });
 }
 
-void compactDatabase(const QString& source, const QString& target) {
+void compactDatabase(const QString& source, const QString& target, const TellProgress& tell) {
+    constexpr double copying = 0.4;
     refuseExisting(target);
     checkHeader(source);
     BegunFile begun(target);
-    vacuumInto(source, target);
+    const Share copied(tell, 0, copying);
+    copied(0);
+    vacuumInto(source, target, [&copied](double part) { return copied.tells(part); });
     auto synced = std::async(std::launch::async, [&target] { syncFile(target); });
+    const Share checked(tell, copying, 1);
+    checked(0);
     try {
-        checkCopy(target);
+        checkCopy(target, [&checked](double part) { return checked.tells(part); });
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), target);
     }
@@ -249,13 +317,13 @@ void compactDatabase(const QString& source, const QString& target) {
     begun.keep();
 }
 
-void verifyDatabase(const QString& path) {
+void verifyDatabase(const QString& path, const TellProgress& tell) {
     checkHeader(path);
     try {
         Connection connection(path, Connection::Access::ReadOnly);
         connection.execute(roomForChecks);
         checkIdentity(connection);
-        checkPages(connection);
+        checkAllPages(connection, tell);
     } catch (const EngineError& error) {
         throw EngineError(ErrorNumber::UnrecognizedFile, error.description(), path);
     }
@@ -265,18 +333,20 @@ bool isUpToDate(Connection& connection) {
     return versionOf(connection) == schemaVersion && isTextOrderCurrent(connection);
 }
 
-void bringUpToDate(Connection& connection) {
-    const bool isOld = versionOf(connection) != schemaVersion;
+void bringUpToDate(Connection& connection, const std::function<void()>& working) {
+    const quint32 version = versionOf(connection);
+    const bool isOld = version != schemaVersion;
     if (!isOld && isTextOrderCurrent(connection))
         return;
+    const Heartbeat heartbeat(connection, working);
     try {
         connection.writeAll([&] {
             if (isOld)
-                makeAllAnew(connection);
+                renewFrom(version, connection);
             else
                 connection.execute("REINDEX");
             noteTextOrder(connection);
-            checkPages(connection);
+            checkShape(connection);
             return true;
         });
         connection.commit();

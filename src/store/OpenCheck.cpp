@@ -4,11 +4,14 @@
 #include "store/EngineError.h"
 #include "store/Query.h"
 #include "store/Schema.h"
+#include "store/Watch.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace store {
 
@@ -90,11 +93,6 @@ void checkHeaderOf(QFile& file) {
         refuse(path, QStringLiteral("Súbor je neúplný."));
 }
 
-quint32 pragma(Connection& connection, const QString& name) {
-    Query query(connection.handle(), QStringLiteral("PRAGMA %1").arg(name));
-    return query.step() ? static_cast<quint32>(query.integer(0)) : 0;
-}
-
 bool hasTable(Connection& connection, const QString& name, const QStringList& columns) {
     Query query(connection.handle(), QStringLiteral("SELECT name FROM pragma_table_info(?1)"));
     query.bind(1, Cell(name.toStdString()));
@@ -144,8 +142,8 @@ void asUnrecognized(Connection& connection, Check&& check) {
     }
 }
 
-void checkIntegrity(Connection& connection, const QString& what) {
-    Query query(connection.handle(), QStringLiteral("PRAGMA integrity_check") + what);
+void checkIntegrity(Connection& connection, const QString& check) {
+    Query query(connection.handle(), QStringLiteral("PRAGMA ") + check);
     if (!query.step() || query.text(0) != QStringLiteral("ok"))
         refuse(connection.path(), QStringLiteral("Súbor databázy je poškodený."));
 }
@@ -193,24 +191,70 @@ void checkHeader(const QString& path) {
 
 void checkIdentity(Connection& connection) {
     asUnrecognized(connection, [&] {
-        checkOwner(connection.path(), pragma(connection, QStringLiteral("application_id")),
-                   versionOf(connection));
+        const qint64 application = connection.number(QStringLiteral("PRAGMA application_id"));
+        checkOwner(connection.path(), static_cast<quint32>(application), versionOf(connection));
         checkTables(connection);
         refuseActingParts(connection);
     });
 }
 
 quint32 versionOf(Connection& connection) {
-    return pragma(connection, QStringLiteral("user_version"));
+    return static_cast<quint32>(connection.number(QStringLiteral("PRAGMA user_version")));
 }
 
 void checkPages(Connection& connection) {
-    asUnrecognized(connection, [&] { checkIntegrity(connection, {}); });
+    asUnrecognized(connection,
+                   [&] { checkIntegrity(connection, QStringLiteral("integrity_check")); });
+}
+
+void checkShape(Connection& connection) {
+    asUnrecognized(connection, [&] { checkIntegrity(connection, QStringLiteral("quick_check")); });
+}
+
+namespace {
+
+/// Instructions for each row, for each of its columns and for each entry in an index.
+qint64 perRow(Connection& connection, const QString& table) {
+    Query parts(connection.handle(),
+                QStringLiteral("SELECT 3 + (SELECT count(*) FROM pragma_table_info(?1)) + "
+                               "4 * (SELECT count(*) FROM pragma_index_list(?1))"));
+    parts.bind(1, Cell(table.toStdString()));
+    return parts.step() ? parts.integer(0) : 0;
+}
+
+qint64 rowsOf(const Connection& connection, const QString& table) {
+    return connection.number(QStringLiteral("SELECT max(rowid) FROM ") + sqlName(table));
+}
+
+} // namespace
+
+std::vector<CheckLoad> checkLoads(Connection& connection) {
+    std::vector<CheckLoad> loads{{0, QStringLiteral("sqlite_schema")}};
+    Query tables(connection.handle(),
+                 QStringLiteral("SELECT name FROM sqlite_schema WHERE type = 'table'"));
+    while (tables.step())
+        loads.push_back({0, tables.text(0)});
+    for (CheckLoad& load : loads)
+        load.instructions = rowsOf(connection, load.table) * perRow(connection, load.table);
+    std::ranges::sort(loads, {}, &CheckLoad::instructions);
+    return loads;
+}
+
+void checkAllPages(Connection& connection, const TellProgress& tell) {
+    qint64 all = 1;
+    for (const CheckLoad& load : checkLoads(connection))
+        all += load.instructions;
+    qint64 done = 0;
+    Watch(connection.handle(), [&] {
+        done += Watch::stride;
+        return !tell || tell(std::min(1.0, static_cast<double>(done) / static_cast<double>(all)));
+    }).run([&connection] { checkPages(connection); });
 }
 
 void checkTable(Connection& connection, const QString& name) {
-    asUnrecognized(connection,
-                   [&] { checkIntegrity(connection, QStringLiteral("(%1)").arg(sqlName(name))); });
+    asUnrecognized(connection, [&] {
+        checkIntegrity(connection, QStringLiteral("integrity_check(%1)").arg(sqlName(name)));
+    });
 }
 
 } // namespace store

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "store/Progress.h"
+
 #include <QString>
 
 #include <cstdint>
+#include <vector>
 
 namespace store {
 
@@ -10,8 +13,9 @@ class Connection;
 
 /// What tells our files from those of other programs: "TVK1".
 inline constexpr quint32 applicationId = 0x54564B31;
-/// Grows with every change of the tables. 2: no number of a row is given twice.
-inline constexpr quint32 schemaVersion = 2;
+/// Grows with every change of the tables and of the stored queries that the program only reads.
+/// 2: no number of a row is given twice. 3: vyp_zazZmeny gives the client's key.
+inline constexpr quint32 schemaVersion = 3;
 /// The oldest version that is still read, and brought to the present one where it can be written.
 inline constexpr quint32 oldestVersion = 1;
 
@@ -40,8 +44,21 @@ inline constexpr const char* roomForChecks = "PRAGMA cache_size=-65536";
 
 /// Reads every page and every index entry. @throws EngineError 3343
 void checkPages(Connection& connection);
+/// As checkPages, but takes it that indexes which were just made hold what their tables do.
+/// @throws EngineError 3343
+void checkShape(Connection& connection);
+/// As checkPages, and tells how far it is. @throws EngineError 3343; GivenUp
+void checkAllPages(Connection& connection, const TellProgress& tell);
 /// As checkPages, of one table and its indexes. @throws EngineError 3343
 void checkTable(Connection& connection, const QString& name);
+
+struct CheckLoad {
+    /// About how many instructions of SQLite the check of the table takes.
+    qint64 instructions = 0;
+    QString table;
+};
+/// What there is to check: all tables, those with little work first. @throws EngineError
+std::vector<CheckLoad> checkLoads(Connection& connection);
 
 /// True when the file's last write was cut off by the end of its program after it had begun to
 /// change the file, so that reading will first take it back.

@@ -5,6 +5,7 @@
 #include "store/sql/Messages.h"
 #include "store/sql/Parser.h"
 #include "store/sql/Planner.h"
+#include "store/sql/SqliteText.h"
 
 #include <QStringList>
 

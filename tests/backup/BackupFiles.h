@@ -38,7 +38,7 @@ class BackupFiles : public testing::Test {
         }
     }
     backup::IsRegister checker() {
-        return [this](const QString& file) {
+        return [this](const QString& file, const store::TellProgress&) {
             return isRegister(file);
         };
     }

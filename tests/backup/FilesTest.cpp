@@ -37,7 +37,7 @@ class Files : public BackupFiles {
         backup::placeArchive(reg.folder, target);
     }
     /// Replaces the register by the one of an archive.
-    void restore(const QString& archive, const backup::TellProgress& tell = {}) {
+    void restore(const QString& archive, const store::TellProgress& tell = {}) {
         backup::Restore one(reg.engine, reg.folder, checker());
         ASSERT_EQ(one.extract(archive, tell), backup::Finding::Sound);
         one.replaceLive();
@@ -102,9 +102,8 @@ TEST_F(Files, whatIsGivenUpOrFindsTheDiskFullLeavesAllAsItWas) {
     const auto giveUp = [](double) {
         return false;
     };
-    expectNothingDone<backup::GivenUp>(
-        [&] { backup::makeArchive(reg.engine, reg.folder, giveUp); });
-    expectNothingDone<backup::GivenUp>([&] { restore(path("arch_tvk.zip"), giveUp); });
+    expectNothingDone<store::GivenUp>([&] { backup::makeArchive(reg.engine, reg.folder, giveUp); });
+    expectNothingDone<store::GivenUp>([&] { restore(path("arch_tvk.zip"), giveUp); });
     const auto packed = static_cast<rlim_t>(QFileInfo(path("arch_tvk.zip")).size());
     for (const rlim_t room : {rlim_t{0}, packed / 2, packed - 1}) {
         const FullDisk disk(room);
@@ -112,7 +111,7 @@ TEST_F(Files, whatIsGivenUpOrFindsTheDiskFullLeavesAllAsItWas) {
         expectNothingDone<store::EngineError>([&] { restore(path("arch_tvk.zip")); });
     }
     backup::makeArchive(reg.engine, reg.folder);
-    expectNothingDone<backup::GivenUp>([&] { backup::placeArchive(reg.folder, away, giveUp); });
+    expectNothingDone<store::GivenUp>([&] { backup::placeArchive(reg.folder, away, giveUp); });
     const FullDisk disk(packed - 1);
     expectNothingDone<store::EngineError>([&] { backup::placeArchive(reg.folder, away); });
     EXPECT_EQ(files::read(away), "staršia");

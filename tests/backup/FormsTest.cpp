@@ -81,6 +81,15 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
     EXPECT_EQ(files::namesIn(elsewhere.path()), QStringList{u"moja záloha"_s});
     EXPECT_EQ(names(), (QStringList{u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
 
+    expectSave(u" "_s + away + u" "_s);
+    boxes.expect(support::ExpectedBox{.text = u"moja záloha už existuje.\nChcete ho nahradiť?"_s,
+                                      .title = u"Kde bude archív"_s,
+                                      .icon = QMessageBox::Warning,
+                                      .buttons = QMessageBox::Yes | QMessageBox::No,
+                                      .answer = QMessageBox::Yes});
+    expectTold(u"Archivácia bola úspešne ukončená");
+    archive();
+
     expectSave({});
     expectTold(failedArchive + u"Výber súboru bol zrušený."_s);
     archive();
@@ -150,7 +159,13 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     expectOpen(empty);
     expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
     restore("LOAD");
-    EXPECT_EQ(names(), QStringList{u"tvk_ren.mdb"_s});
+    EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s}) << "what was kept is back";
+    EXPECT_EQ(client(), u"Druhý"_s);
+    QFile::remove(path("tvk.mdb"));
+    expectOpen(empty);
+    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip");
+    restore("LOAD");
+    EXPECT_EQ(names(), QStringList());
     expectOpen(sound);
     expectTold(u"Obnova dát bola úspešne ukončená");
     restore("LOAD");

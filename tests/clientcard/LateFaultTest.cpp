@@ -12,7 +12,7 @@ using faults::Plan;
 
 namespace {
 
-/// What is written finds only at its end that the disk doesn't take it.
+/// What is written finds, at its first step or only at its end, that the disk doesn't take it.
 class LateFaultTest : private faults::Layer, public CardTest {
   protected:
     void press(const char* button) {
@@ -47,12 +47,14 @@ class LateFaultTest : private faults::Layer, public CardTest {
 } // namespace
 
 TEST_F(LateFaultTest, AClientStaysInTheCardUntilTheDiskTakesAllOfIt) {
-    for (const char* button : {"cmdZaklUd", "CmdZap", "cmdZapNew"}) {
+    for (const auto& [button, fault] : {std::pair{"cmdZaklUd", Plan::Fault::SyncFails},
+                                        {"CmdZap", Plan::Fault::DiskFull},
+                                        {"cmdZapNew", Plan::Fault::DiskFull}}) {
         SCOPED_TRACE(button);
         reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
         enterClient();
         enterInto(18, "3");
-        pressInVain(button);
+        pressInVain(button, fault);
         EXPECT_EQ(clients() + reg.count(text("k_memo")), 0);
         EXPECT_FALSE(isEnabled(1));
         click(button);
@@ -67,7 +69,7 @@ TEST_F(LateFaultTest, AnEditedClientKeepsKeyOptionsAndTexts) {
     for (const auto& [road, fault] : {std::pair{"CmdZap", Plan::Fault::SyncFails},
                                       {"CmdZap", Plan::Fault::DatabaseFull},
                                       {"cmdZapNew", Plan::Fault::SyncFails},
-                                      {"frame", Plan::Fault::SyncFails}}) {
+                                      {"frame", Plan::Fault::DiskFull}}) {
         SCOPED_TRACE(road);
         openClient("postih = '5'");
         typeInto("textKrz(1)", "mala");

@@ -90,4 +90,19 @@ TEST_F(ExitTest, aCopyLeftBehindIsReportedAndNothingIsTouched) {
               QStringList({u"arch_tmp.zip"_s, u"tmp.mdb"_s, u"tvk.mdb"_s}));
 }
 
+TEST_F(ExitTest, aCompactionGivenUpLeavesTheFileAndTheRunEnds) {
+    fillAndEmpty();
+    files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
+    around.patience = std::chrono::milliseconds(0);
+    open();
+    const QByteArray before = files::read(reg.folder.database());
+    boxes.expect({.name = u"frmKoniec"_s, .drive = [](QWidget& form) {
+                      QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
+                  }});
+    click("Label4");
+    EXPECT_EQ(runsEnded, 1);
+    EXPECT_EQ(files::read(reg.folder.database()), before);
+    EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
+}
+
 } // namespace

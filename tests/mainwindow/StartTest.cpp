@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 using mainwindow::PictureButton;
 using mainwindow::Screen;
@@ -58,7 +59,8 @@ TEST_F(MainWindow, menuOpensItsScreens) {
         {"mniVek", Screen::PrintVek},         {"mniVzd", Screen::PrintVzd},
         {"mniZam", Screen::PrintZam},         {"mniOdbStar", Screen::PrintOdbStar},
         {"mniDopUkaz", Screen::PrintDopUkaz}, {"mniZozKlient", Screen::PrintZozKlient},
-        {"mniArchiv", Screen::Archive},       {"mniDearchiv", Screen::Restore}};
+        {"mniVykaz", Screen::PrintReturn},    {"mniArchiv", Screen::Archive},
+        {"mniDearchiv", Screen::Restore}};
     for (const auto& [name, screen] : items) {
         window->findChild<QAction*>(QLatin1String(name))->trigger();
         EXPECT_EQ(opened.back(), screen) << name;
@@ -187,12 +189,14 @@ TEST_F(MainWindow, anyOtherFaultLeavesTheWindowAsFarAsItGot) {
     EXPECT_EQ(runsEnded, 0);
     EXPECT_TRUE(caption("lblStav").contains(u"iný program"_s));
     expectBox("Chyba č. 3218\n\nSúbor práve používa iný program.", "", QMessageBox::Critical);
-    click("Label1");
+    key(Qt::Key_1, Qt::ControlModifier);
     other.execute("rollback");
     window->findChild<QAction*>(u"mniVek"_s)->trigger();
     EXPECT_EQ(opened, std::vector<Screen>{Screen::PrintVek});
     EXPECT_EQ(window->schoolYear(), u"2006/2007"_s);
     EXPECT_EQ(caption("lblStav"), QString());
+    key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(shown("dbgKlient"));
 }
 
 TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
@@ -227,6 +231,21 @@ TEST_F(MainWindow, aDamagedIndexIsMadeAnewAfterOneQuestion) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return boxes.isEmpty(); }));
     EXPECT_EQ(runsEnded, 1);
     EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList{u"tvk.mdb"_s});
+}
+
+TEST_F(MainWindow, aLargeRegisterOfAnOlderVersionIsBroughtToThisOneInSight) {
+    reg.add(u"k_memo"_s, {{u"poznamky", QString(9 << 20, u'x')}});
+    reg.letGo();
+    store::Connection(reg.folder.database(), store::Connection::Access::ReadWrite)
+        .execute("pragma user_version=1");
+    QString told;
+    QTimer::singleShot(0, [&] {
+        for (const QWidget* shown : QApplication::topLevelWidgets())
+            told += shown->isVisible() ? shown->objectName() : QString();
+    });
+    open();
+    EXPECT_EQ(told, u"dlgUprava"_s);
+    EXPECT_EQ(caption("lblSkolskyRok"), u"2006/2007"_s);
 }
 
 TEST_F(MainWindow, aFaultOfAnActionIsReportedAndTheWindowGoesOn) {

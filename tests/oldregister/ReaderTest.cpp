@@ -16,9 +16,9 @@ TEST(OldReader, TurnsTheDeathOfItsProcessIntoAMessage) {
         }
     };
 #ifndef __SANITIZE_ADDRESS__ // under which memory is not limited
-    EXPECT_THROW(readWith({.megabytes = 1}), store::EngineError);
+    EXPECT_THROW(readWith({{.megabytes = 1, .processorSeconds = 120}}), store::EngineError);
 #endif
-    EXPECT_THROW(readWith({.processorSeconds = 0}), store::EngineError);
+    EXPECT_THROW(readWith({{.megabytes = 120, .processorSeconds = 0}}), store::EngineError);
     EXPECT_NO_THROW(readWith({}));
 }
 

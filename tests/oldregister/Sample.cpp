@@ -1,9 +1,10 @@
 #include "Sample.h"
 
 #include "store/FileBytes.h"
-#include "store/Schema.h"
 
 #include <QtEndian>
+
+#include <gtest/gtest.h>
 
 #include <array>
 #include <numeric>
@@ -43,59 +44,19 @@ void scrambleHeader(QByteArray& file) {
     rc4(headerKey, file.data() + scrambledFrom, scrambledLength);
 }
 
-/// A text of the list without its escapes.
-QString untold(const QString& text) {
-    QString plain;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] != u'\\') {
-            plain += text[at];
-            continue;
-        }
-        const QChar sign = text[++at];
-        plain += sign == u't' ? u'\t' : sign == u'n' ? u'\n' : sign == u'r' ? u'\r' : u'\\';
-    }
-    return plain;
-}
-
 } // namespace
 
 QByteArray bytes() {
     return files::read(path);
 }
 
-QString told(const QString& kind, QString text) {
-    return kind + u':' +
-           text.replace(u'\\', QStringLiteral("\\\\"))
-               .replace(u'\t', QStringLiteral("\\t"))
-               .replace(u'\n', QStringLiteral("\\n"))
-               .replace(u'\r', QStringLiteral("\\r"));
-}
-
-QString line(const QString& table, QStringList fields) {
-    for (QString& field : fields) {
-        const qsizetype equals = field.indexOf(u'=');
-        field = field.left(equals).toLower() + field.mid(equals);
-    }
-    fields.sort();
-    return table.toLower() + u'\t' + fields.join(u'\t');
-}
-
-QStringList expectedLines(const std::function<QString(const QString&)>& stored) {
-    QStringList lines;
-    const QStringList all = QString::fromUtf8(files::read(QStringLiteral(TVK_OLD_ROWS)))
-                                .split(u'\n', Qt::SkipEmptyParts);
-    for (const QString& row : all) {
-        QStringList fields = row.split(u'\t');
-        const QString table = fields.takeFirst();
-        for (QString& field : fields)
-            if (const qsizetype at = field.indexOf(u"=memo:") + 1; at > 0)
-                field = field.left(at) +
-                        told(QStringLiteral("memo"), stored(untold(field.mid(at + 5))));
-        if (store::findTable(table) != nullptr)
-            lines += line(table, fields);
-    }
-    lines.sort();
-    return lines;
+void expectTables(const QString& folder) {
+    const QStringList names = files::namesIn(tables);
+    EXPECT_EQ(files::namesIn(folder), names);
+    for (const QString& name : names)
+        // Whole tables are too long to be read in a message.
+        EXPECT_TRUE(files::read(folder + u'/' + name) == files::read(tables + u'/' + name))
+            << name.toStdString();
 }
 
 QByteArray encoded(QByteArray file) {

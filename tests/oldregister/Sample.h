@@ -2,23 +2,17 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
-#include <functional>
-
-/// The invented register of the old format, and the list of what lies in it.
+/// The invented register of the old format, and what has to come out of it.
 namespace sample {
 
 inline const QString path = QStringLiteral(TVK_OLD_SAMPLE);
+/// Its tables as CSV.
+inline const QString tables = QStringLiteral(TVK_OLD_TABLES);
 
 QByteArray bytes();
-/// A value as the list tells it: its kind and its text, with line ends and tabs escaped.
-QString told(const QString& kind, QString text);
-/// A row as the list tells it, whatever the order of its columns and the case of their names.
-QString line(const QString& table, QStringList fields);
-/// The rows of the list that belong to a register, in order of text.
-/// @param stored what the register keeps of a long text
-QStringList expectedLines(const std::function<QString(const QString&)>& stored);
+/// Expects a folder to hold the tables of the sample's register as CSV.
+void expectTables(const QString& folder);
 
 /// The pages of a file but the first, encoded as the old program encodes a whole file.
 QByteArray encoded(QByteArray file);

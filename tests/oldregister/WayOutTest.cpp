@@ -22,17 +22,8 @@ TEST(WayOut, AndBackGiveTheSameRegister) {
     };
     run(mkdb::Command::TakeOver, sample::path, path("a.mdb"));
     run(mkdb::Command::Export, path("a.mdb"), path("von"));
+    sample::expectTables(path("von"));
     run(mkdb::Command::Import, path("von"), path("b.mdb"));
     run(mkdb::Command::Export, path("b.mdb"), path("znova"));
-    const QStringList names = files::namesIn(path("von"));
-    EXPECT_EQ(names.size(), 21);
-    for (const QString& name : names)
-        EXPECT_EQ(files::read(path("von/") + name), files::read(path("znova/") + name))
-            << name.toStdString();
-    const QString clients = QString::fromUtf8(files::read(path("von/k_zaklad.csv")));
-    EXPECT_TRUE(clients.startsWith(u"idkod,Meno,Priezv,mienar,rodcis,datnar,pohlav,katcis,"));
-    EXPECT_TRUE(clients.contains(
-        u"\nCHALUPCH00,Chariton,Chalupka,\"\",9104038933,1991-04-03,M,16,77,02,A,RO,X,"));
-    EXPECT_TRUE(clients.contains(u",\"Škola\r\nna dvoch\triadkoch\",,2004-02-06,,6,"));
-    EXPECT_TRUE(QString::fromUtf8(files::read(path("von/k_memo.csv"))).contains(u",<p>"));
+    sample::expectTables(path("znova"));
 }

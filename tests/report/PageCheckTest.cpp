@@ -51,8 +51,9 @@ TEST(PageCheck, FindsWhatAReaderStumblesOver) {
         EXPECT_EQ(struckTexts(page).size(), struck) << name;
     }
     Pages pages;
-    pages.paper = {1000, 1000};
     pages.pages = {cases[0].page, {{placed(960, 0, 50)}, {}}};
+    for (Page& page : pages.pages)
+        page.paper = {1000, 1000};
     const QStringList faults = layoutFaults(pages);
     ASSERT_EQ(faults.size(), 1);
     EXPECT_TRUE(faults[0].startsWith(u"page 2: \"text\""_s)) << faults[0].toStdString();

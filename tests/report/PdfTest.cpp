@@ -1,3 +1,5 @@
+#include "report/Document.h"
+#include "report/PageCheck.h"
 #include "report/Print.h"
 #include "report/TestReport.h"
 
@@ -21,7 +23,7 @@ const QString slovak = u"Kŕdeľ šťastných ďatľov učí pri ústí Váhu m�
 
 Pages samplePages() {
     Layout layout;
-    layout.title = u"Zoznam škôl"_s;
+    layout.title = u"Zoznam žiačok"_s;
     layout.orientation = Orientation::Landscape;
     layout.reportHeader.height = 400;
     layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak)};
@@ -41,11 +43,12 @@ QString toolOutput(const QString& tool, QStringList arguments, const QString& pa
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-/// The same about the written sample.
-QString toolOutput(const QString& tool, const QStringList& arguments) {
+/// The same about pages written to a file.
+QString toolOutput(const QString& tool, const QStringList& arguments,
+                   const Pages& pages = samplePages()) {
     const QTemporaryDir folder;
     QFile file(folder.filePath(u"report.pdf"_s));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && writePdf(samplePages(), file));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && writePdf(pages, file));
     file.close();
     return toolOutput(tool, arguments, file.fileName());
 }
@@ -65,12 +68,45 @@ TEST(Pdf, TextsCanBeCopiedAndStandWhereThePagesSay) {
     EXPECT_NEAR(match.captured(1).toDouble() * 20, extent.left(), 4);
     EXPECT_NEAR(match.captured(2).toDouble() * 20, extent.top(), 20);
     EXPECT_NEAR(match.captured(3).toDouble() * 20, extent.right(), 4);
-    EXPECT_TRUE(words.contains(u"<title>Zoznam škôl</title>"_s)) << words.toStdString();
+    EXPECT_TRUE(words.contains(u"<title>Zoznam žiačok</title>"_s)) << words.toStdString();
     // name, type, encoding, embedded, subset, unicode
     const QString fonts = toolOutput(u"pdffonts"_s, {u"FILE"_s});
     EXPECT_TRUE(fonts.contains(
         QRegularExpression(u"LiberationSans +CID TrueType +Identity-H +yes +\\w+ +yes"_s)))
         << fonts.toStdString();
+}
+
+TEST(Pdf, ADocumentHasBookmarksLanguageAndTheNumberOfEachPageInItsPlace) {
+    Layout upright;
+    upright.title = u"Žiadosť (1)"_s;
+    upright.detail.height = 300;
+    upright.detail.controls = {field(u"a"_s, 0, 0, 3000)};
+    ListSource rows({{u"tri"_s}});
+    Pages document =
+        joined(u"Výkaz"_s, {samplePages(), makePages(upright, rows, FontMeter(), today)});
+    document.subject = u"Ján "_s + QString(300, u'Ď');
+    addRunningLines(document, FontMeter());
+    EXPECT_EQ(layoutFaults(document), QStringList());
+    const QString text = toolOutput(u"pdftotext"_s, {u"-layout"_s, u"FILE"_s, u"-"_s}, document);
+    const QStringList texts = text.split(u'\f');
+    ASSERT_EQ(texts.size(), 4) << "the last one is what follows the last page";
+    for (int page = 0; page < 3; ++page) {
+        const QStringList lines = texts[page].trimmed().split(u'\n');
+        EXPECT_TRUE(lines.first().startsWith(u"Ján ĎĎĎ"_s) && lines.first().endsWith(u"Ď…"_s));
+        EXPECT_EQ(lines.last().trimmed(), u"Strana %1 z 3"_s.arg(page + 1));
+    }
+    const QString about = toolOutput(u"pdfinfo"_s, {u"-l"_s, u"9"_s, u"FILE"_s}, document);
+    for (const auto& line : {u"Page    1 size:  842 x 595"_s, u"Page    3 size:  595 x 842"_s})
+        EXPECT_TRUE(about.contains(line)) << about.toStdString();
+    const QString outline =
+        toolOutput(u"pdftohtml"_s, {u"-xml"_s, u"-stdout"_s, u"-i"_s, u"FILE"_s}, document);
+    for (const auto& item :
+         {u"<item page=\"1\">Zoznam žiačok</item>"_s, u"<item page=\"3\">Žiadosť (1)</item>"_s})
+        EXPECT_EQ(outline.count(item), 1) << outline.toStdString();
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(writePdf(document, pdf));
+    EXPECT_TRUE(pdf.data().contains("/Lang (sk)"));
 }
 
 TEST(Pdf, PageRangesOfTheDeviceAreHeeded) {

@@ -1,3 +1,4 @@
+#include "report/PageView.h"
 #include "report/PreviewDialog.h"
 #include "report/TestReport.h"
 
@@ -8,12 +9,13 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintPreviewWidget>
 #include <QPrinterInfo>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -28,8 +30,11 @@ Pages threePages() {
     layout.title = u"Zoznam: klienti/škola"_s;
     layout.detail.height = 12000;
     layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
+    layout.savedColumns = {{u"Meno"_s, u"a"_s}};
     ListSource rows(QList<QStringList>(3, {u"Žofia"_s}));
-    return makePages(layout, rows, FontMeter(), today);
+    Pages pages = makePages(layout, rows, FontMeter(), today);
+    pages.subject = u"Novák Ján"_s;
+    return pages;
 }
 
 class PreviewTest : public testing::Test {
@@ -51,29 +56,28 @@ class PreviewTest : public testing::Test {
         return page;
     }
 
-    QPrintPreviewWidget& view() const {
-        return *dialog_.findChild<QPrintPreviewWidget*>(u"previewPages"_s);
-    }
+    PageView& view() const { return *dialog_.findChild<PageView*>(u"previewPages"_s); }
 
     bool isEnabled(const char* action) const {
         return dialog_.findChild<QAction*>(QLatin1StringView(action))->isEnabled();
     }
 
     /// Saves under that name, given to the file dialog by keys; empty for Esc.
-    void saveAs(const QString& name) {
+    void saveAs(const QString& name, const QString& suffix = u".pdf"_s) {
         QTimer waiting;
-        QObject::connect(&waiting, &QTimer::timeout, &dialog_, [&waiting, name] {
+        QObject::connect(&waiting, &QTimer::timeout, &dialog_, [&waiting, name, suffix] {
             auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             if (!files)
                 return;
             waiting.stop();
             auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Zoznam klientiškola.pdf"_s);
+            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola"_s + suffix);
             line->setText(name);
             QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
         waiting.start(0);
-        press(Qt::Key_S, Qt::ControlModifier);
+        press(Qt::Key_S,
+              suffix == u".pdf"_s ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
         EXPECT_TRUE(QTest::qWaitFor([&waiting] { return !waiting.isActive(); }));
         // Without a window manager nobody brings the window back.
         dialog_.activateWindow();
@@ -101,11 +105,37 @@ TEST_F(PreviewTest, ShowsAllPagesOneAtATimeAndTurnsThemByKeys) {
 }
 
 TEST_F(PreviewTest, ZoomsByKeys) {
-    const double start = view().zoomFactor();
+    const double start = view().zoom();
     press(Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_GT(view().zoomFactor(), start);
+    EXPECT_GT(view().zoom(), start);
     press(Qt::Key_0, Qt::ControlModifier);
-    EXPECT_EQ(view().zoomMode(), QPrintPreviewWidget::FitInView);
+    EXPECT_LT(view().zoom(), start) << "the whole page";
+    press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(view().zoom(), start) << "its width";
+}
+
+TEST_F(PreviewTest, TheWheelGoesDownAPageBeforeItTurnsIt) {
+    const auto turn = [this](int delta, Qt::KeyboardModifiers modifiers = {}) {
+        QWidget& sheet = *view().viewport();
+        QWheelEvent event({50, 50}, sheet.mapToGlobal(QPointF(50, 50)), {}, {0, delta}, {},
+                          modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&sheet, &event);
+    };
+    const QScrollBar& bar = *view().verticalScrollBar();
+    ASSERT_EQ(bar.value(), 0);
+    turn(-120);
+    EXPECT_EQ(shownPage(), 1);
+    EXPECT_GT(bar.value(), 0);
+    for (int i = 0; i < 100 && shownPage() == 1; ++i)
+        turn(-120);
+    EXPECT_EQ(shownPage(), 2);
+    EXPECT_EQ(bar.value(), 0) << "from its upper edge on";
+    turn(120);
+    EXPECT_EQ(shownPage(), 1);
+    EXPECT_EQ(bar.value(), bar.maximum()) << "back at its lower edge";
+    const double zoom = view().zoom();
+    turn(120, Qt::ControlModifier);
+    EXPECT_GT(view().zoom(), zoom);
 }
 
 TEST_F(PreviewTest, TellsWhenThereIsNoPrinter) {
@@ -131,6 +161,14 @@ TEST_F(PreviewTest, SavesAPdfUnderANameWithItsSuffix) {
         EXPECT_TRUE(state.text().contains(written));
     }
     EXPECT_EQ(problems_, QStringList());
+}
+
+TEST_F(PreviewTest, SavesTheRowsOfAPlainTable) {
+    QTemporaryDir folder;
+    saveAs(folder.filePath(u"k"_s), u".csv"_s);
+    QFile file(folder.filePath(u"k.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "\xEF\xBB\xBFMeno\r\nŽofia\r\nŽofia\r\nŽofia\r\n");
 }
 
 TEST_F(PreviewTest, DoesNotReplaceAFileThatTheUserWasNotAskedAbout) {
@@ -159,7 +197,7 @@ TEST(Preview, IsModalAndReturnsWhenClosed) {
     QTimer::singleShot(0, [&seen] {
         auto* dialog = qobject_cast<PreviewDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
-        seen = dialog->windowTitle() == u"Zoznam: klienti/škola"_s;
+        seen = dialog->windowTitle() == u"Novák Ján – Zoznam: klienti/škola"_s;
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     showPreview(pages, nullptr);

@@ -1,5 +1,6 @@
 #include "EmployeeScreen.h"
 #include "card/TextRules.h"
+#include "store/Connection.h"
 #include "store/FaultVfs.h"
 #include "store/Sql.h"
 
@@ -105,6 +106,30 @@ TEST_F(EmployeeTest, TheKeyFollowsTheNameAndTheRecordsTheKey) {
     }
 }
 
+TEST_F(EmployeeTest, AHundredNamesakesHaveKeysOfThreeDigits) {
+    for (int i = 0; i < 100; ++i)
+        reg.add(text("zamestnanci"), {{u"idkod", text("LIJA%1").arg(i, 2, 10, QLatin1Char('0'))}});
+    open();
+    for (const char* typed : {"jana", "li", "f1"})
+        enter(typed);
+    click("cmdZap");
+    EXPECT_EQ(employees("idkod = 'LIJA100' and prac_zar = 1"), 1);
+    // Its last two digits alone are taken for the sequence, so each saving looks for a key anew.
+    for (const char* key : {"LIJA100", "LIJA07"}) {
+        reg.execute({text("delete from k_zaznam_spc"),
+                     text("delete from zamestnanci where idkod = 'LIJA07'")});
+        if (text(key) == text("LIJA100"))
+            reg.add(text("zamestnanci"), {{u"idkod", text("LIJA07")}});
+        reg.add(text("k_zaznam_spc"), {{u"idkod_p", text("LIJA100")}});
+        open(text("LIJA100"));
+        at<QRadioButton>("optZamMuz").click();
+        click("cmdZap");
+        EXPECT_EQ(reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("idkod")),
+                  text(key));
+        EXPECT_EQ(reg.text(text("k_zaznam_spc"), text("idkod_p")), text(key));
+    }
+}
+
 TEST_F(EmployeeTest, WhatIsNoFunctionOfTheReturnHoldsTheFocusButTowardsStorno) {
     struct Case {
         const char *typed, *shown;
@@ -170,6 +195,8 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
         for (const auto& [key, surname] : {std::pair{"", "Mala"}, std::pair{"NOVOTNEV00", "Mala"},
                                            std::pair{"NOVOTNEV00", "Novotnova"}}) {
             const bool isNew = *key == '\0';
+            // Once is enough: the engine waits a while for a file that another program holds.
+            const bool isLocked = text(button) == text("cmdZap") && text(surname) != text("Mala");
             if (isNew && text(button) == text("frame"))
                 continue;
             SCOPED_TRACE(std::string(button) + key + surname);
@@ -185,14 +212,26 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
             at<QRadioButton>("optZamMaKva").click();
             reg.letGo();
             reg.engine.commitPending();
-            faults::install({faults::Plan::Fault::SyncFails, 1});
-            expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
-            leave();
+            const auto leaveInVain = [&](const char* error) {
+                expectEngineError(error);
+                leave();
+                EXPECT_TRUE(card->isVisible());
+                EXPECT_EQ(at("TextPsych(1)").text() + function().text(),
+                          text(surname) + text("F5"));
+                EXPECT_EQ(modKontrola::gAkcia, isNew ? 1 : 2);
+            };
+            faults::install({faults::Plan::Fault::DiskFull, 1});
+            leaveInVain("Chyba č. 3026\n\nDisk je plný.");
             faults::install({});
-            EXPECT_TRUE(card->isVisible());
+            if (isLocked) {
+                store::Connection other(reg.folder.database(),
+                                        store::Connection::Access::ReadWrite);
+                other.execute("begin immediate");
+                leaveInVain("Chyba č. 3218\n\nSúbor práve používa iný program.");
+                other.execute("rollback");
+            }
             EXPECT_EQ(employees("true"), 1);
             EXPECT_EQ(employees("idkod = 'NOVOTNEV00' and priezv = 'Novotna' and prac_zar = 2"), 1);
-            EXPECT_EQ(at("TextPsych(1)").text() + function().text(), text(surname) + text("F5"));
             leave();
             EXPECT_EQ(employees("prac_zar = 5 and kvalifikacia = 'a'"), 1);
             card.reset();

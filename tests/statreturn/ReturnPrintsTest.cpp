@@ -1,3 +1,5 @@
+#include "report/PageCheck.h"
+#include "statreturn/ExpertCare.h"
 #include "statreturn/Forms.h"
 #include "statreturn/ReturnRegister.h"
 #include "statreturn/SchoolYear.h"
@@ -100,6 +102,48 @@ TEST_F(ReturnPrintsTest, tableOneLeavesItsRowsWhereItsReportFailsAndTheNextRunAd
     EXPECT_EQ(durable(u"z_vek"_s).size(), 0);
 }
 
+TEST_F(ReturnPrintsTest, theWholeReturnIsOneDocumentOfTheFiveTables) {
+    reg.execute({u"insert into z_vek (vek) values ('left')"_s});
+    printReturn(tools, u"2006/2007"_s, today, nullptr);
+    ASSERT_EQ(previews, 1);
+    QStringList contents;
+    for (const auto& [title, page] : pages.bookmarks)
+        contents << title.section(u' ', 0, 0) + QString::number(page);
+    EXPECT_EQ(contents.join(u' '), u"I.0 II.1 III.2 IV.3 V.4"_s);
+    ASSERT_EQ(pages.pages.size(), 5U);
+    const QStringList lastCodes{u"0119"_s, u"0216"_s, u"0316"_s, u"0416"_s, u"0536"_s};
+    EXPECT_EQ(report::layoutFaults(pages).join(u'\n'), QString());
+    EXPECT_EQ(pages.title, u"Výkaz Škol (MŠ SR) 5 - 01 za školský rok 2006/2007"_s);
+    for (std::size_t i = 0; i < 5; ++i) {
+        const report::Page& page = pages.pages[i];
+        EXPECT_EQ(page.paper.width() > page.paper.height(), i != 3);
+        EXPECT_EQ(page.texts.back().text, u"Strana %1 z 5"_s.arg(i + 1));
+        const auto has = [&page](const QString& text) {
+            return std::ranges::count(page.texts, text, &report::PlacedText::text) > 0;
+        };
+        const QString first = u"0%1"_s.arg(i + 1) + u"01"_s;
+        for (const QString& code : {first, lastCodes[qsizetype(i)]})
+            EXPECT_TRUE(has(code)) << code.toStdString();
+        EXPECT_FALSE(has(u"left"_s));
+    }
+    for (const Computed& table : computed)
+        EXPECT_EQ(durable(table.scratchTable).size(), 0) << table.scratchTable.toStdString();
+}
+
+TEST_F(ReturnPrintsTest, aFailingTableEndsTheWholeReturnByNameAndLeavesNothing) {
+    reg.execute({u"delete from c_zariad where akronym = 'VYCH'"_s});
+    try {
+        printReturn(tools, u"2006/2007"_s, today, nullptr);
+        ADD_FAILURE() << "no table failed";
+    } catch (const store::EngineError& error) {
+        EXPECT_EQ(error.number(), store::ErrorNumber::NoCurrentRecord);
+        EXPECT_TRUE(error.description().contains(u"v tabuľke II. "_s));
+    }
+    EXPECT_EQ(previews, 0);
+    for (const Computed& table : computed)
+        EXPECT_EQ(durable(table.scratchTable).size(), 0) << table.scratchTable.toStdString();
+}
+
 /// The engine works on a file that another one has replaced, as after a restore.
 TEST_F(ReturnPrintsTest, aReplacedRegisterIsUnreadableForAReport) {
     const QString file = reg.folder.database();
@@ -114,11 +158,20 @@ TEST_F(ReturnPrintsTest, aReplacedRegisterIsUnreadableForAReport) {
     }
 }
 
-TEST_F(ReturnPrintsTest, tableFourHasItsWholeFrameBeforeAnythingWasTyped) {
-    reg.execute({u"delete * from dop_ukaz"_s});
+TEST_F(ReturnPrintsTest, typedTablesHaveTheirWholeFrameBeforeAnythingWasTyped) {
+    const auto printedOnce = [this](const QString& text) {
+        return std::ranges::count(pages.pages.at(0).texts, text, &report::PlacedText::text) == 1;
+    };
+    reg.execute({u"delete * from dop_ukaz"_s, u"delete * from odbstar"_s});
     scratchTable = u"dop_ukaz"_s;
     printDopUkaz(tools.print, today, nullptr);
-    EXPECT_EQ(std::ranges::count(pages.pages.at(0).texts, u"0416"_s, &report::PlacedText::text), 1);
+    EXPECT_TRUE(printedOnce(u"0416"_s));
+    EXPECT_EQ(durable(scratchTable).size(), 0);
+    scratchTable = u"odbstar"_s;
+    printOdbStar(tools.print, today, nullptr);
+    for (const CareRow& row : careTable())
+        EXPECT_TRUE(printedOnce(QString::fromUtf16(row.code)));
+    EXPECT_TRUE(printedOnce(u"       psychoterapia"_s));
     EXPECT_EQ(durable(scratchTable).size(), 0);
 }
 

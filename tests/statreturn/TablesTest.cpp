@@ -2,6 +2,7 @@
 // rows of the register: the invented one, and clients full of edges among them.
 #include "report/PageCheck.h"
 #include "statreturn/ImpairmentTable.h"
+#include "statreturn/LeftOut.h"
 #include "statreturn/ReturnRegister.h"
 #include "statreturn/TableOne.h"
 #include "statreturn/TableTwo.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -165,6 +167,38 @@ Cells totalsOnPage(const ReturnRegister& at, const ImpairmentTable& table) {
     return totals;
 }
 
+/// The numbers on screen against what was printed just now, cell by cell.
+void expectPrinted(const ReturnRegister& at, const NumberGrid& numbers,
+                   const ImpairmentTable& table) {
+    ASSERT_EQ(numbers.rows.size(), std::size_t(at.rows.size()) + 1);
+    for (std::size_t row = 0; row < numbers.rows.size(); ++row) {
+        for (std::size_t i = 0; i < printedColumns.size(); ++i) {
+            const QString cell =
+                row < std::size_t(at.rows.size())
+                    ? at.rows[qsizetype(row)][printedColumns[i].column.toString()].trimmed()
+                    : at.printed(table.totals[i]);
+            const QString shown = countText(int(numbers.behind(row, i).size()));
+            EXPECT_EQ(numbers.rows[row].applies ? shown : u"x"_s, cell)
+                << numbers.nameOf(row, i).toStdString();
+        }
+    }
+}
+
+/// Who is counted, and who is told to be left out: together everybody, each once.
+void expectEverybody(std::set<std::uint32_t> counted, const LeftOut& leftOut, ReturnTable table,
+                     std::size_t everybody) {
+    for (const Counted& out : leftOut.numbers.behind(0, std::size_t(table)))
+        EXPECT_TRUE(counted.insert(std::uint32_t(leftOut.remarks[out.who].who)).second);
+    EXPECT_EQ(counted.size(), everybody);
+}
+
+std::set<std::uint32_t> countedIn(const NumberGrid& numbers) {
+    std::set<std::uint32_t> counted;
+    for (const Counted& client : numbers.behind(numbers.rows.size() - 1, 0))
+        counted.insert(client.who);
+    return counted;
+}
+
 TEST_F(TablesTest, TableOne) {
     const QList<Cells> care = all(u"k_zaznam_spc"_s);
     Table expected;
@@ -186,7 +220,11 @@ TEST_F(TablesTest, TableOne) {
             countClientOf(client, second >= u'1' && second <= u'9',
                           expected[u"%1"_s.arg(101 + age, 4, 10, QChar(u'0'))], totals);
     }
+    const ReturnPeople people = readPeople(at.datTlac, u"2006/2007"_s, today);
     printVek(at.tools, u"2006/2007"_s, today, nullptr);
+    expectPrinted(at, tableOneNumbers(people), tableOne);
+    expectEverybody(countedIn(tableOneNumbers(people)), LeftOut(people), ReturnTable::One,
+                    people.clients.size());
     ASSERT_EQ(at.rows.size(), 19);
     for (int age = 0; age < 19; ++age) {
         const Cells& row = at.rows[age];
@@ -229,6 +267,10 @@ TEST_F(TablesTest, TableTwo) {
         }
     }
     printVzd(at.tools, u"2006/2007"_s, today, nullptr);
+    const ReturnPeople people = readPeople(at.datTlac, u"2006/2007"_s, today);
+    expectPrinted(at, tableTwoNumbers(people), tableTwo);
+    expectEverybody(countedIn(tableTwoNumbers(people)), LeftOut(people), ReturnTable::Two,
+                    people.clients.size());
     ASSERT_EQ(at.rows.size(), 16);
     for (int place = 0; place < 16; ++place) {
         const Cells& row = at.rows[place];
@@ -279,6 +321,10 @@ TEST_F(TablesTest, TableThree) {
     for (const auto& column : {u"e_spolu"_s, u"e_zeny"_s, u"e_kval"_s})
         expected[0][column] = u"   x"_s;
     printZam(at.tools, today, nullptr);
+    const ReturnPeople people = readPeople(at.datTlac, u"2006/2007"_s, today);
+    const std::size_t leftOut = LeftOut(people).numbers.behind(0, 2).size();
+    EXPECT_EQ(people.employees.size() - leftOut,
+              std::size_t(at.rows[8][u"i_spolu"_s].toInt() + at.rows[8][u"e_spolu"_s].toInt()));
     ASSERT_EQ(at.rows.size(), 9);
     for (int i = 0; i < 9; ++i) {
         expected[i][u"fcia"_s] = names[i];

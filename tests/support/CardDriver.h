@@ -24,7 +24,7 @@ inline QString text(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
 
-/// A register, and a card on it that is driven by keys as a user does.
+/// A register, and a card or form on it that is driven by keys as a user does.
 template <class Card>
 class CardDriver : public testing::Test {
   protected:

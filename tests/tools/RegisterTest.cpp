@@ -1,9 +1,9 @@
 #include "mkdb/Register.h"
 
+#include "card/Key.h"
 #include "mkdb/BirthNumber.h"
 #include "mkdb/Calendar.h"
 #include "mkdb/Commands.h"
-#include "mkdb/KeyMaker.h"
 #include "mkdb/Random.h"
 #include "mkdb/TextMaker.h"
 #include "store/FileBytes.h"
@@ -156,8 +156,8 @@ TEST(Register, makesNamesNumbersAndTexts) {
               u"Eva bola rada."_s);
     const auto rows = sample().database().OpenRecordset(u"select * from k_zaklad"_s);
     for (; !rows->Eof(); rows->MoveNext())
-        EXPECT_TRUE(rows->Fields(u"idkod").Value().toText().startsWith(mkdb::keyBase(
-            rows->Fields(u"priezv").Value().toText(), rows->Fields(u"meno").Value().toText())));
+        EXPECT_TRUE(rows->Fields(u"idkod").Value().toText().startsWith(card::keyBase(
+            {rows->Fields(u"priezv").Value().toText(), rows->Fields(u"meno").Value().toText()})));
     mkdb::BirthNumbers numbers;
     mkdb::Random random(1, 0);
     std::set<QString> given;

@@ -92,7 +92,7 @@ void ClientMaker::name(Client& client, Surname& family, Random& random) {
         family = people_.surname(random);
         client.surname = client.girl ? family.woman : family.man;
         client.firstName = people_.firstName(client.girl, random);
-        if (const auto key = keys_.make(client.surname, client.firstName)) {
+        if (const auto key = keys_.make({client.surname, client.firstName})) {
             client.key = *key;
             return;
         }

@@ -33,7 +33,7 @@ std::vector<Employee> makeStaff(const PeopleMaker& people, Random& random) {
         employee.firstName = people.firstName(employee.woman, random);
         const Surname& surname = people.surname(random);
         employee.surname = employee.woman ? surname.woman : surname.man;
-        employee.key = *keys.make(employee.surname, employee.firstName);
+        employee.key = *keys.make({employee.surname, employee.firstName});
         employee.function = post.function;
         employee.keepsRecords = worksWithClients(post.function);
         employee.internal = post.internal;

@@ -4,18 +4,9 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include <initializer_list>
-
 namespace tour {
 
 namespace {
-
-void enter(Guide& guide, std::initializer_list<const char*> typed) {
-    for (const char* text : typed) {
-        guide.type(QString::fromUtf8(text));
-        guide.key(Qt::Key_Return);
-    }
-}
 
 void turnTabs(Guide& guide, int tabs) {
     for (int i = 0; i < tabs; ++i)
@@ -24,12 +15,12 @@ void turnTabs(Guide& guide, int tabs) {
 
 void fillBasicData(Guide& guide) {
     guide.picture(QStringLiteral("novy-klient"));
-    enter(guide, {"jana", "kováčiková", "Nitra", "1855120003"});
-    enter(guide, {"", "", "4711", "25", "01"});
+    guide.enter({"jana", "kováčiková", "Nitra", "1855120003"});
+    guide.enter({"", "", "4711", "25", "01"});
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-klient-ciselnik"));
     guide.key(Qt::Key_Escape);
-    enter(guide, {"SK", "sk", "sk", "dlhá 1", "Nitra", "94901", "", "", "1.9.26", "3"});
+    guide.enter({"SK", "sk", "sk", "dlhá 1", "Nitra", "94901", "", "", "1.9.26", "3"});
     guide.key(Qt::Key_Tab);
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-klient-postihnutia"));
@@ -45,10 +36,15 @@ void addCareRecord(Guide& guide) {
     guide.press(QStringLiteral("cmdZscNovy"));
     guide.type(QStringLiteral("Nácvik čítania s porozumením, práca s obrázkami."));
     guide.goTo(QStringLiteral("textZsc(0)"));
-    enter(guide, {"15.9.26", "08", "09", "NOVÁKOEV00"});
+    guide.enter({"15.9.26", "08", "09", "NOVÁKOEV00"});
     guide.picture(QStringLiteral("starostlivost-novy-zaznam"));
     guide.press(QStringLiteral("cmdZscZap"));
     guide.picture(QStringLiteral("starostlivost-zapisana"));
+}
+
+void printTab(Guide& guide, const char16_t* report) {
+    const QString name = QString::fromUtf16(report);
+    lookAtPrint(guide, name, [&guide] { guide.click(QStringLiteral("cmdTlac")); });
 }
 
 void lookAtBasicData(Guide& guide) {
@@ -59,8 +55,10 @@ void lookAtBasicData(Guide& guide) {
     guide.type(QStringLiteral("Br"));
     guide.picture(QStringLiteral("klient-obce"));
     guide.key(Qt::Key_Escape);
+    printTab(guide, u"rptZakUdaj");
     turnTabs(guide, 1);
     guide.picture(QStringLiteral("klient-rodicia"));
+    printTab(guide, u"rptRodicia");
 }
 
 /// From the tab of the parents through all that follow.
@@ -69,14 +67,19 @@ void lookAtRecords(Guide& guide) {
         int turns;
         const char16_t* name;
         const char16_t* edit;
+        const char16_t* report;
     };
-    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr"}, Tab{1, u"dieta-v-rannom-veku", u""},
-                           Tab{6, u"zariadenia", u"cmdZarOpr"}, Tab{1, u"vysetrenia", u"cmdPzaOpr"},
-                           Tab{1, u"starostlivost", u"cmdZscOpr"}, Tab{1, u"zmeny", u"cmdZazOpr"},
-                           Tab{1, u"navstevy", u"cmdNavOpr"}}) {
+    for (const Tab& tab : {Tab{1, u"surodenci", u"cmdSurOpr", u"rptSurodenci"},
+                           Tab{1, u"dieta-v-rannom-veku", u"", u"rptDemo"},
+                           Tab{6, u"zariadenia", u"cmdZarOpr", u"rptUdajVV"},
+                           Tab{1, u"vysetrenia", u"cmdPzaOpr", u"rptVysetrenie"},
+                           Tab{1, u"starostlivost", u"cmdZscOpr", u"rptZaz_spc"},
+                           Tab{1, u"zmeny", u"cmdZazOpr", u"rptZaz_zmeny"},
+                           Tab{1, u"navstevy", u"cmdNavOpr", u"rptNavstevy"}}) {
         turnTabs(guide, tab.turns);
         const QString name = QStringLiteral("klient-") + QString::fromUtf16(tab.name);
         guide.picture(name);
+        printTab(guide, tab.report);
         if (*tab.edit == u'\0')
             continue;
         guide.press(QString::fromUtf16(tab.edit));
@@ -87,10 +90,10 @@ void lookAtRecords(Guide& guide) {
 
 void fillEmployee(Guide& guide) {
     guide.picture(QStringLiteral("novy-zamestnanec"));
-    enter(guide, {"eva", "nováková"});
+    guide.enter({"eva", "nováková"});
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-zamestnanec-zaradenie"));
-    enter(guide, {"Psy"});
+    guide.enter({"Psy"});
     // Internal, a woman, qualified.
     for (const auto choice : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Space}) {
         guide.key(choice);
@@ -125,7 +128,7 @@ void walkClientCard(Guide& guide) {
     guide.click(QStringLiteral("Picture1"));
     guide.inModalWindow([&guide](QWidget&) {
         // A client with records of every kind.
-        enter(guide, {"Beran"});
+        guide.enter({"Beran"});
     });
     guide.click(QStringLiteral("cmdHladaj"));
     guide.inModalWindow([&guide](QWidget&) {

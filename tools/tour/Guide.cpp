@@ -29,13 +29,28 @@ QWidget& Guide::inFront() const {
     return modal != nullptr ? *modal : window_;
 }
 
+/// The modal windows in the order in which they came, and the menu or list that is open.
+std::vector<QWidget*> Guide::shownAbove() const {
+    std::vector<QWidget*> above;
+    for (const auto& window : seen_) {
+        if (window != nullptr && window->isVisible())
+            above.push_back(window);
+    }
+    if (QWidget* popup = QApplication::activePopupWidget())
+        above.push_back(popup);
+    return above;
+}
+
 void Guide::picture(const QString& name) {
     QCoreApplication::processEvents();
     QPixmap picture = window_.grab();
     QPainter painter(&picture);
-    for (QWidget* above : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
-        if (above != nullptr)
-            painter.drawPixmap(above->pos() - window_.pos(), above->grab());
+    painter.setPen(QColor(80, 80, 120));
+    for (QWidget* above : shownAbove()) {
+        const QRect place(above->pos() - window_.pos(), above->size());
+        painter.drawPixmap(place.topLeft(), above->grab());
+        // Its edge is the desktop's, which there is none of.
+        painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
     painter.end();
     const QString file =
@@ -55,6 +70,8 @@ void Guide::click(const QString& objectName) {
 }
 
 void Guide::key(int key, Qt::KeyboardModifiers modifiers) {
+    // Without a window manager nobody brings a window back when the one before it has closed.
+    inFront().activateWindow();
     QTest::keyClick(inFront().windowHandle(), static_cast<Qt::Key>(key), modifiers);
     QCoreApplication::processEvents();
 }
@@ -68,6 +85,13 @@ void Guide::type(const QString& text) {
     // Not all letters lie on a key of their own.
     for (const QChar letter : text)
         QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), {});
+}
+
+void Guide::enter(std::initializer_list<const char*> typed) {
+    for (const char* text : typed) {
+        type(QString::fromUtf8(text));
+        key(Qt::Key_Return);
+    }
 }
 
 void Guide::goTo(const QString& objectName) {

@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <functional>
+#include <initializer_list>
 #include <vector>
 
 namespace tour {
@@ -32,6 +33,8 @@ class Guide : public QObject {
     /// Presses a key in the window in front.
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
+    /// Types each text and presses Enter after it.
+    void enter(std::initializer_list<const char*> typed);
     /// Goes to a control of the window in front by Tab.
     void goTo(const QString& objectName);
     /// Goes to a button by Tab and presses it by Enter.
@@ -42,9 +45,11 @@ class Guide : public QObject {
     void allCame() const;
     QString path(const QString& name) const { return folder_.filePath(name); }
     QWidget& inFront() const;
+    QRect place() const { return window_.geometry(); }
 
   private:
     void look();
+    std::vector<QWidget*> shownAbove() const;
 
     QDir folder_;
     QWidget& window_;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+
+#include <functional>
+
 namespace mainwindow {
 class FrmUvod;
 }
@@ -16,8 +20,18 @@ void walkNewEmployee(Guide& guide);
 void walkNewClient(Guide& guide);
 void walkClientCard(Guide& guide);
 void walkSchoolYear(Guide& guide);
-void walkTableOne(Guide& guide, mainwindow::FrmUvod& window);
+/// Types Tables IV and V into an empty register.
+void walkEntryForms(Guide& guide);
+/// Prints the five tables of the return one by one.
+void walkTables(Guide& guide, mainwindow::FrmUvod& window);
+void walkWholeReturn(Guide& guide, mainwindow::FrmUvod& window);
+void walkClientList(Guide& guide, mainwindow::FrmUvod& window);
 /// Damages the invented register first.
 void walkDataCheck(Guide& guide, mainwindow::FrmUvod& window);
+
+/// Runs what shows a preview, takes its picture and leaves its PDF, both under that name.
+void lookAtPrint(Guide& guide, const QString& name, const std::function<void()>& print);
+/// The same with an entry of the menu.
+void lookAtPrint(Guide& guide, const QString& name, mainwindow::FrmUvod& window, const char* entry);
 
 } // namespace tour

@@ -68,7 +68,8 @@ void walkFirstClient(const QString& output) {
         tour::walkNewEmployee(guide);
         tour::walkNewClient(guide);
         tour::walkSchoolYear(guide);
-        tour::walkTableOne(guide, window);
+        tour::walkEntryForms(guide);
+        tour::walkWholeReturn(guide, window);
     });
 }
 
@@ -77,7 +78,9 @@ void walkSample(const QString& output) {
         tour::walkLists(guide);
         tour::walkClientCard(guide);
         tour::walkSchoolYear(guide);
-        tour::walkTableOne(guide, window);
+        tour::walkTables(guide, window);
+        tour::walkWholeReturn(guide, window);
+        tour::walkClientList(guide, window);
         tour::walkDataCheck(guide, window);
     });
 }

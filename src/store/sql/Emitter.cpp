@@ -4,6 +4,7 @@
 #include "store/sql/Format.h"
 #include "store/sql/FunctionTable.h"
 #include "store/sql/Messages.h"
+#include "store/sql/SqliteText.h"
 
 #include <QStringList>
 
@@ -562,45 +563,6 @@ QString Emitter::forColumn(const Expression& expression, const SourceColumn& col
     return callOf("tvk_to_column", {isDateValue ? text(expression) : value(expression),
                                     QString::number(static_cast<int>(*column.type)),
                                     QString::number(column.width), sqlText(column.name)});
-}
-
-// SQLite's side
-
-QString sqlText(const QString& text) {
-    QString escaped = text;
-    escaped.replace(u'\'', QStringLiteral("''"));
-    return u'\'' + escaped + u'\'';
-}
-
-bool isConstantNumber(const QString& term) {
-    static constexpr QStringView signs = u"0123456789.eE+-*() ";
-    return std::ranges::all_of(term, [](QChar c) { return signs.contains(c); });
-}
-
-int parserLoad(const QString& sql) {
-    constexpr int ofStatement = 10;
-    constexpr int ofParenthesis = 5;
-    constexpr int ofSelect = 15;
-    std::vector<int> open;
-    int load = ofStatement;
-    int greatest = load;
-    const QStringView view(sql);
-    for (qsizetype i = 0; i < view.size(); ++i) {
-        const QChar c = view[i];
-        if (c == u'\'' || c == u'"')
-            i = view.indexOf(c, i + 1);
-        const bool isCase = view.sliced(i).startsWith(u"CASE ");
-        const bool isEnd = view.sliced(i).startsWith(u" END");
-        if (c == u'(' || isCase) {
-            open.push_back(view.sliced(i).startsWith(u"(SELECT") ? ofSelect : ofParenthesis);
-            load += open.back();
-        } else if ((c == u')' || isEnd) && !open.empty()) {
-            load -= open.back();
-            open.pop_back();
-        }
-        greatest = std::max(greatest, load);
-    }
-    return greatest;
 }
 
 } // namespace store::sql

@@ -5,6 +5,7 @@
 #include "store/sql/FunctionTable.h"
 #include "store/sql/Messages.h"
 #include "store/sql/Parser.h"
+#include "store/sql/SqliteText.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace backup {
+namespace store {
 
 /// Told often how much of a long work is done, from 0 to 1; the work is given up on false.
 using TellProgress = std::function<bool(double part)>;
@@ -11,14 +11,16 @@ using TellProgress = std::function<bool(double part)>;
 struct GivenUp {};
 
 /// Tells one share of a work, from `from` to `to`, as a part of the whole.
-/// @throws GivenUp
 class Share {
   public:
     Share(const TellProgress& tell, double from, double to) : tell_(tell), from_(from), to_(to) {}
+    /// @throws GivenUp
     void operator()(double part) const {
-        if (tell_ && !tell_(from_ + (to_ - from_) * part))
+        if (!tells(part))
             throw GivenUp();
     }
+    /// @return false when the work is given up
+    bool tells(double part) const { return !tell_ || tell_(from_ + (to_ - from_) * part); }
 
   private:
     const TellProgress& tell_;
@@ -26,4 +28,4 @@ class Share {
     double to_;
 };
 
-} // namespace backup
+} // namespace store

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QPoint>
+
+namespace report {
+
+struct Page;
+struct Pages;
+
+/// Shows one page at a time on its paper. Arrows, wheel and dragging move it; a turn of the wheel
+/// beyond its end turns the page, and with Ctrl it zooms.
+class PageView : public QAbstractScrollArea {
+    Q_OBJECT
+
+  public:
+    enum class Fit { Free, Width, Page };
+
+    /// @param pages at least one; have to outlive the view
+    explicit PageView(const Pages& pages, QWidget* parent = nullptr);
+
+    int pageCount() const;
+    /// Number of the page on show, the first one being 1.
+    int currentPage() const { return current_; }
+    /// Shows that page, or the nearest that there is, from its upper edge on.
+    void setCurrentPage(int number);
+
+    /// Size on the screen as a multiple of the paper's.
+    double zoom() const;
+    /// Zooms by that factor, within sensible limits, and no longer fits the window.
+    void zoomBy(double factor);
+    Fit fit() const { return fit_; }
+    void setFit(Fit fit);
+
+  Q_SIGNALS:
+    void pageChanged(int number);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    const Page& page() const;
+    /// Of the paper on the screen, in pixels.
+    QSizeF sheetSize() const;
+    QPointF sheetCorner() const;
+    double fittingZoom() const;
+    void adjust(double anchor);
+    bool turnByWheel(int delta);
+
+    const Pages& pages_;
+    int current_ = 1;
+    Fit fit_ = Fit::Width;
+    double zoom_ = 1;
+    QPoint grip_;
+};
+
+} // namespace report

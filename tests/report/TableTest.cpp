@@ -1,0 +1,78 @@
+#include "report/Csv.h"
+#include "report/PageCheck.h"
+#include "report/TableReport.h"
+#include "report/TestReport.h"
+
+#include <QBuffer>
+
+#include <gtest/gtest.h>
+
+using namespace report;
+using namespace report::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString csvOf(const Table& table) {
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(writeCsv(table, file));
+    EXPECT_TRUE(file.data().startsWith("\xEF\xBB\xBF"));
+    return QString::fromUtf8(file.data().mid(3));
+}
+
+TEST(Csv, IsOpenedBySpreadsheetsAsTheTableThatItIs) {
+    const std::vector<std::pair<QString, QString>> cells{
+        {u"Ľubomír"_s, u"Ľubomír"_s},
+        {u""_s, u""_s},
+        {u"a;b"_s, u"\"a;b\""_s},
+        {u"a,b"_s, u"a,b"_s},
+        {u"\"a\""_s, u"\"\"\"a\"\"\""_s},
+        {u"a\r\nb\rc"_s, u"\"a\nb\nc\""_s},
+        {u" a"_s, u"\" a\""_s},
+        {u"-12,5"_s, u"-12,5"_s},
+        {u"=1+1"_s, u"'=1+1"_s},
+        {u"+421 905"_s, u"'+421 905"_s},
+        {u"-A1"_s, u"'-A1"_s},
+        {u"@sum"_s, u"'@sum"_s},
+        {u"\t=1"_s, u"'\t=1"_s},
+        {u"＝1"_s, u"'＝1"_s},
+        {u"=\"a\";1"_s, u"\"'=\"\"a\"\";1\""_s},
+    };
+    for (const auto& [text, cell] : cells)
+        EXPECT_EQ(csvOf({{u"Meno"_s, u"Obec"_s}, {{text, u"x"_s}}}),
+                  u"Meno;Obec\r\n"_s + cell + u";x\r\n"_s);
+}
+
+TEST(TableReport, GoesOverPagesUnderItsHeadsAndIsKeptForSaving) {
+    TableReport report{u"Klienti"_s,
+                       u"prvá\ndruhá"_s,
+                       Orientation::Portrait,
+                       {{1}, {3}},
+                       {{u"Meno"_s, u"Prečo"_s}, {}}};
+    for (int i = 0; i < 60; ++i)
+        report.table.rows.push_back({QString::number(1000 + i), u"slovo "_s.repeated(30)});
+    const Pages pages = pagesOf(report, GridMeter(), today);
+    ASSERT_GT(pages.pages.size(), 2U);
+    EXPECT_EQ(layoutFaults(pages), QStringList());
+    EXPECT_EQ(textsOf(pages.pages[0]).first(4),
+              (QStringList{u"Klienti"_s, u"05.09.2006"_s, u"prvá"_s, u"druhá"_s}));
+    EXPECT_TRUE(textsOf(pages.pages.back()).contains(u"1059"_s));
+    for (std::size_t i = 0; i < pages.pages.size(); ++i) {
+        EXPECT_TRUE(textsOf(pages.pages[i]).contains(u"Prečo"_s));
+        const PlacedText& number =
+            find(pages.pages[i], u"Strana %1 z %2"_s.arg(i + 1).arg(pages.pages.size()));
+        EXPECT_GT(number.box.top(), pages.pages.front().paper.height() - 794);
+    }
+    EXPECT_EQ(pages.table.rows, report.table.rows);
+}
+
+TEST(PageMaker, KeepsTheRowsOfAPlainTableForSaving) {
+    Layout layout;
+    layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
+    ListSource rows({{u"1"_s, u"2"_s, u"3"_s}, {u"4"_s, u"5"_s, u"6"_s}});
+    layout.savedColumns = {{u"C"_s, u"c"_s}, {u"A"_s, u"a"_s}};
+    EXPECT_EQ(csvOf(makePages(layout, rows, GridMeter(), today).table), u"C;A\r\n3;1\r\n6;4\r\n"_s);
+}
+
+} // namespace

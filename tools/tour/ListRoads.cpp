@@ -1,0 +1,33 @@
+#include "tour/Guide.h"
+#include "tour/Roads.h"
+
+namespace tour {
+
+void walkLists(Guide& guide) {
+    guide.click(QStringLiteral("Picture1"));
+    guide.picture(QStringLiteral("klienti"));
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.type(QStringLiteral("Kov"));
+        guide.picture(QStringLiteral("hladanie"));
+        guide.key(Qt::Key_Return);
+    });
+    guide.click(QStringLiteral("cmdHladaj"));
+    guide.picture(QStringLiteral("najdeny-klient"));
+    guide.click(QStringLiteral("CmdSort"));
+    guide.picture(QStringLiteral("podla-kat-cisla"));
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.picture(QStringLiteral("vymaz-otazka"));
+        guide.key(Qt::Key_Escape);
+    });
+    guide.click(QStringLiteral("cmdVymaz"));
+    guide.click(QStringLiteral("Picture2"));
+    guide.picture(QStringLiteral("zamestnanci"));
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.picture(QStringLiteral("zamestnanec"));
+        guide.key(Qt::Key_Escape);
+    });
+    guide.click(QStringLiteral("cmdOprava"));
+    guide.click(QStringLiteral("Picture1"));
+}
+
+} // namespace tour
