@@ -65,7 +65,7 @@ void OldReader::receive() {
     silence.start();
     while (process_.bytesAvailable() == 0 && !process_.waitForReadyRead(sliceMs)) {
         if (goOn_ && !goOn_())
-            throw Cancelled();
+            throw store::GivenUp();
         if (process_.state() == QProcess::NotRunning && process_.bytesAvailable() == 0)
             fail(QStringLiteral("Súbor je poškodený: jeho čítanie sa predčasne skončilo."));
         if (silence.hasExpired(qint64{limits_.silentSeconds} * 1000))

@@ -90,7 +90,7 @@ TEST_F(TakeOver, GoesOnFromWhateverLiesThere) {
 }
 
 TEST_F(TakeOver, LeavesAllAsItWasWhenItFails) {
-    const auto changeMeanwhile = [this](const Progress&) {
+    const auto changeMeanwhile = [this](double) {
         files::write(path("tvk.mdb"), sample::bytes() + QByteArray(4096, 'x'));
         return true;
     };
