@@ -82,4 +82,24 @@ TEST(RichText, KeepsBlankParagraphsAndRowsOfBlanks) {
     EXPECT_EQ(richParagraphs(plain, {}), plainParagraphs(plain, {}));
 }
 
+TEST(Lines, TakeAsManyWordsAsFit) {
+    QString words;
+    for (int i = 0; i < 900; ++i)
+        words += QString(1 + i * 7 % 12, u'x') + u' ';
+    for (const double width : {1200., 3000., 9000., 40000.}) {
+        const auto lines = breakLines(plainParagraphs(words, {}), width, GridMeter());
+        QString joined;
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const QString line = lines[i].runs.at(0).run.text;
+            const QString next = i + 1 < lines.size() ? lines[i + 1].runs[0].run.text : QString();
+            EXPECT_LE(lines[i].width(), width);
+            EXPECT_TRUE(next.isEmpty() ||
+                        100.0 * double(line.size() + 1 + next.section(u' ', 0, 0).size()) > width)
+                << line.toStdString();
+            joined += line + u' ';
+        }
+        EXPECT_EQ(joined, words);
+    }
+}
+
 } // namespace
