@@ -7,6 +7,7 @@
 #include "oldregister/ReportWindow.h"
 #include "oldregister/TakeOver.h"
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QApplication>
 #include <QFileInfo>

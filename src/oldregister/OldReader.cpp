@@ -2,6 +2,7 @@
 
 #include "oldregister/ReaderMain.h"
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QElapsedTimer>
 
