@@ -19,6 +19,7 @@
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
