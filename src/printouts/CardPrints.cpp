@@ -49,26 +49,39 @@ QString statementOf(const TabReport& tab, const PrintedCard& card) {
     return tab.statement != nullptr ? tab.statement(card.key) : card.visits;
 }
 
-/// Records of the tab that its source leaves out.
-qint64 leftOut(store::Database& database, const TabReport& tab, const QString& source,
-               const QString& key) {
-    if (*tab.records == u'\0')
-        return 0;
-    const QString all = QStringLiteral("select idkod from %1 where idkod = %2")
-                            .arg(tab.records, store::quoted(key));
-    return database.OpenRecordset(all)->RecordCount() -
-           database.OpenRecordset(source)->RecordCount();
+/// What of a tab's records is not on its paper, or is there more than once.
+struct Mismatch {
+    qint64 leftOut = 0;
+    qint64 repeated = 0;
+};
+
+/// Both may be, so the two numbers of records alone don't tell.
+Mismatch mismatchOf(store::Database& database, const TabReport& tab, const QString& source,
+                    const QString& key) {
+    if (tab.names == nullptr)
+        return {};
+    const auto [records, code, list, listCode] = *tab.names;
+    const auto count = [&database](const QString& rows) {
+        return database.OpenRecordset(rows)->RecordCount();
+    };
+    const qint64 all = count(
+        QStringLiteral("select idkod from %1 where idkod = %2").arg(records, store::quoted(key)));
+    const qint64 leftOut = count(recordsWithoutName(records, code, list, listCode, key));
+    return {leftOut, count(source) - (all - leftOut)};
 }
 
-QString noteOn(qint64 leftOut, bool isChanged) {
+QString noteOn(const Mismatch& mismatch, bool isChanged) {
     QStringList notes;
     if (isChanged)
         notes << QStringLiteral("Zostava ukazuje, čo je zapísané v databáze. Čo je na karte "
                                 "zadané a nezapísané, na nej nie je.");
-    if (leftOut > 0)
+    if (mismatch.leftOut > 0)
         notes << QStringLiteral("Záznamy, ktorých kód nie je v číselníku alebo medzi "
                                 "zamestnancami a ktoré na zostave preto nie sú: %1.")
-                     .arg(leftOut);
+                     .arg(mismatch.leftOut);
+    if (mismatch.repeated > 0)
+        notes << QStringLiteral("Riadky navyše, lebo kód záznamu má v číselníku viac názvov: %1.")
+                     .arg(mismatch.repeated);
     return notes.join(u' ');
 }
 
@@ -97,13 +110,15 @@ class CardPrinter {
         form.title = QString::fromUtf16(tab.title);
         form.section(u"Section4").control(u"lblMeno").caption = name_->inHead();
         report::Pages pages = printing::makeReport(tools_, form, source, today_);
-        leftOut_ += leftOut(database_, tab, source, card_.key);
+        const Mismatch mismatch = mismatchOf(database_, tab, source, card_.key);
+        mismatch_.leftOut += mismatch.leftOut;
+        mismatch_.repeated += mismatch.repeated;
         return pages;
     }
 
     void show(report::Pages& pages, QWidget* parent) {
         pages.subject = name_->inFiles();
-        pages.note = noteOn(leftOut_, card_.isChanged);
+        pages.note = noteOn(mismatch_, card_.isChanged);
         report::addRunningLines(pages, std::make_shared<report::FontMeter>());
         database_.Close();
         printing::showPages(tools_, pages, parent);
@@ -115,7 +130,7 @@ class CardPrinter {
     const QDate& today_;
     store::Database database_;
     std::optional<Name> name_;
-    qint64 leftOut_ = 0;
+    Mismatch mismatch_;
 };
 
 /// Whether a text tells anything of the client that the form does not.

@@ -142,6 +142,13 @@ QString changes(const QString& key) {
     return QStringLiteral("select * from vyp_zazZmeny where idkod") + equals(key);
 }
 
+QString recordsWithoutName(QStringView records, QStringView code, QStringView list,
+                           QStringView listCode, const QString& key) {
+    return QStringLiteral("select %1.idkod from %1 left join %3 on %1.%2 = %3.%4 where %1.idkod")
+               .arg(records, code, list, listCode) +
+           equals(key) + QStringLiteral(" and isnull(%1.%2)").arg(list, listCode);
+}
+
 QString allClients() {
     return QStringLiteral(
         "SELECT k_zaklad.meno,k_zaklad.priezv,k_zaklad.rodcis,k_zaklad.katcis,k_zaklad.datnar,"

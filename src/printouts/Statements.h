@@ -19,5 +19,8 @@ QString careRecords(const QString& key);
 /// Reads the stored query of changes as it stands; it must give the client's key.
 QString changes(const QString& key);
 QString allClients();
+/// The client's rows of `records` whose `code` is not among the `listCode` of `list`.
+QString recordsWithoutName(QStringView records, QStringView code, QStringView list,
+                           QStringView listCode, const QString& key);
 
 } // namespace printouts

@@ -13,6 +13,10 @@ constexpr TabReport text(const char16_t* title, const char16_t* heading, const c
     return {title, rptDemo, u"vyp_memo", nullptr, heading, column};
 }
 
+constexpr Names facilities{u"k_zariad", u"nazzar", u"c_zariad", u"kod"};
+constexpr Names examiners{u"k_vysetrenie", u"idkod_p", u"zamestnanci", u"idkod"};
+constexpr Names carers{u"k_zaznam_spc", u"idkod_p", u"zamestnanci", u"idkod"};
+
 constexpr std::array<TabReport, 14> tabs = {{
     {u"Základné údaje", rptZakUdaj, u"vyp_zaklad", basicData},
     {u"Rodičia", rptRodicia, u"vyp_rodicia", parents},
@@ -24,9 +28,9 @@ constexpr std::array<TabReport, 14> tabs = {{
     text(u"Ďalšie dôležité údaje", u"Ďalšie dôležité údaje o klientovi", u"u_dolezite"),
     text(u"Poznámky", u"Poznámky", u"poznamky"),
     text(u"Individuálny plán", u"Individuálny plán klienta tvk.por.zar.", u"ip_tvkz"),
-    {u"Výchova a vzdelávanie", rptUdajVV, u"vyp_zariad", placements, u"", u"", u"k_zariad"},
-    {u"Vyšetrenia", rptVysetrenie, u"vyp_vysetrenie", examinations, u"", u"", u"k_vysetrenie"},
-    {u"Záznam o činnosti", rptZaz_spc, u"vyp_zazspc", careRecords, u"", u"", u"k_zaznam_spc"},
+    {u"Výchova a vzdelávanie", rptUdajVV, u"vyp_zariad", placements, u"", u"", &facilities},
+    {u"Vyšetrenia", rptVysetrenie, u"vyp_vysetrenie", examinations, u"", u"", &examiners},
+    {u"Záznam o činnosti", rptZaz_spc, u"vyp_zazspc", careRecords, u"", u"", &carers},
     {u"Zaznamenané zmeny", rptZaz_zmeny, u"", changes},
     {u"Návštevy", rptNavstevy, u"vyp_navstevy", nullptr},
 }};

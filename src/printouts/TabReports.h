@@ -9,6 +9,15 @@
 
 namespace printouts {
 
+/// Where the codes of a tab's records have their names. The statement of the tab leaves out records
+/// whose code has none.
+struct Names {
+    const char16_t* records;
+    const char16_t* code;
+    const char16_t* list;
+    const char16_t* listCode;
+};
+
 /// How a tab of the card is printed.
 struct TabReport {
     /// What the print-out is called in file names and in the contents of documents.
@@ -21,9 +30,8 @@ struct TabReport {
     /// Heading and column of a text; empty for other tabs.
     const char16_t* heading = u"";
     const char16_t* column = u"";
-    /// The table of the tab's records, if the statement may leave some of them out because their
-    /// code has no name.
-    const char16_t* records = u"";
+    /// Null where no record can be left out.
+    const Names* names = nullptr;
 };
 
 /// The fourteen tabs in their order.

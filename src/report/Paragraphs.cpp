@@ -11,7 +11,7 @@ namespace {
 constexpr double listIndent = 360;
 
 QString cleaned(QString text) {
-    return text.replace(u'\t', u' ').remove(u'\r').remove(QChar::ObjectReplacementCharacter);
+    return text.remove(u'\r').remove(QChar::ObjectReplacementCharacter);
 }
 
 TextStyle styleOf(const Marks& marks, TextStyle style) {

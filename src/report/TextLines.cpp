@@ -1,8 +1,10 @@
 #include "report/TextLines.h"
 
+#include <QStringList>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace report {
@@ -10,6 +12,12 @@ namespace report {
 namespace {
 
 constexpr double bulletGap = 80;
+/// Half an inch, as old word processors have it.
+constexpr double tabStop = 720;
+
+bool isBlank(QChar letter) {
+    return letter == u' ' || letter == u'\t';
+}
 
 /// Breaks one paragraph. Positions are those of its whole text, over all runs.
 class LineBreaker {
@@ -59,7 +67,7 @@ class LineBreaker {
     qsizetype endNearGuess(qsizetype from) const {
         constexpr int tries = 4;
         const qsizetype farthest = from + 2 * guess_;
-        qsizetype end = std::min(endOfWord(from + guess_), text_.size());
+        qsizetype end = endOfWord(from + guess_, farthest);
         if (end > farthest || !fits(from, end)) {
             for (int i = 0; i < tries; ++i) {
                 end = endOfWords(from, withoutBlanks(from, end));
@@ -69,7 +77,7 @@ class LineBreaker {
             return from;
         }
         for (int i = 0; i < tries && end < text_.size(); ++i) {
-            const qsizetype next = endOfWord(end + 1);
+            const qsizetype next = endOfWord(end + 1, farthest);
             if (next > farthest || !fits(from, next))
                 return next > farthest ? from : end;
             end = next;
@@ -77,13 +85,14 @@ class LineBreaker {
         return end == text_.size() ? end : from;
     }
 
-    /// Behind the blanks after the word in which that place is.
-    qsizetype endOfWord(qsizetype place) const {
-        const qsizetype blank = text_.indexOf(u' ', place - 1);
-        if (place > text_.size() || blank < 0)
-            return text_.size();
-        qsizetype end = blank + 1;
-        while (end < text_.size() && text_[end] == u' ')
+    /// Behind the blanks after the word in which that place is, if the word ends by `farthest`;
+    /// else behind that. An endless word is not walked through to its end, or each line would do
+    /// so.
+    qsizetype endOfWord(qsizetype place, qsizetype farthest) const {
+        qsizetype end = std::min(place - 1, text_.size());
+        while (end < text_.size() && end <= farthest && !isBlank(text_[end]))
+            ++end;
+        while (end < text_.size() && isBlank(text_[end]))
             ++end;
         return end;
     }
@@ -120,9 +129,11 @@ class LineBreaker {
 
     /// Behind the blanks after the last whole word; `from` when there is no whole word.
     qsizetype endOfWords(qsizetype from, qsizetype reach) const {
-        const auto part = QStringView(text_).mid(from, reach - from);
-        const qsizetype end = part.lastIndexOf(u' ') + 1;
-        return part.left(end).trimmed().isEmpty() ? from : from + end;
+        qsizetype end = reach;
+        while (end > from && !isBlank(text_[end - 1]))
+            --end;
+        const auto words = QStringView(text_).mid(from, end - from);
+        return words.trimmed().isEmpty() ? from : end;
     }
 
     /// Behind the last whole letter, but at least behind one.
@@ -139,7 +150,7 @@ class LineBreaker {
 
     /// The end of the text from..to when the blanks at its end are left out.
     qsizetype withoutBlanks(qsizetype from, qsizetype to) const {
-        while (to > from && text_[to - 1] == u' ')
+        while (to > from && isBlank(text_[to - 1]))
             --to;
         return to;
     }
@@ -155,12 +166,23 @@ class LineBreaker {
             const qsizetype length = std::min(to, starts_[i] + run.text.size()) - first;
             if (length <= 0)
                 continue;
-            const auto part = run.text.mid(first - starts_[i], length);
-            const double width = meter_.width(part, run.style);
-            result.runs.push_back({{part, run.style}, left, width});
-            left += width;
+            append(result, run.text.mid(first - starts_[i], length), run.style, left);
         }
         return result;
+    }
+
+    /// @param left where the text begins, then where it ends. What is behind a tab goes on at the
+    /// next tab stop.
+    void append(TextLine& line, const QString& text, const TextStyle& style, double& left) const {
+        const QStringList parts = text.split(u'\t');
+        for (qsizetype i = 0; i < parts.size(); ++i) {
+            if (i > 0)
+                left = (std::floor(left / tabStop) + 1) * tabStop;
+            const double width = meter_.width(parts[i], style);
+            if (!parts[i].isEmpty())
+                line.runs.push_back({{parts[i], style}, left, width});
+            left += width;
+        }
     }
 
     /// The run in which that place is.

@@ -239,6 +239,11 @@ TEST_F(PrintoutsTest, saysWhatIsNotOnThePaper) {
     EXPECT_TRUE(pages.note.endsWith(u"nie sú: 1."_s)) << pages.note.toStdString();
     print(11, another);
     EXPECT_EQ(pages.note, QString());
+    // One record without a name and one with two.
+    addCode(u"c_zariad", u"kod"_s);
+    reg.add(u"k_zariad"_s, {{u"idkod", ours}, {u"nazzar", u"xx"_s}});
+    print(9);
+    EXPECT_EQ(pages.note.count(u": 1."_s), 2) << pages.note.toStdString();
 }
 
 TEST_F(PrintoutsTest, aLongTextGoesOnOverPagesAsItWasTyped) {

@@ -34,7 +34,8 @@ TEST(Lines, BreakBetweenWords) {
         {u"aa\nbb", 9, u"aa/bb"},
         {u"aa\r\n\r\nbb", 9, u"aa//bb"},
         {u"aa\n", 9, u"aa/"},
-        {u"a\tb", 9, u"a b"},
+        {u"a\tb", 9, u"a|b"},
+        {u"a\tbb c", 9, u"a/bb c"},
         {u"  aa bb", 4, u"  aa/bb"},
         {u"najneobhospodarovateľnejší", 8, u"najneobh/ospodaro/vateľnej/ší"},
         {u"a\u00A0b c", 3, u"a\u00A0b/c"},
@@ -46,6 +47,9 @@ TEST(Lines, BreakBetweenWords) {
                   QString::fromUtf16(lines).split(u'/'));
     EXPECT_EQ(broken(plainParagraphs(u"aa bb\ncc dd"_s, {}), unlimitedWidth),
               (QStringList{u"aa bb"_s, u"cc dd"_s}));
+    const auto columns = breakLines(plainParagraphs(u"aaaaaaa\tb\t\tc"_s, {}), 5000, GridMeter());
+    EXPECT_EQ(columns.at(0).runs.at(1).left, 720);
+    EXPECT_EQ(columns.at(0).runs.at(2).left, 3 * 720);
 }
 
 TEST(Lines, AreFoundQuicklyInEndlessWords) {
