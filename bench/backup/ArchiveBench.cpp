@@ -3,11 +3,13 @@
 /// Without an argument on an invented register of 10,000 clients; a register may be given.
 
 #include "backup/Archive.h"
+#include "backup/Copies.h"
 #include "backup/Zip.h"
 #include "common/Figures.h"
 #include "mkdb/DatabaseSink.h"
 #include "mkdb/Register.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -71,5 +73,16 @@ int main(int argc, char** argv) {
     figures.compare(
         "archive, read back / libzip at our level", ours,
         [&] { packBare(folder.database(), bare, 6); }, {}, counted);
+    figures.compare(
+        "copy at exit / libzip as it comes",
+        [&] {
+            QDir(backup::copiesFolder(folder)).removeRecursively();
+            backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true);
+        },
+        [&] { packBare(folder.database(), bare, 0); }, {}, counted);
+    figures.compare(
+        "exit with nothing to copy / libzip as it comes",
+        [&] { backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true); },
+        [&] { packBare(folder.database(), bare, 0); }, {}, counted);
     return figures.print();
 }
