@@ -34,6 +34,7 @@ TEST(Lines, BreakBetweenWords) {
         {u"aa\nbb", 9, u"aa/bb"},
         {u"aa\r\n\r\nbb", 9, u"aa//bb"},
         {u"aa\n", 9, u"aa/"},
+        {u"a\u0001b\u000Bc\u2028d", 9, u"ab/c/d"},
         {u"a\tb", 9, u"a|b"},
         {u"a\tbb c", 9, u"a/bb c"},
         {u"  aa bb", 4, u"  aa/bb"},
