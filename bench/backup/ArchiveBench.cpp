@@ -3,11 +3,13 @@
 /// Without an argument on an invented register of 10,000 clients; a register may be given.
 
 #include "backup/Archive.h"
+#include "backup/Copies.h"
 #include "backup/Zip.h"
 #include "common/Figures.h"
 #include "mkdb/DatabaseSink.h"
 #include "mkdb/Register.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -54,6 +56,7 @@ void packBare(const QString& path, const QString& made, zip_uint32_t level) {
 int main(int argc, char** argv) {
     const QTemporaryDir directory;
     const store::ProgramFolder folder(directory.path());
+    const int counted = argc > 1 ? 1 : runs;
     if (argc > 1)
         QFile::link(QString::fromLocal8Bit(argv[1]), folder.database());
     else
@@ -66,9 +69,20 @@ int main(int argc, char** argv) {
     bench::Figures figures("Backup");
     figures.compare(
         "archive, read back / libzip as it comes", ours,
-        [&] { packBare(folder.database(), bare, 0); }, wanted, runs);
+        [&] { packBare(folder.database(), bare, 0); }, wanted, counted);
     figures.compare(
         "archive, read back / libzip at our level", ours,
-        [&] { packBare(folder.database(), bare, 6); }, {}, runs);
+        [&] { packBare(folder.database(), bare, 6); }, {}, counted);
+    figures.compare(
+        "copy at exit / libzip as it comes",
+        [&] {
+            QDir(backup::copiesFolder(folder)).removeRecursively();
+            backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true);
+        },
+        [&] { packBare(folder.database(), bare, 0); }, {}, counted);
+    figures.compare(
+        "exit with nothing to copy / libzip as it comes",
+        [&] { backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true); },
+        [&] { packBare(folder.database(), bare, 0); }, {}, counted);
     return figures.print();
 }

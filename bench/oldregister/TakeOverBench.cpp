@@ -63,7 +63,7 @@ bool isThrifty(const QString& old, const QString& made) {
         QElapsedTimer told;
         told.start();
         qint64 silence = 0;
-        const auto report = oldregister::convert(old, made, [&](const oldregister::Progress&) {
+        const auto report = oldregister::convert(old, made, [&](double) {
             silence = std::max(silence, told.restart());
             return true;
         });

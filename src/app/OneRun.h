@@ -28,6 +28,9 @@ class OneRun : public QObject {
     /// Who has the register, in words.
     QString holder() const;
 
+    /// This program is ending and has no window to show: other starts wait for its end.
+    void stopAnswering() { server_.close(); }
+
   Q_SIGNALS:
     /// Another start asks for the window of this one.
     void windowAsked();

@@ -25,12 +25,15 @@ bool wantsEmptyRegister(const store::ProgramFolder& place) {
 
 void writeContents(const QString& from, const QString& to) {
     QFile source(from);
-    QFile target(to);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
-        throw store::EngineError(store::ErrorNumber::FileNotFound, from);
+    if (!source.open(QIODevice::ReadOnly))
+        throw store::EngineError(store::ErrorNumber::CannotOpen,
+                                 QStringLiteral("Súbor sa nedá čítať."), from);
     const QByteArray bytes = source.readAll();
-    if (target.write(bytes) != bytes.size() || !target.flush())
-        throw store::EngineError(store::ErrorNumber::DiskFull, to);
+    QFile target(to);
+    if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size() ||
+        !target.flush())
+        throw store::EngineError(store::ErrorNumber::DiskFull,
+                                 QStringLiteral("Súbor sa nedá zapísať."), to);
 }
 
 /// @throws store::EngineError

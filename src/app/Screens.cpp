@@ -19,6 +19,7 @@
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -118,7 +119,7 @@ void clientsInReturn(FrmUvod& window) {
 bool isRegister(store::DBEngine& engine, const QString& path, const store::TellProgress& tell) {
     try {
         if (oldregister::kindOf(path) == oldregister::FileKind::OldRegister) {
-            oldregister::readThrough(path);
+            oldregister::readThrough(path, tell);
             return true;
         }
         engine.OpenDatabase(path).Close();

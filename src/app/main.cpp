@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
                                           app::openScreen, endRun, oldregister::offerTakeOver};
     mainwindow::FrmUvod window(around);
     QObject::connect(&run, &app::OneRun::windowAsked, &window, [&window] { bringToFront(window); });
+    QObject::connect(&window, &mainwindow::FrmUvod::leaving, &run, &app::OneRun::stopAnswering);
     QMetaObject::invokeMethod(&window, &mainwindow::FrmUvod::open, Qt::QueuedConnection);
     return QApplication::exec();
 }

@@ -1,5 +1,6 @@
 #include "backup/Archive.h"
 
+#include "backup/Copies.h"
 #include "backup/Packing.h"
 #include "backup/Zip.h"
 #include "store/Files.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <array>
 #include <functional>
 
 namespace backup {
@@ -42,14 +42,17 @@ bool isSameFile(const QString& one, const QString& other) {
 }
 
 void refuseOwnFiles(const store::ProgramFolder& folder, const QString& target) {
-    static constexpr auto own =
-        std::to_array<QStringView>({u"tvk.mdb", u"tvk_ren.mdb", u"tmp.mdb", u"arch_tmp.zip"});
-    for (const QStringView name : own) {
-        if (isSameFile(folder.path(name), target))
+    QStringList own;
+    for (const QStringView name : {u"tvk.mdb", u"tvk_ren.mdb", u"tmp.mdb", u"arch_tmp.zip"})
+        own << folder.path(name);
+    for (const Copy& copy : copies(folder))
+        own << copy.path;
+    for (const QString& file : own) {
+        if (isSameFile(file, target))
             throw EngineError(ErrorNumber::TargetExists,
                               QStringLiteral("Do súboru %1 sa archív uložiť nedá, pracuje s ním "
                                              "program. Zvoľte iný názov.")
-                                  .arg(name),
+                                  .arg(QFileInfo(file).fileName()),
                               target);
     }
 }

@@ -45,7 +45,9 @@ CopyState inspectCopy(const QString& archive, const store::TellProgress& tell) {
     const Unpacked unpacked(QFileInfo(archive).absolutePath() + QStringLiteral("/kontrola.cast"));
     try {
         return inspect(archive, unpacked.path(), tell);
-    } catch (const ZipEntry::Fault) {
+    } catch (const ZipEntry::Fault fault) {
+        if (fault == ZipEntry::Fault::Locked)
+            return {CopyState::Kind::Unknown, 0, QStringLiteral("je chránená heslom")};
         return {CopyState::Kind::Damaged};
     } catch (const store::EngineError& error) {
         if (error.number() == store::ErrorNumber::UnrecognizedFile)

@@ -7,6 +7,7 @@
 #include "forms/Guard.h"
 #include "forms/RichText.h"
 
+#include <QDialog>
 #include <QGroupBox>
 #include <QTextEdit>
 #include <QVBoxLayout>

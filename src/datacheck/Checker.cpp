@@ -99,6 +99,7 @@ Checker::Checker(store::Database& database) : database_(database) {
             steps_.emplace_back([this, &table] { lostWorkers(table); });
             steps_.emplace_back([this, &table] { missingWorkers(table); });
         }
+    steps_.emplace_back([this] { missingKeys(); });
     steps_.emplace_back([this] { missingTexts(); });
     steps_.emplace_back([this] { doubleTexts(); });
     steps_.emplace_back([this] { doubleNumbers(); });
@@ -210,6 +211,18 @@ void Checker::missingWorkers(const RecordTable& table) {
                            client(key), Remedy::GiveWorker, key};
         }).rows.push_back({&table, rows, rows->Bookmark()});
     }
+}
+
+void Checker::missingKeys() {
+    Counted count(findings_);
+    const Rows rows =
+        open(QStringLiteral("select * from k_zaklad where isnull(idkod) or trim(idkod) = ''"));
+    for (; !rows->Eof() && count.mayAdd(); rows->MoveNext())
+        findings_.push_back({QStringLiteral("Klient nemá kľúč, jeho karta sa nedá otvoriť"),
+                             textOf(*rows, u"meno") + u' ' + textOf(*rows, u"priezv"),
+                             Remedy::MakeKey,
+                             {},
+                             {{&clientTable, rows, rows->Bookmark()}}});
 }
 
 void Checker::missingTexts() {

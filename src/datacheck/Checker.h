@@ -33,6 +33,7 @@ class Checker {
     void addLost(const RecordTable& table, const QString& key, Counted& count);
     void lostWorkers(const RecordTable& table);
     void missingWorkers(const RecordTable& table);
+    void missingKeys();
     void missingTexts();
     void doubleTexts();
     void doubleNumbers();

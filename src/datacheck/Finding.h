@@ -13,6 +13,7 @@ enum class Remedy : quint8 {
     /// Its rows get a client, or an employee, whom the user picks.
     GiveClient,
     GiveWorker,
+    MakeKey,
     AddTexts,
     JoinTexts,
     OpenClient,

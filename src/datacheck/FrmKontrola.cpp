@@ -40,6 +40,7 @@ constexpr RemedyWords remedies[] = {
     {u"", u"&Napraviť"},
     {u"priradiť záznamy klientovi, ktorého vyberiete", u"&Priradiť klientovi…"},
     {u"priradiť záznamy zamestnancovi, ktorého vyberiete", u"&Priradiť zamestnancovi…"},
+    {u"vytvoriť kľúč z priezviska a mena", u"&Vytvoriť kľúč"},
     {u"doplniť prázdny riadok textov", u"&Doplniť texty"},
     {u"spojiť texty do jedného riadka, nič sa nestratí", u"S&pojiť texty"},
     {u"otvoriť kartu klienta a údaj opraviť", u"&Otvoriť kartu"},
@@ -312,6 +313,11 @@ void FrmKontrola::mend(const Finding& finding) {
     case Remedy::GiveClient:
     case Remedy::GiveWorker:
         isDone = pickAndGive(finding);
+        break;
+    case Remedy::MakeKey:
+        isDone = confirmed(finding, QStringLiteral("Vytvoriť klientovi %1 kľúč ?"));
+        if (isDone)
+            makeKey(*database_, finding);
         break;
     case Remedy::AddTexts:
         isDone = confirmed(finding, QStringLiteral("Doplniť klientovi %1 prázdny riadok textov ?"));

@@ -1,8 +1,11 @@
 #include "datacheck/Mends.h"
 
+#include "card/Key.h"
 #include "report/StoredText.h"
 #include "store/BulkInsert.h"
 #include "store/Schema.h"
+
+#include <algorithm>
 
 namespace datacheck {
 
@@ -37,6 +40,23 @@ void moveTexts(store::Recordset& from, store::Recordset& to) {
     from.Delete();
 }
 
+/// The first key of a base that no client has, and no record of a client who has gone.
+QString freeKey(store::Database& database, const QString& base) {
+    const auto isFree = [&](const QString& key) {
+        const auto has = [&](QStringView table) {
+            return !database
+                        .OpenRecordset(QStringLiteral("select idkod from %1 where idkod = %2")
+                                           .arg(table, store::quoted(key)))
+                        ->Eof();
+        };
+        return !has(clientTable.name) &&
+               std::ranges::none_of(recordTables(), has, &RecordTable::name);
+    };
+    for (int number = 0;; ++number)
+        if (QString key = base + card::keySequence(number); isFree(key))
+            return key;
+}
+
 void setColumn(store::Recordset& row, QStringView column, const QString& value) {
     row.Edit();
     row.Fields(column).setValue(value);
@@ -61,6 +81,18 @@ void giveWorker(store::Database& database, const Finding& finding, const QString
     store::BulkInsert::wholly(database, [&] {
         for (const FoundRow& row : finding.rows)
             setColumn(row.current(), u"idkod_p", key);
+    });
+}
+
+void makeKey(store::Database& database, const Finding& finding) {
+    store::BulkInsert::wholly(database, [&] {
+        store::Recordset& client = finding.rows.front().current();
+        const QString key =
+            freeKey(database, card::keyBase({client.Fields(u"priezv").Value().toText(),
+                                             client.Fields(u"meno").Value().toText()}));
+        setColumn(client, u"idkod", key);
+        if (textsOf(database, key)->Eof())
+            addTexts(database, key);
     });
 }
 

@@ -46,6 +46,8 @@ QString wordsOf(store::Recordset& row, const RecordTable& table) {
         if (!words.isEmpty())
             values += words;
     }
+    if (values.isEmpty())
+        values += QStringLiteral("(prázdny záznam)");
     return table.one.toString() + QStringLiteral(": ") + values.join(QStringLiteral("; "));
 }
 

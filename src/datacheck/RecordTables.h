@@ -21,6 +21,8 @@ struct RecordTable {
 
 std::span<const RecordTable> recordTables();
 
+/// The clients themselves.
+inline constexpr RecordTable clientTable{u"k_zaklad", u"Klient", u"klienti"};
 /// The table of the clients' long texts, of which each client has one row.
 inline constexpr QStringView textTable = u"k_memo";
 

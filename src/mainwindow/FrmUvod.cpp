@@ -378,6 +378,7 @@ void FrmUvod::koniecTlacidlom() {
 
 void FrmUvod::koniec() {
     forms::guardedEnd([this] { zavri(); });
+    Q_EMIT leaving();
     leaveInOrder(around_);
     around_.endRun();
 }

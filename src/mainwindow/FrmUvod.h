@@ -57,6 +57,10 @@ class FrmUvod : public QMainWindow {
     /// Shows what others have written into the list on show. @throws store::EngineError
     void readListAnew();
 
+  Q_SIGNALS:
+    /// Koniec was chosen: the window is closed and what is left to do takes its time.
+    void leaving();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 

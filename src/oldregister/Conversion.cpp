@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
 
 namespace oldregister {
 
@@ -23,6 +24,7 @@ namespace {
 
 using store::EngineError;
 using store::ErrorNumber;
+using store::TellProgress;
 
 constexpr QStringView clientTable = u"k_zaklad";
 constexpr int tellEveryMs = 50;
@@ -70,20 +72,23 @@ class Teller {
   public:
     explicit Teller(const TellProgress& tell) : tell_(tell) { sinceTold_.start(); }
 
-    void begin(qint64 total) { progress_.total = total; }
+    /// @param total 0 when the file doesn't tell
+    void begin(qint64 total) { total_ = total; }
     void step() {
-        ++progress_.done;
+        ++done_;
         if (sinceTold_.hasExpired(tellEveryMs) && !goOn())
-            throw Cancelled();
+            throw store::GivenUp();
     }
     bool goOn() {
         sinceTold_.restart();
-        return !tell_ || tell_(progress_);
+        const auto done = static_cast<double>(std::min(done_, total_));
+        return !tell_ || tell_(total_ > 0 ? done / static_cast<double>(total_) : 0);
     }
 
   private:
     const TellProgress& tell_;
-    Progress progress_;
+    qint64 done_ = 0;
+    qint64 total_ = 0;
     QElapsedTimer sinceTold_;
 };
 
@@ -114,6 +119,11 @@ void requireRegister(const TableList& list, const QString& path) {
         path);
 }
 
+qint64 rowsOf(const TableList& list) {
+    return std::accumulate(list.tables.begin(), list.tables.end(), qint64{0},
+                           [](qint64 sum, const OldTable& table) { return sum + table.rows; });
+}
+
 class Converter {
   public:
     Converter(const QString& oldFile, store::Database& database, const TellProgress& progress)
@@ -140,12 +150,9 @@ class Converter {
 
     void take(const TableList& list) {
         requireRegister(list, report_.oldFile);
-        qint64 total = 0;
-        for (const OldTable& table : list.tables) {
+        for (const OldTable& table : list.tables)
             writers_.push_back(std::make_unique<TableWriter>(database_, table, report_.findings));
-            total += table.rows;
-        }
-        teller_.begin(total);
+        teller_.begin(rowsOf(list));
         tellTables(list);
     }
     void take(const OldRow& row) {
@@ -212,13 +219,19 @@ void requireOldRegister(const QString& path) {
 
 } // namespace
 
-void readThrough(const QString& path) {
+void readThrough(const QString& path, const TellProgress& progress) {
     requireOldRegister(path);
-    OldReader reader(path, {});
+    Teller teller(progress);
+    OldReader reader(path, [&teller] { return teller.goOn(); });
     for (Message message = reader.next(); !std::holds_alternative<EndOfFile>(message);
-         message = reader.next())
-        if (const auto* list = std::get_if<TableList>(&message))
+         message = reader.next()) {
+        if (const auto* list = std::get_if<TableList>(&message)) {
             requireRegister(*list, path);
+            teller.begin(rowsOf(*list));
+        } else {
+            teller.step();
+        }
+    }
 }
 
 ConversionReport convert(const QString& oldFile, const QString& newFile,

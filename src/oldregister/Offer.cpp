@@ -7,6 +7,7 @@
 #include "oldregister/ReportWindow.h"
 #include "oldregister/TakeOver.h"
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -15,6 +16,8 @@
 namespace oldregister {
 
 namespace {
+
+constexpr int progressSteps = 1000;
 
 bool userAgrees(const QString& path, QWidget* parent) {
     const QString protection = protectionOf(path);
@@ -34,19 +37,18 @@ bool userAgrees(const QString& path, QWidget* parent) {
 }
 
 /// Shows how far the conversion has come. @return false when the user has had enough
-bool showProgress(QProgressDialog& dialog, const Progress& progress) {
+bool showProgress(QProgressDialog& dialog, double part) {
     // A value would show a dialog again that was cancelled.
     if (dialog.wasCanceled())
         return false;
-    dialog.setMaximum(static_cast<int>(progress.total));
-    dialog.setValue(static_cast<int>(std::min(progress.done, progress.total)));
+    dialog.setValue(static_cast<int>(part * progressSteps));
     QCoreApplication::processEvents();
     return !dialog.wasCanceled();
 }
 
 ConversionReport takeOverWithProgress(const QString& path, QWidget* parent) {
     QProgressDialog dialog(QStringLiteral("Prevod registra z pôvodného formátu …"),
-                           QStringLiteral("Zrušiť"), 0, 0, parent);
+                           QStringLiteral("Zrušiť"), 0, progressSteps, parent);
     dialog.setObjectName(QStringLiteral("dlgPrevod"));
     dialog.setWindowTitle(QCoreApplication::applicationName());
     dialog.setWindowModality(Qt::ApplicationModal);
@@ -54,8 +56,8 @@ ConversionReport takeOverWithProgress(const QString& path, QWidget* parent) {
     dialog.setAutoReset(false);
     dialog.setAutoClose(false);
     dialog.show();
-    showProgress(dialog, {});
-    return takeOver(path, [&](const Progress& progress) { return showProgress(dialog, progress); });
+    showProgress(dialog, 0);
+    return takeOver(path, [&](double part) { return showProgress(dialog, part); });
 }
 
 void tellFailure(const QString& why, QWidget* parent) {
@@ -68,7 +70,7 @@ bool takeOverOrTell(const QString& path, QWidget* parent) {
     try {
         ReportWindow(takeOverWithProgress(path, parent), parent).exec();
         return true;
-    } catch (const Cancelled&) {
+    } catch (const store::GivenUp&) {
         return false;
     } catch (const store::EngineError& error) {
         tellFailure(QStringLiteral("Prevod sa nepodaril. ") + error.description(), parent);

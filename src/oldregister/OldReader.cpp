@@ -2,6 +2,7 @@
 
 #include "oldregister/ReaderMain.h"
 #include "store/EngineError.h"
+#include "store/Progress.h"
 
 #include <QElapsedTimer>
 
@@ -65,7 +66,7 @@ void OldReader::receive() {
     silence.start();
     while (process_.bytesAvailable() == 0 && !process_.waitForReadyRead(sliceMs)) {
         if (goOn_ && !goOn_())
-            throw Cancelled();
+            throw store::GivenUp();
         if (process_.state() == QProcess::NotRunning && process_.bytesAvailable() == 0)
             fail(QStringLiteral("Súbor je poškodený: jeho čítanie sa predčasne skončilo."));
         if (silence.hasExpired(qint64{limits_.silentSeconds} * 1000))

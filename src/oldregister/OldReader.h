@@ -18,9 +18,6 @@ struct ReaderLimits {
 /// Asked while the program waits and between rows; the reading is given up on false.
 using GoOn = std::function<bool()>;
 
-/// The user broke the work off.
-class Cancelled : public std::exception {};
-
 /// Reads a file of the old format through a process of its own: see runAsReader. The process ends
 /// with the reader.
 class OldReader {
@@ -32,7 +29,7 @@ class OldReader {
 
     /// The next message; waits for it.
     /// @throws store::EngineError 3343 with the reason when the process refused the file, ended
-    /// early or took too long; Cancelled
+    /// early or took too long; store::GivenUp
     Message next();
 
   private:

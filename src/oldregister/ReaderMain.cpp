@@ -61,12 +61,12 @@ void look(MdbCatalogEntry& entry, Found& found) {
     const bool isTable = mdb_is_user_table(&entry) != 0;
     if (!isTable && entry.object_type != MDB_LINKED_TABLE)
         return;
+    found.descriptionsBehindEnd += isTable && entry.table_pg >= found.pages ? 1 : 0;
     const QString name = QString::fromUtf8(entry.object_name);
     if (!isTable || store::findTable(name) == nullptr || isListed(found.list, name)) {
         found.list.foreign.push_back(name);
         return;
     }
-    found.descriptionsBehindEnd += entry.table_pg >= found.pages ? 1 : 0;
     OldTableReader reader(entry);
     if (!reader.isOpen()) {
         found.list.unreadable.push_back(name);

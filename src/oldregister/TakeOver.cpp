@@ -77,7 +77,7 @@ QString writeReport(const QString& path, const ConversionReport& report) {
                       [&](const QString& file) { writeNew(file, text); });
 }
 
-ConversionReport takeOver(const QString& path, const TellProgress& progress) {
+ConversionReport takeOver(const QString& path, const store::TellProgress& progress) {
     const QString made = path + QStringLiteral(".novy");
     QFile::remove(made);
     const FileState before(path);

@@ -9,7 +9,7 @@ namespace oldregister {
 /// never overwritten), the report as "NAME_prevod.txt". Killed at any moment, the old file is where
 /// it was or both stand complete; what was begun is removed by the next run.
 /// @throws as convert; 3218 when another program has changed the old file meanwhile
-ConversionReport takeOver(const QString& path, const TellProgress& progress = {});
+ConversionReport takeOver(const QString& path, const store::TellProgress& progress = {});
 
 /// The name under which takeOver would keep that file now.
 QString keptNameOf(const QString& path);

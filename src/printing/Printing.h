@@ -30,8 +30,8 @@ struct PrintTools {
 using BlankRows = std::vector<std::map<QString, QString>>;
 
 /// Makes the pages of a form, its captions set, over the rows of a table, a stored query or a
-/// select statement; each is made when it is looked at. What the user's action has written so far is
-/// made durable first: the rows are read through a connection of their own.
+/// select statement; each is made when it is looked at. What the user's action has written so far
+/// is made durable first: the rows are read through a connection of their own.
 /// @param today the date that a form's "%d" stands for
 /// @throws store::EngineError 3025 when that connection can't read the register
 report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,

@@ -206,7 +206,7 @@ bool PreviewDialog::goThrough(const QString& what,
     window.setObjectName(QStringLiteral("progress"));
     window.setWindowTitle(windowTitle());
     window.setWindowModality(Qt::WindowModal);
-    window.setMinimumDuration(300);
+    window.setMinimumDuration(static_cast<int>(patience_.count()));
     givenUp_ = false;
     return work([this, &window](std::size_t done, std::size_t count) {
         window.setMaximum(int(count));

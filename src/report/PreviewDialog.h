@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QTimer>
 
+#include <chrono>
 #include <initializer_list>
 #include <optional>
 
@@ -31,6 +32,8 @@ class PreviewDialog : public QDialog {
 
     /// Writes the pages into that file, which is replaced as a whole or not at all.
     void savePdf(const QString& path);
+    /// How long a work goes on unseen before its progress is shown.
+    void showProgressAfter(std::chrono::milliseconds patience) { patience_ = patience; }
 
   private:
     struct ActionRow;
@@ -59,6 +62,7 @@ class PreviewDialog : public QDialog {
     void tell(const QString& problem);
 
     const Pages& pages_;
+    std::chrono::milliseconds patience_{300};
     ProblemTeller tellProblem_;
     QToolBar* toolBar_;
     PageView* view_;

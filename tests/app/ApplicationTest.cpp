@@ -23,6 +23,7 @@
 #include <unistd.h>
 
 #include <future>
+#include <optional>
 #include <stdexcept>
 
 using support::ScriptedBoxes;
@@ -72,6 +73,19 @@ app::OneRun::Outcome outcomeOfAnotherStart(const QString& database) {
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
     return start.get();
+}
+
+TEST(OneRunTest, anotherStartWaitsForTheEndOfOneThatHasNoWindowMore) {
+    const QTemporaryDir folder;
+    const QString register_ = folder.filePath(u"tvk.mdb"_s);
+    std::optional<app::OneRun> ending(std::in_place, register_);
+    ASSERT_EQ(ending->take(), app::OneRun::Outcome::Taken);
+    ending->stopAnswering();
+    auto start = std::async(std::launch::async, [&] { return app::OneRun(register_).take(); });
+    EXPECT_FALSE(QTest::qWaitFor(
+        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, 300));
+    ending.reset();
+    EXPECT_EQ(start.get(), app::OneRun::Outcome::Taken);
 }
 
 TEST(OneRunTest, theSecondOfAComputerShowsTheFirstAndAnotherComputerIsNamed) {

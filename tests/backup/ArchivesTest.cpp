@@ -61,12 +61,36 @@ class Archives : public BackupFiles {
     const QByteArray original;
 };
 
-/// The entry's size in the central directory, 24 bytes behind its signature.
-QByteArray withSize(QByteArray archive, quint32 size) {
-    const qsizetype at = archive.lastIndexOf("PK\1\2") + 24;
-    for (int i = 0; i < 4; ++i)
-        archive[at + i] = static_cast<char>(size >> (8 * i));
-    return archive;
+QByteArray number(quint64 value, int bytes) {
+    QByteArray written;
+    for (int i = 0; i < bytes; ++i)
+        written += static_cast<char>(value >> (8 * i));
+    return written;
+}
+
+/// With another number so many bytes behind the signature of the entry in the central directory.
+QByteArray with(QByteArray archive, qsizetype behind, quint32 value) {
+    return archive.replace(archive.lastIndexOf("PK\1\2") + behind, 4, number(value, 4));
+}
+QByteArray withSum(const QByteArray& archive, quint32 sum) {
+    return with(archive, 16, sum);
+}
+QByteArray withSize(const QByteArray& archive, quint32 size) {
+    return with(archive, 24, size);
+}
+
+/// With the end record that archives of more than 4 GB have.
+QByteArray asZip64(const QByteArray& archive, quint64 entries) {
+    const qsizetype end = archive.lastIndexOf("PK\5\6");
+    const qsizetype directory = archive.lastIndexOf("PK\1\2");
+    const QByteArray large = "PK\6\6" + number(44, 8) + number(45, 2) + number(45, 2) +
+                             QByteArray(8, '\0') + number(entries, 8) + number(entries, 8) +
+                             number(static_cast<quint64>(end - directory), 8) +
+                             number(static_cast<quint64>(directory), 8);
+    const QByteArray locator =
+        QByteArray("PK\6\7\0\0\0\0", 8) + number(static_cast<quint64>(end), 8) + number(1, 4);
+    return archive.first(end) + large + locator + QByteArray("PK\5\6\0\0\0\0", 8) +
+           QByteArray(12, '\xff') + number(0, 2);
 }
 
 TEST_F(Archives, eachIsWhatItIsAndNoMore) {
@@ -104,6 +128,9 @@ TEST_F(Archives, eachIsWhatItIsAndNoMore) {
         {"half a register", packed({{"tvk.mdb", original.first(original.size() / 2)}}),
          Finding::NoRegister},
         {"bomb", packed({{"tvk.mdb", QByteArray(65 << 20, '\0')}}), Finding::NoRegister},
+        {"large", asZip64(sound, 1), Finding::Sound},
+        {"large with a wrong count", asZip64(sound, 1000000), Finding::NoArchive},
+        {"another sum", withSum(sound, 1), Finding::NoRegister},
         {"claims less", withSize(sound, size - 1), Finding::NoRegister},
         {"claims nothing", withSize(sound, 0), Finding::NoRegister},
         {"claims more", withSize(sound, size + 1), Finding::NoRegister},

@@ -3,6 +3,7 @@
 #include "app/Screens.h"
 #include "mainwindow/FrmUvod.h"
 #include "store/Connection.h"
+#include "support/Lists.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
@@ -67,7 +68,7 @@ class DataCheck {
         auto* list = form.findChild<QTableWidget*>(u"lstNalezy"_s);
         QStringList lines;
         for (int row = 0; row < list->rowCount(); ++row)
-            lines += list->item(row, 0)->text() + u" | "_s + list->item(row, 1)->text();
+            lines += (list->item(row, 0)->text() + u" | "_s + list->item(row, 1)->text()).trimmed();
         return lines;
     }
 
@@ -82,151 +83,69 @@ class DataCheck {
     mainwindow::FrmUvod window{around};
 };
 
-/// What the window that follows on Enter is called, and what the user types there first.
-struct Case {
-    const char* name;
-    std::vector<QString> damage;
-    QStringList found;
-    QString opened;
-    QString typed;
-    /// A select that gives so many rows afterwards.
-    QString select;
-    int count;
-};
+/// What the list says of a damage: its name ("case"), the statements that lay it ("sql", or "raw"
+/// for those of the file itself), what is "found", the window or the question that "opens" on
+/// Enter, what is "typed" into that window or its "title", and how many "rows" of a selection there
+/// are then.
+using Case = QMap<QString, QStringList>;
 
-const Case cases[] = {
-    {"a lost key",
-     {u"insert into k_navstevy (idkod, datum) values ('STARY00', #3/4/2007#)"_s,
-      u"insert into k_memo (idkod, poznamky) values ('STARY00', 'b')"_s,
-      u"insert into k_zaznam_spc (idkod, idkod_p) values ('STARY00', 'MALAANA00')"_s},
-     {u"Záznamy s kľúčom STARY00, ktorý nemá nijaký klient: texty 1, záznamy starostlivosti 1, "
-      "návštevy 1 | "_s},
-     u"FrmVyber"_s,
-     u"n"_s,
-     u"select k_memo.idkod from (k_memo inner join k_navstevy on k_memo.idkod = k_navstevy.idkod) "
-     "inner join k_zaznam_spc on k_memo.idkod = k_zaznam_spc.idkod where k_memo.idkod = "
-     "'NOVAKJAN00' and poznamky = '<p><b>a</b></p><p>b</p>'"_s,
-     2},
-    {"no key",
-     {u"insert into k_surodenci (meno) values ('Peter')"_s},
-     {u"Súrodenec bez kľúča klienta | "_s},
-     u"FrmVyber"_s,
-     u"kov"_s,
-     u"select * from k_surodenci where idkod = 'KOVACEVA00' and meno = 'Peter'"_s,
-     1},
-    {"a lost worker",
-     {u"insert into k_zaznam_zmeny (idkod, idkod_p) values ('NOVAKJAN00', 'ODISLA00')"_s},
-     {u"Záznamy s kľúčom pracovníka ODISLA00, ktorý nemá nijaký zamestnanec: zaznamenané zmeny 1 | "_s},
-     u"FrmVyber"_s,
-     u"m"_s,
-     u"select * from k_zaznam_zmeny where idkod_p = 'MALAANA00'"_s,
-     1},
-    {"no worker",
-     {u"insert into k_zaznam_spc (idkod) values ('NOVAKJAN00')"_s,
-      u"insert into k_zaznam_spc (idkod, idkod_p) values ('NOVAKJAN00', ' ')"_s},
-     {u"Záznamy bez pracovníka: záznamy starostlivosti | Ján Novák (NOVAKJAN00)"_s},
-     u"FrmVyber"_s,
-     u"m"_s,
-     u"select * from k_zaznam_spc where idkod_p = 'MALAANA00'"_s,
-     2},
-    {"no texts",
-     {u"delete * from k_memo where idkod = 'KOVACEVA00'"_s},
-     {u"Klient nemá riadok textov, jeho karta sa nedá upraviť | Eva Kováč (KOVACEVA00)"_s},
-     u"Doplniť klientovi Eva Kováč (KOVACEVA00) prázdny riadok textov ?"_s,
-     {},
-     u"select * from k_memo where idkod = 'KOVACEVA00'"_s,
-     1},
-    {"two texts",
-     {u"!DROP INDEX k_memo_idkod; INSERT INTO k_memo (idkod, poznamky, u_ziak) VALUES "
-      "('novakjan00', 'b', 'c'), ('NOVAKJAN00', 'd', '')"_s},
-     {u"Klient má viac riadkov textov, karta ukáže len jeden | Ján Novák (NOVAKJAN00)"_s},
-     u"Spojiť texty klienta Ján Novák (NOVAKJAN00) do jedného riadka ?"_s,
-     {},
-     u"select * from k_memo where idkod = 'KOVACEVA00' or (poznamky = "
-     "'<p><b>a</b></p><p>b</p><p>d</p>' and u_ziak = 'c')"_s,
-     2},
-    {"two numbers",
-     {u"update k_zaklad set katcis = ' 1' where idkod = 'NOVAKJAN00'"_s},
-     {u"Katalógové číslo 1 majú viacerí klienti: 2 | Eva Kováč (KOVACEVA00)"_s,
-      u"Katalógové číslo 1 majú viacerí klienti: 2 | Ján Novák (NOVAKJAN00)"_s},
-     u"FrmKlientUdaj"_s,
-     u"Eva  Kováč"_s,
-     {},
-     0},
-    {"no date",
-     {u"update k_navstevy set datum = '31.6.2007'"_s},
-     {u"„31.6.2007“ nie je dátum v kalendári: dátum | Ján Novák (NOVAKJAN00)"_s},
-     u"FrmKlientUdaj"_s,
-     u"Ján  Novák"_s,
-     {},
-     0},
-    {"codes without a name",
-     {u"update k_zaklad set zdrpoi = '99' where idkod = 'NOVAKJAN00'"_s,
-      u"update k_zaklad set zdrpoi = '24' where idkod = 'KOVACEVA00'"_s,
-      u"insert into k_zariad (idkod, akronym, nazzar) values ('NOVAKJAN00', 'VYCH', '01')"_s,
-      u"insert into k_zariad (idkod, akronym, nazzar) values ('NOVAKJAN00', 'TVK', '01')"_s},
-     {u"Kód „99“ nemá v číselníku názov: kód zdravotnej poisťovne | Ján Novák (NOVAKJAN00)"_s,
-      u"Kód „01“ nemá v číselníku názov: kód zariadenia | Ján Novák (NOVAKJAN00)"_s},
-     u"FrmKlientUdaj"_s,
-     u"Ján  Novák"_s,
-     {},
-     0},
-    {"a function without a name",
-     {u"insert into c_funkcie (fc_idkod, nazov) values (7, ' ')"_s,
-      u"update zamestnanci set prac_zar = 7"_s},
-     {u"Kód „7“ nemá v číselníku názov: kód pracovného zaradenia | Ana Malá (MALAANA00)"_s},
-     u"FrmPsychUdaj"_s,
-     u"Ana  Malá"_s,
-     {},
-     0},
-};
+std::vector<Case> casesOfTheList() {
+    std::vector<Case> all;
+    for (const QStringList& line : support::linesOf(u"damages.txt"_s)) {
+        if (line[0] == u"case")
+            all.emplace_back();
+        all.back()[line[0]] += line.mid(1);
+    }
+    return all;
+}
 
 } // namespace
 
 class DataCheckOf : public testing::TestWithParam<Case> {};
 
 TEST_P(DataCheckOf, findsTheDamageAndMendsIt) {
-    const Case& damage = GetParam();
+    const auto said = [](const char* what) {
+        return GetParam().value(QLatin1String(what));
+    };
     DataCheck run;
-    for (const QString& sql : damage.damage)
-        if (sql.startsWith(u'!'))
-            run.layRaw(sql.mid(1).toUtf8().constData());
-        else
-            run.reg.execute({sql});
+    for (const QString& sql : said("sql"))
+        run.reg.execute({sql});
+    for (const QString& sql : said("raw"))
+        run.layRaw(sql.toUtf8().constData());
+    const bool isCard = said("rows").isEmpty();
+    const QString opened = said("opens").join(QString());
     run.check([&](QWidget& form) {
-        EXPECT_EQ(DataCheck::findings(form), damage.found);
-        const bool isCard = damage.select.isEmpty();
-        if (damage.opened.endsWith(u'?'))
-            run.boxes.expect(support::ExpectedBox{.text = damage.opened,
-                                                  .title = u"Kontrola údajov"_s,
-                                                  .icon = QMessageBox::Question,
-                                                  .buttons = yesNo,
-                                                  .answer = QMessageBox::Yes});
+        EXPECT_EQ(DataCheck::findings(form), said("found"));
+        if (opened.endsWith(u'?'))
+            run.boxes.expectAsked(opened, u"Kontrola údajov"_s, QMessageBox::Question, yesNo,
+                                  QMessageBox::Yes);
         else
             run.boxes.expect(support::ExpectedWindow{
-                damage.opened, [&](QWidget& next) {
+                opened, [&](QWidget& next) {
                     if (isCard) {
-                        EXPECT_TRUE(next.windowTitle().contains(damage.typed))
+                        EXPECT_TRUE(next.windowTitle().contains(said("title").join(QString())))
                             << next.windowTitle().toStdString();
                         next.close();
                         return;
                     }
                     auto* name = next.findChild<QLineEdit*>(u"textHladaj"_s);
-                    QTest::keyClicks(name, damage.typed);
+                    QTest::keyClicks(name, said("typed").join(QString()));
                     QTest::keyClick(name, Qt::Key_Return);
                 }});
         QTest::keyClick(form.findChild<QTableWidget*>(u"lstNalezy"_s), Qt::Key_Return);
         DataCheck::ended(form);
-        EXPECT_EQ(DataCheck::findings(form), isCard ? damage.found : QStringList());
+        EXPECT_EQ(DataCheck::findings(form), isCard ? said("found") : QStringList());
     });
-    if (!damage.select.isEmpty()) {
-        EXPECT_EQ(run.reg.count(damage.select), damage.count);
+    if (!isCard) {
+        EXPECT_EQ(run.reg.count(said("rows")[1]), said("rows")[0].toInt());
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, DataCheckOf, testing::ValuesIn(cases), [](const auto& info) {
-    return QString::fromLatin1(info.param.name).replace(u' ', u'_').toStdString();
-});
+INSTANTIATE_TEST_SUITE_P(Kinds, DataCheckOf, testing::ValuesIn(casesOfTheList()),
+                         [](const auto& info) {
+                             QString name = info.param[u"case"_s].join(QString());
+                             return name.replace(u' ', u'_').toStdString();
+                         });
 
 TEST(DataCheckOfFile, repairsDamagedIndexes) {
     DataCheck run;
@@ -236,14 +155,10 @@ TEST(DataCheckOfFile, repairsDamagedIndexes) {
     run.layRaw("PRAGMA writable_schema=ON; UPDATE sqlite_schema SET rootpage=(SELECT rootpage FROM "
                "sqlite_schema WHERE name='k_navstevy_idkod') WHERE name='k_zaklad_meno'");
     run.check([&](QWidget& form) {
-        EXPECT_EQ(DataCheck::findings(form), QStringList{u"Súbor registra je poškodený | "_s});
-        run.boxes.expect(support::ExpectedBox{
-            .text = u"Register v súbore -tvk.mdb- je poškodený, údaje sú v poriadku. Má sa "
-                    "register vytvoriť nanovo ?"_s,
-            .title = u"Upozornenie"_s,
-            .icon = QMessageBox::Warning,
-            .buttons = yesNo,
-            .answer = QMessageBox::Yes});
+        EXPECT_EQ(DataCheck::findings(form), QStringList{u"Súbor registra je poškodený |"_s});
+        run.boxes.expectAsked(u"Register v súbore -tvk.mdb- je poškodený, údaje sú v poriadku. Má "
+                              "sa register vytvoriť nanovo ?"_s,
+                              u"Upozornenie"_s, QMessageBox::Warning, yesNo, QMessageBox::Yes);
         QTest::keyClick(form.findChild<QTableWidget*>(u"lstNalezy"_s), Qt::Key_Return);
     });
     run.boxes.allCame();

@@ -126,8 +126,8 @@ TEST_F(RichTextTest, WhatIsPastedOpensNothingAndIsReadAtOnce) {
         paste(html.arg(pipe));
         EXPECT_EQ(field.text(), u"<p>slovo</p>"_s);
     }
-    for (const char16_t* piece : {u"<b>", u"<ul><li>", u"<table><tr><td>", u"<p a=\"", u"<!--",
-                                  u"</b>", u"&ab; ", u"<style>", u"<a b='c", u"x"}) {
+    for (const char16_t* piece : {u"x", u"<b>", u"<ul><li>", u"<table><tr><td>", u"<p a=\"",
+                                  u"<!--", u"</b>", u"&ab; ", u"<style>", u"<a b='c"}) {
         SCOPED_TRACE(QString::fromUtf16(piece).toStdString());
         field.setText({});
         const QString text = QString::fromUtf16(piece);

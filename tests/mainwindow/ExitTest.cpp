@@ -120,10 +120,13 @@ TEST_F(ExitTest, aCompactionGivenUpLeavesTheFileAndTheRunEnds) {
     files::write(reg.folder.path(u"arch_tmp.zip"), "zvysok");
     around.patience = std::chrono::milliseconds(0);
     open();
+    int left = 0;
+    QObject::connect(window.get(), &mainwindow::FrmUvod::leaving, [&left] { ++left; });
     const QByteArray before = files::read(reg.folder.database());
     for (const auto doing : {u"Údaje sa zhusťujú …", u"Robí sa záloha údajov …"})
-        boxes.expect({.name = u"frmKoniec"_s, .drive = [doing](QWidget& form) {
+        boxes.expect({.name = u"frmKoniec"_s, .drive = [doing, &left](QWidget& form) {
                           EXPECT_EQ(form.findChild<QLabel*>(u"lblStav"_s)->text(), doing);
+                          EXPECT_EQ(left, 1);
                           QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
                       }});
     click("Label4");

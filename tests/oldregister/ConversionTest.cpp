@@ -88,9 +88,11 @@ class Conversion : public testing::Test {
         QString words;
         try {
             words = convert(oldFile, newFile).text();
+            EXPECT_NO_THROW(readThrough(oldFile));
         } catch (const store::EngineError& error) {
             words = error.description();
             EXPECT_FALSE(QFile::exists(newFile));
+            EXPECT_THROW(readThrough(oldFile), store::EngineError);
         }
         EXPECT_EQ(files::read(oldFile), bytes);
         QFile::remove(newFile);
@@ -148,6 +150,8 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         {"newer", withByte(whole, 0x14, 2), u"novšej verzii"},
         {"cut within a page", whole.first(whole.size() - 1), u"Súbor je neúplný"},
         {"cut between pages", whole.first(whole.size() / 2), u"Súbor je neúplný"},
+        {"cut before the last tables", whole.first(205 * pageSize), u"Súbor je neúplný"},
+        {"rows behind the end", withoutPage(withPageBehindEnd(whole), 1), u"Súbor je neúplný"},
         {"header alone", whole.first(pageSize), u"Súbor je"},
         {"no catalogue", QByteArray(whole).replace(2 * pageSize, pageSize, QByteArray(pageSize, 0)),
          u"Súbor je poškodený"},

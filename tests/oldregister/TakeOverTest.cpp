@@ -46,6 +46,7 @@ TEST_F(TakeOver, KeepsTheOldFileBesideTheNewOne) {
     EXPECT_EQ(files::read(path("tvk_povodny.mdb")), sample::bytes());
     EXPECT_EQ(QString::fromUtf8(files::read(path("tvk_prevod.txt"))), report.text());
     EXPECT_TRUE(report.text().contains(report.keptFile));
+    EXPECT_TRUE(report.text().contains(u"Klienti (k_zaklad)"));
 }
 
 // What a run that was killed, or an earlier one, may have left.
@@ -89,7 +90,7 @@ TEST_F(TakeOver, GoesOnFromWhateverLiesThere) {
 }
 
 TEST_F(TakeOver, LeavesAllAsItWasWhenItFails) {
-    const auto changeMeanwhile = [this](const Progress&) {
+    const auto changeMeanwhile = [this](double) {
         files::write(path("tvk.mdb"), sample::bytes() + QByteArray(4096, 'x'));
         return true;
     };

@@ -248,6 +248,7 @@ TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
                           cancel->mapTo(progress, cancel->rect().center()));
     });
     waiting.start(0);
+    dialog.showProgressAfter(std::chrono::milliseconds(0));
     dialog.savePdf(folder.filePath(u"a.pdf"_s));
     EXPECT_FALSE(waiting.isActive()) << "no progress was shown";
     EXPECT_FALSE(QFile::exists(folder.filePath(u"a.pdf"_s)));

@@ -1,10 +1,9 @@
 #include "report/TextLines.h"
 
 #include "report/TestReport.h"
+#include "support/Lists.h"
 
 #include <gtest/gtest.h>
-
-#include <tuple>
 
 using namespace report;
 using namespace report::test;
@@ -23,29 +22,11 @@ QStringList broken(const std::vector<Paragraph>& paragraphs, double width) {
     return lines;
 }
 
+/// A line is a width in letters, a text, and its lines parted by "/".
 TEST(Lines, BreakBetweenWords) {
-    const std::tuple<const char16_t*, int, const char16_t*> cases[] = {
-        {u"", 5, u""},
-        {u"päť", 5, u"päť"},
-        {u"päť š", 5, u"päť š"},
-        {u"päť šiestich", 5, u"päť/šiest/ich"},
-        {u"aa bb cc", 5, u"aa bb/cc"},
-        {u"aa bb   cc", 5, u"aa bb/cc"},
-        {u"aa\nbb", 9, u"aa/bb"},
-        {u"aa\r\n\r\nbb", 9, u"aa//bb"},
-        {u"aa\n", 9, u"aa/"},
-        {u"a\u0001b\u000Bc\u2028d", 9, u"ab/c/d"},
-        {u"a\tb", 9, u"a|b"},
-        {u"a\tbb c", 9, u"a/bb c"},
-        {u"  aa bb", 4, u"  aa/bb"},
-        {u"najneobhospodarovateľnejší", 8, u"najneobh/ospodaro/vateľnej/ší"},
-        {u"a\u00A0b c", 3, u"a\u00A0b/c"},
-        {u"abc", 0, u"a/b/c"},
-        {u"\U0001F600\U0001F600", 1, u"\U0001F600/\U0001F600"},
-    };
-    for (const auto& [text, letters, lines] : cases)
-        EXPECT_EQ(broken(plainParagraphs(QString::fromUtf16(text), {}), letters * 100.0),
-                  QString::fromUtf16(lines).split(u'/'));
+    for (const QStringList& line : support::linesOf(u"lines.tsv"_s))
+        EXPECT_EQ(broken(plainParagraphs(line[1], {}), line[0].toInt() * 100.0),
+                  line[2].split(u'/'));
     EXPECT_EQ(broken(plainParagraphs(u"aa bb\ncc dd"_s, {}), unlimitedWidth),
               (QStringList{u"aa bb"_s, u"cc dd"_s}));
     const auto columns = breakLines(plainParagraphs(u"aaaaaaa\tb\t\tc"_s, {}), 5000, GridMeter());

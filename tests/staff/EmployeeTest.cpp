@@ -38,7 +38,6 @@ TEST_F(EmployeeTest, EachFieldAndOptionHasAColumnOfItsOwnAndIsReachedByKeys) {
         EXPECT_EQ(focused(), text("TextPsych(0)"));
         for (const char* typed : {c.firstName, c.surname, c.function})
             enter(typed);
-        EXPECT_EQ(function().text(), text(c.function).toUpper());
         for (int pair = 0; pair < 3; ++pair) {
             key(c.choice);
             key(Qt::Key_Return);

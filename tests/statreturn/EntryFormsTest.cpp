@@ -1,7 +1,6 @@
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "store/EngineAssertions.h"
-#include "store/FaultVfs.h"
 #include "support/CardDriver.h"
 
 using namespace Qt::StringLiterals;
@@ -25,7 +24,7 @@ class EntryFormTest : public cardtest::CardDriver<Form> {
 
 using FrmDoUkazTest = EntryFormTest<FrmDoUkaz>;
 
-class FrmOdbStarTest : private faults::Layer, public EntryFormTest<FrmOdbStar> {
+class FrmOdbStarTest : public EntryFormTest<FrmOdbStar> {
   protected:
     QString stored(int row, const QString& columns) {
         const auto rows = reg.database().OpenRecordset(u"odbstar"_s);
@@ -138,19 +137,6 @@ TEST_F(FrmOdbStarTest, ReturnsTheFocusToWhereTheCorrectionBegins) {
     key(Qt::Key_Escape);
     EXPECT_FALSE(card->isVisible());
     EXPECT_EQ(reg.count(u"odbstar"_s), 0);
-}
-
-TEST_F(FrmOdbStarTest, IsWrittenWholeWhenTheDiskTakesItAfterARefusal) {
-    open();
-    enter("7");
-    faults::install({faults::Plan::Fault::SyncFails, 1});
-    expectEngineError("Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
-    click("cmdOk");
-    faults::install({});
-    EXPECT_EQ(at("txt1(0)").text(), u"7");
-    click("cmdOk");
-    EXPECT_EQ(reg.count(u"odbstar"_s), careRows);
-    EXPECT_EQ(stored(0, u"s_1"_s), u"7");
 }
 
 TEST_F(FrmOdbStarTest, ReportsAColumnBeyondAWordAndRowsThatAreIncomplete) {

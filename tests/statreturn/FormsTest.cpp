@@ -7,8 +7,8 @@
 #include "report/Print.h"
 #include "statreturn/ImpairmentTable.h"
 #include "statreturn/ReturnRegister.h"
-#include "store/FileBytes.h"
 #include "store/Schema.h"
+#include "support/Lists.h"
 
 #include <QProcess>
 #include <QXmlStreamReader>
@@ -43,12 +43,8 @@ const Form printedForms[] = {
 
 /// The lines of a list beside this test that belong to a form.
 QList<QStringList> linesOf(const char* list, const Form& form) {
-    const QByteArray all =
-        files::read(QStringLiteral(TVK_TEST_DATA "/%1.tsv").arg(QLatin1String(list)));
-    QList<QStringList> lines;
-    for (const QString& line : QString::fromUtf8(all).split(u'\n'))
-        if (line.startsWith(form.table + u'\t'))
-            lines << line.split(u'\t');
+    QList<QStringList> lines = support::linesOf(QLatin1String(list) + u".tsv"_s);
+    lines.removeIf([&form](const QStringList& line) { return line[0] != form.table; });
     EXPECT_FALSE(lines.isEmpty()) << list;
     return lines;
 }
@@ -172,6 +168,7 @@ TEST(FormsTest, NothingOverlapsOrIsCutOnTheirOnePageHoweverWideTheCounts) {
         const report::Pages pages = report::makePages(layout, rows, report::FontMeter(), today);
         EXPECT_EQ(report::layoutFaults(pages).join(u'\n'), QString()) << form.table.toStdString();
         EXPECT_EQ(pages.pages.size(), 1U);
+        EXPECT_EQ(at.pages.pages[0].lines.size(), linesOf("frames", form)[0][1].toUInt());
         // The frame is the same whatever stands in it.
         EXPECT_EQ(pages.pages[0].lines.size(), at.pages.pages[0].lines.size());
     }

@@ -6,15 +6,15 @@
 #include "statreturn/ReturnRegister.h"
 #include "statreturn/TableOne.h"
 #include "statreturn/TableTwo.h"
+#include "support/Lists.h"
 
 #include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
+#include <map>
 #include <set>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace statreturn;
@@ -25,77 +25,37 @@ using Table = QMap<QString, Cells>;
 
 constexpr int edgeClients = 300;
 
-/// Values from the edges of what a column may hold; Null among them.
-const std::vector<store::Value> births{
-    {},
-    u"31.02.2005"_s,
-    QDate(2007, 9, 4),
-    QDate(2007, 9, 3),
-    QDate(2006, 9, 4),
-    QDate(2006, 9, 3),
-    QDate(2004, 2, 29),
-    QDate(2000, 8, 30),
-    QDate(1999, 10, 1),
-    QDate(1989, 9, 4),
-    QDate(1989, 9, 3),
-    QDate(1988, 9, 4),
-    QDate(1970, 1, 1),
-};
-const std::vector<store::Value> sexes{{}, u"M"_s, u"Z"_s, u"Z"_s, u"z"_s};
-const std::vector<store::Value> impairments{
-    {},       u""_s,   u"1"_s,   u"2"_s, u"3"_s,  u"4"_s,  u"5"_s,         u"6"_s,
-    u"7"_s,   u"8"_s,  u"9"_s,   u"0"_s, u"30"_s, u"35"_s, u"35       "_s, u"305"_s,
-    u"3 5"_s, u"3x"_s, u" 35"_s, u"x"_s, u"7 "_s, u"78"_s};
-const std::vector<store::Value> careDays{
-    {},
-    QDate(2006, 8, 31),
-    QDate(2006, 9, 1),
-    QDate(2007, 3, 15),
-    QDate(2007, 8, 31),
-    QDate(2007, 9, 1),
-    u"31.04.2007"_s,
-};
-
-const std::vector<store::Value> views{u"VYCH"_s, u"VYCH"_s, u"TVK"_s, {}};
-const std::vector<store::Value> schools{{},      u"01"_s, u"02"_s, u"05"_s, u"1"_s,
-                                        u"16"_s, u"23"_s, u"51"_s, u"051"_s};
-const std::vector<store::Value> ends{
-    {}, {}, QDate(2007, 6, 30), QDate(2030, 1, 1), u"31.04.2007"_s, u"dodnes"_s};
-const std::vector<store::Value> functions{{}, 0, 1, 2, 7, 8, 9, -1};
-const std::vector<store::Value> kinds{{}, u""_s, u"i"_s, u"e"_s, u"I"_s, u"x"_s};
-const std::vector<store::Value> staffSexes{{}, u"m"_s, u"z"_s, u"Z"_s};
-const std::vector<store::Value> qualifications{{}, u"a"_s, u"n"_s};
-
 class TablesTest : public testing::Test {
   protected:
     TablesTest() {
-        const auto any = [this](const auto& values) {
-            return values[dice.bounded(quint32(values.size()))];
+        // Values from the edges of what a column may hold; Null among them.
+        std::map<QString, QStringList> edges;
+        for (QStringList& line : support::linesOf(u"edges.tsv"_s))
+            edges[line.takeFirst()] = line;
+        const auto any = [&](const char16_t* column) {
+            const QStringList& values = edges.at(QString::fromUtf16(column));
+            const QString& value = values[dice.bounded(quint32(values.size()))];
+            return std::pair(column, support::valueOf(value));
         };
         for (int i = 0; i < edgeClients; ++i) {
             const QString key = u"EDGE%1"_s.arg(i);
-            at.reg.add(u"k_zaklad"_s, {{u"idkod", key},
-                                       {u"datnar", any(births)},
-                                       {u"pohlav", any(sexes)},
-                                       {u"postih", any(impairments)},
-                                       {u"vek", 5}});
+            at.reg.add(
+                u"k_zaklad"_s,
+                {{u"idkod", key}, any(u"datnar"), any(u"pohlav"), any(u"postih"), {u"vek", 5}});
             // The engine's comparison of keys knows neither case nor blanks at the end.
             for (quint32 records = dice.bounded(4U); records > 0; --records)
                 at.reg.add(u"k_zaznam_spc"_s,
-                           {{u"idkod", records == 2 ? key.toLower() + u' ' : key},
-                            {u"datum", any(careDays)}});
+                           {{u"idkod", records == 2 ? key.toLower() + u' ' : key}, any(u"datum")});
             for (quint32 placed = dice.bounded(4U); placed > 0; --placed)
-                at.reg.add(u"k_zariad"_s, {{u"idkod", key},
-                                           {u"akronym", any(views)},
-                                           {u"nazzar", any(schools)},
-                                           {u"vzar_do", any(ends)}});
+                at.reg.add(u"k_zariad"_s,
+                           {{u"idkod", key}, any(u"akronym"), any(u"nazzar"), any(u"vzar_do")});
         }
         for (int i = 0; i < edgeClients; ++i)
             at.reg.add(u"zamestnanci"_s, {{u"idkod", u"EMPL%1"_s.arg(i)},
-                                          {u"prac_zar", any(functions)},
-                                          {u"int-ext", any(kinds)},
-                                          {u"pohlavie", any(staffSexes)},
-                                          {u"kvalifikacia", any(qualifications)}});
+                                          any(u"prac_zar"),
+                                          any(u"int-ext"),
+                                          any(u"pohlavie"),
+                                          any(u"kvalifikacia")});
         at.reg.engine.commitPending();
     }
 

@@ -1,23 +1,10 @@
 #include "SqlDatabase.h"
-
-#include <QFile>
+#include "support/Lists.h"
 
 using namespace store;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Every statement of the program, its pieces put together, with plain keys and with keys that hold
-/// an apostrophe. A line is kind, then its parts, parted by tabs.
-QList<QStringList> corpus() {
-    QFile file(QStringLiteral(TVK_TEST_DATA "/corpus.sql"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no corpus");
-    QList<QStringList> lines;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts))
-        lines << line.split(u'\t');
-    return lines;
-}
 
 void runSelect(test::SqlDatabase& database, const QString& sql) {
     const SelectPlan plan = database.plan(sql);
@@ -47,9 +34,11 @@ void run(test::SqlDatabase& database, const QStringList& line) {
     runSelect(database, u"select * from "_s + line[1]);
 }
 
+/// Every statement of the program, its pieces put together, with plain keys and with keys that hold
+/// an apostrophe. A line is kind, then its parts.
 TEST(SqlCorpus, EveryStatementRuns) {
     test::SqlDatabase database;
-    const QList<QStringList> lines = corpus();
+    const QList<QStringList> lines = support::linesOf(u"corpus.sql"_s);
     ASSERT_GT(lines.size(), 150);
     for (const QStringList& line : lines) {
         SCOPED_TRACE(line.join(u'\t').toStdString());

@@ -1,6 +1,5 @@
 #include "SqlDatabase.h"
-
-#include <QFile>
+#include "support/Lists.h"
 
 using namespace store;
 using namespace Qt::StringLiterals;
@@ -90,12 +89,9 @@ class SqlMeaning : public testing::Test {
 /// how its rows are used, the index that a search in it takes, an action and how it fails, the rows
 /// that are there then, or the beginning of a refusal.
 TEST_F(SqlMeaning, IsThatOfTheList) {
-    QFile file(QStringLiteral(TVK_TEST_DATA "/meanings.tsv"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QString keys = u"select idkod from k_navstevy where %1 order by idkod"_s;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
-        SCOPED_TRACE(line.toStdString());
-        const QStringList parts = line.split(u'\t');
+    for (const QStringList& parts : support::linesOf(u"meanings.tsv"_s)) {
+        SCOPED_TRACE(parts.join(u'\t').toStdString());
         ASSERT_EQ(parts.size(), 3);
         if (parts[0] == u"value")
             EXPECT_EQ(value(parts[1]), parts[2]);

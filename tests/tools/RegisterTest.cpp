@@ -7,6 +7,7 @@
 #include "mkdb/Random.h"
 #include "mkdb/TextMaker.h"
 #include "store/FileBytes.h"
+#include "support/Lists.h"
 #include "support/TemporaryRegister.h"
 
 #include <gtest/gtest.h>
@@ -54,13 +55,10 @@ TEST(Register, isTheSameForTheSameSeedAlone) {
 
 /// A line is the fewest and the most rows, and the selection that has to have so many.
 TEST(Register, holdsRowsThatAgree) {
-    const QByteArray list = files::read(QStringLiteral(TVK_TEST_DATA "/rows.tsv"));
-    ASSERT_FALSE(list.isEmpty());
-    for (const QString& line : QString::fromUtf8(list).split(u'\n', Qt::SkipEmptyParts)) {
-        const QStringList parts = line.split(u'\t');
+    for (const QStringList& parts : support::linesOf(u"rows.tsv"_s)) {
         const qint64 rows = sample().count(parts.at(2));
-        EXPECT_GE(rows, parts[0].toInt()) << qPrintable(line);
-        EXPECT_LE(rows, parts[1].toInt()) << qPrintable(line);
+        EXPECT_GE(rows, parts[0].toInt()) << qPrintable(parts[2]);
+        EXPECT_LE(rows, parts[1].toInt()) << qPrintable(parts[2]);
     }
 }
 
