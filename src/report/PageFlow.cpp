@@ -30,7 +30,7 @@ double PageFlow::cutAfter(double from, double height, const std::vector<double>&
 }
 
 std::vector<Slice> PageFlow::place(double height, const std::vector<double>& cuts) {
-    if (!fits(height) && fitsAPage(height))
+    if (!fits(height) && isKeptWhole(height))
         turnPage();
     std::vector<Slice> slices;
     double from = 0;

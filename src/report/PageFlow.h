@@ -25,15 +25,21 @@ class PageFlow {
     /// Lets the pages after the current one begin lower, below a header of that height.
     void repeatHeader(double height) { top_ += height; }
 
-    bool fitsAPage(double height) const { return height <= bottom_ - top_; }
+    /// Whether the next band stands on one page if it is that high. A page of which most would stay
+    /// blank is begun by what it has room for.
+    bool isKeptWhole(double height) const {
+        return fits(height) || (height <= page() && room() < page() / 2);
+    }
 
     /// Finds the place of the next band: what is left of the page if it fits there, a new page if
-    /// it fits that, else as much of each page as the cuts allow. What can't be cut overflows.
+    /// it is kept whole, else as much of each page as the cuts allow. What can't be cut overflows.
     /// @param cuts heights, ascending, at which the band may be broken
     std::vector<Slice> place(double height, const std::vector<double>& cuts = {});
 
   private:
     bool fits(double height) const { return height <= room(); }
+    /// The height of a page.
+    double page() const { return bottom_ - top_; }
     /// What is left of the page; nothing, when something overflows it.
     double room() const { return std::max(0.0, bottom_ - next_); }
     void turnPage();

@@ -29,7 +29,7 @@ Band PageSetter::set(const Section& section, const RowSource* row) const {
 }
 
 std::vector<Slice> PageSetter::place(const Band& band) {
-    const auto cuts = flow_.fitsAPage(band.height) ? std::vector<double>() : cutsOf(band);
+    const auto cuts = flow_.isKeptWhole(band.height) ? std::vector<double>() : cutsOf(band);
     return flow_.place(band.height, cuts);
 }
 

@@ -4,14 +4,35 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace report {
 
 namespace {
 
 constexpr double listIndent = 360;
 
+/// A character that has no shape, which fonts show as a box.
+bool isShapeless(QChar character) {
+    return character == QChar::ObjectReplacementCharacter ||
+           (character.category() == QChar::Other_Control && character != u'\t' &&
+            character != u'\n');
+}
+
 QString cleaned(QString text) {
-    return text.remove(u'\r').remove(QChar::ObjectReplacementCharacter);
+    return text.removeIf(&isShapeless);
+}
+
+bool endsLine(QChar character) {
+    return character == u'\v' || character == u'\f' || character == u'\u0085' ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+/// All that ends a line becomes one character.
+QString withLineEnds(QString text, QChar end) {
+    if (std::any_of(text.cbegin(), text.cend(), &endsLine))
+        std::ranges::replace_if(text, &endsLine, end);
+    return text;
 }
 
 TextStyle styleOf(const Marks& marks, TextStyle style) {
@@ -23,7 +44,7 @@ TextStyle styleOf(const Marks& marks, TextStyle style) {
 
 /// Appends a text, whose forced line breaks begin new paragraphs of the same indent.
 void append(std::vector<Paragraph>& paragraphs, const QString& text, const TextStyle& style) {
-    const auto parts = text.split(QChar::LineSeparator);
+    const auto parts = withLineEnds(text, QChar::LineSeparator).split(QChar::LineSeparator);
     for (qsizetype i = 0; i < parts.size(); ++i) {
         if (i > 0)
             paragraphs.push_back({{}, paragraphs.back().indent, {}});
@@ -51,7 +72,7 @@ void appendRich(std::vector<Paragraph>& paragraphs, const RichParagraph& rich, i
 
 std::vector<Paragraph> plainParagraphs(const QString& text, const TextStyle& style) {
     std::vector<Paragraph> paragraphs;
-    for (const auto& line : cleaned(text).split(u'\n'))
+    for (const auto& line : cleaned(withLineEnds(text, u'\n')).split(u'\n'))
         paragraphs.push_back({{{line, style}}, 0, {}});
     return paragraphs;
 }
