@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mainwindow/ButtonColours.h"
 #include "mainwindow/FrmUvod.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
@@ -10,6 +11,15 @@
 #include <vector>
 
 inline constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
+
+/// The letter for a button's colour: . rest, h highlight, V chosen.
+inline char colourLetter(const QColor& colour) {
+    using namespace mainwindow;
+    return colour == farbaHover   ? 'h'
+           : colour == farbaVyber ? 'V'
+           : colour == farbaZakl  ? '.'
+                                  : '?';
+}
 
 /// The real main window over a register of its own, used by clicks and keys. The screens that it
 /// opens are noted, and may be played by the test.
