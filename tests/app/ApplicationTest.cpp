@@ -16,10 +16,8 @@
 #include <QLockFile>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <future>

@@ -10,9 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
-#include <gtest/gtest.h>
 #include <zip.h>
 
 using namespace Qt::StringLiterals;

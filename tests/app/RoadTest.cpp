@@ -11,10 +11,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTableView>
-#include <QTest>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "store/EngineError.h"
 
 #include <QFile>
-#include <QTextEdit>
 
 using cardtest::CardTest;
 using cardtest::text;

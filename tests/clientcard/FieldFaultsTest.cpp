@@ -1,7 +1,6 @@
 #include "RecordScreen.h"
 
 #include <QLabel>
-#include <QRadioButton>
 
 using cardtest::RecordTest;
 using cardtest::text;
@@ -11,16 +10,6 @@ namespace {
 
 class FieldFaultsTest : public RecordTest {
   protected:
-    /// Presses keys: T is Tab, R Enter, E Esc, D Down, F F4, what else there is is typed.
-    void keys(const char* pressed) {
-        for (const char* k = pressed; *k != '\0'; ++k) {
-            const auto known = std::ranges::find(codes, *k, &std::pair<char, Qt::Key>::first);
-            if (known != std::end(codes))
-                key(known->second);
-            else
-                QTest::keyClick(keyboard(), *k);
-        }
-    }
     /// The lines that name dates which are none, on the tab on show.
     QString calendarNote() {
         QStringList shown;
@@ -28,12 +17,6 @@ class FieldFaultsTest : public RecordTest {
             shown += label->isVisible() ? label->text() : QString();
         return shown.join(QString());
     }
-
-    static constexpr std::pair<char, Qt::Key> codes[] = {{'T', Qt::Key_Tab},
-                                                         {'R', Qt::Key_Return},
-                                                         {'E', Qt::Key_Escape},
-                                                         {'D', Qt::Key_Down},
-                                                         {'F', Qt::Key_F4}};
 };
 
 } // namespace
@@ -150,8 +133,7 @@ TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
     EXPECT_FALSE(isMarked(field(4)));
     enterInto(3, "8013320007");
     goTo(17);
-    key(Qt::Key_Delete);
-    enter();
+    keys("XR");
     EXPECT_EQ(calendarNote(), QString());
     // A record keeps such a text, however often it is edited.
     using Case = std::tuple<int, int, const char*>;
@@ -219,7 +201,7 @@ TEST_F(FieldFaultsTest, TheRepresentativesOptionIsTheClients) {
     for (const auto& [relation, option] :
          {std::pair{"teta", -1}, {"matka", 4}, {"otec", 5}, {"teta", -1}}) {
         // The first row of the table is another client's.
-        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        deleteClients();
         reg.add(text("k_zaklad"), {{u"idkod", text("ABAAA00")}, {u"kon_pomer", text("matka")}});
         insertClient("NOVOTNEV00", qPrintable(text("kon_pomer = '%1'").arg(text(relation))));
         open(text("NOVOTNEV00"));

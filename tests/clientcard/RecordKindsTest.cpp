@@ -1,7 +1,6 @@
 #include "RecordScreen.h"
 
 #include <QGroupBox>
-#include <QRadioButton>
 
 using cardtest::Member;
 using cardtest::members;
@@ -41,8 +40,7 @@ TEST_F(RecordTest, KeysWalkThroughTheFields) {
         entry(step.from).setFocus();
         key(step.key);
         EXPECT_EQ(focused(), text(step.to));
-        if (auto* popup = QApplication::activePopupWidget())
-            popup->close();
+        closeList();
         key(Qt::Key_Escape);
         if (step.key == Qt::Key_F4) {
             EXPECT_EQ(focused(), entry(step.from).objectName());

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "CardScreen.h"
-#include "forms/RichText.h"
 #include "forms/RowList.h"
-
-#include <QTextEdit>
 
 #include <algorithm>
 #include <tuple>

@@ -1,7 +1,4 @@
 #include "RecordScreen.h"
-#include "forms/RichText.h"
-
-#include <QTextEdit>
 
 using cardtest::Member;
 using cardtest::members;

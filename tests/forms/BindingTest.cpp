@@ -8,10 +8,6 @@
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
-#include <QTest>
-
-#include <gtest/gtest.h>
-
 #include <memory>
 
 namespace {

@@ -5,7 +5,6 @@
 #include "forms/RowList.h"
 #include "store/DataSource.h"
 #include "store/FaultVfs.h"
-#include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
 #include <QAbstractItemView>

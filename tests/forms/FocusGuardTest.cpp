@@ -1,12 +1,8 @@
 #include "forms/KitScreen.h"
 #include "forms/MessageBox.h"
 #include "store/EngineError.h"
-#include "support/ScriptedBoxes.h"
 
 #include <QMenu>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 using forms::Control;
 using forms::Leave;

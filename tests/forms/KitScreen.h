@@ -12,11 +12,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabBar>
-#include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 #include <array>
 #include <functional>

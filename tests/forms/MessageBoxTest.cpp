@@ -7,10 +7,8 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
-#include <QTest>
 
 #include <gtest/gtest-spi.h>
-#include <gtest/gtest.h>
 
 using support::ScriptedBoxes;
 using namespace Qt::StringLiterals;

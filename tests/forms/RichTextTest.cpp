@@ -6,10 +6,8 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QToolButton>
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 namespace {

@@ -1,10 +1,8 @@
 #include "mainwindow/MainWindow.h"
 #include "store/FileBytes.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPushButton>
-#include <QTableView>
-#include <QTest>
 
 using mainwindow::Screen;
 using namespace Qt::StringLiterals;

@@ -1,8 +1,6 @@
 #include "mainwindow/MainWindow.h"
 
 #include <QApplication>
-#include <QTableView>
-#include <QTest>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;

@@ -5,7 +5,7 @@
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
-#include <gtest/gtest.h>
+#include <QTableView>
 
 #include <memory>
 #include <vector>

@@ -2,8 +2,6 @@
 
 #include "support/ScriptedBoxes.h"
 
-#include <gtest/gtest.h>
-
 using mainwindow::SchoolYearFault;
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,3 @@
-#include "mainwindow/ButtonColours.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/PictureButton.h"
 #include "store/Connection.h"
@@ -6,12 +5,9 @@
 #include "store/FileBytes.h"
 #include "validation/modKontrola.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
-#include <QTableView>
-#include <QTest>
 
 using mainwindow::PictureButton;
 using mainwindow::Screen;

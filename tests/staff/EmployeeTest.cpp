@@ -12,10 +12,6 @@ namespace {
 class EmployeeTest : private faults::Layer, public cardtest::EmployeeScreen {
   protected:
     forms::DropDown& function() { return at<forms::DropDown>("DBCombo1"); }
-    void expectLost(QMessageBox::StandardButton answer) {
-        expectQuestion(text("Zamestnanec nie je zapísaný. Zahodiť, čo bolo zadané ?"),
-                       text("Upozornenie"), answer);
-    }
 };
 
 } // namespace
@@ -79,9 +75,7 @@ TEST_F(EmployeeTest, TheKeyFollowsTheNameAndTheRecordsTheKey) {
                               {"NOVOTNEV01", "eva", "o'tool", "O'TOOLEV00"},
                               {"NOVOTNEV00", "Ema", "Biela", "BIELAEM01"}}) {
             SCOPED_TRACE(std::string(button) + c.stored);
-            reg.execute({text("delete from zamestnanci"), text("delete from k_vysetrenie"),
-                         text("delete from k_zaznam_spc"), text("delete from k_zaznam_zmeny")});
-            addEmployee(c.key);
+            restart(c.key);
             addEmployee("BIELAEM00");
             open(text(c.key));
             typeName(0, c.firstName);
@@ -96,13 +90,9 @@ TEST_F(EmployeeTest, TheKeyFollowsTheNameAndTheRecordsTheKey) {
                                         .arg(text(table), store::quoted(key))),
                           1)
                     << table;
-            EXPECT_EQ(
-                reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("idkod")),
-                key);
             EXPECT_EQ(employees("pohlavie = 'm'"), 1);
-            EXPECT_EQ(
-                reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("priezv")),
-                card::capitalised(text(c.surname)));
+            EXPECT_EQ(ofTheMan("idkod"), key);
+            EXPECT_EQ(ofTheMan("priezv"), card::capitalised(text(c.surname)));
         }
     }
 }
@@ -125,31 +115,24 @@ TEST_F(EmployeeTest, AHundredNamesakesHaveKeysOfThreeDigits) {
         open(text("LIJA100"));
         at<QRadioButton>("optZamMuz").click();
         click("cmdZap");
-        EXPECT_EQ(reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text("idkod")),
-                  text(key));
+        EXPECT_EQ(ofTheMan("idkod"), text(key));
         EXPECT_EQ(reg.text(text("k_zaznam_spc"), text("idkod_p")), text(key));
     }
 }
 
 TEST_F(EmployeeTest, WhatIsNoFunctionOfTheReturnHoldsTheFocusButTowardsStorno) {
-    struct Case {
-        const char *typed, *shown;
-        bool isTaken;
-    };
-    for (const Case& c : {Case{"F8", "F8", true},
-                          {"f1", "F1", true},
-                          {"F9", "F9", false},
-                          {"nic", "nic", false},
-                          {"", "", false}}) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& [typed, shown] :
+         {std::pair{"F8", "F8"}, {"f1", "F1"}, {"F9", ""}, {"nic", ""}, {"", ""}}) {
+        SCOPED_TRACE(typed);
+        const bool isTaken = *shown != '\0';
         open();
         function().setFocus();
-        type(c.typed);
-        if (!c.isTaken)
+        type(typed);
+        if (!isTaken)
             expect("Nebol zadaný správny údaj");
         key(Qt::Key_Return);
-        EXPECT_EQ(focused() == text("DBCombo1"), !c.isTaken);
-        EXPECT_EQ(function().text(), text(c.shown));
+        EXPECT_EQ(focused() == text("DBCombo1"), !isTaken);
+        EXPECT_EQ(function().text(), text(isTaken ? shown : typed));
         click("cmdStorno");
         EXPECT_FALSE(card->isVisible());
         EXPECT_EQ(modKontrola::gAkcia, 0);
@@ -166,16 +149,16 @@ TEST_F(EmployeeTest, WhatIsNoFunctionOfTheReturnHoldsTheFocusButTowardsStorno) {
 
 TEST_F(EmployeeTest, WithoutANameNothingIsWrittenAndNothingGoesUnasked) {
     open();
-    const auto saves = [&](const char* message, const char* field) {
+    for (const auto& [message, field] : {std::pair{"Meno je povinný údaj !", "TextPsych(0)"},
+                                         {"Priezvisko je povinný údaj !", "TextPsych(1)"}}) {
         expect(message);
         click("cmdzapNew");
         EXPECT_EQ(focused(), text(field));
-    };
-    saves("Meno je povinný údaj !", "TextPsych(0)");
-    type("iva");
-    saves("Priezvisko je povinný údaj !", "TextPsych(1)");
+        type("iva");
+    }
     for (const auto answer : {No, Yes}) {
-        expectLost(answer);
+        expectQuestion(text("Zamestnanec nie je zapísaný. Zahodiť, čo bolo zadané ?"),
+                       text("Upozornenie"), answer);
         card->close();
         boxes.allCame();
         EXPECT_EQ(card->isVisible(), answer == No);
@@ -193,8 +176,8 @@ TEST_F(EmployeeTest, WithoutANameNothingIsWrittenAndNothingGoesUnasked) {
 TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingTyped) {
     // A new one, a change of the key and a change behind its letters.
     for (const char* button : {"cmdZap", "cmdzapNew", "frame"}) {
-        for (const auto& [key, surname] : {std::pair{"", "Mala"}, std::pair{"NOVOTNEV00", "Mala"},
-                                           std::pair{"NOVOTNEV00", "Novotnova"}}) {
+        for (const auto& [key, surname] :
+             {std::pair{"", "Mala"}, {"NOVOTNEV00", "Mala"}, {"NOVOTNEV00", "Novotnova"}}) {
             const bool isNew = *key == '\0';
             // Once is enough: the engine waits a while for a file that another program holds.
             const bool isLocked = text(button) == text("cmdZap") && text(surname) != text("Mala");
@@ -236,9 +219,7 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
             leave();
             EXPECT_EQ(employees("prac_zar = 5 and kvalifikacia = 'a'"), 1);
             card.reset();
-            reg.execute({text("delete from zamestnanci"), text("delete from k_vysetrenie"),
-                         text("delete from k_zaznam_spc"), text("delete from k_zaznam_zmeny")});
-            addEmployee("NOVOTNEV00");
+            restart("NOVOTNEV00");
         }
     }
     open(text("NOVOTNEV00"));

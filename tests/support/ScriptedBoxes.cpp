@@ -7,10 +7,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPointer>
-#include <QTest>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace support {
 
