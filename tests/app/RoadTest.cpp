@@ -71,12 +71,91 @@ class RoadTest : public testing::Test {
                       }});
     }
 
-    void fillCard();
-    void addCareRecord();
-    void readTableOne(QWidget& preview);
-    void typeTables();
-    void readReturn(QWidget& preview);
-    QString textOf(QWidget& preview);
+    void fillCard() {
+        enter({"jana", "kováčiková", "nitra", "0055120010"});
+        enter({"", "", "17", "25", "01", "SK", "sk", "sk", "dlhá 1", "nitra", "94901"});
+        enter({"základná škola", "lekár", "1.9.06"});
+        ASSERT_EQ(focused(), text("textKrz(18)"));
+        goTo("cmbPos(2)");
+        keys({Qt::Key_F4, Qt::Key_3, Qt::Key_Return});
+        goTo("cmbSek(0)");
+        keys({Qt::Key_F4, Qt::Key_5, Qt::Key_Return});
+        EXPECT_EQ(focused(), text("textKrz(19)"));
+        press("cmdZaklUd");
+        EXPECT_EQ(focused(), text("textKrz(0)"));
+    }
+
+    void addCareRecord() {
+        for (int tab = 0; tab < 11; ++tab)
+            key(Qt::Key_PageDown, Qt::ControlModifier);
+        ASSERT_EQ(focused(), text("cmdZscNovy"));
+        key(Qt::Key_Return);
+        ASSERT_EQ(focused(), text("rtbZsc"));
+        type("Nácvik čítania");
+        goTo("textZsc(0)");
+        enter({"15.9.06", "08", "09", "ADAMOVEV00"});
+        key(Qt::Key_PageDown);
+        press("cmdZscZap");
+        EXPECT_EQ(focused(), text("DBList5"));
+    }
+
+    /// The lines of the preview's PDF.
+    QString textOf(QWidget& preview) {
+        const QString file = reg.directory.filePath(text("zostava.pdf"));
+        dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
+        QProcess tool;
+        tool.start(text("pdftotext"), {text("-layout"), file, text("-")});
+        EXPECT_TRUE(tool.waitForFinished());
+        return QString::fromUtf8(tool.readAllStandardOutput());
+    }
+
+    /// Types Tables IV and V.
+    void typeTables() {
+        expectWindow("FrmDoUkaz", [this](QWidget&) {
+            enter({"6", "1", "12", "340", "359"});
+            press("cmdZap");
+        });
+        click("Picture3");
+        expectWindow("FrmOdbStar", [this](QWidget&) {
+            enter({"9", "2", "3", "4", "0", "", "", "", "", "", "9", "2", "3", "4", "0"});
+            key(Qt::Key_S, Qt::ControlModifier);
+        });
+        click("Picture5");
+        boxes.allCame();
+    }
+
+    /// Each table on its page, with what was counted and typed.
+    void readReturn(QWidget& preview) {
+        const QStringList pages = textOf(preview).split(u'\f');
+        ASSERT_EQ(pages.size(), 6) << "the last one is what follows the last page";
+        const QStringList lines[] = {
+            {text("0108 1 1 1 1"), text("0126 1 1 1 1")},
+            {text("0216 ") + QStringList(22, text("x")).join(u' ')},
+            {text("0301 x x x"), text("0304 1 1 1"), text("0316 1 1 1")},
+            {text("0401 6"), text("0402 1"), text("0403 12"), text("0404 340"), text("0416 359")},
+            {text("0501 9 2 3 4"), text("0502 9 2 3 4"), text("0536")},
+        };
+        for (qsizetype page = 0; page < 5; ++page) {
+            QString shown = pages[page].simplified() + u' ';
+            for (const QString& line : lines[page])
+                EXPECT_TRUE(shown.contains(line))
+                    << line.toStdString() << " in " << shown.toStdString();
+            EXPECT_TRUE(shown.endsWith(text("Strana %1 z 5 ").arg(page + 1)))
+                << shown.toStdString();
+        }
+        key(Qt::Key_Escape);
+    }
+
+    /// Notes the rows with counts on the page, without what stands before their codes.
+    void readTableOne(QWidget& preview) {
+        for (const QString& line : textOf(preview).split(u'\n')) {
+            static const QRegularExpression counted(text("01[012]\\d( +\\d+)+$"));
+            const auto found = counted.match(line);
+            if (found.hasMatch())
+                countsOnPage << found.captured().simplified();
+        }
+        key(Qt::Key_Escape);
+    }
 
     support::TemporaryRegister reg{[](const QString& file) {
         QString problem;
@@ -91,91 +170,6 @@ class RoadTest : public testing::Test {
     mainwindow::FrmUvod window{around};
     QStringList countsOnPage;
 };
-
-void RoadTest::fillCard() {
-    enter({"jana", "kováčiková", "nitra", "0055120010"});
-    enter({"", "", "17", "25", "01", "SK", "sk", "sk", "dlhá 1", "nitra", "94901"});
-    enter({"základná škola", "lekár", "1.9.06"});
-    ASSERT_EQ(focused(), text("textKrz(18)"));
-    goTo("cmbPos(2)");
-    keys({Qt::Key_F4, Qt::Key_3, Qt::Key_Return});
-    goTo("cmbSek(0)");
-    keys({Qt::Key_F4, Qt::Key_5, Qt::Key_Return});
-    EXPECT_EQ(focused(), text("textKrz(19)"));
-    press("cmdZaklUd");
-    EXPECT_EQ(focused(), text("textKrz(0)"));
-}
-
-void RoadTest::addCareRecord() {
-    for (int tab = 0; tab < 11; ++tab)
-        key(Qt::Key_PageDown, Qt::ControlModifier);
-    ASSERT_EQ(focused(), text("cmdZscNovy"));
-    key(Qt::Key_Return);
-    ASSERT_EQ(focused(), text("rtbZsc"));
-    type("Nácvik čítania");
-    goTo("textZsc(0)");
-    enter({"15.9.06", "08", "09", "ADAMOVEV00"});
-    key(Qt::Key_PageDown);
-    press("cmdZscZap");
-    EXPECT_EQ(focused(), text("DBList5"));
-}
-
-/// The lines of the preview's PDF.
-QString RoadTest::textOf(QWidget& preview) {
-    const QString file = reg.directory.filePath(text("zostava.pdf"));
-    dynamic_cast<report::PreviewDialog&>(preview).savePdf(file);
-    QProcess tool;
-    tool.start(text("pdftotext"), {text("-layout"), file, text("-")});
-    EXPECT_TRUE(tool.waitForFinished());
-    return QString::fromUtf8(tool.readAllStandardOutput());
-}
-
-/// Types Tables IV and V.
-void RoadTest::typeTables() {
-    expectWindow("FrmDoUkaz", [this](QWidget&) {
-        enter({"6", "1", "12", "340", "359"});
-        press("cmdZap");
-    });
-    click("Picture3");
-    expectWindow("FrmOdbStar", [this](QWidget&) {
-        enter({"9", "2", "3", "4", "0", "", "", "", "", "", "9", "2", "3", "4", "0"});
-        key(Qt::Key_S, Qt::ControlModifier);
-    });
-    click("Picture5");
-    boxes.allCame();
-}
-
-/// Each table on its page, with what was counted and typed.
-void RoadTest::readReturn(QWidget& preview) {
-    const QStringList pages = textOf(preview).split(u'\f');
-    ASSERT_EQ(pages.size(), 6) << "the last one is what follows the last page";
-    const QStringList lines[] = {
-        {text("0108 1 1 1 1"), text("0126 1 1 1 1")},
-        {text("0216 ") + QStringList(22, text("x")).join(u' ')},
-        {text("0301 x x x"), text("0304 1 1 1"), text("0316 1 1 1")},
-        {text("0401 6"), text("0402 1"), text("0403 12"), text("0404 340"), text("0416 359")},
-        {text("0501 9 2 3 4"), text("0502 9 2 3 4"), text("0536")},
-    };
-    for (qsizetype page = 0; page < 5; ++page) {
-        QString shown = pages[page].simplified() + u' ';
-        for (const QString& line : lines[page])
-            EXPECT_TRUE(shown.contains(line))
-                << line.toStdString() << " in " << shown.toStdString();
-        EXPECT_TRUE(shown.endsWith(text("Strana %1 z 5 ").arg(page + 1))) << shown.toStdString();
-    }
-    key(Qt::Key_Escape);
-}
-
-/// Notes the rows with counts on the page, without what stands before their codes.
-void RoadTest::readTableOne(QWidget& preview) {
-    for (const QString& line : textOf(preview).split(u'\n')) {
-        static const QRegularExpression counted(text("01[012]\\d( +\\d+)+$"));
-        const auto found = counted.match(line);
-        if (found.hasMatch())
-            countsOnPage << found.captured().simplified();
-    }
-    key(Qt::Key_Escape);
-}
 
 } // namespace
 

@@ -59,8 +59,7 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
     void enterClient(const char* name = "jana", const char* surname = "novotna",
                      const char* number = "17") {
         open();
-        for (const char* typed : {name, surname})
-            enter(typed);
+        enter({name, surname});
         enterInto(6, number);
     }
 
@@ -78,7 +77,10 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
         type(note);
         turnTabs(-7);
     }
+    /// Also on the tab behind the one on show.
     void goTo(int element) {
+        if (!field(element).isVisible())
+            turnTabs(1);
         field(element).setFocus();
         ASSERT_EQ(focused(), QStringLiteral("textKrz(%1)").arg(element));
     }

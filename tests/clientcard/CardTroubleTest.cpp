@@ -12,9 +12,8 @@ namespace {
 class CardTroubleTest : public CardTest {
   protected:
     void expectNotWritten() {
-        expect("Tieto údaje sa nezapísali:\n\nzáznam\nChyba č. 3000: Chyba "
-               "databázového stroja: "
-               "refused.");
+        expect("Tieto údaje sa nezapísali:\n\nzáznam\n"
+               "Chyba č. 3000: Chyba databázového stroja: refused.");
     }
 };
 

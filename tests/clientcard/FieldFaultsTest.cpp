@@ -52,8 +52,7 @@ TEST_F(FieldFaultsTest, WhatAPickShowsWhenItIsLeftIsStored) {
     turnTo(10);
     for (const auto& [pressed, worker] : {std::pair{"novT", "NOVAKJA00"}, {"FDDE", ""}}) {
         press("Novy");
-        entry(0).setFocus();
-        type("1.9.2005");
+        keysIn(0, "1.9.2005");
         at<forms::DropDown>("DBCPza").setFocus();
         keys(pressed);
         EXPECT_EQ(entry(1).text(), text(worker));
@@ -72,12 +71,10 @@ TEST_F(FieldFaultsTest, ATypedDigitOfASiblingIsTakenWhereverTheFocusGoes) {
                                          {"6TTT9T", "69       "}}) {
         SCOPED_TRACE(pressed);
         reg.execute({text("delete from k_surodenci")});
-        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', "
-               "'35')");
+        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', '35')");
         turnTo(2);
         press("Opr");
-        entry(4).setFocus();
-        keys(pressed);
+        keysIn(4, pressed);
         press("Zap");
         EXPECT_EQ(value("postih"), text(after));
     }
@@ -161,12 +158,10 @@ TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
 }
 
 TEST_F(FieldFaultsTest, AWorkerCanBeNamed) {
-    for (const auto& [key, name, surname] : {std::tuple{"NOVÁKJÁ00", "Ján", "Novák"},
-                                             {"MALYJA00", "Jana", "Maly"},
-                                             {"MALYJA01", "Jana", "Malý"},
-                                             {"MALYJA02", "Jana", "Malý"}})
-        reg.add(text("zamestnanci"),
-                {{u"idkod", text(key)}, {u"meno", text(name)}, {u"priezv", text(surname)}});
+    addEmployee("NOVÁKJÁ00", "Ján", "Novák");
+    addEmployee("MALYJA00", "Jana", "Maly");
+    addEmployee("MALYJA01", "Jana", "Malý");
+    addEmployee("MALYJA02", "Jana", "Malý");
     for (const auto& [tab, index] : {std::pair{10, 1}, {12, 1}, {11, 3}}) {
         turnTo(tab);
         // By a key at first; from then on nothing is asked when the field is left.

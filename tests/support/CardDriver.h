@@ -91,6 +91,10 @@ class CardDriver : public testing::Test {
         if (auto* popup = QApplication::activePopupWidget())
             popup->close();
     }
+    void enter(std::initializer_list<const char*> texts) {
+        for (const char* typed : texts)
+            enter(typed);
+    }
     void press(QWidget& widget) {
         support::press(widget);
         boxes.allCame();
