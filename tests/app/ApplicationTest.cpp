@@ -16,10 +16,8 @@
 #include <QLockFile>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <future>
@@ -67,11 +65,18 @@ TEST(ApplicationTest, anErrorIsReportedAndTheProgramGoesOn) {
     EXPECT_TRUE(alive);
 }
 
+auto startAnother(const QString& database) {
+    return std::async(std::launch::async, [database] { return app::OneRun(database).take(); });
+}
+
+bool isOver(const std::future<app::OneRun::Outcome>& start) {
+    return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+}
+
 /// While this thread goes on answering.
 app::OneRun::Outcome outcomeOfAnotherStart(const QString& database) {
-    auto start = std::async(std::launch::async, [&] { return app::OneRun(database).take(); });
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    auto start = startAnother(database);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isOver(start); }));
     return start.get();
 }
 
@@ -81,9 +86,8 @@ TEST(OneRunTest, anotherStartWaitsForTheEndOfOneThatHasNoWindowMore) {
     std::optional<app::OneRun> ending(std::in_place, register_);
     ASSERT_EQ(ending->take(), app::OneRun::Outcome::Taken);
     ending->stopAnswering();
-    auto start = std::async(std::launch::async, [&] { return app::OneRun(register_).take(); });
-    EXPECT_FALSE(QTest::qWaitFor(
-        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, 300));
+    auto start = startAnother(register_);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return isOver(start); }, 300));
     ending.reset();
     EXPECT_EQ(start.get(), app::OneRun::Outcome::Taken);
 }
@@ -126,50 +130,41 @@ TEST(OneRunTest, theSecondOfAComputerShowsTheFirstAndAnotherComputerIsNamed) {
     }
 }
 
-class DurableTest : public testing::Test {
-  protected:
-    DurableTest() {
-        application->beforeWaiting([this] { reg_.engine.commitPending(); });
-    }
-    ~DurableTest() override { application->beforeWaiting({}); }
-
-    void write() { reg_.execute({u"insert into k_memo (idkod) values ('A')"_s}); }
-    /// What another process would read now.
-    qint64 durableRows() const {
+/// A screen's writing is durable for another process as soon as the program waits.
+TEST(DurableTest, anActionIsDurableWhenTheProgramWaitsAndWhenItAsks) {
+    support::TemporaryRegister reg;
+    application->beforeWaiting([&] { reg.engine.commitPending(); });
+    const auto durableRows = [&] {
         store::DBEngine other;
-        return other.OpenDatabase(reg_.folder.database()).OpenRecordset(u"k_memo"_s)->RecordCount();
-    }
-
-    support::TemporaryRegister reg_;
-};
-
-TEST_F(DurableTest, anActionIsDurableWhenTheProgramWaits) {
-    inLoop([this] {
-        write();
-        EXPECT_EQ(durableRows(), 0);
-    });
-    QEventLoop waiting;
-    QTimer::singleShot(1, &waiting, &QEventLoop::quit);
-    waiting.exec();
-    EXPECT_EQ(durableRows(), 1);
-}
-
-TEST_F(DurableTest, aMessageBoxWaitsToo) {
+        return other.OpenDatabase(reg.folder.database()).OpenRecordset(u"k_memo"_s)->RecordCount();
+    };
     qint64 meanwhile = -1;
     ScriptedBoxes boxes;
     boxes.expect({.text = u"?"_s, .meanwhile = [&] {
                       meanwhile = durableRows();
                   }});
-    inLoop([this] {
-        write();
+    inLoop([&] {
+        reg.add(u"k_memo"_s, {{u"idkod", u"A"_s}});
+        EXPECT_EQ(durableRows(), 0);
         forms::showMessage(nullptr, {.text = u"?"_s});
+        reg.add(u"k_memo"_s, {{u"idkod", u"B"_s}});
+        EXPECT_EQ(durableRows(), 1);
     });
     EXPECT_EQ(meanwhile, 1);
+    QEventLoop waiting;
+    QTimer::singleShot(1, &waiting, &QEventLoop::quit);
+    waiting.exec();
+    EXPECT_EQ(durableRows(), 2);
+    application->beforeWaiting({});
 }
 
 class WholeProgramTest : private faults::Layer, public testing::Test {
   protected:
     WholeProgramTest() { window.open(); }
+    void press(Qt::Key key) { QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier); }
+    void add(const QString& key, const QString& surname) {
+        reg.add(u"k_zaklad"_s, {{u"idkod", key}, {u"meno", u"Eva"_s}, {u"priezv", surname}});
+    }
 
     support::TemporaryRegister reg;
     ScriptedBoxes boxes;
@@ -181,20 +176,13 @@ class WholeProgramTest : private faults::Layer, public testing::Test {
 };
 
 TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
-    reg.execute({u"insert into k_zaklad (idkod, meno, priezv) values ('A', 'Eva', 'Malá')"_s});
+    add(u"A"_s, u"Malá"_s);
     window.show();
-    const auto press = [this](Qt::Key key) {
-        QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
-    };
     press(Qt::Key_1);
     reg.engine.commitPending();
-    boxes.expect({.text = u"Naozaj chceš vymazať klienta : Eva  Malá ?"_s,
-                  .title = u"Výmaz klienta"_s,
-                  .buttons = QMessageBox::Yes | QMessageBox::No,
-                  .answer = QMessageBox::Yes,
-                  .meanwhile = [] {
-                      faults::install({faults::Plan::Fault::SyncFails, 1});
-                  }});
+    boxes.expectAsked(u"Naozaj chceš vymazať klienta : Eva  Malá ?"_s, u"Výmaz klienta"_s,
+                      QMessageBox::NoIcon, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+    faults::install({faults::Plan::Fault::SyncFails, 1});
     expectReport(boxes, "Chyba č. 3043\n\nChyba pri čítaní disku alebo zápise naň.");
     press(Qt::Key_Delete);
     QTest::qWait(0);
@@ -205,11 +193,8 @@ TEST_F(WholeProgramTest, whomTheDiskDoesNotLetGoStaysInTheList) {
 
 TEST_F(WholeProgramTest, aListThatCannotBeReadIsToldOnceEndsAndCanBeChosenAnew) {
     for (int i = 1000; i < 1300; ++i)
-        reg.add(u"k_zaklad"_s, {{u"idkod", u"K%1"_s.arg(i)}, {u"priezv", u"P%1"_s.arg(i)}});
+        add(u"K%1"_s.arg(i), u"P%1"_s.arg(i));
     window.show();
-    const auto press = [this](Qt::Key key) {
-        QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
-    };
     auto* grid = window.findChild<QTableView*>(u"dbgKlient"_s);
     press(Qt::Key_1);
     reg.engine.commitPending();
@@ -245,7 +230,7 @@ TEST_F(WholeProgramTest, thePrintOutsOfTheMenuComeInPreviews) {
 
 TEST_F(WholeProgramTest, aCardOpenedFromTheReturnIsFreshInTheListToo) {
     for (const auto& [key, surname] : {std::pair(u"A"_s, u"Malá"_s), {u"B"_s, u"Nová"_s}}) {
-        reg.add(u"k_zaklad"_s, {{u"idkod", key}, {u"priezv", surname}});
+        add(key, surname);
         reg.add(u"k_memo"_s, {{u"idkod", key}});
     }
     window.show();

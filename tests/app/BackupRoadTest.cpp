@@ -10,16 +10,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
-#include <gtest/gtest.h>
 #include <zip.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 
 class BackupRoad : public testing::Test {
   protected:
@@ -32,23 +28,17 @@ class BackupRoad : public testing::Test {
         reg.letGo();
     }
     void expectFile(const QString& path) {
-        boxes.expect(support::ExpectedWindow{u"QFileDialog"_s, [this, path](QWidget& dialog) {
-                                                 EXPECT_FALSE(window.isVisible());
-                                                 auto* name = dialog.findChild<QLineEdit*>(
-                                                     u"fileNameEdit"_s);
-                                                 name->setText(path);
-                                                 QTest::keyClick(name, Qt::Key_Return);
-                                             }});
-    }
-    void expectBox(const QString& text, QMessageBox::Icon icon = QMessageBox::Information,
-                   QMessageBox::StandardButtons buttons = QMessageBox::Ok,
-                   const QString& title = {}) {
         boxes.expect(
-            support::ExpectedBox{.text = text,
-                                 .title = title,
-                                 .icon = icon,
-                                 .buttons = buttons,
-                                 .answer = buttons == yesNo ? QMessageBox::Yes : QMessageBox::Ok});
+            support::fileDialog(path, [this](QWidget&) { EXPECT_FALSE(window.isVisible()); }));
+    }
+    /// Answered with Yes.
+    void expectAsked(const QString& text, const QString& title = {},
+                     QMessageBox::Icon icon = QMessageBox::Information) {
+        boxes.expectAsked(text, title, icon, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+    }
+    void expectRestore(const QString& outcome = u"Obnova dát bola úspešne ukončená"_s) {
+        expectAsked(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s);
+        boxes.expectTold(outcome);
     }
     void choose(const char* item) {
         window.findChild<QAction*>(QLatin1String(item))->trigger();
@@ -57,11 +47,8 @@ class BackupRoad : public testing::Test {
     }
     QString firstSurname() {
         window.ukazKlientov();
-        return window.findChild<QTableView*>(u"dbgKlient"_s)
-            ->model()
-            ->index(0, 1)
-            .data()
-            .toString();
+        const auto* grid = window.findChild<QTableView*>(u"dbgKlient"_s);
+        return grid->model()->index(0, 1).data().toString();
     }
 
     support::TemporaryRegister reg;
@@ -85,16 +72,14 @@ class BackupRoad : public testing::Test {
 TEST_F(BackupRoad, theWindowComesBackOverTheRestoredRegister) {
     window.open();
     expectFile(archive);
-    expectBox(u"Archivácia bola úspešne ukončená"_s);
+    boxes.expectTold(u"Archivácia bola úspešne ukončená"_s);
     choose("mniArchiv");
     window.zavri();
     setClient(u"Druhý");
     window.open();
     EXPECT_EQ(firstSurname(), u"Druhý"_s);
     expectFile(archive);
-    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
-              QMessageBox::Information, yesNo);
-    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    expectRestore();
     choose("mniDearchiv");
     EXPECT_FALSE(window.findChild<QTableView*>(u"dbgKlient"_s)->isVisible());
     EXPECT_EQ(firstSurname(), u"Prvý"_s);
@@ -102,10 +87,10 @@ TEST_F(BackupRoad, theWindowComesBackOverTheRestoredRegister) {
 
     window.zavri();
     ASSERT_TRUE(QFile::remove(reg.folder.database()));
-    expectBox(u"V adresári - chýba súbor -tvk.mdb-, pokúste sa o obnovu archívu !"_s,
-              QMessageBox::Critical, yesNo, u"Upozornenie"_s);
+    expectAsked(u"V adresári - chýba súbor -tvk.mdb-, pokúste sa o obnovu archívu !"_s,
+                u"Upozornenie"_s, QMessageBox::Critical);
     expectFile(archive);
-    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    boxes.expectTold(u"Obnova dát bola úspešne ukončená"_s);
     window.open();
     boxes.allCame();
     EXPECT_FALSE(window.isVisible());
@@ -119,13 +104,10 @@ TEST_F(BackupRoad, aCopyOfTheListComesBackByTheSameRoad) {
     window.findChild<QAction*>(u"mnuKoniec"_s)->trigger();
     setClient(u"Druhý");
     window.open();
-    boxes.expect(support::ExpectedWindow{
-        u"FrmZalohy"_s, [](QWidget& form) {
-            QTest::keyClick(form.findChild<QPushButton*>(u"cmdObnovit"_s), Qt::Key_Space);
-        }});
-    expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
-              QMessageBox::Information, yesNo);
-    expectBox(u"Obnova dát bola úspešne ukončená"_s);
+    boxes.expect({.name = u"FrmZalohy"_s, .drive = [](QWidget& form) {
+                      QTest::keyClick(form.findChild<QPushButton*>(u"cmdObnovit"_s), Qt::Key_Space);
+                  }});
+    expectRestore();
     choose("mniZalohy");
     EXPECT_EQ(firstSurname(), u"Prvý"_s);
     EXPECT_TRUE(QFile::exists(reg.folder.path(u"tvk_ren.mdb")));
@@ -144,10 +126,8 @@ TEST_F(BackupRoad, aSoundRegisterOfTheOldFormatIsOfferedForTakingOver) {
         ASSERT_EQ(zip_close(made), 0);
         offered.clear();
         expectFile(archive);
-        expectBox(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
-                  QMessageBox::Information, yesNo);
-        expectBox(isWhole ? u"Obnova dát bola úspešne ukončená"_s
-                          : u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
+        expectRestore(isWhole ? u"Obnova dát bola úspešne ukončená"_s
+                              : u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
         window.findChild<QAction*>(u"mniDearchiv"_s)->trigger();
         boxes.allCame();
         EXPECT_EQ(offered == old, isWhole);

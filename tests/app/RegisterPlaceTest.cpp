@@ -3,11 +3,7 @@
 #include "store/FileBytes.h"
 #include "support/ScriptedBoxes.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "clientcard/FrmKlientUdaj.h"
+#include "forms/RichText.h"
 #include "support/CardDriver.h"
 
 #include <QListWidget>
+#include <QRadioButton>
+#include <QTextEdit>
 
 namespace cardtest {
 
@@ -43,18 +46,20 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
             reg.add(text(table), {{u"idkod", text(key)}});
         }
     }
-    /// Opens the card on the only client of the register, Eva Novotna with these values.
-    void openClient(const char* values = "") {
+    void deleteClients() {
         reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
-        insertClient("NOVOTNEV00", values);
-        open(text("NOVOTNEV00"));
+    }
+    /// Opens the card on the only client of the register, Eva Novotna with these values.
+    void openClient(const char* values = "", const char* key = "NOVOTNEV00") {
+        deleteClients();
+        insertClient(key, values);
+        open(text(key));
     }
     /// Opens the card for a new client and enters what is mandatory.
     void enterClient(const char* name = "jana", const char* surname = "novotna",
                      const char* number = "17") {
         open();
-        for (const char* typed : {name, surname})
-            enter(typed);
+        enter({name, surname});
         enterInto(6, number);
     }
 
@@ -72,7 +77,10 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
         type(note);
         turnTabs(-7);
     }
+    /// Also on the tab behind the one on show.
     void goTo(int element) {
+        if (!field(element).isVisible())
+            turnTabs(1);
         field(element).setFocus();
         ASSERT_EQ(focused(), QStringLiteral("textKrz(%1)").arg(element));
     }
@@ -95,6 +103,10 @@ class CardTest : public CardDriver<clientcard::FrmKlientUdaj> {
     qint64 clients(const char* condition = "true") {
         return reg.count(text("select * from k_zaklad where ") + text(condition));
     }
+    qint64 memos() { return reg.count(text("k_memo")); }
+    /// Keys, or other columns, of the client's two rows.
+    QString storedKeys() { return stored("idkod") + u' ' + stored("idkod", "k_memo"); }
+    QString note() { return stored("poznamky", "k_memo"); }
     QListWidget& tabs() { return at<QListWidget>("SSTab1"); }
     bool isEnabled(int tab) { return tabs().item(tab)->flags().testFlag(Qt::ItemIsEnabled); }
 };

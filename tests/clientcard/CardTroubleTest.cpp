@@ -2,7 +2,6 @@
 #include "store/EngineError.h"
 
 #include <QFile>
-#include <QTextEdit>
 
 using cardtest::CardTest;
 using cardtest::text;
@@ -13,9 +12,8 @@ namespace {
 class CardTroubleTest : public CardTest {
   protected:
     void expectNotWritten() {
-        expect("Tieto údaje sa nezapísali:\n\nzáznam\nChyba č. 3000: Chyba "
-               "databázového stroja: "
-               "refused.");
+        expect("Tieto údaje sa nezapísali:\n\nzáznam\n"
+               "Chyba č. 3000: Chyba databázového stroja: refused.");
     }
 };
 

@@ -1,7 +1,6 @@
 #include "RecordScreen.h"
 
 #include <QLabel>
-#include <QRadioButton>
 
 using cardtest::RecordTest;
 using cardtest::text;
@@ -11,16 +10,6 @@ namespace {
 
 class FieldFaultsTest : public RecordTest {
   protected:
-    /// Presses keys: T is Tab, R Enter, E Esc, D Down, F F4, what else there is is typed.
-    void keys(const char* pressed) {
-        for (const char* k = pressed; *k != '\0'; ++k) {
-            const auto known = std::ranges::find(codes, *k, &std::pair<char, Qt::Key>::first);
-            if (known != std::end(codes))
-                key(known->second);
-            else
-                QTest::keyClick(keyboard(), *k);
-        }
-    }
     /// The lines that name dates which are none, on the tab on show.
     QString calendarNote() {
         QStringList shown;
@@ -28,12 +17,6 @@ class FieldFaultsTest : public RecordTest {
             shown += label->isVisible() ? label->text() : QString();
         return shown.join(QString());
     }
-
-    static constexpr std::pair<char, Qt::Key> codes[] = {{'T', Qt::Key_Tab},
-                                                         {'R', Qt::Key_Return},
-                                                         {'E', Qt::Key_Escape},
-                                                         {'D', Qt::Key_Down},
-                                                         {'F', Qt::Key_F4}};
 };
 
 } // namespace
@@ -69,8 +52,7 @@ TEST_F(FieldFaultsTest, WhatAPickShowsWhenItIsLeftIsStored) {
     turnTo(10);
     for (const auto& [pressed, worker] : {std::pair{"novT", "NOVAKJA00"}, {"FDDE", ""}}) {
         press("Novy");
-        entry(0).setFocus();
-        type("1.9.2005");
+        keysIn(0, "1.9.2005");
         at<forms::DropDown>("DBCPza").setFocus();
         keys(pressed);
         EXPECT_EQ(entry(1).text(), text(worker));
@@ -89,12 +71,10 @@ TEST_F(FieldFaultsTest, ATypedDigitOfASiblingIsTakenWhereverTheFocusGoes) {
                                          {"6TTT9T", "69       "}}) {
         SCOPED_TRACE(pressed);
         reg.execute({text("delete from k_surodenci")});
-        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', "
-               "'35')");
+        insert("k_surodenci (idkod, meno, postih) values ('NOVOTNEV00', 'Adam', '35')");
         turnTo(2);
         press("Opr");
-        entry(4).setFocus();
-        keys(pressed);
+        keysIn(4, pressed);
         press("Zap");
         EXPECT_EQ(value("postih"), text(after));
     }
@@ -150,8 +130,7 @@ TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
     EXPECT_FALSE(isMarked(field(4)));
     enterInto(3, "8013320007");
     goTo(17);
-    key(Qt::Key_Delete);
-    enter();
+    keys("XR");
     EXPECT_EQ(calendarNote(), QString());
     // A record keeps such a text, however often it is edited.
     using Case = std::tuple<int, int, const char*>;
@@ -179,12 +158,10 @@ TEST_F(FieldFaultsTest, ADateThatIsNoneIsToldWhereItStands) {
 }
 
 TEST_F(FieldFaultsTest, AWorkerCanBeNamed) {
-    for (const auto& [key, name, surname] : {std::tuple{"NOVÁKJÁ00", "Ján", "Novák"},
-                                             {"MALYJA00", "Jana", "Maly"},
-                                             {"MALYJA01", "Jana", "Malý"},
-                                             {"MALYJA02", "Jana", "Malý"}})
-        reg.add(text("zamestnanci"),
-                {{u"idkod", text(key)}, {u"meno", text(name)}, {u"priezv", text(surname)}});
+    addEmployee("NOVÁKJÁ00", "Ján", "Novák");
+    addEmployee("MALYJA00", "Jana", "Maly");
+    addEmployee("MALYJA01", "Jana", "Malý");
+    addEmployee("MALYJA02", "Jana", "Malý");
     for (const auto& [tab, index] : {std::pair{10, 1}, {12, 1}, {11, 3}}) {
         turnTo(tab);
         // By a key at first; from then on nothing is asked when the field is left.
@@ -219,7 +196,7 @@ TEST_F(FieldFaultsTest, TheRepresentativesOptionIsTheClients) {
     for (const auto& [relation, option] :
          {std::pair{"teta", -1}, {"matka", 4}, {"otec", 5}, {"teta", -1}}) {
         // The first row of the table is another client's.
-        reg.execute({text("delete from k_zaklad"), text("delete from k_memo")});
+        deleteClients();
         reg.add(text("k_zaklad"), {{u"idkod", text("ABAAA00")}, {u"kon_pomer", text("matka")}});
         insertClient("NOVOTNEV00", qPrintable(text("kon_pomer = '%1'").arg(text(relation))));
         open(text("NOVOTNEV00"));

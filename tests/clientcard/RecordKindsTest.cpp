@@ -1,7 +1,6 @@
 #include "RecordScreen.h"
 
 #include <QGroupBox>
-#include <QRadioButton>
 
 using cardtest::Member;
 using cardtest::members;
@@ -34,15 +33,12 @@ TEST_F(RecordTest, KeysWalkThroughTheFields) {
         SCOPED_TRACE(testing::Message() << step.tab << ", " << step.from << " by " << step.key);
         turnTo(step.tab);
         press(step.tab == 2 ? "Opr" : "Novy");
-        if (step.tab == 2 && step.from == 5) {
-            entry(4).setFocus();
-            key(Qt::Key_Return);
-        }
+        if (step.tab == 2 && step.from == 5)
+            keysIn(4, "R");
         entry(step.from).setFocus();
         key(step.key);
         EXPECT_EQ(focused(), text(step.to));
-        if (auto* popup = QApplication::activePopupWidget())
-            popup->close();
+        closeList();
         key(Qt::Key_Escape);
         if (step.key == Qt::Key_F4) {
             EXPECT_EQ(focused(), entry(step.from).objectName());
@@ -53,9 +49,8 @@ TEST_F(RecordTest, KeysWalkThroughTheFields) {
 }
 
 TEST_F(RecordTest, PlacementsAreShownByKind) {
-    insert("k_zariad (idkod, akronym, nazzar, vzar_od) values ('NOVOTNEV00', "
-           "'VYCH', '05', "
-           "#09/01/2004#)");
+    insert("k_zariad (idkod, akronym, nazzar, vzar_od) "
+           "values ('NOVOTNEV00', 'VYCH', '05', #09/01/2004#)");
     turnTo(9);
     EXPECT_EQ(lines(), QString()) << "a placement that lasts has an empty line";
     EXPECT_EQ(list().count(), 1);
@@ -66,25 +61,20 @@ TEST_F(RecordTest, PlacementsAreShownByKind) {
 
     press("Novy");
     EXPECT_FALSE(at<QGroupBox>("Frame4").isVisible());
-    key(Qt::Key_F4);
-    enter("2");
+    keys("F2R");
     EXPECT_EQ(entry(0).text(), text("21"));
-    enter();
-    enter("dlha 1");
+    enter({"", "dlha 1"});
     EXPECT_EQ(entry(1).text(), text("Dlha 1"));
     press("Zap");
     expectState(false, text("DBList2"));
     EXPECT_TRUE(at<QGroupBox>("Frame4").isVisible());
-    EXPECT_EQ(count("akronym = 'TVK' and nazzar = '21' and isnull(vzar_od) and "
-                    "isnull(vzar_do)"),
-              1);
+    EXPECT_EQ(count("akronym='TVK' and nazzar='21' and isnull(vzar_od) and isnull(vzar_do)"), 1);
     press("Opr");
     EXPECT_EQ(entry(0).selectedText(), text("21"));
     fill({{3, "30.6.06"}});
     press("Zap");
     press("Opr");
-    entry(3).setFocus();
-    key(Qt::Key_Delete);
+    keysIn(3, "X");
     press("Zap");
     EXPECT_EQ(count("isnull(vzar_do)"), 2);
     // A change of tab keeps the kind on show.
@@ -120,8 +110,7 @@ TEST_F(RecordTest, WhereLeavingAFieldChecksNothing) {
     press(at<forms::DropDown>("dbcZar"));
     EXPECT_EQ(focused(), text("dbcZar"));
     fill({{0, "05"}, {2, "1.9.05"}});
-    for (const auto walk : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Return, Qt::Key_Return})
-        key(walk);
+    keys("UDRR");
     fill({{3, "x"}});
     expectWrongDate(Retry);
     press(at<forms::DropDown>("dbcZar"));
@@ -170,8 +159,7 @@ TEST_F(RecordTest, ImpairmentsOfASibling) {
         EXPECT_EQ(picks(), text(*before != '\0' ? "+++5" : "++-."));
         if (none) {
             at<forms::DropDown>("cmbSur(1)").setFocus();
-            key(Qt::Key_Home);
-            key(Qt::Key_Return);
+            keys("HR");
             EXPECT_EQ(picks(), text("++-."));
         }
         press("Zap");
@@ -192,8 +180,7 @@ TEST_F(RecordTest, TheNextClientBeginsWithoutRecords) {
     }
     turnTo(13);
     press(at<QPushButton>("cmdZapNew"));
-    for (const char* typed : {"ema", "mala"})
-        enter(typed);
+    enter({"ema", "mala"});
     enterInto(6, "77");
     pressByKeys("cmdZaklUd");
     for (int tab = 1; tab < 14; ++tab) {

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "CardScreen.h"
-#include "forms/RichText.h"
 #include "forms/RowList.h"
-
-#include <QTextEdit>
 
 #include <algorithm>
 #include <tuple>
@@ -73,16 +70,18 @@ class RecordTest : public CardTest {
   protected:
     RecordTest() {
         insertClient("NOVOTNEV00");
-        insert("zamestnanci (idkod, meno, priezv) values ('ADAMOVEV00', 'Eva', "
-               "'Adamova')");
-        insert("zamestnanci (idkod, meno, priezv) values ('NOVAKJA00', 'Jan', "
-               "'Novak')");
-        insert("c_zariad (kod, nazov, akronym) values ('05', 'Trieda', 'VYCH')");
-        insert("c_zariad (kod, nazov, akronym) values ('07', 'Skola', 'VYCH')");
-        insert("c_zariad (kod, nazov, akronym) values ('21', 'Poradna', 'TVK')");
+        addEmployee("ADAMOVEV00", "Eva", "Adamova");
+        addEmployee(worker, "Jan", "Novak");
+        for (const char* row :
+             {"'05', 'Trieda', 'VYCH'", "'07', 'Skola', 'VYCH'", "'21', 'Poradna', 'TVK'"})
+            insert(qPrintable(text("c_zariad (kod, nazov, akronym) values (%1)").arg(text(row))));
         modKontrola::gMenoKlienta = text(" : Eva  Novotna");
     }
 
+    void addEmployee(const char* key, const char* name, const char* surname) {
+        reg.add(text("zamestnanci"),
+                {{u"idkod", text(key)}, {u"meno", text(name)}, {u"priezv", text(surname)}});
+    }
     void turnTo(int tab) { turnTo(*std::ranges::find(members, tab, &Member::tab)); }
     /// Turns to a member's tab by the keys.
     void turnTo(const Member& to) {
@@ -122,6 +121,10 @@ class RecordTest : public CardTest {
             entry(typed.field).selectAll();
             type(typed.text);
         }
+    }
+    void keysIn(int field, const char* pressed) {
+        entry(field).setFocus();
+        keys(pressed);
     }
     void add(const Record& record) { save("Novy", record); }
     void edit(const Record& record) { save("Opr", record); }

@@ -1,7 +1,4 @@
 #include "RecordScreen.h"
-#include "forms/RichText.h"
-
-#include <QTextEdit>
 
 using cardtest::Member;
 using cardtest::members;
@@ -47,8 +44,7 @@ TEST_F(RecordTest, AllTabsRunOneMachine) {
         EXPECT_NE(first, second);
         press("Opr");
         expectEdit();
-        entry(0).setFocus();
-        key(Qt::Key_Escape);
+        keysIn(0, "E");
         expectBrowse();
         // Storno on the siblings leads to the first one.
         EXPECT_EQ(list().row(), member.tab == 2 ? 0 : 1);
@@ -77,8 +73,7 @@ TEST_F(RecordTest, OneRecordADay) {
         add(m->first);
         const char* taken = "Našiel sa záznam s rovnakým dátumom :1.9.2005";
         press("Novy");
-        entry(0).setFocus();
-        type("1.9.2005");
+        keysIn(0, "1.9.2005");
         expect(taken);
         key(Qt::Key_Return);
         EXPECT_EQ(focused(), entry(0).objectName());
@@ -88,16 +83,14 @@ TEST_F(RecordTest, OneRecordADay) {
         EXPECT_EQ(count(), 1);
         if (tab == 13) {
             fill({{0, "5.9.2005"}});
-            entry(1).setFocus();
-            type("1.9.2005");
+            keysIn(1, "1.9.2005");
             expect(taken);
             key(Qt::Key_Return);
         }
         key(Qt::Key_Escape);
 
         press("Opr");
-        entry(0).setFocus();
-        key(Qt::Key_Return);
+        keysIn(0, "R");
         EXPECT_EQ(focused(), entry(1).objectName()) << "the record's own date";
         // What a key has passed is not asked about again until the card closes.
         entry(0).setFocus();
@@ -111,8 +104,7 @@ TEST_F(RecordTest, OneRecordADay) {
 }
 
 TEST_F(RecordTest, TheWorkerOfARecord) {
-    insert("zamestnanci (idkod, meno, priezv) values ('KRALJAEV00', 'Eva', "
-           "'Kralova')");
+    addEmployee("KRALJAEV00", "Eva", "Kralova");
     for (const auto& [tab, field, pick] :
          {std::tuple{10, 1, "DBCPza"}, {12, 1, "DBCZaz"}, {11, 3, "DBCZsc"}}) {
         SCOPED_TRACE(tab);
@@ -125,9 +117,7 @@ TEST_F(RecordTest, TheWorkerOfARecord) {
         EXPECT_EQ(value("idkod_p"), text("Adamovev00"));
         // A pick counts, whatever is typed behind it.
         press("Opr");
-        entry(field).setFocus();
-        key(Qt::Key_F4);
-        enter("nov");
+        keysIn(field, "FnovR");
         EXPECT_EQ(focused(), entry(field).objectName());
         EXPECT_EQ(entry(field).text(), text(worker));
         fill({{field, "KRALJAEV00"}});
@@ -144,17 +134,14 @@ TEST_F(RecordTest, TheWorkerOfARecord) {
         EXPECT_EQ(count("idkod_p = 'NOVAKJA00'"), 1);
         press("Novy");
         fill({{0, "3.9.2005"}, {field, ""}});
-        key(Qt::Key_F4);
-        enter("nov");
+        keys("FnovR");
         fill({{field, "ADAMOVEV00"}});
         key(Qt::Key_Return);
         press("Zap");
         EXPECT_EQ(count("idkod_p = 'ADAMOVEV00'"), 1) << "typed behind a pick";
         // Esc in the pick gives the focus back and leaves the record open.
         press("Novy");
-        entry(field).setFocus();
-        key(Qt::Key_F4);
-        key(Qt::Key_Escape);
+        keysIn(field, "FE");
         EXPECT_EQ(focused(), entry(field).objectName());
         EXPECT_TRUE(std::exchange(modKontrola::gZVyberu, false));
         key(Qt::Key_Escape);

@@ -5,7 +5,6 @@
 #include "forms/RowList.h"
 #include "store/DataSource.h"
 #include "store/FaultVfs.h"
-#include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 
 #include <QAbstractItemView>
@@ -98,8 +97,7 @@ class DropDownTest : private faults::Layer, public testing::Test {
         towns.setRecordSource(u"select * from c_iczuj order by nazov"_s);
     }
     void add(int code, const QString& name) {
-        reg.execute(
-            {u"insert into c_iczuj (kod, nazov) values ('%1', '%2')"_s.arg(code).arg(name)});
+        reg.add(u"c_iczuj"_s, {{u"kod", QString::number(code)}, {u"nazov", name}});
     }
     void start() {
         towns.Refresh();
@@ -116,7 +114,6 @@ class DropDownTest : private faults::Layer, public testing::Test {
                          QMessageBox::Critical);
         action();
         EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.isEmpty(); }));
-        boxes.allCame();
         if (repainted != nullptr)
             repainted->grab();
         QCoreApplication::processEvents();
@@ -140,11 +137,11 @@ TEST_F(DropDownTest, AClickedLineIsThePickAndTellsChangeThenClick) {
     screen.key(Qt::Key_F4);
     ASSERT_TRUE(screen.isOpened());
     EXPECT_EQ(screen.heard(), u"click0 "_s);
-    const QRect line = screen.drop.view()->visualRect(screen.drop.model()->index(2, 0));
-    QTest::mouseMove(
-        QApplication::activePopupWidget()->windowHandle(),
-        screen.drop.view()->viewport()->mapTo(screen.drop.view()->window(), line.center()));
-    support::press(*screen.drop.view()->viewport(), line.center());
+    QAbstractItemView& view = *screen.drop.view();
+    const QPoint line = view.visualRect(screen.drop.model()->index(2, 0)).center();
+    QTest::mouseMove(QApplication::activePopupWidget()->windowHandle(),
+                     view.viewport()->mapTo(view.window(), line));
+    support::press(*view.viewport(), line);
     EXPECT_FALSE(screen.isOpened());
     EXPECT_EQ(screen.told.mid(1), QStringList({u"change Brezno"_s, u"click2 Brezno"_s}));
     EXPECT_EQ(screen.focusWidget(), &screen.field);
@@ -288,7 +285,7 @@ TEST_F(DropDownTest, OpeningReadsOnlyTheLinesInSight) {
     reg.execute({u"delete * from c_iczuj"_s});
     int read = 0;
     for (int row = 0; row < screen.drop.count(); ++row)
-        read += screen.drop.itemText(row).isEmpty() ? 0 : 1;
+        read += int{!screen.drop.itemText(row).isEmpty()};
     EXPECT_EQ(screen.drop.count(), 2905);
     EXPECT_GT(read, 5);
     EXPECT_LT(read, 60);

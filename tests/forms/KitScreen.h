@@ -12,14 +12,12 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabBar>
-#include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace kittest {
 
@@ -73,13 +71,11 @@ class KitScreen : public QDialog, public forms::FieldEvents {
         if (onlyDigits && character.unicode() >= u' ' && !character.isDigit())
             character = QChar::Null;
     }
-    bool validates(const forms::Control& /*control*/) const override {
-        return validateRule != nullptr;
-    }
+    bool validates(const forms::Control& /*control*/) const override { return holds.has_value(); }
     bool validate(const forms::Control& control) override {
         log(u"validate %1, focus %2"_s.arg(describe(control),
                                            QApplication::focusWidget()->objectName()));
-        return validateRule(control);
+        return *holds;
     }
     void change(const forms::Control& control) override { log(u"change "_s + describe(control)); }
 
@@ -108,8 +104,16 @@ class KitScreen : public QDialog, public forms::FieldEvents {
     QComboBox combo;
     QTabBar tabs;
     QStringList told;
-    std::function<forms::Leave(const forms::Control&, const forms::Control&)> rule;
-    std::function<bool(const forms::Control&)> validateRule;
+    using Rule = std::function<forms::Leave(const forms::Control&, const forms::Control&)>;
+    /// Sets what is done when a field is left, or answered each time.
+    void onLeaving(const Rule& leave) { rule = leave; }
+    void answerLeaving(forms::Leave answer) {
+        onLeaving([answer](const auto&, const auto&) { return answer; });
+    }
+
+    Rule rule;
+    /// Whether validation holds the focus; without a value nothing is validated.
+    std::optional<bool> holds;
     std::function<void(const forms::Control&, int&)> onKey;
     bool onlyDigits = false;
     forms::FocusGuard guard;

@@ -7,18 +7,17 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
-#include <QTest>
 
 #include <gtest/gtest-spi.h>
-#include <gtest/gtest.h>
 
 using support::ScriptedBoxes;
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using B = QMessageBox;
+
 TEST(MessageBoxTest, escCostsNothing) {
-    using B = QMessageBox;
     const std::pair<B::StandardButtons, B::StandardButton> cases[] = {
         {B::Ok, B::Ok},
         {B::Yes | B::No, B::No},
@@ -35,8 +34,7 @@ TEST(MessageBoxTest, escCostsNothing) {
 
 TEST(MessageBoxTest, standardButtonsAreSlovakAndTextsPlain) {
     const QString text = u"<b>Novák</b> & <img src='x'>\ndruhý riadok"_s;
-    const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel |
-                         QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    const auto buttons = B::Yes | B::No | B::Cancel | B::Abort | B::Retry | B::Ignore;
     QStringList captions;
     const auto note = [&captions] {
         const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -46,8 +44,7 @@ TEST(MessageBoxTest, standardButtonsAreSlovakAndTextsPlain) {
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
     };
     ScriptedBoxes boxes;
-    boxes.expect(
-        {.text = text, .buttons = buttons, .answer = QMessageBox::Retry, .meanwhile = note});
+    boxes.expect({.text = text, .buttons = buttons, .answer = B::Retry, .meanwhile = note});
     forms::showMessage(nullptr, {.text = text, .buttons = buttons});
     EXPECT_EQ(captions.join(u' '), u"Ignorovať Nie Opakovať Prerušiť Zrušiť Áno"_s);
 }

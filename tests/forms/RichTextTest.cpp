@@ -6,10 +6,8 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QToolButton>
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 namespace {
@@ -29,11 +27,13 @@ class RichTextTest : public testing::Test {
         QTest::keyClick(&field.editor(), key, modifiers);
     }
 
+    void ctrl(Qt::Key letter) { key(letter, Qt::ControlModifier); }
     void paste(const QString& html) {
+        field.setText({});
         auto* mime = new QMimeData;
         mime->setHtml(html);
         QApplication::clipboard()->setMimeData(mime);
-        key(Qt::Key_V, Qt::ControlModifier);
+        ctrl(Qt::Key_V);
     }
 
     forms::RichText field;
@@ -58,15 +58,12 @@ TEST_F(RichTextTest, StoredTextsComeBackTheSameAndBrokenOnesAsFarAsTheyGo) {
 }
 
 TEST_F(RichTextTest, KeysMakeBoldItalicUnderlinedAndLists) {
-    key(Qt::Key_B, Qt::ControlModifier);
-    type("a");
-    key(Qt::Key_B, Qt::ControlModifier);
-    key(Qt::Key_I, Qt::ControlModifier);
-    type("b");
-    key(Qt::Key_I, Qt::ControlModifier);
-    key(Qt::Key_U, Qt::ControlModifier);
-    type("c");
-    key(Qt::Key_U, Qt::ControlModifier);
+    for (const auto& [style, text] :
+         {std::pair{Qt::Key_B, "a"}, {Qt::Key_I, "b"}, {Qt::Key_U, "c"}}) {
+        ctrl(style);
+        type(text);
+        ctrl(style);
+    }
     key(Qt::Key_Return);
     key(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
     type("d");
@@ -77,7 +74,7 @@ TEST_F(RichTextTest, KeysMakeBoldItalicUnderlinedAndLists) {
     EXPECT_EQ(field.text(), u"<p><b>a</b><i>b</i><u>c</u></p><ul><li>d</li></ul>"
                             "<ol><li>e</li></ol>"_s);
     for (int i = 0; i < 12; ++i)
-        key(Qt::Key_Z, Qt::ControlModifier);
+        ctrl(Qt::Key_Z);
     EXPECT_EQ(field.text(), QString());
 }
 
@@ -105,7 +102,6 @@ TEST_F(RichTextTest, WhatIsPastedIsReduced) {
          u"<ol><li>a<br>b</li></ol><ul><li>c</li></ul><ol><li>d</li></ol><p>x  y<br>z</p>"},
     };
     for (const auto& [html, kept] : cases) {
-        field.setText({});
         paste(html);
         EXPECT_EQ(field.text(), QString::fromUtf16(kept));
         field.showBound(field.text());
@@ -122,15 +118,13 @@ TEST_F(RichTextTest, WhatIsPastedOpensNothingAndIsReadAtOnce) {
          {u"<link rel=stylesheet href='file://%1'>slovo"_s, u"<style>@import '%1';</style>slovo"_s,
           u"<body background='file://%1'>slovo"_s, u"<img src='%1'>slovo"_s,
           u"<p style='background:url(%1)'>slovo</p>"_s}) {
-        field.setText({});
         paste(html.arg(pipe));
         EXPECT_EQ(field.text(), u"<p>slovo</p>"_s);
     }
     for (const char16_t* piece : {u"x", u"<b>", u"<ul><li>", u"<table><tr><td>", u"<p a=\"",
                                   u"<!--", u"</b>", u"&ab; ", u"<style>", u"<a b='c"}) {
-        SCOPED_TRACE(QString::fromUtf16(piece).toStdString());
-        field.setText({});
         const QString text = QString::fromUtf16(piece);
+        SCOPED_TRACE(text.toStdString());
         paste(u"slovo"_s + text.repeated(180'000 / text.size()));
         EXPECT_TRUE(field.text().startsWith(u"<p>slovo"));
         EXPECT_EQ(field.editor().wordWrapMode() == QTextOption::WrapAnywhere, text == u"x")
@@ -141,13 +135,12 @@ TEST_F(RichTextTest, WhatIsPastedOpensNothingAndIsReadAtOnce) {
 TEST_F(RichTextTest, FromFieldToFieldNoBlankIsLost) {
     const QString text = u"<ol><li>c</li></ol><p>a  <b>b</b></p><p></p><p>c</p>"_s;
     field.setText(text);
-    key(Qt::Key_A, Qt::ControlModifier);
-    key(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(field.text(), QString());
-    key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(field.text(), text);
-    key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(field.text(), QString()) << "more than one step";
+    ctrl(Qt::Key_A);
+    for (const auto& [letter, left] :
+         {std::pair{Qt::Key_X, QString()}, {Qt::Key_V, text}, {Qt::Key_Z, QString()}}) {
+        ctrl(letter);
+        EXPECT_EQ(field.text(), left) << "in one step";
+    }
 }
 
 TEST_F(RichTextTest, OnlyTheUserChangesIt) {

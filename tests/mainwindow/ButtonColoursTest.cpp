@@ -1,6 +1,4 @@
-#include "mainwindow/ButtonColours.h"
-
-#include <gtest/gtest.h>
+#include "mainwindow/MainWindow.h"
 
 #include <sstream>
 #include <string>
@@ -9,16 +7,11 @@ using mainwindow::ButtonColours;
 
 namespace {
 
-/// One letter a button: . rest, h highlight, V chosen.
+/// One letter a button.
 std::string shown(const ButtonColours& colours) {
     std::string letters;
-    for (int button = 1; button <= ButtonColours::buttons; ++button) {
-        const QColor colour = colours.shown(button);
-        letters += colour == mainwindow::farbaHover   ? 'h'
-                   : colour == mainwindow::farbaVyber ? 'V'
-                   : colour == mainwindow::farbaZakl  ? '.'
-                                                      : '?';
-    }
+    for (int button = 1; button <= ButtonColours::buttons; ++button)
+        letters += colourLetter(colours.shown(button));
     return letters;
 }
 

@@ -1,10 +1,8 @@
 #include "mainwindow/MainWindow.h"
 #include "store/FileBytes.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -101,9 +99,15 @@ TEST_F(ExitTest, aCopyIsMadeOfWhatChangedButNotByTheFrameAndItsFailureIsSaid) {
         click("Label4");
         return files::namesIn(folder).size();
     };
+    files::write(reg.folder.path(u"arch_tmp.zip"), "zip");
     open();
+    const QByteArray before = files::read(reg.folder.database());
+    const QDateTime written = QFileInfo(reg.folder.database()).lastModified();
     window->close();
-    EXPECT_FALSE(QFileInfo::exists(folder));
+    EXPECT_EQ(runsEnded, 1);
+    EXPECT_EQ(files::read(reg.folder.database()), before);
+    EXPECT_EQ(QFileInfo(reg.folder.database()).lastModified(), written);
+    EXPECT_EQ(files::namesIn(reg.directory.path()), QStringList({u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
     EXPECT_EQ(leave({}), 1);
     EXPECT_EQ(leave({}), 1);
     EXPECT_EQ(leave(u"insert into k_zaklad (idkod) values ('A')"_s), 2);

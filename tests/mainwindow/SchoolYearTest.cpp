@@ -1,7 +1,5 @@
 #include "mainwindow/SchoolYear.h"
 
-#include "support/ScriptedBoxes.h"
-
 #include <gtest/gtest.h>
 
 using mainwindow::SchoolYearFault;
@@ -38,28 +36,6 @@ TEST(SchoolYear, isReadOrRefused) {
         else
             EXPECT_STREQ(qPrintable(std::get<QString>(reading)), expected) << typed;
     }
-}
-
-TEST(SchoolYear, isAskedUntilTheAnswerIsRight) {
-    support::ScriptedBoxes boxes;
-    const auto ask = [&](std::initializer_list<std::pair<const char*, const char*>> answers) {
-        for (const auto& [typed, complaint] : answers) {
-            boxes.expect(
-                {.prompt = u"Aktuálny školský rok je: '2006/2007' zadaj iný,ak nevyhovuje "_s,
-                 .title = u"Školský rok"_s,
-                 .initial = u"2006/2007"_s,
-                 .answer = typed ? std::optional(QString::fromUtf8(typed)) : std::nullopt});
-            if (complaint)
-                boxes.expectTold(QString::fromUtf8(complaint), u"Chybová správa"_s,
-                                 QMessageBox::Warning);
-        }
-        return mainwindow::askSchoolYear(nullptr, {2006, 10, 1});
-    };
-    EXPECT_EQ(ask({{"6/7", lengthMessage}, {"06-07", dateMessage}, {"  04/05 ", nullptr}}),
-              u"2004/2005"_s);
-    EXPECT_EQ(ask({{nullptr, nullptr}}), std::nullopt);
-    EXPECT_EQ(ask({{"   ", nullptr}}), std::nullopt);
-    EXPECT_EQ(ask({{"2006/2007", nullptr}}), u"2006/2007"_s);
 }
 
 } // namespace

@@ -27,11 +27,22 @@ class EmployeeScreen : public CardDriver<staff::FrmPsychUdaj> {
         for (const char* table : workTables)
             reg.add(text(table), {{u"idkod_p", text(key)}});
     }
+    /// Leaves one employee and the records of that one.
+    void restart(const char* key) {
+        reg.execute({text("delete from zamestnanci")});
+        for (const char* table : workTables)
+            reg.execute({text("delete from ") + text(table)});
+        addEmployee(key);
+    }
     void typeName(int field, const char* typed) {
         auto& entry = at(field == 0 ? "TextPsych(0)" : "TextPsych(1)");
         entry.setFocus();
         entry.selectAll();
         type(typed);
+    }
+    /// A column of the only man.
+    QString ofTheMan(const char* column) {
+        return reg.text(text("select * from zamestnanci where pohlavie = 'm'"), text(column));
     }
     qint64 employees(const char* condition) {
         return reg.count(text("select * from zamestnanci where ") + text(condition));

@@ -10,12 +10,11 @@
 #include <QClipboard>
 #include <QListView>
 #include <QPushButton>
-#include <QTest>
 #include <QWindow>
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <optional>
 
 namespace cardtest {
@@ -63,6 +62,14 @@ class CardDriver : public testing::Test {
         QWidget* popup = QApplication::activePopupWidget();
         return popup != nullptr ? popup->findChild<QListView*>() : card->focusWidget();
     }
+    /// Presses these keys: T is Tab, R Enter, E Esc, D Down, U Up, F F4, H Home, X Delete; what
+    /// else there is is typed.
+    void keys(const char* pressed) {
+        for (const char* k = pressed; *k != '\0'; ++k) {
+            const auto known = std::ranges::find(keyLetters, *k, &std::pair<char, Qt::Key>::first);
+            known != std::end(keyLetters) ? key(known->second) : QTest::keyClick(keyboard(), *k);
+        }
+    }
     /// Presses a key; the boxes expected must have come by then, as behind each press.
     void key(int code, Qt::KeyboardModifiers modifiers = {}) {
         focused();
@@ -79,6 +86,14 @@ class CardDriver : public testing::Test {
     void enter(const char* typed = "") {
         type(typed);
         key(Qt::Key_Return);
+    }
+    void closeList() {
+        if (auto* popup = QApplication::activePopupWidget())
+            popup->close();
+    }
+    void enter(std::initializer_list<const char*> texts) {
+        for (const char* typed : texts)
+            enter(typed);
     }
     void press(QWidget& widget) {
         support::press(widget);
@@ -125,6 +140,9 @@ class CardDriver : public testing::Test {
         sqlite3_close(file);
     }
 
+    static constexpr std::pair<char, Qt::Key> keyLetters[] = {
+        {'T', Qt::Key_Tab}, {'R', Qt::Key_Return}, {'E', Qt::Key_Escape}, {'D', Qt::Key_Down},
+        {'U', Qt::Key_Up},  {'F', Qt::Key_F4},     {'H', Qt::Key_Home},   {'X', Qt::Key_Delete}};
     support::TemporaryRegister reg;
     support::ScriptedBoxes boxes;
     std::optional<Card> card;

@@ -8,10 +8,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QTest>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace support {
 

@@ -3,6 +3,9 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QString>
+#include <QTest>
+
+#include <gtest/gtest.h>
 
 #include <deque>
 #include <functional>
