@@ -1,5 +1,7 @@
 #include "store/Dates.h"
 
+#include "store/Utf8.h"
+
 #include <QList>
 
 namespace store {
@@ -116,7 +118,7 @@ std::optional<DateTime> readStored(std::string_view text) {
 }
 
 QString asTyped(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return textOfUtf8(text);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "store/Query.h"
 
 #include "store/SqliteErrors.h"
+#include "store/Utf8.h"
 
 #include <string_view>
 
@@ -21,10 +22,6 @@ sqlite3_stmt* prepare(sqlite3* connection, const QString& sql) {
 std::string_view textOf(sqlite3_stmt* statement, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return {text, static_cast<size_t>(sqlite3_column_bytes(statement, column))};
-}
-
-QString fromUtf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace
@@ -85,7 +82,7 @@ std::string_view Query::bytes(int column) const {
 }
 
 QString Query::text(int column) const {
-    return fromUtf8(textOf(statement_.get(), column));
+    return textOfUtf8(textOf(statement_.get(), column));
 }
 
 RowView::Slot RowBlock::slotFrom(const Query& query, int column) {

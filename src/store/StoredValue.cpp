@@ -2,6 +2,7 @@
 
 #include "store/Dates.h"
 #include "store/EngineError.h"
+#include "store/Utf8.h"
 #include "store/sql/Numbers.h"
 
 #include <cmath>
@@ -68,9 +69,7 @@ Cell toBooleanCell(const Value& value, const OutputColumn& column) {
 }
 
 Value fromText(std::string_view text, std::optional<ColumnType> type) {
-    return type == ColumnType::Date
-               ? dateFromColumn(text)
-               : Value(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    return type == ColumnType::Date ? dateFromColumn(text) : Value(textOfUtf8(text));
 }
 
 Value fromInteger(qint64 number, std::optional<ColumnType> type) {

@@ -3,6 +3,7 @@
 #include "store/Dates.h"
 #include "store/EngineError.h"
 #include "store/StoredValue.h"
+#include "store/Utf8.h"
 #include "store/sql/Format.h"
 #include "store/sql/Like.h"
 #include "store/sql/Numbers.h"
@@ -51,10 +52,7 @@ class Call {
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
         return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)};
     }
-    QString string(int i) {
-        const std::string_view bytes = text(i);
-        return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    }
+    QString string(int i) { return textOfUtf8(text(i)); }
     /// A text must be a number from end to end.
     double number(int i) {
         if (!isText(i))
