@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/Bookmark.h"
 #include "report/Layout.h"
 #include "report/PageList.h"
 #include "report/Placed.h"
@@ -8,20 +9,11 @@
 #include <QString>
 #include <QStringList>
 
-#include <cstddef>
 #include <vector>
 
 class QDate;
 
 namespace report {
-
-/// An entry of a document's contents, and the index of the page it leads to.
-struct Bookmark {
-    QString title;
-    std::size_t page = 0;
-
-    bool operator==(const Bookmark&) const = default;
-};
 
 /// A report, or a document of several: A4 pages that painter, preview and PDF draw as they are.
 struct Pages {

@@ -5,7 +5,6 @@
 #include <qpdf/QPDFWriter.hh>
 
 #include <exception>
-#include <string>
 #include <vector>
 
 namespace report {
@@ -60,7 +59,8 @@ QByteArray written(QPDF& pdf) {
 
 } // namespace
 
-std::optional<QByteArray> withContents(const QByteArray& pdf, const Pages& pages) {
+std::optional<QByteArray> withContents(const QByteArray& pdf, const QString& title,
+                                       const std::vector<Bookmark>& bookmarks) {
     try {
         QPDF file;
         file.processMemoryFile("", pdf.constData(), static_cast<std::size_t>(pdf.size()));
@@ -68,9 +68,9 @@ std::optional<QByteArray> withContents(const QByteArray& pdf, const Pages& pages
         root.replaceKey("/Lang", unicode(QStringLiteral("sk")));
         root.replaceKey("/ViewerPreferences", Object::parse("<< /DisplayDocTitle true >>"));
         // The writer lets a letter whose code holds a line end, as "č", become another one.
-        file.getTrailer().getKey("/Info").replaceKey("/Title", unicode(pages.name()));
-        if (!pages.bookmarks.empty())
-            addOutline(file, pages.bookmarks);
+        file.getTrailer().getKey("/Info").replaceKey("/Title", unicode(title));
+        if (!bookmarks.empty())
+            addOutline(file, bookmarks);
         return written(file);
     } catch (const std::exception&) {
         return {};

@@ -108,7 +108,7 @@ bool writePdf(const Pages& pages, QIODevice& device, const Progress& progress) {
     writer.setCreator(QStringLiteral("TVK"));
     if (!printPages(pages, writer, progress))
         return false;
-    const auto pdf = withContents(memory.data(), pages);
+    const auto pdf = withContents(memory.data(), pages.name(), pages.bookmarks);
     return pdf && device.write(*pdf) == pdf->size();
 }
 
