@@ -12,6 +12,7 @@
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -29,6 +30,13 @@ std::size_t familyOfKind(TabKind kind) {
     if (isEntry(kind))
         return 0;
     return kind == TabKind::Memo ? 1 : 2;
+}
+
+/// As much of the window behind as leaves that to be seen.
+QSize windowSize(const QWidget* parent) {
+    constexpr QSize least(1240, 700);
+    constexpr QSize seenBehind(40, 60);
+    return parent != nullptr ? least.expandedTo(parent->window()->size() - seenBehind) : least;
 }
 
 } // namespace
@@ -50,6 +58,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
+    forms::openAs(*this, windowSize(parent));
     draft_->otvorKlienta();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)

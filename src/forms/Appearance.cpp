@@ -4,8 +4,11 @@
 #include "forms/Colours.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QPalette>
+
+static void loadPictures() {
+    Q_INIT_RESOURCE(spravy);
+}
 
 namespace forms {
 
@@ -36,9 +39,9 @@ QPalette colours() {
 } // namespace
 
 void dress(QApplication&) {
+    loadPictures();
     QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(colours());
-    QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
 }
 
 } // namespace forms

@@ -1,5 +1,6 @@
 #include "forms/RichText.h"
 
+#include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "report/HtmlReader.h"
 
@@ -132,6 +133,15 @@ class RichText::Editor : public QTextEdit {
         return QTextEdit::event(event);
     }
 
+    /// On a wide screen the lines stay as long as one reads easily.
+    void resizeEvent(QResizeEvent* event) override {
+        const int longest = longestLine(*this) + 2 * int(document()->documentMargin());
+        const bool isWide = viewport()->width() > longest;
+        setLineWrapMode(isWide ? FixedPixelWidth : WidgetWidth);
+        setLineWrapColumnOrWidth(isWide ? longest : 0);
+        QTextEdit::resizeEvent(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         const int tool = toolOf(*event);
         const bool endsList = event->matches(QKeySequence::InsertParagraphSeparator) &&
@@ -189,7 +199,7 @@ RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this))
     addTools(*bar);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
+    column->setSpacing(tightGap);
     column->addWidget(bar);
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
