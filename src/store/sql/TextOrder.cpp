@@ -108,10 +108,7 @@ int TextOrder::collate(std::string_view left, std::string_view right) const {
 }
 
 bool TextOrder::isRanked(std::string_view text, std::size_t at) const {
-    if (at >= text.size())
-        return true;
-    const auto c = static_cast<unsigned char>(text[at]);
-    return c < ranks_.size() && ranks_[c] != 0;
+    return at >= text.size() || ranks_[static_cast<unsigned char>(text[at])] != 0;
 }
 
 /// Rank of the letter at a place, which is moved behind it; 0 if it has none by itself.
@@ -160,6 +157,23 @@ bool TextOrder::startsAfresh(std::string_view text, std::size_t at) const {
     return at == 0 || (isRanked(text, at - 1) && (text[at - 1] | ' ') != 'c');
 }
 
+/// What two plain signs make of the first place where texts differ, a blank being the least of
+/// them; 0 where more has to be read.
+int TextOrder::firstDifference(std::string_view left, std::string_view right) const {
+    const auto [l, r] = std::ranges::mismatch(left, right);
+    if (l == left.end() || r == right.end())
+        return 0;
+    const auto at = static_cast<std::size_t>(l - left.begin());
+    const auto rank = [&](std::string_view text) {
+        const bool mayBeCh = (text[at] | ' ') == 'c';
+        return mayBeCh || !isRanked(text, at + 1) ? 0
+                                                  : ranks_[static_cast<unsigned char>(text[at])];
+    };
+    const int leftRank = rank(left);
+    const int rightRank = rank(right);
+    return leftRank && rightRank && startsAfresh(left, at) ? leftRank - rightRank : 0;
+}
+
 /// Length of a beginning that both texts share and that does not decide.
 std::size_t TextOrder::sharedLength(std::string_view left, std::string_view right) const {
     const auto [l, r] = std::ranges::mismatch(left, right);
@@ -170,8 +184,8 @@ std::size_t TextOrder::sharedLength(std::string_view left, std::string_view righ
 }
 
 int TextOrder::compare(std::string_view left, std::string_view right) const {
-    if (left == right)
-        return 0;
+    if (const int difference = firstDifference(left, right))
+        return difference;
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
     if (left == right)
