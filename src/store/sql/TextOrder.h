@@ -35,7 +35,7 @@ class TextOrder {
     bool isRanked(std::string_view text, std::size_t at) const;
     int rankAt(std::string_view text, std::size_t& at) const;
     bool startsAfresh(std::string_view text, std::size_t at) const;
-    int firstDifference(std::string_view left, std::string_view right) const;
+    int differenceAt(std::size_t at, std::string_view left, std::string_view right) const;
     std::size_t sharedLength(std::string_view left, std::string_view right) const;
     bool compareRanks(std::string_view left, std::string_view right, int& result) const;
     int collate(std::string_view left, std::string_view right) const;
