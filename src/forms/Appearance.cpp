@@ -1,5 +1,6 @@
 #include "forms/Appearance.h"
 
+#include "forms/AccessibleParts.h"
 #include "forms/CalmStyle.h"
 #include "forms/Colours.h"
 
@@ -35,10 +36,11 @@ QPalette colours() {
 
 } // namespace
 
-void dress(QApplication&) {
+void dress(QApplication& application) {
     QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(colours());
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
+    nameParts(application);
 }
 
 } // namespace forms
