@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <array>
+#include <vector>
 
 class QToolButton;
 
@@ -35,6 +36,8 @@ class RichText : public QWidget, public Bound {
     bool showsLate() const override { return true; }
 
     QTextEdit& editor();
+    /// What Tab leads to, in order: the tools, of which one takes the focus, and the text.
+    std::vector<QWidget*> tabStops() const;
 
   Q_SIGNALS:
     /// The user changed the text.
