@@ -8,6 +8,8 @@
 
 #include <QAccessible>
 #include <QBoxLayout>
+#include <QGroupBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QTextEdit>
 #include <QUuid>
@@ -17,6 +19,8 @@
 namespace words {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 /// Of somebody new the names that were typed so far.
 QString nameOfNew(const QString& who, const forms::Words& words) {
@@ -29,11 +33,21 @@ QString nameOfNew(const QString& who, const forms::Words& words) {
     return name.join(u' ');
 }
 
-QString captionOf(QWidget& field) {
+QString bareCaption(const QString& shown) {
+    const QString caption = shown.simplified();
+    return caption.endsWith(u':') ? caption.chopped(1).trimmed() : caption;
+}
+
+QString captionOf(QWidget& field, bool byFrames) {
     QWidget* named = field.focusProxy() != nullptr ? field.focusProxy() : &field;
     const QString caption =
-        QAccessible::queryAccessibleInterface(named)->text(QAccessible::Name).simplified();
-    return caption.endsWith(u':') ? caption.chopped(1).trimmed() : caption;
+        bareCaption(QAccessible::queryAccessibleInterface(named)->text(QAccessible::Name));
+    const auto labels = field.window()->findChildren<QLabel*>();
+    const auto alike = std::ranges::count_if(
+        labels, [&](const QLabel* label) { return bareCaption(label->text()) == caption; });
+    const auto* frame = qobject_cast<QGroupBox*>(field.parentWidget());
+    return alike < 2 || frame == nullptr || !byFrames ? caption
+                                                      : frame->title() + u", "_s + caption;
 }
 
 QString questionOf(const Kept& kept, Fit fit) {
@@ -42,9 +56,9 @@ QString questionOf(const Kept& kept, Fit fit) {
         kept.title.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(kept.title);
     const QString text =
         fit != Fit::Fits ? QStringLiteral("Rozpísané slová z %1%2 sa do polí vrátiť nedajú, údaje "
-                                          "sú už iné: %3.")
-        : kept.isDropped ? QStringLiteral("Naposledy zahodené slová z %1%2: %3.")
-                         : QStringLiteral("Našli sa rozpísané slová z %1%2: %3.");
+                                          "sú už iné: %3")
+        : kept.isDropped ? QStringLiteral("Naposledy zahodené slová z %1%2: %3")
+                         : QStringLiteral("Našli sa rozpísané slová z %1%2: %3");
     return text.arg(when, where, fieldsOf(kept));
 }
 
@@ -52,7 +66,7 @@ QString questionOf(const Kept& kept, Fit fit) {
 
 Keeper::Keeper(QWidget& window, store::DBEngine& engine, const store::ProgramFolder& folder,
                QString owner)
-    : window_(window), engine_(engine), folder_(folder), owner_(std::move(owner)), book_(folder) {
+    : QObject(&window), window_(window), engine_(engine), folder_(folder), owner_(std::move(owner)), book_(folder) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, [this] { keep(); });
     connect(&input_, &card::InputNote::noted, this, &Keeper::noteInput);
@@ -129,7 +143,6 @@ void Keeper::keep() {
     if (!isRunning_)
         return;
     timer_.stop();
-    sinceKept_.start();
     sinceFirst_.invalidate();
     for (const Place& place : places_) {
         try {
@@ -143,13 +156,14 @@ void Keeper::keep() {
 void Keeper::keep(const Place& place, forms::Words words) {
     if (words.empty())
         return forgetLive(place.part);
-    nameFields(words);
+    nameFields(words, place.title.isEmpty());
     const auto before = live_.find(place.part);
     if (before != live_.end() && before->second.words == words)
         return;
     const Kept kept = keptOf(place, std::move(words));
     live_[place.part] = kept;
     book_.put(kept);
+    sinceKept_.start();
 }
 
 Kept Keeper::keptOf(const Place& place, forms::Words words) {
@@ -176,11 +190,13 @@ Kept Keeper::keptOf(const Place& place, forms::Words words) {
     return kept;
 }
 
-void Keeper::nameFields(forms::Words& words) const {
+/// In a tab the fields differ; elsewhere those that are called alike are told apart by their
+/// frames.
+void Keeper::nameFields(forms::Words& words, bool byFrames) const {
     for (forms::Word& word : words) {
         if (auto* field = window_.findChild<QWidget*>(word.field);
             field != nullptr && word.caption.isEmpty())
-            word.caption = captionOf(*field);
+            word.caption = captionOf(*field, byFrames);
     }
 }
 
@@ -275,8 +291,9 @@ void Keeper::enter(const Kept& kept) {
         book_.put(left);
         offers_.insert(offers_.begin(), {left, Fit::Changed});
     }
-    news_ = QStringLiteral("Rozpísané slová sú v poliach, ešte nie sú zapísané: %1.")
-                .arg(fieldsOf(entered));
+    if (!entered.words.empty())
+        news_ = QStringLiteral("Rozpísané slová sú v poliach, ešte nie sú zapísané: %1")
+                    .arg(fieldsOf(entered));
 }
 
 void Keeper::refuse() {

@@ -83,7 +83,7 @@ class Keeper : public QObject {
     void noteInput();
     void keep(const Place& place, forms::Words words);
     Kept keptOf(const Place& place, forms::Words words);
-    void nameFields(forms::Words& words) const;
+    void nameFields(forms::Words& words, bool byFrames) const;
     const Place& placeOf(int part) const;
     void forgetLive(int part);
     void findOffers();

@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace words {
 
 namespace {
@@ -13,6 +15,9 @@ using namespace Qt::StringLiterals;
 
 /// A greater number is for what an older program would misread.
 constexpr QByteArrayView mark = "TVK-slova 1 ";
+
+/// A line has room for so many.
+constexpr qsizetype mostFields = 4;
 
 QByteArray headOf(const QByteArray& body) {
     return mark.toByteArray() + QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex() +
@@ -99,7 +104,9 @@ QString fieldsOf(const Kept& kept) {
     for (const forms::Word& word : kept.words)
         captions << (word.caption.isEmpty() ? word.field : word.caption);
     captions.removeDuplicates();
-    return captions.join(u", ");
+    const qsizetype more = captions.size() - mostFields;
+    const QString all = captions.first(std::min(captions.size(), mostFields)).join(u", "_s);
+    return more > 0 ? QStringLiteral("%1 a ďalšie (%2)").arg(all).arg(more) : all;
 }
 
 } // namespace words

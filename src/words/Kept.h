@@ -50,7 +50,7 @@ std::optional<KeptWords> fromFile(const QByteArray& bytes);
 
 /// "Eva Novotná, Záznam o starostlivosti (23.11.2026 17:40)".
 QString titleOf(const Kept& kept);
-/// Their fields by name, each once.
+/// Their fields by name, each once, as many as a line has room for.
 QString fieldsOf(const Kept& kept);
 
 } // namespace words
