@@ -43,7 +43,8 @@ QSize windowSize(const QWidget* parent) {
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this),
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this),
+      words_(*this, engine, folder, QStringLiteral("k_zaklad")), guard_(this),
       pages_(new CardPages(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + card::trimBlanks(modKontrola::gMenoKlienta));
@@ -66,6 +67,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     else if (data_.datMemo().Recordset().Eof())
         // The rest can be edited without this row.
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
+    beginWords();
 }
 
 /// What is still open is dropped: the user has not said that it is to be written.
@@ -80,6 +82,12 @@ void FrmKlientUdaj::makePages() {
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
     draft_.emplace(data_, families_, *cycle_, actions_);
+    words_.add({.tables = {QStringLiteral("k_zaklad"), QStringLiteral("k_memo")},
+                .typed = [this] { return draft_->typedWords(); },
+                .enter =
+                    [this](const words::Kept& kept) {
+                        draft_->enterWords(kept.words);
+                    }});
     for (const TabRow& row : tabTable())
         pages_->add(*families_[familyOfKind(row.kind)]);
     connect(pages_, &CardPages::turned, this,
@@ -90,6 +98,14 @@ void FrmKlientUdaj::makePages() {
         connect(shortcut, &QShortcut::activated, this,
                 [this, by = step] { actions_.perform([&] { turnBy(by); }); });
     }
+}
+
+void FrmKlientUdaj::beginWords() {
+    const bool isNew = draft_->isNew();
+    const card::Names names = entry_->keyFields()->typed();
+    words_.begin(isNew ? QString() : modKontrola::gIdKod,
+                 isNew ? QStringLiteral("nový klient")
+                       : (names.firstName + u' ' + names.surname).simplified());
 }
 
 void FrmKlientUdaj::setPrinting(Print tab, Print card) {
@@ -129,17 +145,20 @@ void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     pages_->setReachable(tab, true);
     foot_->giveWayTo(storno);
     showKeys(tab);
+    words_.setRecordOpen(true);
 }
 
 void FrmKlientUdaj::endEdit() {
     pages_->enable(0, true);
     foot_->comeBack();
     showKeys(pages_->current());
+    words_.setRecordOpen(false);
 }
 
 /// What an action has to tell is told before the card ends.
 void FrmKlientUdaj::act(CardFoot::Button button) {
     End end;
+    words_.keep();
     const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
     if (!isDone && draft_->isOwed() && !input_.isNoted())
@@ -205,6 +224,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
         return;
     pages_->enable(1, true);
     foot_->button(CardFoot::cmdZaklUd).hide();
+    beginWords();
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
@@ -212,11 +232,13 @@ void FrmKlientUdaj::cmdZakZapClick() {
         return;
     pages_->enable(1, true);
     foot_->button(CardFoot::cmdZakZap).hide();
+    beginWords();
 }
 
 FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
     if (!isSaved(draft_->saveAndLeave(), true))
         return {};
+    words_.written();
     modKontrola::gAkcia = 0;
     return Accepted;
 }
@@ -224,12 +246,14 @@ FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
 void FrmKlientUdaj::cmdZapNewClick() {
     if (!isSaved(draft_->saveForNext(), true))
         return;
+    beginWords();
     zamkniZalozky();
     goToStart();
 }
 
 /// Reads nothing, so that a card closes whose file has gone.
 FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
+    words_.dropped();
     draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
@@ -287,7 +311,7 @@ bool FrmKlientUdaj::endsByFrame() {
         if (draft_->isNew())
             ends = mayDrop();
         else if (forms::moveFocus(&pages_->list()))
-            ends = !draft_->isChanged() || isSaved(draft_->saveAndLeave(), true);
+            ends = !draft_->isChanged() || CmdZapClick();
     });
     if (ends)
         cmdStornoClick();

@@ -34,6 +34,7 @@ enum class Screen {
     Copies,
     RestoreAtStart,
     DataCheck,
+    KeptWords,
     Help,
     About,
 };
