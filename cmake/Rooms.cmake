@@ -11,10 +11,11 @@ set(floors
     "printing"
     "validation"
     "forms"
+    "spelling"
     "report"
     "store")
 # What these rooms are made for has no clients and no employees.
-set(nobodys forms report)
+set(nobodys forms spelling report)
 set(tables "k_(zaklad|memo|surodenci|zariad|vysetrenie|zaznam_|navstevy)|zamestnanci")
 
 # Sets floor_<room> for each room, counted from the roof.
