@@ -11,8 +11,7 @@ set(floors
     "printing"
     "validation"
     "forms"
-    "spelling"
-    "report"
+    "report spelling"
     "store")
 # What these rooms are made for has no clients and no employees.
 set(nobodys forms spelling report)

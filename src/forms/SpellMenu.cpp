@@ -2,6 +2,7 @@
 
 #include "spelling/Speller.h"
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QTextEdit>
 
@@ -75,6 +76,9 @@ void SpellMenu::show(const QStringList* words) {
     waiting_.stop();
     menu_ = offer_.withEditing ? editor_.createStandardContextMenu() : new QMenu(&editor_);
     menu_->setAttribute(Qt::WA_DeleteOnClose);
+    menu_->installEventFilter(this);
+    if (!offer_.word.isEmpty())
+        menu_->setAccessibleName(QStringLiteral("Návrhy pre slovo „%1“").arg(offer_.word));
     auto* ours = new QMenu(menu_);
     if (!offer_.word.isEmpty())
         addWords(*ours, words);
@@ -111,6 +115,17 @@ void SpellMenu::addCommands(QMenu& menu) {
     connect(next, &QAction::triggered, this, &SpellMenu::nextAsked);
     if (offer_.withEditing)
         menu.addSeparator();
+}
+
+/// The key that opened the menu goes on to the next word.
+bool SpellMenu::eventFilter(QObject* watched, QEvent* event) {
+    const bool isNext = watched == menu_ && event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_F7;
+    if (!isNext)
+        return QObject::eventFilter(watched, event);
+    menu_->close();
+    Q_EMIT nextAsked();
+    return true;
 }
 
 /// In one step to undo, with the marks of the word. The text may have been changed meanwhile, as

@@ -44,6 +44,9 @@ class SpellMenu : public QObject {
     void nextAsked();
     void added(const QString& word);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void show(const QStringList* words);
     void addWords(QMenu& menu, const QStringList* words);

@@ -17,6 +17,13 @@ bool hasWords(const QString& dic) {
     return file.open(QIODevice::ReadOnly) && file.readLine(64).trimmed().toLongLong() > 0;
 }
 
+/// The letters without their accents.
+QString bare(const QString& word) {
+    QString letters = word.normalized(QString::NormalizationForm_D);
+    letters.removeIf([](QChar c) { return c.isMark(); });
+    return letters;
+}
+
 } // namespace
 
 Dictionary::Dictionary(const QStringList& folders) {
@@ -81,6 +88,8 @@ QStringList Dictionary::suggestions(const QString& word) {
         return found;
     for (const std::string& other : hunspell_->suggest(bytes))
         found.append(decode_.decode(QByteArray::fromStdString(other)));
+    std::ranges::stable_partition(found,
+                                  [&](const QString& other) { return bare(other) == bare(word); });
     return found;
 }
 

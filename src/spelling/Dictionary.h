@@ -32,7 +32,8 @@ class Dictionary {
     /// known when all of them are, in the form that such words have: "logopedicko-" of
     /// "logopedický".
     bool knows(const QString& word);
-    /// Other words for one, the likeliest first.
+    /// Other words for one, the likeliest first: those that differ by accents alone, which is what
+    /// is left out most often.
     QStringList suggestions(const QString& word);
     /// Knows from now on this word as well.
     void add(const QString& word);

@@ -127,7 +127,9 @@ TEST_F(SpellCheckTest, AKeyGoesFromWordToWordAndReplacesInOneStep) {
     key(Qt::Key_Escape);
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(field.text(), text);
-    key(Qt::Key_End, Qt::ControlModifier);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_F7);
+    offered(u"číta"_s);
     key(Qt::Key_F7);
     offered(u"žiak"_s);
     key(Qt::Key_D);
