@@ -1,6 +1,7 @@
 #include "spelling/Dictionary.h"
 
 #include <QFile>
+#include <QHash>
 
 #include <hunspell/hunspell.hxx>
 
@@ -17,11 +18,21 @@ bool hasWords(const QString& dic) {
     return file.open(QIODevice::ReadOnly) && file.readLine(64).trimmed().toLongLong() > 0;
 }
 
-/// The letters without their accents.
-QString bare(const QString& word) {
-    QString letters = word.normalized(QString::NormalizationForm_D);
-    letters.removeIf([](QChar c) { return c.isMark(); });
-    return letters;
+/// How many accents are looked for, and among how many words that would have them.
+constexpr int mostAccents = 4;
+constexpr int mostTries = 3000;
+
+/// What a letter may be without its accent.
+QString accented(QChar letter) {
+    static const QHash<QChar, QString> table = {
+        {u'a', QStringLiteral("áä")}, {u'c', QStringLiteral("č")},  {u'd', QStringLiteral("ď")},
+        {u'e', QStringLiteral("é")},  {u'i', QStringLiteral("í")},  {u'l', QStringLiteral("ľĺ")},
+        {u'n', QStringLiteral("ň")},  {u'o', QStringLiteral("óô")}, {u'r', QStringLiteral("ŕ")},
+        {u's', QStringLiteral("š")},  {u't', QStringLiteral("ť")},  {u'u', QStringLiteral("ú")},
+        {u'y', QStringLiteral("ý")},  {u'z', QStringLiteral("ž")},
+    };
+    const QString letters = table.value(letter.toLower());
+    return letter.isUpper() ? letters.toUpper() : letters;
 }
 
 } // namespace
@@ -81,16 +92,34 @@ bool Dictionary::knows(const QString& word) {
                        [this](const QString& part) { return knowsFirstPart(part); });
 }
 
+/// Known words that have so many accents more, from a place on.
+void Dictionary::findAccented(QString word, qsizetype from, int accents, Found& found) {
+    if (accents == 0) {
+        if (--found.triesLeft >= 0 && knowsWhole(word))
+            found.words.append(word);
+        return;
+    }
+    for (qsizetype place = from; place < word.size() && found.triesLeft > 0; ++place) {
+        const QChar plain = word[place];
+        for (const QChar letter : accented(plain)) {
+            word[place] = letter;
+            findAccented(word, place + 1, accents - 1, found);
+        }
+        word[place] = plain;
+    }
+}
+
 QStringList Dictionary::suggestions(const QString& word) {
-    QStringList found;
     const std::string bytes = hunspell_ != nullptr ? encoded(word) : std::string();
     if (bytes.empty())
-        return found;
+        return {};
+    Found found{.words = {}, .triesLeft = mostTries};
+    for (int accents = 1; accents <= mostAccents; ++accents)
+        findAccented(word, 0, accents, found);
     for (const std::string& other : hunspell_->suggest(bytes))
-        found.append(decode_.decode(QByteArray::fromStdString(other)));
-    std::ranges::stable_partition(found,
-                                  [&](const QString& other) { return bare(other) == bare(word); });
-    return found;
+        found.words.append(decode_.decode(QByteArray::fromStdString(other)));
+    found.words.removeDuplicates();
+    return found.words;
 }
 
 void Dictionary::add(const QString& word) {

@@ -32,13 +32,19 @@ class Dictionary {
     /// known when all of them are, in the form that such words have: "logopedicko-" of
     /// "logopedický".
     bool knows(const QString& word);
-    /// Other words for one, the likeliest first: those that differ by accents alone, which is what
-    /// is left out most often.
+    /// Other words for one, the likeliest first: those that lack nothing but accents, which is
+    /// what is left out most often.
     QStringList suggestions(const QString& word);
     /// Knows from now on this word as well.
     void add(const QString& word);
 
   private:
+    struct Found {
+        QStringList words;
+        int triesLeft = 0;
+    };
+
+    void findAccented(QString word, qsizetype from, int accents, Found& found);
     bool read(const QString& aff);
     bool knowsWhole(const QString& word);
     bool knowsFirstPart(const QString& part);

@@ -148,5 +148,5 @@ TEST(Speller, KnowsTheLanguage) {
     EXPECT_TRUE(dictionary.knows(u"logopedicko-pedagogická"_s));
     EXPECT_FALSE(dictionary.knows(u"pozornost"_s));
     EXPECT_EQ(dictionary.suggestions(u"pozornost"_s).value(0), u"pozornosť"_s);
-    EXPECT_EQ(dictionary.suggestions(u"Dieta"_s).mid(0, 2), QStringList({u"Diéta"_s, u"Dieťa"_s}));
+    EXPECT_EQ(dictionary.suggestions(u"Citanim"_s).value(0), u"Čítaním"_s);
 }
