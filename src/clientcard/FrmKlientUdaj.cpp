@@ -13,6 +13,7 @@
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
+#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -112,6 +113,11 @@ void FrmKlientUdaj::setPrinting(Print tab, Print card) {
     printTab_ = std::move(tab);
     printCard_ = std::move(card);
     foot_->setPrints(printTab_ != nullptr);
+}
+
+void FrmKlientUdaj::setSpelling(spelling::Speller& speller) {
+    for (auto* text : findChildren<forms::RichText*>())
+        text->setSpelling(speller);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {

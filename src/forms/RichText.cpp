@@ -3,10 +3,12 @@
 #include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
+#include "forms/SpellCheck.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -101,7 +103,30 @@ class RichText::Editor : public QTextEdit {
             leaveList();
     }
 
+    void setSpelling(spelling::Speller& speller, QLabel& line) {
+        spelling_ = std::make_unique<SpellCheck>(*this, speller, line);
+    }
+
+    /// Another text is on show, or what can be done with it has changed.
+    void beginSpelling() {
+        if (spelling_ != nullptr)
+            spelling_->begin();
+    }
+
   protected:
+    void paintEvent(QPaintEvent* event) override {
+        QTextEdit::paintEvent(event);
+        if (spelling_ != nullptr)
+            spelling_->paint();
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (spelling_ != nullptr && spelling_->isOn())
+            spelling_->openMenu(*event);
+        else
+            QTextEdit::contextMenuEvent(event);
+    }
+
     bool canInsertFromMimeData(const QMimeData* source) const override {
         return source->hasText() || source->hasHtml();
     }
@@ -150,6 +175,8 @@ class RichText::Editor : public QTextEdit {
                               textCursor().block().text().isEmpty() && !isReadOnly();
         if (tool >= 0)
             toggle(tool);
+        else if (event->key() == Qt::Key_F7 && spelling_ != nullptr)
+            spelling_->findNext();
         else if (endsList)
             leaveList();
         else
@@ -193,6 +220,8 @@ class RichText::Editor : public QTextEdit {
         }
         cursor.endEditBlock();
     }
+
+    std::unique_ptr<SpellCheck> spelling_;
 };
 
 RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this)) {
@@ -239,6 +268,14 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
+    spellingLine_ = new QLabel(&bar);
+    row->addWidget(spellingLine_);
+}
+
+RichText::~RichText() = default;
+
+void RichText::setSpelling(spelling::Speller& speller) {
+    editor_->setSpelling(speller, *spellingLine_);
 }
 
 void RichText::showState() {
@@ -270,6 +307,7 @@ void RichText::setText(const QString& stored) {
         editor_->setUndoRedoEnabled(true);
         editor_->moveCursor(QTextCursor::Start);
     }
+    editor_->beginSpelling();
     showState();
 }
 
@@ -289,6 +327,7 @@ void RichText::setReadOnly(bool readOnly) {
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
         tool->setDisabled(readOnly);
+    editor_->beginSpelling();
 }
 
 } // namespace forms
