@@ -15,7 +15,7 @@ namespace {
 constexpr int aroundText = 16;
 constexpr int longField = 20;
 /// Captions with more letters stand in two lines.
-constexpr int longCaption = 18;
+constexpr int longCaption = 17;
 
 QString inTwoLines(QString caption) {
     const auto middle = caption.size() / 2 + 1;

@@ -4,6 +4,7 @@
 #include "forms/Metrics.h"
 
 #include <QMouseEvent>
+#include <QScrollBar>
 
 namespace clientcard {
 
@@ -27,8 +28,20 @@ void TabList::fitToCaptions() {
             item(tab)->setSizeHint(
                 {fontMetrics().horizontalAdvance(item(tab)->text()) + 2 * forms::gap + 2,
                  fontMetrics().height() + 2 * captionPadding});
-        setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+        fitWidth();
     });
+}
+
+/// On a low screen the list scrolls.
+void TabList::fitWidth() {
+    const int rows = count() * sizeHintForRow(0);
+    const int bar = rows > viewport()->height() ? verticalScrollBar()->sizeHint().width() : 0;
+    setFixedWidth(sizeHintForColumn(0) + bar + 2 * frameWidth());
+}
+
+void TabList::resizeEvent(QResizeEvent* event) {
+    QListWidget::resizeEvent(event);
+    fitWidth();
 }
 
 bool TabList::isReachable(int tab) const {

@@ -19,8 +19,12 @@ class TabList : public QListWidget {
     int reachableFrom(int tab, int step) const;
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+
+  private:
+    void fitWidth();
 };
 
 } // namespace clientcard
