@@ -1,5 +1,7 @@
 #include "card/FieldGrid.h"
 
+#include "card/FocusHints.h"
+
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -19,6 +21,17 @@ void keepPlace(QWidget& control) {
     control.setSizePolicy(policy);
 }
 
+namespace {
+
+/// Seen beside a field; to a screen reader the field itself says what it means.
+QLabel* makeStar() {
+    auto* star = new QLabel(QStringLiteral("*"));
+    star->setToolTip(QStringLiteral("povinný údaj"));
+    return star;
+}
+
+} // namespace
+
 FieldGrid::FieldGrid(QBoxLayout& frame, Qt::Alignment labels)
     : grid_(new QGridLayout), labels_(labels) {
     frame.setContentsMargins(8, 6, 8, 6);
@@ -33,8 +46,12 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     auto* line = new QHBoxLayout;
     line->setSpacing(2);
     line->addWidget(&field);
-    if (pick != nullptr)
+    if (pick != nullptr) {
         line->addWidget(pick);
+        markPick(field);
+    }
+    if (isMandatory(field))
+        line->addWidget(makeStar());
     line->addStretch();
     grid_->addWidget(caption, place.row, 2 * place.pair, labels_ | Qt::AlignVCenter);
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "card/FocusHints.h"
 #include "forms/EscButton.h"
 
 #include <functional>
@@ -12,10 +13,8 @@ class QWidget;
 
 namespace clientcard {
 
-enum class TabKind;
-
-/// The line below the tabs: which keys lead on from the one on show, and the buttons that save,
-/// print and end.
+/// The line below the tabs: what the keys do, and the buttons that save, print and end. The one
+/// that writes a new client lies nearer to the fields.
 class CardFoot {
   public:
     /// By their places in the table of buttons.
@@ -37,7 +36,7 @@ class CardFoot {
     QPushButton& button(Button button) const { return *buttons_[button]; }
     void setPrints(bool prints);
 
-    void showKeys(TabKind kind);
+    void showKeys();
     /// Nothing outside the tab of an open record can be pressed, and Esc is its Storno's.
     void giveWayTo(QAbstractButton& recordStorno);
     /// Esc is the card's again, and with it the buttons.
@@ -52,6 +51,7 @@ class CardFoot {
 
     forms::EscButton esc_;
     QLabel* keys_;
+    card::FocusHints hints_;
     std::vector<QPushButton*> buttons_;
     bool prints_ = false;
 };

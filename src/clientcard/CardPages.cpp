@@ -8,6 +8,7 @@
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 namespace clientcard {
 
@@ -20,23 +21,31 @@ CardPages::CardPages(QWidget* window)
 void CardPages::add(TabFamily& family) {
     const int tab = int(families_.size());
     const QString caption = QString::fromUtf16(tabTable()[std::size_t(tab)].caption);
-    auto* item = new QListWidgetItem(caption, SSTab1_);
-    item->setSizeHint({SSTab1_->fontMetrics().horizontalAdvance(caption) + 16, 28});
+    SSTab1_->addTab(caption, tabKey(tab).toString(QKeySequence::NativeText));
     families_.push_back(&family);
     pages_->addWidget(family.makePage(tab, pages_));
 }
 
-QLayout* CardPages::layOut() {
+QLayout* CardPages::layOut(QLayout* below) {
     SSTab1_->fitWidth();
     SSTab1_->setCurrentRow(0);
     connect(SSTab1_, &QListWidget::currentRowChanged, this, [this](int tab) {
         if (tab >= 0)
             Q_EMIT turned(tab);
     });
+    auto* column = new QVBoxLayout;
+    column->addWidget(pages_, 1);
+    column->addLayout(below);
+    column->addStretch();
     auto* line = new QHBoxLayout;
     line->addWidget(SSTab1_);
-    line->addWidget(pages_, 1);
+    line->addLayout(column, 1);
     return line;
+}
+
+void CardPages::hugFirstPage(bool hugs) {
+    pages_->setMaximumHeight(hugs ? pages_->widget(0)->minimumSizeHint().height()
+                                  : QWIDGETSIZE_MAX);
 }
 
 int CardPages::current() const {
@@ -48,11 +57,21 @@ void CardPages::turnTo(int tab) {
 }
 
 void CardPages::turnBy(int step) {
-    const int tab = SSTab1_->reachableFrom(current(), step);
-    if (tab >= 0)
-        turnTo(tab);
+    goTo(SSTab1_->reachableFrom(current(), step));
+}
+
+void CardPages::goTo(int tab) {
+    if (!SSTab1_->isReachable(tab))
+        SSTab1_->sayWhyLocked(tab);
+    else if (tab == current())
+        family(tab).turnedTo(tab);
     else
-        family(current()).turnedTo(current());
+        turnTo(tab);
+}
+
+void CardPages::showContents(bool any) {
+    for (int tab = 0; tab < SSTab1_->count(); ++tab)
+        SSTab1_->setContents(tab, any ? family(tab).contentsOf(tab) : TabContents());
 }
 
 void CardPages::show(int tab) {

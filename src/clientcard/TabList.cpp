@@ -1,8 +1,12 @@
 #include "clientcard/TabList.h"
 
+#include "clientcard/TabFamily.h"
 #include "forms/FocusGuard.h"
 
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 
 namespace clientcard {
 
@@ -10,18 +14,79 @@ namespace {
 
 constexpr Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 
+enum Role { Shown = Qt::UserRole, Said, Key };
+
+constexpr int padding = 8;
+constexpr int tabHeight = 28;
+/// The most that stands beside a caption of the longest kind, which is that of a tab of records.
+const QString widestBeside = QStringLiteral("999");
+
+/// Draws what a tab holds at the end of its line.
+class Lines : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter->setPen(
+            option.palette.color(isEnabled ? QPalette::Active : QPalette::Disabled,
+                                 isSelected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(option.rect.adjusted(0, 0, -padding, 0),
+                          Qt::AlignRight | Qt::AlignVCenter, index.data(Shown).toString());
+    }
+};
+
 } // namespace
 
 TabList::TabList(QWidget* parent) : QListWidget(parent) {
     setAccessibleName(QStringLiteral("Záložky"));
+    setItemDelegate(new Lines(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A click takes the focus only when it hits a tab that can be turned to.
     setFocusPolicy(Qt::TabFocus);
 }
 
+void TabList::addTab(const QString& caption, const QString& key) {
+    auto* item = new QListWidgetItem(caption, this);
+    item->setSizeHint(
+        {fontMetrics().horizontalAdvance(caption + widestBeside) + 2 * padding, tabHeight});
+    item->setData(Key, key);
+    describe(row(item));
+}
+
 void TabList::fitWidth() {
     setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+}
+
+void TabList::setContents(int tab, const TabContents& contents) {
+    item(tab)->setData(Shown, contents.shown);
+    item(tab)->setData(Said, contents.said);
+    describe(tab);
+}
+
+void TabList::setWhyLocked(const QString& why) {
+    whyLocked_ = why;
+    for (int tab = 0; tab < count(); ++tab)
+        describe(tab);
+}
+
+void TabList::sayWhyLocked(int tab) const {
+    QToolTip::showText(viewport()->mapToGlobal(visualItemRect(item(tab)).bottomLeft()), whyLocked_,
+                       viewport());
+}
+
+void TabList::describe(int tab) const {
+    QStringList parts{item(tab)->data(Said).toString(), item(tab)->data(Key).toString()};
+    if (!isReachable(tab))
+        parts = {whyLocked_};
+    parts.removeAll(QString());
+    const QString description = parts.join(QStringLiteral("  ·  "));
+    item(tab)->setToolTip(description);
+    item(tab)->setData(Qt::AccessibleDescriptionRole, description);
 }
 
 bool TabList::isReachable(int tab) const {
@@ -31,19 +96,24 @@ bool TabList::isReachable(int tab) const {
 void TabList::setReachable(int tab, bool reachable) {
     const Qt::ItemFlags flags = item(tab)->flags();
     item(tab)->setFlags(reachable ? flags | reach : flags & ~reach);
+    describe(tab);
 }
 
 int TabList::reachableFrom(int tab, int step) const {
-    for (int next = tab + step; next >= 0 && next < count(); next += step) {
-        if (isReachable(next))
-            return next;
-    }
-    return -1;
+    int next = tab;
+    do
+        next = (next + step + count()) % count();
+    while (!isReachable(next) && next != tab);
+    return next;
 }
 
 void TabList::mousePressEvent(QMouseEvent* event) {
     const QListWidgetItem* pressed = itemAt(event->position().toPoint());
-    if (pressed != nullptr && isReachable(row(pressed)) && forms::moveFocus(this))
+    if (pressed == nullptr)
+        return;
+    if (!isReachable(row(pressed)))
+        sayWhyLocked(row(pressed));
+    else if (forms::moveFocus(this))
         QListWidget::mousePressEvent(event);
 }
 
