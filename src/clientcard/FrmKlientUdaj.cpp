@@ -50,6 +50,8 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(pages_->layOut(guide_->layOut()), 1);
     lines->addLayout(foot_->layOut());
+    // The first tab alone needs less than the others.
+    resize(sizeHint());
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);

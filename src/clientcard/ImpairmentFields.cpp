@@ -154,7 +154,7 @@ void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
     line->addWidget(words_, 1);
     grid.addWidget(captionOf(slots_[0], QString::fromUtf16(traits_.slotsCaption)), 4, 0,
                    Qt::AlignRight);
-    grid.addLayout(line, 4, 1, 1, 6);
+    grid.addLayout(line, 4, 1, 1, wide ? 5 : 2);
     grid.setColumnStretch(6, 1);
 }
 

@@ -18,8 +18,8 @@ enum Role { Shown = Qt::UserRole, Said, Key };
 
 constexpr int padding = 8;
 constexpr int tabHeight = 28;
-/// The most that stands beside a caption of the longest kind, which is that of a tab of records.
-const QString widestBeside = QStringLiteral("999");
+/// What stands beside the longest caption, which is that of a tab of records.
+const QString widestBeside = QStringLiteral("99");
 
 /// Draws what a tab holds at the end of its line.
 class Lines : public QStyledItemDelegate {
