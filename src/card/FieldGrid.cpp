@@ -1,5 +1,6 @@
 #include "card/FieldGrid.h"
 
+#include "card/FocusHints.h"
 #include "forms/Metrics.h"
 
 #include <QGridLayout>
@@ -42,6 +43,17 @@ void keepPlace(QWidget& control) {
     control.setSizePolicy(policy);
 }
 
+namespace {
+
+/// Seen beside a field; to a screen reader the field itself says what it means.
+QLabel* makeStar() {
+    auto* star = new QLabel(QStringLiteral("*"));
+    star->setToolTip(QStringLiteral("povinný údaj"));
+    return star;
+}
+
+} // namespace
+
 FieldGrid::FieldGrid(QBoxLayout& frame, Qt::Alignment labels)
     : grid_(new QGridLayout), labels_(labels) {
     frame.setContentsMargins(forms::gap, forms::gap, forms::gap, forms::gap);
@@ -57,8 +69,12 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     auto* line = new QHBoxLayout;
     line->setSpacing(forms::tightGap);
     line->addWidget(&field, 1);
-    if (pick != nullptr)
+    if (pick != nullptr) {
         line->addWidget(pick, 1);
+        markPick(field);
+    }
+    if (isMandatory(field))
+        line->addWidget(makeStar());
     line->addStretch();
     grid_->addWidget(caption, place.row, 2 * place.pair, labels_ | Qt::AlignVCenter);
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);

@@ -237,6 +237,7 @@ void addPicks(std::vector<QWidget*>& order, const EntryFields& fields,
     order.push_back(&impairments.dominantPick());
     order.push_back(&fields.field(dominant + 1));
     order.push_back(&impairments.associatedPick());
+    order.push_back(&impairments.inWords());
 }
 
 void chainBasic(const EntryControls& controls) {

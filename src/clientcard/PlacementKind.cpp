@@ -76,6 +76,7 @@ class PlacementKind : public RecordKind {
     void rowShown(store::Recordset& /*rows*/) override { facility_.showMeaning(); }
     bool holds(int /*field*/) override { return facility_.lookUp(); }
     void complete(store::Recordset& rows) override;
+    QString sayEmptyLine(store::Recordset& row) const override;
     QString recordSource(const QString& key) const override { return placementsOf(key, akronym()); }
 
   private:
@@ -122,6 +123,15 @@ void PlacementKind::showView() {
     source_.setRecordSource(placementsOf(modKontrola::gIdKod, akronym()));
     source_.Refresh();
     browse_();
+}
+
+/// A placement that goes on, or whose beginning nobody knows, has no range of dates to show.
+QString PlacementKind::sayEmptyLine(store::Recordset& row) const {
+    const QString from = row.Fields(u"vzar_od").Value().toText();
+    const QString to = row.Fields(u"vzar_do").Value().toText();
+    return (from.isEmpty() ? QStringLiteral("začiatok nie je zadaný")
+                           : QStringLiteral("od ") + from) +
+           (to.isEmpty() ? QStringLiteral(", trvá") : QStringLiteral(", do ") + to);
 }
 
 /// A date that is left empty is Null; the binding gives a date column nothing else for it.
