@@ -18,16 +18,16 @@ constexpr int longField = 20;
 /// Captions with more letters stand in two lines.
 constexpr int longCaption = 17;
 
-QString inTwoLines(QString caption) {
-    const auto middle = caption.size() / 2 + 1;
-    const auto blank = caption.trimmed().size() > longCaption ? caption.indexOf(u' ', middle) : -1;
-    return blank < 0 ? caption : caption.replace(blank, 1, QLatin1Char('\n'));
-}
-
 } // namespace
 
 void setWidth(QWidget& field, int characters) {
-    setRoom(field, characters > longField ? characters * 2 / 3 : characters, characters);
+    setRoom(field, characters > longField ? characters * 3 / 5 : characters, characters);
+}
+
+QString captionInLines(const QString& caption) {
+    const auto middle = caption.size() / 2 + 1;
+    const auto blank = caption.trimmed().size() > longCaption ? caption.indexOf(u' ', middle) : -1;
+    return blank < 0 ? caption : QString(caption).replace(blank, 1, QLatin1Char('\n'));
 }
 
 void setRoom(QWidget& control, int least, int most) {
@@ -63,7 +63,7 @@ FieldGrid::FieldGrid(QBoxLayout& frame, Qt::Alignment labels)
 }
 
 void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QWidget* pick) {
-    auto* caption = new QLabel(inTwoLines(label));
+    auto* caption = new QLabel(captionInLines(label));
     caption->setAlignment(labels_ | Qt::AlignVCenter);
     caption->setBuddy(&field);
     auto* line = new QHBoxLayout;

@@ -39,15 +39,13 @@ struct Cell {
 };
 
 /// The picker of a code shows so many characters; the longest meanings are in the second column.
-constexpr int leastOfCodePick[] = {16, 33};
+constexpr int leastOfCodePick[] = {16, 31};
 constexpr int mostOfCodePick = 44;
 constexpr int impairmentCharacters = 2;
 /// Of the width of the page.
 constexpr int shareOfNames = 2;
 constexpr int shareOfCodes = 3;
 constexpr int sexPickCharacters = 5;
-/// Captions with more letters stand in two lines.
-constexpr int longCaption = 17;
 
 constexpr Cell basicCells[] = {
     {krz::meno, 0, 0, 20},     {krz::priezv, 0, 1, 30},  {krz::mienar, 1, 0, 30},
@@ -87,9 +85,9 @@ int widestCaption(std::span<const Cell> cells, int pair = 0) {
     int widest = 0;
     for (const Cell& cell : cells) {
         const EntryRow& row = entryTable()[std::size_t(cell.element)];
-        const QString caption = QString::fromUtf16(row.field.caption);
-        if (cell.pair == pair && caption.size() <= longCaption)
-            widest = std::max(widest, QLabel(caption).sizeHint().width());
+        const QLabel caption(card::captionInLines(QString::fromUtf16(row.field.caption)));
+        if (cell.pair == pair)
+            widest = std::max(widest, caption.sizeHint().width());
     }
     return widest;
 }
