@@ -9,11 +9,14 @@ class QWidget;
 
 namespace card {
 
-/// Gives a field the width of that many characters; a long one may shrink to two thirds of it.
+/// Gives a field the width of that many characters; a long one may shrink to three fifths of it.
 void setWidth(QWidget& field, int characters);
 
 /// Lets a control take the room that there is, between so many characters and so many.
 void setRoom(QWidget& control, int least, int most);
+
+/// The caption in one line, or in two if it is long.
+QString captionInLines(const QString& caption);
 
 /// What lies around the control does not move when it is hidden.
 void keepPlace(QWidget& control);

@@ -34,6 +34,7 @@ struct FieldRow {
     bool digitsOnly = false;
     Tidy tidy = Tidy::None;
     Check check = Check::None;
+    bool mandatory = false;
     /// Tab leads to the field.
     bool tabStop = true;
     /// The screen opens and closes the field apart from the others.

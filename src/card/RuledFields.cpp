@@ -2,6 +2,7 @@
 
 #include "card/CalendarNote.h"
 #include "card/FieldKeys.h"
+#include "card/FocusHints.h"
 #include "card/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
@@ -48,6 +49,9 @@ RuledFields::RuledFields(QWidget& window, forms::FocusGuard& guard, const FieldS
         made->setMaxTyped(row.maxLength);
         made->setDigitsOnly(row.digitsOnly);
         made->setToolTip(QString::fromUtf16(row.toolTip));
+        markPageKeys(*made, QString::fromUtf16(set.pageKeysTo));
+        if (row.mandatory)
+            markMandatory(*made);
         if (!row.tabStop)
             made->setFocusPolicy(Qt::ClickFocus);
         if (row.check == Check::Date)
@@ -122,8 +126,10 @@ void RuledFields::walk(int index, int key) const {
 void RuledFields::step(int index, Way way) const {
     const auto told = std::ranges::find_if(
         set_.steps, [&](const Step& one) { return one.from == index && one.way == way; });
-    if (told != set_.steps.end())
-        return goTo(field(field(told->to).isEnabled() ? told->to : told->otherwise));
+    if (told != set_.steps.end()) {
+        const int to = field(told->to).isEnabled() ? told->to : told->otherwise;
+        return to == index ? walkEnds(index, way) : goTo(field(to));
+    }
     const int next = way == Way::Back ? index - 1 : index + 1;
     QWidget* beyond = way == Way::Back ? above_ : below_;
     if (next >= 0 && next < int(fields_.size()))

@@ -58,6 +58,8 @@ class RuledFields : public forms::FieldEvents {
     virtual forms::DropDown* pickOf(int /*index*/) const { return nullptr; }
     /// The field was left unchecked: towards a pick, or because a key has checked it before.
     virtual void leftUnchecked(int /*index*/) {}
+    /// The walk by keys leads no further than this field, by the table.
+    virtual void walkEnds(int /*index*/, Way /*way*/) const {}
 
   private:
     const FieldRow& rowOf(int index) const { return rows_[std::size_t(index)]; }

@@ -133,6 +133,12 @@ void CardData::dropClient() const {
     }
 }
 
+int CardData::recordsIn(QStringView table, const QString& key) const {
+    const auto counted = datZaklad_->Database().OpenRecordset(
+        QStringLiteral("select count(*) as pocet from %1 where %2").arg(table, keyCriterion(key)));
+    return int(counted->Fields(u"pocet").Value().toNumber());
+}
+
 void CardData::otvorCiselniky() {
     open(u"DatCisZar", placementCodes(schools));
     open(u"datZamestnanci", employees.toString());

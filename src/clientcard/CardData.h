@@ -35,6 +35,9 @@ class CardData {
     /// Drops what is not written of the client. Nothing is read, so it can't fail.
     void dropClient() const;
 
+    /// How many rows of a table are written for a client. @throws store::EngineError
+    int recordsIn(QStringView table, const QString& key) const;
+
     /// @param name one of the names of the sources; another one is a fault of the program
     store::DataSource& source(QStringView name) const;
     store::DataSource& datZaklad() const { return *datZaklad_; }

@@ -1,7 +1,6 @@
 #include "clientcard/CardFoot.h"
 
 #include "card/Buttons.h"
-#include "clientcard/CardTables.h"
 #include "forms/FlowLayout.h"
 #include "forms/KeyHint.h"
 
@@ -15,29 +14,24 @@ namespace {
 
 // Two of them are never shown: one does nothing, the other what its neighbour does better.
 constexpr std::array<card::ButtonRow, 8> footTable = {{
-    {u"cmdZaklUd", u"Zapíš základné údaje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
+    {u"cmdZaklUd", u"Zapíš základné ú&daje", u"Zapíše základné údaje a sprístupníi ďalšie záložky",
      false},
     {u"cmdZakZap", u"Zapíš základné údaje", u"", false},
     {u"cmdSave", u"Zapíš", u"", false},
-    {u"cmdTlac", u"Tlač záložku"},
-    {u"cmdTlacKartu", u"Tlač kartu", u"Všetky záložky, v ktorých niečo je, ako jeden dokument"},
-    {u"cmdZapNew", u"Zapíš + nový klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
-    {u"CmdZap", u"Zapíš + návrat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
-    {u"cmdStorno", u"Storno", u"Návrat do hlavnej obrazovky"},
+    {u"cmdTlac", u"&Tlač záložku"},
+    {u"cmdTlacKartu", u"Tlač k&artu", u"Všetky záložky, v ktorých niečo je, ako jeden dokument"},
+    {u"cmdZapNew", u"Zapíš + nový &klient", u"Zapíše aktuálne údaje a prejde na nového klienta"},
+    {u"CmdZap", u"Zapíš + náv&rat", u"Zapíše aktuálne údaje a vráti sa do hlavnej obrazovky"},
+    {u"cmdStorno", u"&Storno", u"Návrat do hlavnej obrazovky"},
 }};
-
-constexpr auto entryKeys =
-    u"Enter ďalšie pole  ·  F4 číselník  ·  Ctrl+PageDown ďalšia záložka  ·  "
-    "PageDown na zápis";
-constexpr auto recordKeys = u"Enter ďalšie pole  ·  F4 číselník  ·  Esc storno záznamu";
-constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia záložka";
 
 } // namespace
 
 CardFoot::CardFoot(QWidget& window, const std::function<void(Button)>& pressed)
-    : esc_(&window), keys_(new forms::KeyHint(&window)),
+    : esc_(&window), keys_(new forms::KeyHint(&window)), hints_(*keys_),
       buttons_(
           card::makeButtons(footTable, &window, [pressed](int place) { pressed(Button(place)); })) {
+    keys_->setObjectName(QStringLiteral("lblKlavesy"));
     setPrints(false);
     takeEsc();
 }
@@ -45,8 +39,10 @@ CardFoot::CardFoot(QWidget& window, const std::function<void(Button)>& pressed)
 QLayout* CardFoot::layOut() {
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
     line->addWidget(keys_);
-    for (QPushButton* button : buttons_)
-        line->addWidget(button);
+    for (QPushButton* button : buttons_) {
+        if (button != buttons_[cmdZaklUd])
+            line->addWidget(button);
+    }
     return line;
 }
 
@@ -55,10 +51,13 @@ void CardFoot::setPrints(bool prints) {
     enablePrinting(true);
 }
 
-void CardFoot::showKeys(TabKind kind) {
-    keys_->setText(QString::fromUtf16(recordIsOpen()  ? recordKeys
-                                      : isEntry(kind) ? entryKeys
-                                                      : otherKeys));
+void CardFoot::showKeys() {
+    if (recordIsOpen())
+        hints_.setEverywhere({}, QStringLiteral("Esc storno záznamu"));
+    else if (!buttons_[cmdZaklUd]->isHidden())
+        hints_.setEverywhere({}, QStringLiteral("Alt+D zapíše základné údaje"));
+    else
+        hints_.setEverywhere({}, QStringLiteral("Ctrl+PageDown ďalšia záložka"));
 }
 
 void CardFoot::enable(bool enabled) {
@@ -75,6 +74,7 @@ void CardFoot::enablePrinting(bool enabled) {
 void CardFoot::giveWayTo(QAbstractButton& recordStorno) {
     enable(false);
     esc_.set(&recordStorno);
+    showKeys();
 }
 
 void CardFoot::comeBack() {
@@ -84,6 +84,7 @@ void CardFoot::comeBack() {
 
 void CardFoot::takeEsc() {
     esc_.set(buttons_[cmdStorno]);
+    showKeys();
 }
 
 bool CardFoot::recordIsOpen() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "card/FocusHints.h"
 #include "forms/EscButton.h"
 
 #include <functional>
@@ -15,10 +16,8 @@ class KeyHint;
 
 namespace clientcard {
 
-enum class TabKind;
-
-/// The line below the tabs: which keys lead on from the one on show, and the buttons that save,
-/// print and end.
+/// The line below the tabs: what the keys do, and the buttons that save, print and end. The one
+/// that writes a new client lies nearer to the fields.
 class CardFoot {
   public:
     /// By their places in the table of buttons.
@@ -40,7 +39,7 @@ class CardFoot {
     QPushButton& button(Button button) const { return *buttons_[button]; }
     void setPrints(bool prints);
 
-    void showKeys(TabKind kind);
+    void showKeys();
     /// Nothing outside the tab of an open record can be pressed, and Esc is its Storno's.
     void giveWayTo(QAbstractButton& recordStorno);
     /// Esc is the card's again, and with it the buttons.
@@ -55,6 +54,7 @@ class CardFoot {
 
     forms::EscButton esc_;
     forms::KeyHint* keys_;
+    card::FocusHints hints_;
     std::vector<QPushButton*> buttons_;
     bool prints_ = false;
 };

@@ -5,9 +5,11 @@
 #include "clientcard/TabFamily.h"
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
+#include "forms/ScrollPage.h"
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 namespace clientcard {
 
@@ -20,22 +22,40 @@ CardPages::CardPages(QWidget* window)
 void CardPages::add(TabFamily& family) {
     const int tab = int(families_.size());
     const QString caption = QString::fromUtf16(tabTable()[std::size_t(tab)].caption);
-    SSTab1_->addItem(caption);
+    SSTab1_->addTab(caption, tabKey(tab).toString(QKeySequence::NativeText));
     families_.push_back(&family);
     pages_->addWidget(family.makePage(tab, pages_));
 }
 
-QLayout* CardPages::layOut() {
+QLayout* CardPages::layOut(QLayout* below) {
     SSTab1_->fitToCaptions();
     SSTab1_->setCurrentRow(0);
     connect(SSTab1_, &QListWidget::currentRowChanged, this, [this](int tab) {
         if (tab >= 0)
             Q_EMIT turned(tab);
     });
+    connect(&firstPage(), &forms::ScrollPage::resized, this, &CardPages::fitHeight);
+    auto* column = new QVBoxLayout;
+    column->addWidget(pages_, 1);
+    column->addLayout(below);
+    column->addStretch();
     auto* line = new QHBoxLayout;
     line->addWidget(SSTab1_);
-    line->addWidget(pages_, 1);
+    line->addLayout(column, 1);
     return line;
+}
+
+void CardPages::hugFirstPage(bool hugs) {
+    hugsFirst_ = hugs;
+    fitHeight();
+}
+
+void CardPages::fitHeight() {
+    pages_->setMaximumHeight(hugsFirst_ ? firstPage().fullHeight() : QWIDGETSIZE_MAX);
+}
+
+forms::ScrollPage& CardPages::firstPage() const {
+    return *static_cast<forms::ScrollPage*>(pages_->widget(0));
 }
 
 int CardPages::current() const {
@@ -47,11 +67,21 @@ void CardPages::turnTo(int tab) {
 }
 
 void CardPages::turnBy(int step) {
-    const int tab = SSTab1_->reachableFrom(current(), step);
-    if (tab >= 0)
-        turnTo(tab);
+    goTo(SSTab1_->reachableFrom(current(), step));
+}
+
+void CardPages::goTo(int tab) {
+    if (!SSTab1_->isReachable(tab))
+        SSTab1_->sayWhyLocked(tab);
+    else if (tab == current())
+        family(tab).turnedTo(tab);
     else
-        family(current()).turnedTo(current());
+        turnTo(tab);
+}
+
+void CardPages::showContents(bool any) {
+    for (int tab = 0; tab < SSTab1_->count(); ++tab)
+        SSTab1_->setContents(tab, any ? family(tab).contentsOf(tab) : TabContents());
 }
 
 void CardPages::show(int tab) {

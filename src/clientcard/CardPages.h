@@ -4,8 +4,13 @@
 
 #include <vector>
 
+namespace forms {
+class ScrollPage;
+}
+
 class QLayout;
 class QStackedWidget;
+class QString;
 class QWidget;
 
 namespace clientcard {
@@ -22,15 +27,23 @@ class CardPages : public QObject {
     /// Puts the next tab behind the others.
     void add(TabFamily& family);
     /// Captions and pages side by side, when all tabs are there.
-    QLayout* layOut();
+    /// @param below stands under the page
+    QLayout* layOut(QLayout* below);
+    /// Takes no more height than the first page needs, so that what stands below is near its last
+    /// field; or all of the height again.
+    void hugFirstPage(bool hugs);
 
     TabList& list() const { return *SSTab1_; }
     int current() const;
     TabFamily& family(int tab) const { return *families_.at(std::size_t(tab)); }
     /// Turns to a tab as a click on it does.
     void turnTo(int tab);
-    /// To the next tab in a direction that is enabled, or to the one on show again.
+    /// To the next tab in a direction that is enabled, going round.
     void turnBy(int step);
+    /// Turns to a tab, or to the one on show again, or says why it can't be turned to.
+    void goTo(int tab);
+    /// Reads anew what the tabs hold. @throws store::EngineError
+    void showContents(bool any);
     /// Shows the page of a tab, and tells its family.
     void show(int tab);
     void enable(int from, bool enabled);
@@ -41,7 +54,11 @@ class CardPages : public QObject {
     void turned(int tab);
 
   private:
+    void fitHeight();
+    forms::ScrollPage& firstPage() const;
+
     TabList* SSTab1_;
+    bool hugsFirst_ = false;
     QStackedWidget* pages_;
     std::vector<TabFamily*> families_;
 };

@@ -70,6 +70,12 @@ std::span<const TabRow> tabTable() {
     return tabs;
 }
 
+QKeySequence tabKey(int tab) {
+    constexpr int byCtrl = 9;
+    return tab < byCtrl ? QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + tab))
+                        : QKeySequence(Qt::ALT | Qt::Key(Qt::Key_1 + tab - byCtrl));
+}
+
 bool isEntry(TabKind kind) {
     return kind == TabKind::Basic || kind == TabKind::Parents;
 }

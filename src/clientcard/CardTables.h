@@ -2,6 +2,8 @@
 
 #include "clientcard/EntryTable.h"
 
+#include <QKeySequence>
+
 #include <span>
 
 namespace clientcard {
@@ -19,6 +21,8 @@ struct TabRow {
 };
 
 std::span<const TabRow> tabTable();
+/// The key that leads to a tab: Ctrl and its number, Alt from the tenth on.
+QKeySequence tabKey(int tab);
 
 /// The tab is filled by elements of `textKrz`.
 bool isEntry(TabKind kind);

@@ -86,6 +86,25 @@ void EntryFields::leftUnchecked(int element) {
         impairmentsOf(element).takePending();
 }
 
+void EntryFields::gotFocus(const forms::Control& control) {
+    idleEnters_ = 0;
+    RuledFields::gotFocus(control);
+}
+
+/// The Enter that takes the digit is not idle.
+void EntryFields::change(const forms::Control& control) {
+    idleEnters_ = -1;
+    RuledFields::change(control);
+}
+
+/// One more associated impairment may be typed there, so only an Enter that is repeated without a
+/// digit means that there is none.
+void EntryFields::walkEnds(int element, card::Way way) const {
+    const bool isClients = element == krz::dominantK || element == krz::associatedK;
+    if (isClients && way == card::Way::Forth && ++idleEnters_ > 1)
+        frame_.leadOnFromLastField();
+}
+
 Checked EntryFields::checkOwn(int element) {
     switch (ownCheckOf(element)) {
     case Own::NameLookUp:

@@ -23,9 +23,12 @@ class EntryFields : public card::RuledFields {
                   ImpairmentFields& father);
 
   protected:
+    void gotFocus(const forms::Control& control) override;
+    void change(const forms::Control& control) override;
     card::Checked checkOwn(int element) override;
     forms::DropDown* pickOf(int element) const override;
     void leftUnchecked(int element) override;
+    void walkEnds(int element, card::Way way) const override;
 
   private:
     bool isOwnNumber() const;
@@ -37,6 +40,8 @@ class EntryFields : public card::RuledFields {
     Pickers& pickers_;
     SexPick* sexPick_ = nullptr;
     std::array<ImpairmentFields*, 3> impairments_{};
+    /// Enters pressed at the end of the walk, in the field in focus, without a digit before.
+    mutable int idleEnters_ = 0;
 };
 
 } // namespace clientcard

@@ -38,16 +38,14 @@ struct Cell {
     int pairs = 1;
 };
 
-/// The picker of a code shows so many characters.
-constexpr int leastOfCodePick = 16;
+/// The picker of a code shows so many characters; the longest meanings are in the second column.
+constexpr int leastOfCodePick[] = {16, 31};
 constexpr int mostOfCodePick = 44;
 constexpr int impairmentCharacters = 2;
-/// Of the width of the page: the longest meanings of codes are in the second column.
+/// Of the width of the page.
 constexpr int shareOfNames = 2;
 constexpr int shareOfCodes = 3;
 constexpr int sexPickCharacters = 5;
-/// Captions with more letters stand in two lines.
-constexpr int longCaption = 18;
 
 constexpr Cell basicCells[] = {
     {krz::meno, 0, 0, 20},     {krz::priezv, 0, 1, 30},  {krz::mienar, 1, 0, 30},
@@ -87,9 +85,9 @@ int widestCaption(std::span<const Cell> cells, int pair = 0) {
     int widest = 0;
     for (const Cell& cell : cells) {
         const EntryRow& row = entryTable()[std::size_t(cell.element)];
-        const QString caption = QString::fromUtf16(row.field.caption);
-        if (cell.pair == pair && caption.size() <= longCaption)
-            widest = std::max(widest, QLabel(caption).sizeHint().width());
+        const QLabel caption(card::captionInLines(QString::fromUtf16(row.field.caption)));
+        if (cell.pair == pair)
+            widest = std::max(widest, caption.sizeHint().width());
     }
     return widest;
 }
@@ -119,11 +117,11 @@ class FrameMaker {
         forms::EntryField& field = controls_.fields.field(element);
         card::setWidth(field, cell.characters);
         fields_.add({cell.row, cell.pair, cell.pairs}, QString::fromUtf16(row.field.caption), field,
-                    pickOf(element, row));
+                    pickOf(cell, row));
     }
 
-    QWidget* pickOf(int element, const EntryRow& row) {
-        if (element == krz::pohlav) {
+    QWidget* pickOf(const Cell& cell, const EntryRow& row) {
+        if (cell.element == krz::pohlav) {
             card::setWidth(controls_.cmbSex, sexPickCharacters);
             controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.field.caption));
             return &controls_.cmbSex;
@@ -135,7 +133,7 @@ class FrameMaker {
         if (row.own == Own::NameLookUp)
             pick.showArrowOnly();
         else
-            card::setRoom(pick, leastOfCodePick, mostOfCodePick);
+            card::setRoom(pick, leastOfCodePick[cell.pair], mostOfCodePick);
         pick.setAccessibleName(QString::fromUtf16(row.field.caption));
         return &pick;
     }
@@ -237,6 +235,7 @@ void addPicks(std::vector<QWidget*>& order, const EntryFields& fields,
     order.push_back(&impairments.dominantPick());
     order.push_back(&fields.field(dominant + 1));
     order.push_back(&impairments.associatedPick());
+    order.push_back(&impairments.inWords());
 }
 
 void chainBasic(const EntryControls& controls) {

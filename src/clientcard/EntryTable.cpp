@@ -28,6 +28,11 @@ constexpr FieldRow name(Text column, Text caption, int maxLength, Text toolTip =
     return tidied(plain(column, caption, maxLength, toolTip), Tidy::BothCapitals);
 }
 
+constexpr FieldRow mandatory(FieldRow row) {
+    row.mandatory = true;
+    return row;
+}
+
 constexpr FieldRow town(Text column, Text caption, Text toolTip) {
     return capital(column, caption, municipalityWidth, toolTip);
 }
@@ -66,13 +71,14 @@ constexpr FieldRow impairment(Text caption) {
 // The tool tips of otetel and oteaza name the mother on the father's fields; users know them that
 // way. The elements from stprisl to jaz_doma hold codes too but take letters.
 constexpr std::array<EntryRow, krz::count> table = {{
-    {krz::meno, capital(u"Meno", u"Meno", 20, u"krstné meno klienta")},
-    {krz::priezv, capital(u"Priezv", u"Priezvisko", 30, u"priezvisko klienta")},
+    {krz::meno, mandatory(capital(u"Meno", u"Meno", 20, u"krstné meno klienta"))},
+    {krz::priezv, mandatory(capital(u"Priezv", u"Priezvisko", 30, u"priezvisko klienta"))},
     {krz::mienar, town(u"mienar", u"Miesto nar.", u"názov obce(z číselníka)"), Own::NameLookUp, 0},
     {krz::rodcis, digits(u"rodcis", u"Rod.čis.", 10, u"rodné číslo bez lomítka"), Own::BirthNumber},
     {krz::datnar, date(u"datnar", u"Dát. nar.", u"dátum v tvare DD.MM.RRRR")},
     {krz::pohlav, sexLetter(u"pohlav", u"Pohlavie", u"jednomiestny kód pohlavia(z číselníka)")},
-    {krz::katcis, digits(u"katcis", u"Kat. čís.", 0, u"jednoznačné katalógové číslo klienta"),
+    {krz::katcis,
+     mandatory(digits(u"katcis", u"Kat. čís.", 0, u"jednoznačné katalógové číslo klienta")),
      Own::CatalogueNumber},
     {krz::zdrpoi,
      digits(u"zdrpoi", u"Zdravotná poisťovňa", 50,

@@ -11,6 +11,7 @@
 #include "clientcard/RecordTabs.h"
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
+#include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
 #include "forms/RichText.h"
@@ -18,6 +19,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeySequence>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -52,10 +54,11 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     card::setGround(*this, QPalette::Window, forms::screenColour);
     makePages();
+    makeKeys();
     foot_.emplace(*this, [this](CardFoot::Button button) { act(button); });
-    showKeys(0);
+    guide_.emplace(*this, foot_->button(CardFoot::cmdZaklUd));
     auto* lines = new QVBoxLayout(this);
-    lines->addLayout(pages_->layOut(), 1);
+    lines->addLayout(pages_->layOut(guide_->layOut()), 1);
     lines->addLayout(foot_->layOut());
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
@@ -69,6 +72,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
         // The rest can be edited without this row.
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
     beginWords();
+    showContents();
 }
 
 /// What is still open is dropped: the user has not said that it is to be written.
@@ -93,12 +97,22 @@ void FrmKlientUdaj::makePages() {
         pages_->add(*families_[familyOfKind(row.kind)]);
     connect(pages_, &CardPages::turned, this,
             [this](int tab) { actions_.perform([&] { zalozkaKlik(tab); }); });
-    for (const auto& [keys, step] :
-         {std::pair{Qt::CTRL | Qt::Key_PageDown, 1}, std::pair{Qt::CTRL | Qt::Key_PageUp, -1}}) {
-        auto* shortcut = new QShortcut(QKeySequence(keys), this);
-        connect(shortcut, &QShortcut::activated, this,
-                [this, by = step] { actions_.perform([&] { turnBy(by); }); });
-    }
+}
+
+void FrmKlientUdaj::makeKeys() {
+    onKey(Qt::CTRL | Qt::Key_PageDown, [this] { pages_->turnBy(1); });
+    onKey(Qt::CTRL | Qt::Key_PageUp, [this] { pages_->turnBy(-1); });
+    for (int tab = 0; tab < int(tabTable().size()); ++tab)
+        onKey(tabKey(tab), [this, tab] { pages_->goTo(tab); });
+}
+
+void FrmKlientUdaj::onKey(const QKeySequence& keys, const std::function<void()>& turn) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, turn] {
+        actions_.perform([&] {
+            if (leavesField())
+                turn();
+        });
+    });
 }
 
 void FrmKlientUdaj::beginWords() {
@@ -122,7 +136,45 @@ void FrmKlientUdaj::setSpelling(spelling::Speller& speller) {
 
 void FrmKlientUdaj::zamkniZalozky() {
     pages_->enable(1, false);
-    foot_->button(CardFoot::cmdZaklUd).show();
+    pages_->list().setWhyLocked(
+        QStringLiteral("Sprístupní sa, keď sa zapíšu základné údaje: Alt+D"));
+    guide_->setLocked(true);
+    arrangeGuide();
+}
+
+void FrmKlientUdaj::odomkniZalozky() {
+    pages_->enable(1, true);
+    guide_->setLocked(false);
+    arrangeGuide();
+}
+
+/// On the first tab what the guide says stands near the last field.
+void FrmKlientUdaj::arrangeGuide() {
+    pages_->hugFirstPage(guide_->speaks() && pages_->current() == 0);
+    foot_->showKeys();
+}
+
+void FrmKlientUdaj::tellWritten(const QString& whom) {
+    guide_->tellWritten(whom);
+    arrangeGuide();
+}
+
+QString FrmKlientUdaj::typedName() {
+    const card::Names names = entry_->keyFields()->typed();
+    return names.firstName + u' ' + names.surname;
+}
+
+/// Shows what is written, and of a client who is not there yet nothing.
+void FrmKlientUdaj::showContents() {
+    forms::showGuarded(this, [this] {
+        if (data_.datZaklad().isOpen())
+            pages_->showContents(!draft_->isNew());
+    });
+}
+
+void FrmKlientUdaj::leadOnFromLastField() {
+    if (guide_->isLocked())
+        forms::moveFocus(&foot_->button(CardFoot::cmdZaklUd));
 }
 
 void FrmKlientUdaj::turnTo(int tab) {
@@ -131,33 +183,30 @@ void FrmKlientUdaj::turnTo(int tab) {
 
 void FrmKlientUdaj::zalozkaKlik(int tab) {
     foot_->takeEsc();
-    showKeys(tab);
+    guide_->forget();
+    arrangeGuide();
     pages_->show(tab);
+    showContents();
 }
 
-void FrmKlientUdaj::showKeys(int tab) {
-    foot_->showKeys(tabTable()[std::size_t(tab)].kind);
-}
-
-/// If the field in focus lets go and no record is open.
-void FrmKlientUdaj::turnBy(int step) {
-    if (QApplication::activePopupWidget() == nullptr && !foot_->recordIsOpen() &&
-        forms::moveFocus(&pages_->list()))
-        pages_->turnBy(step);
+/// Whether the field in focus lets go, and no record is open.
+bool FrmKlientUdaj::leavesField() {
+    return QApplication::activePopupWidget() == nullptr && !foot_->recordIsOpen() &&
+           forms::moveFocus(&pages_->list());
 }
 
 void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     pages_->enable(0, false);
     pages_->setReachable(tab, true);
+    pages_->list().setWhyLocked(
+        QStringLiteral("Sprístupní sa, keď sa otvorený záznam zapíše alebo stornuje"));
     foot_->giveWayTo(storno);
-    showKeys(tab);
     words_.setRecordOpen(true);
 }
 
 void FrmKlientUdaj::endEdit() {
     pages_->enable(0, true);
     foot_->comeBack();
-    showKeys(pages_->current());
     words_.setRecordOpen(false);
 }
 
@@ -171,6 +220,8 @@ void FrmKlientUdaj::act(CardFoot::Button button) {
         end = cmdStornoClick();
     if (end)
         done(*end);
+    else if (isDone)
+        showContents();
 }
 
 FrmKlientUdaj::End FrmKlientUdaj::press(CardFoot::Button button) {
@@ -228,9 +279,9 @@ void FrmKlientUdaj::cmdZaklUdClick() {
     // The table may have refused the client.
     if (draft_->isNew())
         return;
-    pages_->enable(1, true);
-    foot_->button(CardFoot::cmdZaklUd).hide();
+    odomkniZalozky();
     beginWords();
+    tellWritten(typedName());
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
@@ -250,11 +301,13 @@ FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
 }
 
 void FrmKlientUdaj::cmdZapNewClick() {
+    const QString written = typedName();
     if (!isSaved(draft_->saveForNext(), true))
         return;
     beginWords();
     zamkniZalozky();
     goToStart();
+    tellWritten(written);
 }
 
 /// Reads nothing, so that a card closes whose file has gone.

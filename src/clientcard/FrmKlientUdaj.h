@@ -4,6 +4,7 @@
 #include "card/InputNote.h"
 #include "clientcard/CardData.h"
 #include "clientcard/CardFoot.h"
+#include "clientcard/CardGuide.h"
 #include "clientcard/ClientDraft.h"
 #include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
@@ -67,13 +68,20 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;
+    void showContents() override;
+    void leadOnFromLastField() override;
 
     void makePages();
+    void makeKeys();
+    void onKey(const QKeySequence& keys, const std::function<void()>& turn);
     void beginWords();
     void zamkniZalozky();
+    void odomkniZalozky();
+    void arrangeGuide();
+    void tellWritten(const QString& whom);
+    QString typedName();
     void zalozkaKlik(int tab);
-    void showKeys(int tab);
-    void turnBy(int step);
+    bool leavesField();
 
     void act(CardFoot::Button button);
     End press(CardFoot::Button button);
@@ -101,6 +109,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     std::optional<SaveCycle> cycle_;
     std::optional<ClientDraft> draft_;
     std::optional<CardFoot> foot_;
+    std::optional<CardGuide> guide_;
     Print printTab_;
     Print printCard_;
     card::InputNote input_;

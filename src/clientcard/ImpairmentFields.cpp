@@ -23,6 +23,11 @@ constexpr int impairmentListWidth = 240;
 /// Letters of the shortest field for an impairment, and of the longest impairment.
 constexpr int leastOfImpairment = 18;
 constexpr int mostOfImpairment = 40;
+/// Around the one digit of a slot.
+constexpr int slotEdges = 11;
+/// Of the impairments in words.
+constexpr int leastOfWords = 18;
+constexpr int mostOfWords = 200;
 
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
@@ -61,6 +66,23 @@ QString meaningOf(const QString& code) {
     return number > 0 ? impairmentTexts()[std::size_t(number) - 1] : QString();
 }
 
+/// "zrakové, pridružené: sluchové, iné".
+QString wordsOf(const std::array<QString, 9>& codes) {
+    constexpr qsizetype codeAndBar = 4;
+    QStringList words;
+    for (const QString& code : codes) {
+        if (const QString meaning = meaningOf(code); !meaning.isEmpty())
+            words += meaning.mid(codeAndBar);
+    }
+    if (words.isEmpty())
+        return QStringLiteral("žiadne");
+    const QString dominant = meaningOf(codes[0]).isEmpty() ? QString() : words.takeFirst();
+    if (words.isEmpty())
+        return dominant;
+    const QString associated = QStringLiteral("pridružené: ") + words.join(QStringLiteral(", "));
+    return dominant.isEmpty() ? associated : dominant + QStringLiteral(", ") + associated;
+}
+
 QLabel* captionOf(QWidget* control, const QString& text) {
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
@@ -78,28 +100,45 @@ ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryF
                                    forms::FocusGuard& guard)
     : traits_(traits), dominant_(dominant), associated_(associated),
       dominantPick_(makePick(parent, traits)), associatedPick_(makePick(parent, traits)),
+      words_(new forms::EntryField(parent)),
       dominantCaption_(captionOf(dominantPick_, QString::fromUtf16(traits.dominantCaption))),
       associatedCaption_(captionOf(associatedPick_, QString::fromUtf16(traits.associatedCaption))) {
     guard.watch(dominantPick_, QString::fromUtf16(traits.dominantArray), traits.dominantElement,
                 *this);
     guard.watch(associatedPick_, QStringLiteral("cmbSek"), traits.associatedElement, *this);
     dominantPick_->setItems(dominantRows());
-    for (std::size_t i = 0; i < slots_.size(); ++i) {
-        slots_[i] = new forms::EntryField(parent);
-        slots_[i]->setObjectName(
-            forms::elementName(QString::fromUtf16(traits.slotArray), static_cast<int>(i)));
-        slots_[i]->setReadOnly(true);
-        slots_[i]->setFocusPolicy(Qt::NoFocus);
-        slots_[i]->setAlignment(Qt::AlignCenter);
-        card::setWidth(*slots_[i], 1);
-        setGround(*slots_[i], forms::screenColour.lighter(104));
-    }
+    makeSlots(parent);
     if (traits.hidesPicks) {
         for (QWidget* hidden : std::initializer_list<QWidget*>{
                  dominantPick_, associatedPick_, dominantCaption_, associatedCaption_})
             card::keepPlace(*hidden);
     }
     show(QString());
+}
+
+void ImpairmentFields::makeSlots(QWidget* parent) {
+    const QString array = QString::fromUtf16(traits_.slotArray);
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
+        slots_[i] = new forms::EntryField(parent);
+        slots_[i]->setObjectName(forms::elementName(array, static_cast<int>(i)));
+        slots_[i]->setFocusPolicy(Qt::NoFocus);
+        slots_[i]->setAlignment(Qt::AlignCenter);
+        forms::fitToFont(*slots_[i], [slot = slots_[i]] {
+            slot->setFixedWidth(forms::lettersWide(*slot, 1) + slotEdges);
+        });
+    }
+    words_->setObjectName(array + QStringLiteral("Slovom"));
+    words_->setAccessibleName(QString::fromUtf16(traits_.slotsCaption) + QStringLiteral(" slovom"));
+    card::setRoom(*words_, leastOfWords, mostOfWords);
+    for (forms::EntryField* shown : {words_, slots_[0], slots_[1], slots_[2], slots_[3], slots_[4],
+                                     slots_[5], slots_[6], slots_[7], slots_[8]}) {
+        shown->setReadOnly(true);
+        setGround(*shown, forms::screenColour.lighter(104));
+    }
+}
+
+QWidget& ImpairmentFields::inWords() const {
+    return *words_;
 }
 
 void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
@@ -118,10 +157,11 @@ void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
     place(associated_, associatedPick_, associatedCaption_, QStringLiteral("Pridružené"),
           wide ? 0 : 2, wide ? 3 : 0);
     auto* line = new QHBoxLayout;
-    line->setSpacing(forms::tightGap);
+    line->setSpacing(forms::tightGap / 2);
     for (forms::EntryField* slot : slots_)
         line->addWidget(slot);
-    line->addStretch();
+    line->addSpacing(forms::tightGap);
+    line->addWidget(words_, 1);
     grid.addWidget(captionOf(slots_[0], QString::fromUtf16(traits_.slotsCaption)), 4, 0,
                    Qt::AlignRight);
     grid.addLayout(line, 4, 1, 1, wide ? 5 : 2);
@@ -178,6 +218,9 @@ void ImpairmentFields::showSlots() {
         slots_[i]->setText(texts[i]);
         slots_[i]->setToolTip(meaningOf(texts[i]));
     }
+    words_->setText(wordsOf(texts));
+    words_->setCursorPosition(0);
+    words_->setToolTip(words_->text());
     associatedPick_->setItems(state_.associatedRows());
 }
 

@@ -90,6 +90,8 @@ class ImpairmentFields : public forms::FieldEvents {
 
     forms::DropDown& dominantPick() const { return *dominantPick_; }
     forms::DropDown& associatedPick() const { return *associatedPick_; }
+    /// Says what the digits of the slots mean; it can be reached and read but not changed.
+    QWidget& inWords() const;
 
   private:
     void showCodes(const QString& codes);
@@ -99,6 +101,7 @@ class ImpairmentFields : public forms::FieldEvents {
     void pickAssociated(int row);
     void enableAssociated(bool enabled);
     void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const;
+    void makeSlots(QWidget* parent);
     void showSlots();
 
     const ImpairmentTraits& traits_;
@@ -106,6 +109,7 @@ class ImpairmentFields : public forms::FieldEvents {
     forms::EntryField& associated_;
     forms::DropDown* dominantPick_;
     forms::DropDown* associatedPick_;
+    forms::EntryField* words_;
     QLabel* dominantCaption_;
     QLabel* associatedCaption_;
     bool isOpen_ = true;

@@ -6,12 +6,14 @@
 #include "forms/FieldEvents.h"
 #include "forms/Guard.h"
 #include "forms/RichText.h"
+#include "report/StoredText.h"
 
 #include <QDialog>
 #include <QGroupBox>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <map>
 
 namespace clientcard {
@@ -24,6 +26,7 @@ class MemoTabs : public TabFamily {
 
     QWidget* makePage(int tab, QWidget* parent) override;
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
+    TabContents contentsOf(int tab) override;
     bool isChanged() const override { return binding_.dataChanged(); }
     forms::Words typedWords() const override { return binding_.typed(); }
     void enterWords(const forms::Words& words) override { binding_.enter(words); }
@@ -47,6 +50,21 @@ MemoTabs::MemoTabs(CardFrame& frame)
 void MemoTabs::enableByRow() {
     for (const auto& [tab, field] : fields_)
         field->setEnabled(source_.Recordset().EditMode() != store::EditState::None);
+}
+
+bool holdsText(const QString& stored) {
+    return !std::ranges::all_of(report::readStored(stored), &report::RichParagraph::isBlank);
+}
+
+/// The field is read when it is first in sight, so it is the row that tells.
+TabContents MemoTabs::contentsOf(int tab) {
+    if (fields_.at(tab)->dataChanged())
+        return {QStringLiteral("text*"), QStringLiteral("text je zmenený, ešte nie je zapísaný")};
+    const TabRow& row = tabTable()[std::size_t(tab)];
+    if (source_.Recordset().EditMode() == store::EditState::None ||
+        !holdsText(source_.Recordset().Fields(row.column).Value().toText()))
+        return {{}, QStringLiteral("bez textu")};
+    return {QStringLiteral("text"), QStringLiteral("text je zapísaný")};
 }
 
 QWidget* MemoTabs::makePage(int tab, QWidget* parent) {

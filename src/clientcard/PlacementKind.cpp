@@ -80,6 +80,7 @@ class PlacementKind : public RecordKind {
     void showAmong(const forms::Words& words) override;
     void wasFilled() override { facility_.showMeaning(); }
     void complete(store::Recordset& rows) override;
+    QString sayEmptyLine(store::Recordset& row) const override;
     QString recordSource(const QString& key) const override { return placementsOf(key, akronym()); }
 
   private:
@@ -142,6 +143,15 @@ void PlacementKind::showAmong(const forms::Words& words) {
     const auto view = std::ranges::find(views, word->text, &View::akronym);
     options_[std::size_t(view == views.end() ? 0 : view - views.begin())]->setChecked(true);
     showView();
+}
+
+/// A placement that goes on, or whose beginning nobody knows, has no range of dates to show.
+QString PlacementKind::sayEmptyLine(store::Recordset& row) const {
+    const QString from = row.Fields(u"vzar_od").Value().toText();
+    const QString to = row.Fields(u"vzar_do").Value().toText();
+    return (from.isEmpty() ? QStringLiteral("začiatok nie je zadaný")
+                           : QStringLiteral("od ") + from) +
+           (to.isEmpty() ? QStringLiteral(", trvá") : QStringLiteral(", do ") + to);
 }
 
 /// A date that is left empty is Null; the binding gives a date column nothing else for it.

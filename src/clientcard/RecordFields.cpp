@@ -20,6 +20,10 @@ namespace {
 std::vector<card::FieldRow> fieldRows(const RecordRow& row) {
     std::vector<card::FieldRow> rows;
     std::ranges::transform(row.fields, std::back_inserter(rows), &RecordField::field);
+    for (const MandatoryField& mandatory : row.mandatory) {
+        if (mandatory.field >= 0)
+            rows[std::size_t(mandatory.field)].mandatory = true;
+    }
     return rows;
 }
 

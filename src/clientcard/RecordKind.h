@@ -60,6 +60,11 @@ class RecordKind {
     /// Another row is current, or its edit was opened, written or dropped.
     virtual void rowShown(store::Recordset& /*rows*/) {}
 
+    /// What is said of a record whose line in the list is empty.
+    virtual QString sayEmptyLine(store::Recordset& /*row*/) const { return {}; }
+    /// A control that lies below the fields and is reached by Tab behind them; null for none.
+    virtual QWidget* lastStop() const { return nullptr; }
+
     /// A field was left unchecked: towards a pick, or because a key has checked it before.
     virtual void leftUnchecked(int /*field*/) {}
     /// Checks a field whose check is the kind's own. @return true to keep the focus

@@ -105,6 +105,8 @@ void chain(const RecordControls& controls) {
         if (QWidget* pick = controls.kind.pickOf(int(i)))
             order.push_back(pick);
     }
+    if (QWidget* stop = controls.kind.lastStop())
+        order.push_back(stop);
     order.insert(order.end(), controls.buttons.begin(), controls.buttons.end());
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);

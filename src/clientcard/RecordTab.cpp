@@ -81,7 +81,7 @@ void RecordTab::makeButtons() {
     const std::array<const char16_t*, buttonCount> suffixes = {u"Novy", u"Opr",    u"Vym",
                                                                u"Zap",  u"ZapNew", u"Sto"};
     const std::array<const char16_t*, buttonCount> captions = {
-        u"Nový", u"Oprava", u"Výmaz", row_.saveCaption, row_.saveNewCaption, u"Storno"};
+        u"&Nový", u"&Oprava", u"&Výmaz", row_.saveCaption, row_.saveNewCaption, u"&Storno"};
     for (std::size_t i = 0; i < buttonCount; ++i) {
         auto* button = new QPushButton(QString::fromUtf16(captions[i]), &workshop_);
         const char16_t* prefix = i == Vym ? row_.deleteButtons : row_.buttons;
@@ -121,6 +121,7 @@ void RecordTab::bind() {
     }
     if (richText_ != nullptr)
         binding->bind(*richText_, QString::fromUtf16(row_.richColumn));
+    list_->setSayEmpty([this](store::Recordset& row) { return kind_->sayEmptyLine(row); });
     list_->setSource(source_, QString::fromUtf16(row_.shownColumn));
     binding_ = std::move(binding);
     const auto show = [this] {
@@ -205,8 +206,10 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 
 void RecordTab::act(Button button) {
     frame_.words().keep();
-    frame_.actions().perform([&] { press(button); });
+    const bool isDone = frame_.actions().perform([&] { press(button); });
     frame_.actions().perform([this] { closeLostRecord(); });
+    if (isDone)
+        frame_.showContents();
 }
 
 void RecordTab::press(Button button) {

@@ -127,8 +127,8 @@ constexpr RecordRow examinations = {
     .frameTitle = u"Zápis/Oprava údajov",
     .buttons = u"cmdPza",
     .deleteButtons = u"cmdPza",
-    .saveCaption = u"Zápis",
-    .saveNewCaption = u"Zápis+nový",
+    .saveCaption = u"&Zápis",
+    .saveNewCaption = u"Zá&pis+nový",
     .fieldSet = {.array = u"TextPza",
                  .pageKeysTo = u"cmdPzaZap",
                  // The card's own Storno, which is disabled while a record is open: the tab's does
@@ -210,7 +210,7 @@ constexpr RecordRow visits = [] {
     row.frame = u"Frame8";
     row.frameTitle = u"Zápis/oprava údajov";
     row.buttons = row.deleteButtons = u"cmdNav";
-    row.saveNewCaption = u"Zápis + nový";
+    row.saveNewCaption = u"Zá&pis + nový";
     row.fieldSet.array = u"textNav";
     row.fields = visitFields;
     row.richText = row.richColumn = row.richLabel = u"";
@@ -270,8 +270,8 @@ constexpr RecordRow siblings = [] {
     row.frame = u"fraSur";
     row.buttons = u"cmdSur";
     row.deleteButtons = u"CmdSur";
-    row.saveCaption = u"Zapíš súrodenca";
-    row.saveNewCaption = u"Zapíš+nový";
+    row.saveCaption = u"&Zapíš súrodenca";
+    row.saveNewCaption = u"Za&píš+nový";
     row.fieldSet.array = u"textSur";
     row.fields = siblingFields;
     row.mandatory = {{{0, u"Meno je povinný údaj !"}, {}}};

@@ -1,6 +1,8 @@
 #include "clientcard/RecordTabs.h"
 
+#include "clientcard/CardData.h"
 #include "clientcard/RecordTab.h"
+#include "validation/modKontrola.h"
 
 #include <map>
 
@@ -16,11 +18,25 @@ class RecordTabs : public TabFamily {
         return tabs_.try_emplace(tab, frame_, tab).first->second.makePage(parent);
     }
     void turnedTo(int tab) override { tabs_.at(tab).turnedTo(); }
+    TabContents contentsOf(int tab) override;
 
   private:
     CardFrame& frame_;
     std::map<int, RecordTab> tabs_;
 };
+
+/// "1 záznam", "3 záznamy", "5 záznamov".
+QString recordsInWords(int count) {
+    const QString word = count == 1               ? QStringLiteral("záznam")
+                         : count > 1 && count < 5 ? QStringLiteral("záznamy")
+                                                  : QStringLiteral("záznamov");
+    return QStringLiteral("%1 %2").arg(count).arg(word);
+}
+
+TabContents RecordTabs::contentsOf(int tab) {
+    const int count = frame_.data().recordsIn(recordRow(tab).table, modKontrola::gIdKod);
+    return {QString::number(count), recordsInWords(count)};
+}
 
 } // namespace
 

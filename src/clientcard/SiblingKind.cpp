@@ -29,6 +29,7 @@ class SiblingKind : public RecordKind {
 
     forms::DropDown* pickOf(int field) const override;
     void layOutBelow(QBoxLayout& frame) override;
+    QWidget* lastStop() const override { return &impairments_.inWords(); }
 
     void enableInput(bool enabled) override;
     void rowShown(store::Recordset& rows) override;

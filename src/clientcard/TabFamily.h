@@ -2,6 +2,8 @@
 
 #include "forms/Words.h"
 
+#include <QString>
+
 class QAbstractButton;
 class QDialog;
 class QWidget;
@@ -24,6 +26,12 @@ class CardData;
 class KeyFields;
 class SaveCycle;
 
+/// What a tab holds, as the list of the tabs shows it beside the caption and as it is said.
+struct TabContents {
+    QString shown;
+    QString said;
+};
+
 /// What the frame of the card is to its tabs.
 class CardFrame {
   public:
@@ -44,6 +52,11 @@ class CardFrame {
     virtual void beginEdit(int tab, QAbstractButton& storno) = 0;
     /// The record is written or dropped: all tabs and buttons are back, Esc is the frame's.
     virtual void endEdit() = 0;
+    /// What the tabs hold may be another after an action.
+    virtual void showContents() = 0;
+    /// The walk by Enter is over, and Enter was pressed once more: leads to the button that writes
+    /// a new client, while there is one.
+    virtual void leadOnFromLastField() = 0;
 };
 
 /// One or more tabs of a kind. The frame knows them by this alone, and they don't know each other.
@@ -59,6 +72,8 @@ class TabFamily {
     virtual KeyFields* keyFields() { return nullptr; }
     /// Gives the focus to an element of `textKrz`.
     virtual void focusElement(int /*element*/) {}
+    /// What the client has on a tab. @throws store::EngineError
+    virtual TabContents contentsOf(int /*tab*/) { return {}; }
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
     /// What was typed or picked that is not written yet.

@@ -62,9 +62,13 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 }
 
 bool ProgressForm::showPart(double part) {
-    if (!isVisible() && !givenUp_ && since_.elapsed() >= patience_.count())
-        show();
     prgStav_->setValue(static_cast<int>(part * steps));
+    // Until this window takes all presses, none may reach the one that waits for the work.
+    if (!isVisible() && !givenUp_) {
+        if (since_.elapsed() < patience_.count())
+            return true;
+        show();
+    }
     QCoreApplication::processEvents();
     return !givenUp_;
 }

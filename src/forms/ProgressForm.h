@@ -14,11 +14,12 @@ class QPushButton;
 namespace forms {
 
 /// Shows how far long works have come, one after the other, and Zrušiť, which gives up the one that
-/// runs, where that is possible. Short work is over before anything shows.
+/// runs, where that is possible. Short work is over before anything shows; nothing can be pressed
+/// while it runs.
 class ProgressForm : public QDialog {
     Q_OBJECT
   public:
-    static constexpr std::chrono::milliseconds usualPatience{400};
+    static constexpr std::chrono::milliseconds usualPatience{500};
 
     ProgressForm(const QString& name, const QString& title, QWidget* parent);
 

@@ -4,6 +4,8 @@
 
 #include <QListView>
 
+#include <utility>
+
 namespace forms {
 
 /// A list of a data source's rows, showing one column. It reads the rows that are in sight. It
@@ -14,6 +16,8 @@ class RowList : public QListView {
     explicit RowList(QWidget* parent = nullptr);
 
     void setSource(store::DataSource& source, const QString& column);
+    /// See RowsModel::setSayEmpty().
+    void setSayEmpty(RowsModel::SayEmpty say) { rows_.setSayEmpty(std::move(say)); }
     /// Marks the source's current row. No event of the user.
     void showCurrentRow();
     int row() const { return currentIndex().row(); }

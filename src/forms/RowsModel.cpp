@@ -56,11 +56,13 @@ int RowsModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
+    const bool isSaid = sayEmpty_ && (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole);
+    if (!index.isValid() || (!isSaid && role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
     QString shown;
     if (!failed_)
-        failed_ = !showGuarded(&view_, [&] { shown = text(index.row()); });
+        failed_ =
+            !showGuarded(&view_, [&] { shown = isSaid ? said(index.row()) : text(index.row()); });
     return shown;
 }
 
@@ -82,6 +84,14 @@ QString RowsModel::read(int row) const {
             return {};
         throw;
     }
+}
+
+/// Empty for a row that speaks for itself.
+QString RowsModel::said(int row) const {
+    if (rows_ == nullptr || !text(row).isEmpty())
+        return {};
+    rows_->setAbsolutePosition(row);
+    return sayEmpty_(*rows_);
 }
 
 store::RowMark RowsModel::mark(int row) const {

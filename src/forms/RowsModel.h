@@ -32,6 +32,10 @@ class RowsModel : public QAbstractListModel {
     /// @param source must outlive the model; the model uses a cursor of its own on its rows
     void setSource(store::DataSource& source, const QString& column);
 
+    /// What is said of a row whose text is empty, in its tip and to a screen reader.
+    using SayEmpty = std::function<QString(store::Recordset& row)>;
+    void setSayEmpty(SayEmpty say) { sayEmpty_ = std::move(say); }
+
     /// Takes up the source's rows as they are now, unless it has done so. @throws EngineError
     void load();
     /// Drops the rows; the next load() takes up those of then.
@@ -54,12 +58,14 @@ class RowsModel : public QAbstractListModel {
 
   private:
     QString read(int row) const;
+    QString said(int row) const;
     int first(const std::function<bool(const QString&)>& fits) const;
     int firstWithoutAccents(const QString& beginning) const;
 
     QWidget& view_;
     store::DataSource* source_ = nullptr;
     QString column_;
+    SayEmpty sayEmpty_;
     std::unique_ptr<store::Recordset> rows_;
     mutable std::vector<std::optional<QString>> texts_;
     /// A line on show could not be read; until the next load() none is tried.

@@ -35,6 +35,16 @@ void ScrollPage::showFocus(const QWidget* now) {
     ensureVisible(place.left(), place.top(), gap, gap);
 }
 
+int ScrollPage::fullHeight() const {
+    return widget()->hasHeightForWidth() ? widget()->heightForWidth(viewport()->width())
+                                         : widget()->sizeHint().height();
+}
+
+void ScrollPage::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    Q_EMIT resized();
+}
+
 QSize ScrollPage::sizeHint() const {
     return widget()->sizeHint().expandedTo(minimumSizeHint());
 }

@@ -14,6 +14,14 @@ class ScrollPage : public QScrollArea {
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// At which nothing of the page has to be scrolled to, in its present width.
+    int fullHeight() const;
+
+  Q_SIGNALS:
+    void resized();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void showFocus(const QWidget* now);

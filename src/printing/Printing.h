@@ -1,20 +1,20 @@
 #pragma once
 
+#include "forms/LongWork.h"
 #include "report/Pages.h"
+#include "store/Database.h"
 #include "store/ProgramFolder.h"
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 class QDate;
 class QWidget;
-
-namespace store {
-class DBEngine;
-}
 
 namespace printing {
 
@@ -24,6 +24,8 @@ struct PrintTools {
     store::ProgramFolder folder;
     /// Shows the pages and returns when the user has closed them; the real preview if empty.
     std::function<void(const report::Pages&, QWidget*)> showPreview = {};
+    /// How long pages are made before it is shown how far they are.
+    std::chrono::milliseconds patience = forms::ProgressForm::usualPatience;
 };
 
 /// Rows that a form shows when its source has none, as texts by column; other columns are empty.
@@ -36,6 +38,22 @@ using BlankRows = std::vector<std::map<QString, QString>>;
 /// @throws store::EngineError 3025 when that connection can't read the register
 report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,
                          const QDate& today, const BlankRows& blank = {});
+
+/// Makes a print-out by a work that the user may give up; then all that it wrote is undone.
+/// @param doing told to the user who waits
+/// @param make is given where to tell how far it is, by calls that may throw store::GivenUp
+/// @return what was made, nothing when it was given up
+template <class Make>
+auto madeAtLength(const PrintTools& tools, const QString& doing, QWidget* parent, const Make& make)
+    -> std::optional<decltype(make(store::TellProgress()))> {
+    const forms::LongWork work(doing, parent, tools.patience);
+    try {
+        return make(work.progress());
+    } catch (const store::GivenUp&) {
+        tools.engine.rollBackPending();
+        return std::nullopt;
+    }
+}
 
 /// Shows finished pages and returns when the user has closed them.
 /// @param parent the window over which the preview stands

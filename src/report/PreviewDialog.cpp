@@ -34,8 +34,8 @@ constexpr double zoomStep = 1.2;
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
     : QDialog(parent, Qt::Window), pages_(pages), tellProblem_(std::move(tellProblem)),
-      toolBar_(new QToolBar(this)), view_(new PageView(pages, this)), pageBox_(new QSpinBox(this)),
-      state_(new QLabel(this)) {
+      toolBar_(new QToolBar(this)), pageBar_(new QToolBar(this)), bars_(new QHBoxLayout),
+      view_(new PageView(pages, this)), pageBox_(new QSpinBox(this)), state_(new QLabel(this)) {
     setObjectName(QStringLiteral("preview"));
     setWindowTitle(pages.name());
     setModal(true);
@@ -51,7 +51,9 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     buildToolBar();
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(4, 4, 4, 4);
-    box->addWidget(toolBar_);
+    box->addLayout(bars_);
+    bars_->addWidget(toolBar_);
+    bars_->addWidget(pageBar_);
     box->addWidget(note);
     box->addWidget(view_, 1);
     box->addWidget(state_);
@@ -64,34 +66,35 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
 
 void PreviewDialog::buildToolBar() {
     using P = PreviewDialog;
-    addActions(
-        {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
-         {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save, &P::askAndSavePdf}});
+    addActions(*toolBar_, {{"print", QStringLiteral("Tlačiť…"), QKeySequence::Print, &P::print},
+                           {"savePdf", QStringLiteral("Uložiť ako PDF"), QKeySequence::Save,
+                            &P::askAndSavePdf}});
     if (!pages_.table.heads.isEmpty())
-        addActions({{"saveCsv", QStringLiteral("Uložiť ako CSV"), Qt::CTRL | Qt::SHIFT | Qt::Key_S,
-                     &P::askAndSaveCsv}});
-    addActions({{},
+        addActions(*toolBar_, {{"saveCsv", QStringLiteral("Uložiť ako CSV"),
+                                Qt::CTRL | Qt::SHIFT | Qt::Key_S, &P::askAndSaveCsv}});
+    addActions(*toolBar_,
+               {{},
                 {"zoomIn", QStringLiteral("Zväčšiť"), QKeySequence::ZoomIn, &P::zoomIn},
                 {"zoomOut", QStringLiteral("Zmenšiť"), QKeySequence::ZoomOut, &P::zoomOut},
                 {"fitWidth", QStringLiteral("Na šírku okna"), Qt::CTRL | Qt::Key_1, &P::fitWidth},
-                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage},
-                {},
-                {"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
+                {"fitPage", QStringLiteral("Celá strana"), Qt::CTRL | Qt::Key_0, &P::fitPage}});
+    addActions(*pageBar_,
+               {{"firstPage", QStringLiteral("Prvá"), Qt::Key_Home, &P::goToFirst},
                 {"previousPage", QStringLiteral("Predošlá"), Qt::Key_PageUp, &P::goToPrevious}});
     addPageBox();
-    addActions({{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
-                {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
-                {},
-                {"close", QStringLiteral("Zavrieť"), {}, &P::reject}});
+    addActions(*pageBar_, {{"nextPage", QStringLiteral("Ďalšia"), Qt::Key_PageDown, &P::goToNext},
+                           {"lastPage", QStringLiteral("Posledná"), Qt::Key_End, &P::goToLast},
+                           {},
+                           {"close", QStringLiteral("Zavrieť"), {}, &P::reject}});
 }
 
-void PreviewDialog::addActions(std::initializer_list<ActionRow> rows) {
+void PreviewDialog::addActions(QToolBar& bar, std::initializer_list<ActionRow> rows) {
     for (const auto& row : rows) {
         if (!row.name) {
-            toolBar_->addSeparator();
+            bar.addSeparator();
             continue;
         }
-        QAction* action = toolBar_->addAction(row.text);
+        QAction* action = bar.addAction(row.text);
         action->setObjectName(QLatin1StringView(row.name));
         action->setShortcut(row.key);
         if (!row.key.isEmpty())
@@ -107,7 +110,13 @@ void PreviewDialog::addPageBox() {
     pageBox_->setPrefix(QStringLiteral("Strana "));
     pageBox_->setKeyboardTracking(false);
     connect(pageBox_, &QSpinBox::valueChanged, view_, &PageView::setCurrentPage);
-    toolBar_->addWidget(pageBox_);
+    pageBar_->addWidget(pageBox_);
+}
+
+void PreviewDialog::resizeEvent(QResizeEvent* event) {
+    const bool fits = toolBar_->sizeHint().width() + pageBar_->sizeHint().width() < width();
+    bars_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    QDialog::resizeEvent(event);
 }
 
 /// Looks for the pages behind those that are known.
@@ -135,7 +144,7 @@ void PreviewDialog::noticePage() {
     const QSignalBlocker quiet(pageBox_);
     pageBox_->setValue(page);
     const auto enable = [this](const char* name, bool on) {
-        if (auto* action = toolBar_->findChild<QAction*>(QLatin1StringView(name)))
+        if (auto* action = findChild<QAction*>(QLatin1StringView(name)))
             action->setEnabled(on);
     };
     for (const auto* name : {"firstPage", "previousPage"})

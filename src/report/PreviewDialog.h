@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <optional>
 
+class QBoxLayout;
 class QAction;
 class QIODevice;
 class QLabel;
@@ -35,11 +36,14 @@ class PreviewDialog : public QDialog {
     /// How long a work goes on unseen before its progress is shown.
     void showProgressAfter(std::chrono::milliseconds patience) { patience_ = patience; }
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     struct ActionRow;
 
     void buildToolBar();
-    void addActions(std::initializer_list<ActionRow> rows);
+    void addActions(QToolBar& bar, std::initializer_list<ActionRow> rows);
     void addPageBox();
     void lookOn();
     void showCount();
@@ -66,6 +70,9 @@ class PreviewDialog : public QDialog {
     std::chrono::milliseconds patience_{300};
     ProblemTeller tellProblem_;
     QToolBar* toolBar_;
+    /// Of the keys that turn pages; below the other where there is no room beside it.
+    QToolBar* pageBar_;
+    QBoxLayout* bars_;
     PageView* view_;
     QSpinBox* pageBox_;
     QLabel* state_;

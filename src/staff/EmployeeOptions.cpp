@@ -31,13 +31,13 @@ struct PairRow {
 constexpr std::array<PairRow, 3> pairs = {{
     {u"interný/externý",
      u"int-ext",
-     {{{u"optZamInt", u"interný zamestnanec", u"i"},
-       {u"optZamExt", u"externý zamestnanec", u"e"}}}},
-    {u"pohlavie", u"pohlavie", {{{u"optZamMuz", u"muž", u"m"}, {u"optZamZena", u"žena", u"z"}}}},
+     {{{u"optZamInt", u"&interný zamestnanec", u"i"},
+       {u"optZamExt", u"e&xterný zamestnanec", u"e"}}}},
+    {u"pohlavie", u"pohlavie", {{{u"optZamMuz", u"&muž", u"m"}, {u"optZamZena", u"že&na", u"z"}}}},
     {u"kvalifikácia",
      u"kvalifikacia",
-     {{{u"optZamMaKva", u"má požadovanú kvalifikáciu", u"a"},
-       {u"optZamNeKva", u"nemá požadovanú kvalifikáciu", u"n"}}}},
+     {{{u"optZamMaKva", u"má požadovanú &kvalifikáciu", u"a"},
+       {u"optZamNeKva", u"nemá p&ožadovanú kvalifikáciu", u"n"}}}},
 }};
 
 } // namespace

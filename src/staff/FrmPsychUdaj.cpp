@@ -3,6 +3,7 @@
 #include "card/Buttons.h"
 #include "card/FieldGrid.h"
 #include "card/FieldKeys.h"
+#include "card/FocusHints.h"
 #include "card/TextRules.h"
 #include "forms/CodeDropDown.h"
 #include "forms/Colours.h"
@@ -26,19 +27,24 @@ namespace staff {
 namespace {
 
 constexpr std::array<card::ButtonRow, 3> buttonTable = {{
-    {u"cmdZap", u"Zápis"},
-    {u"cmdzapNew", u"Zápis + nový"},
-    {u"cmdStorno", u"Storno"},
+    {u"cmdZap", u"&Zápis"},
+    {u"cmdzapNew", u"Zá&pis + nový"},
+    {u"cmdStorno", u"&Storno"},
 }};
 
 constexpr std::array<card::FieldRow, 2> nameRows = {{
-    {.column = u"meno", .caption = u"Meno zamestnanca :", .tidy = card::Tidy::Capital},
-    {.column = u"priezv", .caption = u"Priezvisko zamestnanca :", .tidy = card::Tidy::Capital},
+    {.column = u"meno",
+     .caption = u"Meno zamestnanca :",
+     .tidy = card::Tidy::Capital,
+     .mandatory = true},
+    {.column = u"priezv",
+     .caption = u"Priezvisko zamestnanca :",
+     .tidy = card::Tidy::Capital,
+     .mandatory = true},
 }};
 constexpr card::FieldSet nameSet = {.array = u"TextPsych", .pageKeysTo = u"cmdZap"};
 
 constexpr int nameCharacters = 34;
-constexpr auto cardKeys = u"Enter ďalšie pole  ·  F4 zoznam  ·  šípky voľba  ·  PageDown na zápis";
 
 } // namespace
 
@@ -115,8 +121,11 @@ void FrmPsychUdaj::layOutFields(QBoxLayout& lines) {
 }
 
 QLayout* FrmPsychUdaj::layOutFoot() {
+    auto* keys = new forms::KeyHint(this);
+    keys->setObjectName(QStringLiteral("lblKlavesy"));
+    (new card::FocusHints(*keys, keys))->setEverywhere({}, QStringLiteral("Esc storno"));
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
-    line->addWidget(new forms::KeyHint(QString::fromUtf16(cardKeys), this));
+    line->addWidget(keys);
     for (QPushButton* button : buttons_)
         line->addWidget(button);
     return line;

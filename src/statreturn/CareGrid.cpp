@@ -69,7 +69,7 @@ void CareGrid::fitToFont() {
     const QFontMetrics metrics = fontMetrics();
     cellSize_ = {metrics.horizontalAdvance(QStringLiteral("jednoraz.")) + 2 * padding,
                  metrics.height() + padding};
-    lineHeight_ = metrics.height() + 1;
+    lineHeight_ = metrics.lineSpacing() + 2;
     fitRowHeads();
     for (const ColumnHead& head : columnHeads_) {
         const int right = left(head.column + head.columns - 1) + cellSize_.width();

@@ -32,14 +32,6 @@ constexpr QSize startSize(1240, 730);
 constexpr int leastListLines = 6;
 constexpr int tabFrame = 8;
 
-/// Shows the user that the program is at work.
-class BusyPointer {
-  public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(BusyPointer)
-};
-
 QLabel* newLabel(const char16_t* name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromUtf16(name));
@@ -162,7 +154,7 @@ void FrmKlientVykaz::turn(int by) {
 }
 
 void FrmKlientVykaz::readAnew() {
-    const BusyPointer busy;
+    const forms::BusyPointer busy;
     for (NumbersView* view : {one_, two_, leftOut_})
         view->setNumbers(nullptr);
     list_->setLines(clientColumns(), 0, {});

@@ -7,6 +7,16 @@
 
 namespace statreturn {
 
+RowProgress::RowProgress(store::Recordset& rows, const store::Share& share)
+    : rows_(rows), share_(share), count_(double(rows.RecordCount())) {}
+
+void RowProgress::next() {
+    constexpr qint64 rowsBetween = 256;
+    rows_.MoveNext();
+    if (++row_ % rowsBetween == 0)
+        share_(double(row_) / count_);
+}
+
 bool hasSecondImpairment(QStringView postih) {
     const QStringView second = withoutBlanks(postih).mid(1, 1);
     return !second.isEmpty() && second.front() >= u'1' && second.front() <= u'9';
@@ -17,7 +27,8 @@ bool isNotOneImpairment(QStringView postih) {
 }
 
 Counts countClients(store::DataSource& datTlac, const QString& selection,
-                    const ImpairmentTable& table) {
+                    const ImpairmentTable& table, const store::Share& share) {
+    share(0);
     datTlac.setRecordSource(selection);
     datTlac.Refresh();
     store::Recordset& records = datTlac.Recordset();
@@ -26,7 +37,7 @@ Counts countClients(store::DataSource& datTlac, const QString& selection,
     const store::Field post = records.Fields(u"post");
     Counts counts{};
     QString previousKey = QStringLiteral(" ");
-    for (; !records.Eof(); records.MoveNext()) {
+    for (RowProgress progress(records, share); !records.Eof(); progress.next()) {
         QString key = idk.Value().toText();
         if (key != previousKey) {
             previousKey = std::move(key);

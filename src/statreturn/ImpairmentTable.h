@@ -1,6 +1,7 @@
 #pragma once
 
 #include "statreturn/Counts.h"
+#include "store/Progress.h"
 
 #include <QString>
 #include <QStringView>
@@ -9,7 +10,8 @@
 
 namespace store {
 class DataSource;
-}
+class Recordset;
+} // namespace store
 
 namespace statreturn {
 
@@ -47,9 +49,23 @@ inline constexpr ImpairmentTable tableTwo{
      u"Label74", u"Label75", u"label76", u"label77", u"label78", u"label79", u"label80", u"label81",
      u"label82", u"label83", u"Label84", u"label85", u"label86", u"label87"}};
 
+/// Walks through the rows of a recordset and tells how far it is.
+class RowProgress {
+  public:
+    RowProgress(store::Recordset& rows, const store::Share& share);
+    /// @throws store::EngineError, store::GivenUp
+    void next();
+
+  private:
+    store::Recordset& rows_;
+    const store::Share& share_;
+    double count_;
+    qint64 row_ = 0;
+};
+
 /// Counts the clients of a selection, whose rows stand in the order of the clients' keys, each
-/// client once. @throws store::EngineError
+/// client once. @throws store::EngineError, store::GivenUp
 Counts countClients(store::DataSource& datTlac, const QString& selection,
-                    const ImpairmentTable& table);
+                    const ImpairmentTable& table, const store::Share& share);
 
 } // namespace statreturn

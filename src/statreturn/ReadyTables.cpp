@@ -24,10 +24,11 @@ void setTotals(report::Layout& form, const ImpairmentTable& table, const Counts&
 
 } // namespace
 
-ReadyTable makeVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today) {
+ReadyTable makeVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+                   const store::TellProgress& tell) {
     const Period period = schoolYearPeriod(schoolYear);
     store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
-    const Counts totals = makeTableOne(tools.datTlac, database, period, today);
+    const Counts totals = makeTableOne(tools.datTlac, database, period, today, tell);
     database.Close();
     report::Layout form = rptVek();
     QString& heading = form.section(u"section4").control(u"Label105").caption;
@@ -36,10 +37,12 @@ ReadyTable makeVek(const ReturnTools& tools, const QString& schoolYear, const QD
     return {form, tableOne.scratchTable.toString()};
 }
 
-ReadyTable makeVzd(const ReturnTools& tools, const QString& schoolYear) {
+ReadyTable makeVzd(const ReturnTools& tools, const QString& schoolYear,
+                   const store::TellProgress& tell) {
     store::Database database = tools.print.engine.OpenDatabase(tools.print.folder.database());
     report::Layout form = rptVzd();
-    setTotals(form, tableTwo, makeTableTwo(tools.datCisVzd, tools.datTlac, database, schoolYear));
+    setTotals(form, tableTwo,
+              makeTableTwo(tools.datCisVzd, tools.datTlac, database, schoolYear, tell));
     database.Close();
     return {form, tableTwo.scratchTable.toString()};
 }

@@ -2,6 +2,7 @@
 
 #include "printing/Printing.h"
 #include "report/Layout.h"
+#include "store/Progress.h"
 
 #include <QString>
 
@@ -21,9 +22,11 @@ struct ReadyTable {
 
 /// Compute a table into its scratch table, which keeps the rows until they are printed.
 /// @param schoolYear as the main window shows it, "RRRR/RRRR"
-/// @throws store::EngineError
-ReadyTable makeVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today);
-ReadyTable makeVzd(const ReturnTools& tools, const QString& schoolYear);
+/// @throws store::EngineError, store::GivenUp
+ReadyTable makeVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+                   const store::TellProgress& tell);
+ReadyTable makeVzd(const ReturnTools& tools, const QString& schoolYear,
+                   const store::TellProgress& tell);
 ReadyTable makeZam(const ReturnTools& tools);
 
 /// The tables that are typed in. Their forms are whole before anything was typed.

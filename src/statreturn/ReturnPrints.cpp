@@ -70,31 +70,28 @@ bool showVek(const ReturnTools& tools, const ReadyTable& table, const QDate& tod
 struct ReturnPart {
     /// In the document's contents.
     QString title;
-    std::function<ReadyTable()> make;
+    std::function<ReadyTable(const store::TellProgress&)> make;
+    /// Of the time that the return takes, up to the end of this table.
+    double until;
 };
 
 std::vector<ReturnPart> partsOf(const ReturnTools& tools, const QString& schoolYear,
                                 const QDate& today) {
-    return {{QStringLiteral("I. Klienti podľa veku"),
-             [&] {
-                 return makeVek(tools, schoolYear, today);
-             }},
-            {QStringLiteral("II. Klienti podľa spôsobu vzdelávania"),
-             [&] {
-                 return makeVzd(tools, schoolYear);
-             }},
-            {QStringLiteral("III. Zamestnanci"),
-             [&] {
-                 return makeZam(tools);
-             }},
-            {QStringLiteral("IV. Dopĺňajúce ukazovatele"), dopUkaz},
-            {QStringLiteral("V. Odborná starostlivosť"), odbStar}};
+    return {
+        {QStringLiteral("I. Klienti podľa veku"),
+         [&](const auto& tell) { return makeVek(tools, schoolYear, today, tell); }, 0.6},
+        {QStringLiteral("II. Klienti podľa spôsobu vzdelávania"),
+         [&](const auto& tell) { return makeVzd(tools, schoolYear, tell); }, 0.9},
+        {QStringLiteral("III. Zamestnanci"), [&](const auto&) { return makeZam(tools); }, 0.98},
+        {QStringLiteral("IV. Dopĺňajúce ukazovatele"), [](const auto&) { return dopUkaz(); }, 0.99},
+        {QStringLiteral("V. Odborná starostlivosť"), [](const auto&) { return odbStar(); }, 1}};
 }
 
 /// @throws store::EngineError what the table's own operation raises, named after the table
-report::Pages pagesOf(const ReturnTools& tools, const ReturnPart& part, const QDate& today) {
+report::Pages pagesOf(const ReturnTools& tools, const ReturnPart& part, const QDate& today,
+                      const store::TellProgress& tell) {
     try {
-        report::Pages pages = pagesOf(tools.print, part.make(), today);
+        report::Pages pages = pagesOf(tools.print, part.make(tell), today);
         pages.title = part.title;
         return pages;
     } catch (const store::EngineError& error) {
@@ -124,13 +121,20 @@ void giveUpScratchTables(const ReturnTools& tools) noexcept {
     }
 }
 
-report::Pages makeReturn(const ReturnTools& tools, const QString& schoolYear, const QDate& today) {
+report::Pages makeReturn(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
+                         const store::TellProgress& tell) {
     std::vector<report::Pages> tables;
     // Rows that a failed print-out has left would be counted in.
     emptyAllScratchTables(tools);
     try {
-        for (const ReturnPart& part : partsOf(tools, schoolYear, today))
-            tables.push_back(pagesOf(tools, part, today));
+        double from = 0;
+        for (const ReturnPart& part : partsOf(tools, schoolYear, today)) {
+            const store::Share share(tell, from, part.until);
+            tables.push_back(
+                pagesOf(tools, part, today, [&share](double done) { return share.tells(done); }));
+            share(1);
+            from = part.until;
+        }
         emptyAllScratchTables(tools);
     } catch (...) {
         giveUpScratchTables(tools);
@@ -142,20 +146,38 @@ report::Pages makeReturn(const ReturnTools& tools, const QString& schoolYear, co
     return document;
 }
 
+/// As printing::madeAtLength; when it is given up, nothing is selected any more.
+template <class Make>
+auto madeAtLength(const ReturnTools& tools, const QString& doing, QWidget* parent,
+                  const Make& make) {
+    auto made = printing::madeAtLength(tools.print, doing, parent, make);
+    if (!made)
+        tools.datTlac.Refresh();
+    return made;
+}
+
 } // namespace
 
 void printVek(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
               QWidget* parent) {
-    const ReadyTable table = makeVek(tools, schoolYear, today);
+    const auto table =
+        madeAtLength(tools, QStringLiteral("Zostavuje sa tabuľka I. Klienti podľa veku …"), parent,
+                     [&](const auto& tell) { return makeVek(tools, schoolYear, today, tell); });
+    if (!table)
+        return;
     // What was counted stays even where its report can't be shown.
     tools.print.engine.commitPending();
-    if (showVek(tools, table, today, parent))
-        emptyScratchTable(tools, table.source);
+    if (showVek(tools, *table, today, parent))
+        emptyScratchTable(tools, table->source);
 }
 
 void printVzd(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
               QWidget* parent) {
-    showAndEmpty(tools, makeVzd(tools, schoolYear), today, parent);
+    const auto table = madeAtLength(
+        tools, QStringLiteral("Zostavuje sa tabuľka II. Klienti podľa spôsobu vzdelávania …"),
+        parent, [&](const auto& tell) { return makeVzd(tools, schoolYear, tell); });
+    if (table)
+        showAndEmpty(tools, *table, today, parent);
 }
 
 void printZam(const ReturnTools& tools, const QDate& today, QWidget* parent) {
@@ -173,9 +195,13 @@ void printOdbStar(const printing::PrintTools& tools, const QDate& today, QWidget
 void printReturn(const ReturnTools& tools, const QString& schoolYear, const QDate& today,
                  QWidget* parent) {
     try {
-        const report::Pages document = makeReturn(tools, schoolYear, today);
+        const auto document = madeAtLength(
+            tools, QStringLiteral("Zostavuje sa celý výkaz …"), parent,
+            [&](const auto& tell) { return makeReturn(tools, schoolYear, today, tell); });
+        if (!document)
+            return;
         tools.datTlac.Refresh();
-        printing::showPages(tools.print, document, parent);
+        printing::showPages(tools.print, *document, parent);
     } catch (const store::EngineError& error) {
         if (!isUnreadable(error))
             throw;

@@ -23,6 +23,9 @@ struct ReturnTools {
     store::DataSource& datCisVzd;
 };
 
+// The tables by clients and the whole return may take long, and may be given up while they are
+// made: all stays as it was then.
+
 /// The operation behind the menu entry `mniVek`: makes Table I and shows it.
 /// @param schoolYear as the main window shows it, "RRRR/RRRR"
 /// @param parent the window over which the preview and a message stand

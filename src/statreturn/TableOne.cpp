@@ -15,14 +15,18 @@ namespace statreturn {
 namespace {
 
 constexpr int oldestAge = 18;
+/// Of the time that the table takes.
+constexpr double stampingPart = 0.5;
 
-void stampAges(store::DataSource& datTlac, const Period& period, const QDate& today) {
+void stampAges(store::DataSource& datTlac, const Period& period, const QDate& today,
+               const store::Share& share) {
+    share(0);
     datTlac.setRecordSource(stampSelection(period));
     datTlac.Refresh();
     store::Recordset& records = datTlac.Recordset();
     const store::Field dat = records.Fields(u"dat");
     store::Field vek = records.Fields(u"Vek");
-    for (; !records.Eof(); records.MoveNext()) {
+    for (RowProgress progress(records, share); !records.Eof(); progress.next()) {
         const QDate birth = dat.Value().toDate();
         // A text that is no calendar date gives no age, and the one of an earlier run is none.
         const auto age = birth.isValid() ? store::Value(ageOn(today, birth)) : store::Value();
@@ -67,13 +71,17 @@ QString ageSelection(int age, const Period& period) {
 }
 
 Counts makeTableOne(store::DataSource& datTlac, store::Database& database, const Period& period,
-                    const QDate& today) {
+                    const QDate& today, const store::TellProgress& tell) {
     static const QStringList columns{QStringLiteral("stlpec"), QStringLiteral("vek"),
                                      QStringLiteral("c_riad")};
-    stampAges(datTlac, period, today);
+    stampAges(datTlac, period, today, {tell, 0, stampingPart});
     Counts totals{};
     for (int age = 0; age <= oldestAge; ++age) {
-        const Counts counts = countClients(datTlac, ageSelection(age, period), tableOne);
+        const auto partBefore = [](int row) {
+            return stampingPart + (1 - stampingPart) * row / double(ageRows.size());
+        };
+        const Counts counts = countClients(datTlac, ageSelection(age, period), tableOne,
+                                           {tell, partBefore(age), partBefore(age + 1)});
         const AgeRow& row = ageRows[static_cast<std::size_t>(age)];
         database.Execute(
             insertStatement(tableOne.scratchTable, columns,

@@ -2,6 +2,7 @@
 
 #include "statreturn/ImpairmentTable.h"
 #include "statreturn/SchoolYear.h"
+#include "store/Progress.h"
 
 #include <QDate>
 #include <QString>
@@ -52,8 +53,8 @@ QString ageSelection(int age, const Period& period);
 /// @param datTlac runs the selections; it is left on the last of them
 /// @param database executes the inserts
 /// @return the totals of the rows
-/// @throws store::EngineError
+/// @throws store::EngineError, store::GivenUp
 Counts makeTableOne(store::DataSource& datTlac, store::Database& database, const Period& period,
-                    const QDate& today);
+                    const QDate& today, const store::TellProgress& tell = {});
 
 } // namespace statreturn

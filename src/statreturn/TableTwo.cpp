@@ -61,7 +61,8 @@ QString educationSelection(const QString& code, const QString& schoolYear) {
 }
 
 Counts makeTableTwo(store::DataSource& datCisVzd, store::DataSource& datTlac,
-                    store::Database& database, const QString& schoolYear) {
+                    store::Database& database, const QString& schoolYear,
+                    const store::TellProgress& tell) {
     static const QStringList notApplicable(qsizetype(printedColumns.size()), QStringLiteral("  x"));
     const std::vector<EducationType> types = educationTypes(datCisVzd);
     if (types.empty())
@@ -74,8 +75,10 @@ Counts makeTableTwo(store::DataSource& datCisVzd, store::DataSource& datTlac,
             database.Execute(rowStatement(row, type, notApplicable));
             continue;
         }
+        const double part = 1.0 / double(types.size());
         const Counts counts =
-            countClients(datTlac, educationSelection(type.code, schoolYear), tableTwo);
+            countClients(datTlac, educationSelection(type.code, schoolYear), tableTwo,
+                         {tell, part * double(place), part * double(place + 1)});
         database.Execute(rowStatement(row, type, countCells(counts)));
         addCounts(totals, counts);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "statreturn/ImpairmentTable.h"
+#include "store/Progress.h"
 
 #include <QString>
 #include <QStringView>
@@ -68,8 +69,9 @@ QString educationSelection(const QString& code, const QString& schoolYear);
 /// @param schoolYear as the main window shows it, "RRRR/RRRR"
 /// @return the totals of the rows
 /// @throws store::EngineError 3021 without a type of school, 9 with more of them than the form has
-/// rows, and what the engine raises
+/// rows, and what the engine raises; store::GivenUp
 Counts makeTableTwo(store::DataSource& datCisVzd, store::DataSource& datTlac,
-                    store::Database& database, const QString& schoolYear);
+                    store::Database& database, const QString& schoolYear,
+                    const store::TellProgress& tell = {});
 
 } // namespace statreturn

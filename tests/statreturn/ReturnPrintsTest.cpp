@@ -5,7 +5,10 @@
 #include "statreturn/SchoolYear.h"
 #include "store/EngineAssertions.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QFile>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +48,30 @@ const support::ExpectedBox restartNotice{
         "chcete tlačiť zostavu"_s,
     .title = u"Informácia"_s,
     .icon = QMessageBox::Information};
+
+TEST_F(ReturnPrintsTest, whatIsGivenUpLeavesAllAsItWas) {
+    tools.print.patience = std::chrono::milliseconds(0);
+    reg.execute({u"insert into k_zaklad (idkod, datnar, postih) values ('A', '1.1.2000', '3')"_s,
+                 u"insert into k_zaznam_spc (idkod, datum) values ('A', '1.9.2006')"_s});
+    reg.engine.commitPending();
+    QTimer giveUp;
+    giveUp.callOnTimeout([] {
+        if (auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            form->reject();
+    });
+    giveUp.start(0);
+    for (const auto& make : std::initializer_list<std::function<void()>>{
+             [this] { print(); }, [this] { printVzd(tools, u"2006/2007"_s, today, nullptr); },
+             [this] {
+                 printReturn(tools, u"2006/2007"_s, today, nullptr);
+             }}) {
+        make();
+        reg.engine.commitPending();
+        EXPECT_EQ(durable(u"z_vek"_s).size() + durable(u"z_vzdelavanie"_s).size(), 0);
+        EXPECT_FALSE(durable(u"k_zaklad"_s).at(0).contains(u"vek"_s));
+    }
+    EXPECT_EQ(previews, 0);
+}
 
 TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
     for (const Computed& table : computed) {
