@@ -43,7 +43,7 @@ QHBoxLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* dro
     auto* hint = new QLabel(QString::fromUtf16(keys), this);
     hint->setForegroundRole(QPalette::PlaceholderText);
     line->addWidget(hint, 1);
-    const std::array<card::ButtonRow, 2> table = {{{writes, u"Zápis"}, {drops, u"Storno"}}};
+    const std::array<card::ButtonRow, 2> table = {{{writes, u"&Zápis"}, {drops, u"&Storno"}}};
     const auto buttons = card::makeButtons(
         table, this, [this](int place) { place == 0 ? writeAndClose() : storno(); });
     for (QPushButton* button : buttons)
