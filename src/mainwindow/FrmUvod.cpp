@@ -1,6 +1,7 @@
 #include "mainwindow/FrmUvod.h"
 
 #include "forms/Guard.h"
+#include "forms/LongWork.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
 #include "forms/Twips.h"
@@ -300,7 +301,7 @@ void FrmUvod::damageFound() {
     if (!check_)
         return;
     if (QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr)
+        QApplication::activePopupWidget() != nullptr || forms::BusyPointer::isShown())
         return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
     opravSubor();
 }

@@ -119,10 +119,11 @@ QWidget* FrmKlientVykaz::makeList() {
 
 QLayout* FrmKlientVykaz::makeLastLine() {
     using Action = void (FrmKlientVykaz::*)();
-    static constexpr card::ButtonRow table[] = {{u"cmdKarta", u"Otvoriť kartu", u"Enter v zozname"},
-                                                {u"cmdCsv", u"Uložiť ako CSV", u"Ctrl+S"},
-                                                {u"cmdTlac", u"Tlačiť…", u"Ctrl+P"},
-                                                {u"cmdZavri", u"Zavrieť", u"Esc"}};
+    static constexpr card::ButtonRow table[] = {
+        {u"cmdKarta", u"&Otvoriť kartu", u"Enter v zozname"},
+        {u"cmdCsv", u"&Uložiť ako CSV", u"Ctrl+S"},
+        {u"cmdTlac", u"&Tlačiť…", u"Ctrl+P"},
+        {u"cmdZavri", u"&Zavrieť", u"Esc"}};
     static constexpr Action actions[] = {&FrmKlientVykaz::openCard, &FrmKlientVykaz::save,
                                          &FrmKlientVykaz::print, &FrmKlientVykaz::reject};
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);

@@ -69,6 +69,10 @@ QueryDef Database::QueryDefs(const QString& name) {
     return {connection_, name};
 }
 
+void Database::whileReading(std::function<void()> between) {
+    opened(connection_).whileReading(std::move(between));
+}
+
 void Database::CreateQueryDef(const QString& name, const QString& sql) {
     Connection& connection = opened(connection_);
     if (connection.storedQuery(name))

@@ -35,6 +35,10 @@ class Database {
     qint64 Execute(const QString& sql);
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
+    /// Has something called now and then while the rows of a join are looked for, on whatever
+    /// handle of this file; the reading ends with what it throws.
+    /// @param between may read the file by statements of its own; empty for nothing
+    void whileReading(std::function<void()> between);
     QueryDef QueryDefs(const QString& name);
     /// Puts a new query object into the file. @throws EngineError 3012 when one has that name
     void CreateQueryDef(const QString& name, const QString& sql);

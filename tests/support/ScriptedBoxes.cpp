@@ -40,8 +40,10 @@ void dismiss(QWidget& window, const char* fault) {
         window.close();
 }
 
+/// A window that shows how far a long work is asks nothing, and comes only where it takes long.
 bool isExpectable(const QWidget& window) {
-    return window.isWindow() && (window.isModal() || qobject_cast<const QMessageBox*>(&window));
+    return window.isWindow() && window.objectName() != u"frmPraca"_s &&
+           (window.isModal() || qobject_cast<const QMessageBox*>(&window));
 }
 
 } // namespace
