@@ -5,8 +5,11 @@
 #include "forms/EdgeStyle.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QPalette>
+
+static void loadPictures() {
+    Q_INIT_RESOURCE(spravy);
+}
 
 namespace forms {
 
@@ -45,11 +48,11 @@ void dressFields(const QPalette& ofAll) {
 } // namespace
 
 void dress(QApplication& application) {
+    loadPictures();
     QApplication::setStyle(new EdgeStyle);
     const QPalette palette = colours();
     QApplication::setPalette(palette);
     dressFields(palette);
-    QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
     nameParts(application);
 }
 

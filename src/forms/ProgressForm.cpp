@@ -1,5 +1,7 @@
 #include "forms/ProgressForm.h"
 
+#include "forms/Metrics.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -10,8 +12,8 @@ namespace forms {
 
 namespace {
 
-constexpr int steps = 1000;
-constexpr int formWidth = 420;
+constexpr int progressSteps = 1000;
+constexpr int formLetters = 64;
 
 } // namespace
 
@@ -25,7 +27,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, steps);
+    prgStav_->setRange(0, progressSteps);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -33,7 +35,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lines->addWidget(lblStav_);
     lines->addWidget(prgStav_);
     lines->addWidget(cmdZrusit_, 0, Qt::AlignRight);
-    setFixedWidth(formWidth);
+    fitToFont(*this, [this] { setFixedWidth(lettersWide(*this, formLetters)); });
 }
 
 void ProgressForm::setEndless() {
@@ -62,7 +64,7 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 bool ProgressForm::showPart(double part) {
     if (!isVisible() && !givenUp_ && since_.elapsed() >= patience_.count())
         show();
-    prgStav_->setValue(static_cast<int>(part * steps));
+    prgStav_->setValue(static_cast<int>(part * progressSteps));
     QCoreApplication::processEvents();
     return !givenUp_;
 }

@@ -1,12 +1,15 @@
 #include "forms/RichText.h"
 
 #include "forms/Colours.h"
+#include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
+#include "forms/SpellCheck.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -101,7 +104,30 @@ class RichText::Editor : public QTextEdit {
             leaveList();
     }
 
+    void setSpelling(spelling::Speller& speller, QLabel& line) {
+        spelling_ = std::make_unique<SpellCheck>(*this, speller, line);
+    }
+
+    /// Another text is on show, or what can be done with it has changed.
+    void beginSpelling() {
+        if (spelling_ != nullptr)
+            spelling_->begin();
+    }
+
   protected:
+    void paintEvent(QPaintEvent* event) override {
+        QTextEdit::paintEvent(event);
+        if (spelling_ != nullptr)
+            spelling_->paint();
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (spelling_ != nullptr && spelling_->isOn())
+            spelling_->openMenu(*event);
+        else
+            QTextEdit::contextMenuEvent(event);
+    }
+
     bool canInsertFromMimeData(const QMimeData* source) const override {
         return source->hasText() || source->hasHtml();
     }
@@ -134,6 +160,15 @@ class RichText::Editor : public QTextEdit {
         return QTextEdit::event(event);
     }
 
+    /// On a wide screen the lines stay as long as one reads easily.
+    void resizeEvent(QResizeEvent* event) override {
+        const int longest = longestLine(*this) + 2 * int(document()->documentMargin());
+        const bool isWide = viewport()->width() > longest;
+        setLineWrapMode(isWide ? FixedPixelWidth : WidgetWidth);
+        setLineWrapColumnOrWidth(isWide ? longest : 0);
+        QTextEdit::resizeEvent(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         const int tool = toolOf(*event);
         const bool endsList = event->matches(QKeySequence::InsertParagraphSeparator) &&
@@ -141,6 +176,8 @@ class RichText::Editor : public QTextEdit {
                               textCursor().block().text().isEmpty() && !isReadOnly();
         if (tool >= 0)
             toggle(tool);
+        else if (event->key() == Qt::Key_F7 && spelling_ != nullptr)
+            spelling_->findNext();
         else if (endsList)
             leaveList();
         else
@@ -184,6 +221,8 @@ class RichText::Editor : public QTextEdit {
         }
         cursor.endEditBlock();
     }
+
+    std::unique_ptr<SpellCheck> spelling_;
 };
 
 RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this)) {
@@ -192,7 +231,7 @@ RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this))
     setTabOrder(tools_.back(), editor_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
+    column->setSpacing(tightGap);
     column->addWidget(bar);
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
@@ -230,6 +269,14 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
+    spellingLine_ = new QLabel(&bar);
+    row->addWidget(spellingLine_);
+}
+
+RichText::~RichText() = default;
+
+void RichText::setSpelling(spelling::Speller& speller) {
+    editor_->setSpelling(speller, *spellingLine_);
 }
 
 void RichText::showState() {
@@ -261,6 +308,7 @@ void RichText::setText(const QString& stored) {
         editor_->setUndoRedoEnabled(true);
         editor_->moveCursor(QTextCursor::Start);
     }
+    editor_->beginSpelling();
     showState();
 }
 
@@ -282,6 +330,7 @@ void RichText::setReadOnly(bool readOnly) {
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
         tool->setDisabled(readOnly);
+    editor_->beginSpelling();
 }
 
 } // namespace forms

@@ -6,9 +6,15 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
 #include <vector>
 
+class QLabel;
 class QToolButton;
+
+namespace spelling {
+class Speller;
+}
 
 namespace forms {
 
@@ -20,6 +26,7 @@ class RichText : public QWidget, public Bound {
     Q_OBJECT
   public:
     explicit RichText(QWidget* parent = nullptr);
+    ~RichText() override;
 
     /// The stored form.
     QString text() const;
@@ -27,6 +34,8 @@ class RichText : public QWidget, public Bound {
     void setText(const QString& stored);
     /// A field that can't be written can still be read and scrolled.
     void setReadOnly(bool readOnly);
+    /// From now on spelling is checked while the field can be written.
+    void setSpelling(spelling::Speller& speller);
 
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
@@ -52,6 +61,7 @@ class RichText : public QWidget, public Bound {
     class Editor;
     Editor* editor_;
     std::array<QToolButton*, ToolCount> tools_{};
+    QLabel* spellingLine_ = nullptr;
     QString shown_;
 };
 
