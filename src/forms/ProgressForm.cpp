@@ -12,7 +12,7 @@ namespace forms {
 
 namespace {
 
-constexpr int steps = 1000;
+constexpr int progressSteps = 1000;
 constexpr int formLetters = 64;
 /// Often enough for the eye, seldom enough for the work.
 constexpr int betweenPaintsMs = 50;
@@ -29,7 +29,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, steps);
+    prgStav_->setRange(0, progressSteps);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -66,8 +66,8 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 
 bool ProgressForm::showPart(double part) {
     const bool isKnown = part != store::unknownPart && !cmdZrusit_->isHidden();
-    prgStav_->setRange(0, isKnown ? steps : 0);
-    prgStav_->setValue(static_cast<int>(part * steps));
+    prgStav_->setRange(0, isKnown ? progressSteps : 0);
+    prgStav_->setValue(static_cast<int>(part * progressSteps));
     // Until this window takes all presses, none may reach the one that waits for the work.
     if (!isVisible() && !givenUp_) {
         if (since_.elapsed() < patience_.count())
