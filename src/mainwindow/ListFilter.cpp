@@ -2,6 +2,7 @@
 
 #include "forms/EntryField.h"
 #include "forms/Guard.h"
+#include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "store/DataSource.h"
 #include "store/RowTexts.h"
@@ -18,7 +19,7 @@ namespace mainwindow {
 namespace {
 
 constexpr int rowsAtOnce = 1000;
-constexpr int fieldWidth = 380;
+constexpr int fieldLetters = 50;
 
 QLineEdit* makeFilterField() {
     auto* field = new forms::EntryField;
@@ -27,7 +28,9 @@ QLineEdit* makeFilterField() {
     field->setToolTip(
         QStringLiteral("Slová v ľubovoľnom poradí, aj bez dĺžňov a mäkčeňov. Esc ukáže všetkých."));
     field->setClearButtonEnabled(true);
-    field->setMaximumWidth(fieldWidth);
+    forms::fitToFont(*field, [field] {
+        field->setMaximumWidth(forms::lettersWide(*field, fieldLetters));
+    });
     return field;
 }
 
