@@ -12,7 +12,7 @@ namespace forms {
 
 namespace {
 
-constexpr int steps = 1000;
+constexpr int fineness = 1000;
 constexpr int formLetters = 64;
 
 } // namespace
@@ -27,7 +27,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, steps);
+    prgStav_->setRange(0, fineness);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -64,7 +64,7 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 bool ProgressForm::showPart(double part) {
     if (!isVisible() && !givenUp_ && since_.elapsed() >= patience_.count())
         show();
-    prgStav_->setValue(static_cast<int>(part * steps));
+    prgStav_->setValue(static_cast<int>(part * fineness));
     QCoreApplication::processEvents();
     return !givenUp_;
 }
