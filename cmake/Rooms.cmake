@@ -12,10 +12,10 @@ set(floors
     "printing"
     "validation"
     "forms"
-    "report"
+    "report spelling"
     "store")
 # What these rooms are made for has no clients and no employees.
-set(nobodys forms report)
+set(nobodys forms spelling report)
 set(tables "k_(zaklad|memo|surodenci|zariad|vysetrenie|zaznam_|navstevy)|zamestnanci")
 
 # Sets floor_<room> for each room, counted from the roof.

@@ -12,6 +12,8 @@
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
+#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -29,6 +31,13 @@ std::size_t familyOfKind(TabKind kind) {
     if (isEntry(kind))
         return 0;
     return kind == TabKind::Memo ? 1 : 2;
+}
+
+/// As much of the window behind as leaves that to be seen.
+QSize windowSize(const QWidget* parent) {
+    constexpr QSize least(1240, 700);
+    constexpr QSize seenBehind(40, 60);
+    return parent != nullptr ? least.expandedTo(parent->window()->size() - seenBehind) : least;
 }
 
 } // namespace
@@ -51,6 +60,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
+    forms::openAs(*this, windowSize(parent));
     draft_->otvorKlienta();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)
@@ -103,6 +113,11 @@ void FrmKlientUdaj::setPrinting(Print tab, Print card) {
     printTab_ = std::move(tab);
     printCard_ = std::move(card);
     foot_->setPrints(printTab_ != nullptr);
+}
+
+void FrmKlientUdaj::setSpelling(spelling::Speller& speller) {
+    for (auto* text : findChildren<forms::RichText*>())
+        text->setSpelling(speller);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {

@@ -15,6 +15,10 @@
 #include <functional>
 #include <optional>
 
+namespace spelling {
+class Speller;
+}
+
 namespace clientcard {
 
 class CardPages;
@@ -43,6 +47,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     using Print = std::function<void(const Shown&)>;
     /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
     void setPrinting(Print tab, Print card);
+    /// Spelling is checked in the long texts. @param speller must outlive the card
+    void setSpelling(spelling::Speller& speller);
 
   protected:
     void showEvent(QShowEvent* event) override;

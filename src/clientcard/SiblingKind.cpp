@@ -7,6 +7,7 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
 #include "store/EngineError.h"
 #include "store/Recordset.h"
 
@@ -18,7 +19,7 @@ namespace clientcard {
 
 namespace {
 
-constexpr int sexPickWidth = 46;
+constexpr int sexPickCharacters = 5;
 const QString codesColumn = QStringLiteral("postih");
 
 /// Siblings. Their picks are hidden, not merely disabled, while no record is open.
@@ -50,7 +51,7 @@ SiblingKind::SiblingKind(const RecordParts& parts)
                QStringLiteral("výber pohlavia"), parts.workshop),
       impairments_(impairmentTraits(Person::Sibling), *fields_[sibling::dominant],
                    *fields_[sibling::associated], parts.workshop, parts.frame.guard()) {
-    sexPick_.pick().setFixedWidth(sexPickWidth);
+    card::setWidth(sexPick_.pick(), sexPickCharacters);
     card::keepPlace(sexPick_.pick());
     sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
     for (const int field : {sibling::dominant, sibling::associated})
@@ -74,9 +75,8 @@ void SiblingKind::layOutBelow(QBoxLayout& frame) {
     auto* Frame9 = new QGroupBox(QStringLiteral("Postihnutia"));
     Frame9->setObjectName(QStringLiteral("Frame9"));
     auto* grid = new QGridLayout(Frame9);
-    grid->setContentsMargins(8, 6, 8, 6);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
+    grid->setHorizontalSpacing(forms::gap);
+    grid->setVerticalSpacing(forms::tightGap);
     impairments_.layOut(*grid, ImpairmentFields::Shape::Narrow);
     frame.addWidget(Frame9);
 }

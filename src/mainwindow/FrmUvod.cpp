@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "forms/Twips.h"
 #include "mainwindow/ButtonPanel.h"
 #include "mainwindow/Exit.h"
@@ -23,7 +24,6 @@
 #include <QLabel>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -35,8 +35,6 @@ namespace {
 
 constexpr int frameWidth = forms::pixels(3360) - 14;
 constexpr QSize startSize(1280, 800);
-/// What a window manager may put around a window.
-constexpr QSize decoration(8, 40);
 
 bool isUnusable(int number) {
     return number == 3228 || number == 3343;
@@ -56,7 +54,9 @@ FrmUvod::FrmUvod(const Surroundings& around)
     auto* columns = new QHBoxLayout(centre);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
-    panel_->setFixedWidth(frameWidth);
+    forms::fitToFont(*panel_, [this] {
+        panel_->setFixedWidth(std::max(frameWidth, panel_->sizeHint().width()));
+    });
     columns->addWidget(panel_);
     auto* right = new QVBoxLayout;
     right->setSpacing(0);
@@ -67,7 +67,7 @@ FrmUvod::FrmUvod(const Surroundings& around)
     buildMenu();
     buildKeys();
     buildStatus();
-    resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    resize(startSize.boundedTo(forms::roomFor(*this)));
     forms::ErrorRoute& route = forms::ErrorRoute::of(*this);
     route.undoIn(around_.engine);
     connect(&route, &forms::ErrorRoute::readFailed, this, &FrmUvod::listFailed);

@@ -6,11 +6,13 @@
 #include "card/TextRules.h"
 #include "forms/CodeDropDown.h"
 #include "forms/Colours.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
+#include "forms/ScrollPage.h"
 #include "validation/modKontrola.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -78,15 +80,17 @@ void FrmPsychUdaj::makeControls() {
 }
 
 void FrmPsychUdaj::layOut() {
-    auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(20, 16, 20, 12);
-    lines->setSpacing(12);
-    layOutFields(*lines);
-    auto* frames = new QHBoxLayout;
+    auto* page = new QWidget(this);
+    auto* upper = new QVBoxLayout(page);
+    upper->setContentsMargins(0, 0, 0, 0);
+    layOutFields(*upper);
+    auto* frames = new forms::FlowLayout(forms::FlowLayout::Fill::Share);
+    upper->addLayout(frames);
     for (QGroupBox* frame : options_->frames())
         frames->addWidget(frame);
-    lines->addLayout(frames);
-    lines->addStretch(1);
+    upper->addStretch(1);
+    auto* lines = new QVBoxLayout(this);
+    lines->addWidget(new forms::ScrollPage(page, this), 1);
     lines->addLayout(layOutFoot());
 }
 
@@ -111,10 +115,8 @@ void FrmPsychUdaj::layOutFields(QBoxLayout& lines) {
 }
 
 QLayout* FrmPsychUdaj::layOutFoot() {
-    auto* keys = new QLabel(QString::fromUtf16(cardKeys), this);
-    keys->setForegroundRole(QPalette::PlaceholderText);
-    auto* line = new QHBoxLayout;
-    line->addWidget(keys, 1);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(new forms::KeyHint(QString::fromUtf16(cardKeys), this));
     for (QPushButton* button : buttons_)
         line->addWidget(button);
     return line;

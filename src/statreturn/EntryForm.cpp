@@ -2,11 +2,11 @@
 
 #include "card/Buttons.h"
 #include "forms/Colours.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
 #include "forms/MessageBox.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -37,12 +37,10 @@ forms::EntryField* EntryForm::makeField(const QString& array, int index, QWidget
     return made;
 }
 
-QHBoxLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
-                                     const char16_t* keys) {
-    auto* line = new QHBoxLayout;
-    auto* hint = new QLabel(QString::fromUtf16(keys), this);
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    line->addWidget(hint, 1);
+QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
+                                 const char16_t* keys) {
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(new forms::KeyHint(QString::fromUtf16(keys), this));
     const std::array<card::ButtonRow, 2> table = {{{writes, u"Zápis"}, {drops, u"Storno"}}};
     const auto buttons = card::makeButtons(
         table, this, [this](int place) { place == 0 ? writeAndClose() : storno(); });

@@ -10,7 +10,7 @@
 
 #include <optional>
 
-class QHBoxLayout;
+class QLayout;
 
 namespace store {
 class DBEngine;
@@ -62,7 +62,7 @@ class EntryForm : public QDialog, public forms::FieldEvents {
     /// A field of an array with the form's rules. @param parent owns it
     forms::EntryField* makeField(const QString& array, int index, QWidget* parent);
     /// Both buttons and before them the keys, as the form's last line.
-    QHBoxLayout* makeLastLine(const char16_t* writes, const char16_t* drops, const char16_t* keys);
+    QLayout* makeLastLine(const char16_t* writes, const char16_t* drops, const char16_t* keys);
 
   private:
     void writeAndClose();

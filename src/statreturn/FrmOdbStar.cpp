@@ -1,6 +1,8 @@
 #include "statreturn/FrmOdbStar.h"
 
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
+#include "forms/ScrollPage.h"
 #include "statreturn/CareGrid.h"
 #include "statreturn/CareSums.h"
 #include "validation/Validators.h"
@@ -8,7 +10,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScreen>
 
 namespace statreturn {
 
@@ -16,8 +17,6 @@ namespace {
 
 constexpr auto careKeys =
     u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
-/// What a desktop puts around a window.
-constexpr QSize desktopFrame(16, 48);
 const QString cellPrefix = QStringLiteral("txt");
 
 bool isCell(const forms::Control& control) {
@@ -63,16 +62,14 @@ void FrmOdbStar::layOut() {
     upper->addWidget(grid_, 1);
     upper->addStretch();
     auto* table = new QHBoxLayout(frame);
-    table->setContentsMargins(6, 4, 6, 4);
     table->addLayout(upper, 1);
-    table->addWidget(sums_);
+    table->addWidget(new forms::ScrollPage(sums_, this));
     table->addStretch();
     auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
     // By itself a dialog takes two thirds of the screen at most.
-    resize(sizeHint().boundedTo(screen()->availableSize() - desktopFrame));
+    resize(sizeHint().boundedTo(forms::roomFor(*this)));
 }
 
 void FrmOdbStar::load() {

@@ -5,7 +5,10 @@
 #include "store/Database.h"
 #include "store/Recordset.h"
 
+#include <QCalendar>
+
 #include <algorithm>
+#include <tuple>
 
 namespace statreturn {
 
@@ -34,9 +37,10 @@ void stampAges(store::DataSource& datTlac, const Period& period, const QDate& to
 } // namespace
 
 int completedYears(const QDate& today, const QDate& birth) {
-    const bool birthdayToCome = today.month() < birth.month() ||
-                                (today.month() == birth.month() && today.day() < birth.day());
-    return today.year() - birth.year() - (birthdayToCome ? 1 : 0);
+    const auto now = QCalendar().partsFromDate(today);
+    const auto born = QCalendar().partsFromDate(birth);
+    const bool birthdayToCome = std::tie(now.month, now.day) < std::tie(born.month, born.day);
+    return now.year - born.year - (birthdayToCome ? 1 : 0);
 }
 
 int ageOn(const QDate& today, const QDate& birth) {

@@ -62,7 +62,9 @@ void FrmSlova::layOut() {
     lstSlova_->setObjectName(QStringLiteral("lstSlova"));
     lstSlova_->setAccessibleName(QStringLiteral("Čie slová a odkedy"));
     rtbSlova_->setObjectName(QStringLiteral("rtbSlova"));
-    rtbSlova_->editor().setAccessibleName(QStringLiteral("Rozpísané slová"));
+    for (QWidget* part :
+         {static_cast<QWidget*>(rtbSlova_), static_cast<QWidget*>(&rtbSlova_->editor())})
+        part->setAccessibleName(QStringLiteral("Rozpísané slová"));
     rtbSlova_->setReadOnly(true);
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setTextFormat(Qt::PlainText);

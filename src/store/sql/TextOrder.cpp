@@ -66,6 +66,14 @@ std::string spelledOut(std::string_view text, bool keepLight) {
     return result;
 }
 
+std::size_t equalBytes(std::string_view left, std::string_view right) {
+    const std::size_t length = std::min(left.size(), right.size());
+    std::size_t at = 0;
+    while (at < length && left[at] == right[at])
+        ++at;
+    return at;
+}
+
 } // namespace
 
 void TextOrder::Close::operator()(UCollator* collator) const {
@@ -108,10 +116,7 @@ int TextOrder::collate(std::string_view left, std::string_view right) const {
 }
 
 bool TextOrder::isRanked(std::string_view text, std::size_t at) const {
-    if (at >= text.size())
-        return true;
-    const auto c = static_cast<unsigned char>(text[at]);
-    return c < ranks_.size() && ranks_[c] != 0;
+    return at >= text.size() || ranks_[static_cast<unsigned char>(text[at])] != 0;
 }
 
 /// Rank of the letter at a place, which is moved behind it; 0 if it has none by itself.
@@ -160,18 +165,35 @@ bool TextOrder::startsAfresh(std::string_view text, std::size_t at) const {
     return at == 0 || (isRanked(text, at - 1) && (text[at - 1] | ' ') != 'c');
 }
 
+/// What two plain signs make of a place where texts differ, a blank being the least of them; 0
+/// where more has to be read.
+int TextOrder::differenceAt(std::size_t at, std::string_view left, std::string_view right) const {
+    const auto rank = [&](std::string_view text) {
+        const bool mayBeCh = (text[at] | ' ') == 'c';
+        return mayBeCh || !isRanked(text, at + 1) ? 0
+                                                  : ranks_[static_cast<unsigned char>(text[at])];
+    };
+    if (at >= left.size() || at >= right.size() || !startsAfresh(left, at))
+        return 0;
+    const int leftRank = rank(left);
+    const int rightRank = rank(right);
+    return leftRank && rightRank ? leftRank - rightRank : 0;
+}
+
 /// Length of a beginning that both texts share and that does not decide.
 std::size_t TextOrder::sharedLength(std::string_view left, std::string_view right) const {
-    const auto [l, r] = std::ranges::mismatch(left, right);
-    auto at = static_cast<std::size_t>(l - left.begin());
+    std::size_t at = equalBytes(left, right);
     while (at > 0 && !(isRanked(left, at) && isRanked(right, at) && startsAfresh(left, at)))
         --at;
     return at;
 }
 
 int TextOrder::compare(std::string_view left, std::string_view right) const {
-    if (left == right)
+    const std::size_t equal = equalBytes(left, right);
+    if (equal == left.size() && equal == right.size())
         return 0;
+    if (const int difference = differenceAt(equal, left, right))
+        return difference;
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
     if (left == right)

@@ -28,13 +28,14 @@ class TextOrder {
     struct Close {
         void operator()(UCollator* collator) const;
     };
-    /// Position of a plain ASCII character in the order, equal for both cases; 0 for a character
-    /// that only the collator can place.
-    using Ranks = std::array<std::uint8_t, 128>;
+    /// Position of a plain ASCII character in the order, equal for both cases; 0 for a byte that
+    /// only the collator can place.
+    using Ranks = std::array<std::uint8_t, 256>;
 
     bool isRanked(std::string_view text, std::size_t at) const;
     int rankAt(std::string_view text, std::size_t& at) const;
     bool startsAfresh(std::string_view text, std::size_t at) const;
+    int differenceAt(std::size_t at, std::string_view left, std::string_view right) const;
     std::size_t sharedLength(std::string_view left, std::string_view right) const;
     bool compareRanks(std::string_view left, std::string_view right, int& result) const;
     int collate(std::string_view left, std::string_view right) const;
