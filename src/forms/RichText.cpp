@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QSignalBlocker>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -115,7 +116,7 @@ class RichText::Editor : public QTextEdit {
     void paintEvent(QPaintEvent* event) override {
         QTextEdit::paintEvent(event);
         if (spelling_ != nullptr)
-            spelling_->paint();
+            spelling_->paint(event->rect());
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -59,6 +60,31 @@ void drawWave(QPainter& painter, qreal from, qreal to, qreal y) {
     painter.drawPolyline(wave);
 }
 
+int endOf(const QTextLine& line) {
+    return line.textStart() + line.textLength();
+}
+
+int lastLineAbove(qreal bottom, const QTextLayout& layout, int from) {
+    while (from + 1 < layout.lineCount() && layout.lineAt(from + 1).y() < bottom)
+        ++from;
+    return from;
+}
+
+/// A word that is longer than its line goes on in the next ones.
+void underline(QPainter& painter, const QTextLayout& layout, int lineNumber, const Word& word,
+               const QPointF& origin) {
+    constexpr qreal belowLetters = 2;
+    for (; lineNumber < layout.lineCount(); ++lineNumber) {
+        const QTextLine line = layout.lineAt(lineNumber);
+        if (line.textStart() >= word.end())
+            return;
+        const qreal from = line.cursorToX(std::max(int(word.from), line.textStart()));
+        const qreal to = line.cursorToX(std::min(int(word.end()), endOf(line)));
+        drawWave(painter, origin.x() + from, origin.x() + to,
+                 origin.y() + line.y() + line.ascent() + belowLetters);
+    }
+}
+
 } // namespace
 
 SpellCheck::SpellCheck(QTextEdit& editor, spelling::Speller& speller, QLabel& line)
@@ -93,41 +119,41 @@ void SpellCheck::begin() {
     editor_.viewport()->update();
 }
 
-void SpellCheck::paint() {
+void SpellCheck::paint(const QRect& area) {
     if (!isOn())
         return;
-    const QTextCursor first = editor_.cursorForPosition({0, 0});
-    const QTextCursor last = editor_.cursorForPosition(editor_.viewport()->rect().bottomRight());
     QPainter painter(editor_.viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(unknownWordColour);
-    for (QTextBlock block = first.block(); block.isValid() && block.position() <= last.position();
-         block = block.next()) {
-        const int from = std::max(0, first.position() - block.position());
-        const int to = std::min(block.length() - 1, last.position() - block.position());
-        for (const Word& word : spelling::wordsIn(block.text(), from, to)) {
-            if (isUnderlined(block, word))
-                underline(painter, block, word);
-        }
+    const QTextCursor first = editor_.cursorForPosition({0, area.top()});
+    int from = first.positionInBlock();
+    for (QTextBlock block = first.block();
+         block.isValid() && paintBlock(painter, block, from, area.bottom()); block = block.next())
+        from = 0;
+}
+
+/// By lines: to ask the editor for the place of each word takes long in a long paragraph.
+/// @return false when what follows lies below `bottom`
+bool SpellCheck::paintBlock(QPainter& painter, const QTextBlock& block, int from, int bottom) {
+    const QTextLayout& layout = *block.layout();
+    QTextLine line = layout.lineForTextPosition(from);
+    if (!line.isValid())
+        return true;
+    const QRect start = editor_.cursorRect(cursorAt(editor_.document(), block.position() + from));
+    const QPointF origin = start.topLeft() - QPointF(line.cursorToX(from), line.y());
+    const int last = lastLineAbove(bottom - origin.y(), layout, line.lineNumber());
+    for (const Word& word : spelling::wordsIn(block.text(), from, endOf(layout.lineAt(last)))) {
+        while (endOf(line) <= word.from && line.lineNumber() < last)
+            line = layout.lineAt(line.lineNumber() + 1);
+        if (isUnderlined(block, word))
+            underline(painter, layout, line.lineNumber(), word, origin);
     }
+    return origin.y() + layout.boundingRect().bottom() < bottom;
 }
 
 bool SpellCheck::isUnderlined(const QTextBlock& block, const Word& word) {
     return block.position() + int(word.from) != typed_ &&
            speller_.verdict(word.text) == spelling::Verdict::Wrong;
-}
-
-/// A word that is longer than its line goes on in the next ones.
-void SpellCheck::underline(QPainter& painter, const QTextBlock& block, const Word& word) const {
-    constexpr int belowLetters = 2;
-    const int start = block.position() + int(word.from);
-    const QRect from = editor_.cursorRect(cursorAt(editor_.document(), start));
-    const QRect to = editor_.cursorRect(cursorAt(editor_.document(), start + int(word.length)));
-    const int rise = editor_.fontMetrics().descent() - belowLetters;
-    if (from.bottom() == to.bottom())
-        return drawWave(painter, from.left(), to.left(), to.bottom() - rise);
-    drawWave(painter, from.left(), editor_.viewport()->width(), from.bottom() - rise);
-    drawWave(painter, 0, to.left(), to.bottom() - rise);
 }
 
 void SpellCheck::setTyped(int start) {
