@@ -7,6 +7,7 @@ set(floors
     "app"
     "mainwindow"
     "clientcard staff statreturn printouts backup oldregister datacheck help"
+    "words"
     "card"
     "printing"
     "validation"

@@ -18,6 +18,7 @@
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
+#include "words/FrmSlova.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -207,6 +208,11 @@ void checkData(FrmUvod& window) {
         window.readListAnew();
 }
 
+void keptWords(FrmUvod& window) {
+    words::Book book(window.surroundings().folder);
+    words::FrmSlova(book, &window).exec();
+}
+
 void showHelp(FrmUvod& window) {
     help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
 }
@@ -245,6 +251,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
         {Screen::DataCheck, checkData},
+        {Screen::KeptWords, keptWords},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},
     };

@@ -8,6 +8,7 @@
 #include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
 #include "forms/FocusGuard.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
 
@@ -62,11 +63,13 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     forms::FocusGuard& guard() override { return guard_; }
     SaveCycle& cycle() override { return *cycle_; }
     card::Actions& actions() override { return actions_; }
+    words::Keeper& words() override { return words_; }
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;
 
     void makePages();
+    void beginWords();
     void zamkniZalozky();
     void zalozkaKlik(int tab);
     void showKeys(int tab);
@@ -90,6 +93,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     // The tabs are told of events by the guard, and bound to the data.
     CardData data_;
     card::Actions actions_;
+    words::Keeper words_;
     TabFamilies families_;
     forms::FocusGuard guard_;
     CardPages* pages_;

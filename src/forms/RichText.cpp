@@ -1,6 +1,8 @@
 #include "forms/RichText.h"
 
+#include "forms/Metrics.h"
 #include "forms/RichDocument.h"
+#include "forms/RovingFocus.h"
 #include "forms/SpellCheck.h"
 #include "report/HtmlReader.h"
 
@@ -24,16 +26,16 @@ namespace {
 
 struct ToolDef {
     const char16_t* caption = nullptr;
-    const char16_t* tip = nullptr;
+    const char16_t* name = nullptr;
     QKeyCombination key;
 };
 
 constexpr std::array<ToolDef, 5> toolDefs = {{
-    {u"B", u"Tučné (Ctrl+B)", Qt::CTRL | Qt::Key_B},
-    {u"I", u"Kurzíva (Ctrl+I)", Qt::CTRL | Qt::Key_I},
-    {u"U", u"Podčiarknuté (Ctrl+U)", Qt::CTRL | Qt::Key_U},
-    {u"•", u"Odrážky (Ctrl+Shift+L)", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
-    {u"1.", u"Číslovanie (Ctrl+Shift+N)", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+    {u"B", u"Tučné", Qt::CTRL | Qt::Key_B},
+    {u"I", u"Kurzíva", Qt::CTRL | Qt::Key_I},
+    {u"U", u"Podčiarknuté", Qt::CTRL | Qt::Key_U},
+    {u"•", u"Odrážky", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
+    {u"1.", u"Číslovanie", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
 }};
 
 /// What one field gives another: the stored form, in which each blank counts.
@@ -158,6 +160,15 @@ class RichText::Editor : public QTextEdit {
         return QTextEdit::event(event);
     }
 
+    /// On a wide screen the lines stay as long as one reads easily.
+    void resizeEvent(QResizeEvent* event) override {
+        const int longest = longestLine(*this) + 2 * int(document()->documentMargin());
+        const bool isWide = viewport()->width() > longest;
+        setLineWrapMode(isWide ? FixedPixelWidth : WidgetWidth);
+        setLineWrapColumnOrWidth(isWide ? longest : 0);
+        QTextEdit::resizeEvent(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         const int tool = toolOf(*event);
         const bool endsList = event->matches(QKeySequence::InsertParagraphSeparator) &&
@@ -217,9 +228,10 @@ class RichText::Editor : public QTextEdit {
 RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this)) {
     auto* bar = new QWidget(this);
     addTools(*bar);
+    setTabOrder(tools_.back(), editor_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
+    column->setSpacing(tightGap);
     column->addWidget(bar);
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
@@ -233,14 +245,17 @@ void RichText::addTools(QWidget& bar) {
     auto* row = new QHBoxLayout(&bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(1);
+    auto* focus = new RovingFocus(bar);
     for (int tool = 0; tool < ToolCount; ++tool) {
         auto* button = new QToolButton(&bar);
         button->setText(QString::fromUtf16(toolDefs[tool].caption));
-        button->setToolTip(QString::fromUtf16(toolDefs[tool].tip));
+        const QString name = QString::fromUtf16(toolDefs[tool].name);
+        button->setAccessibleName(name);
+        button->setToolTip(QStringLiteral("%1 (%2)").arg(
+            name, QKeySequence(toolDefs[tool].key).toString(QKeySequence::NativeText)));
         button->setCheckable(true);
         button->setAutoRaise(true);
-        // A click must not take the focus out of the text.
-        button->setFocusPolicy(Qt::NoFocus);
+        focus->add(*button);
         QFont font = button->font();
         font.setBold(tool == Bold);
         font.setItalic(tool == Italic);
@@ -271,6 +286,12 @@ void RichText::showState() {
 
 QTextEdit& RichText::editor() {
     return *editor_;
+}
+
+std::vector<QWidget*> RichText::tabStops() const {
+    std::vector<QWidget*> stops(tools_.begin(), tools_.end());
+    stops.push_back(editor_);
+    return stops;
 }
 
 QString RichText::text() const {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class QLabel;
 class QToolButton;
@@ -44,6 +45,8 @@ class RichText : public QWidget, public Bound {
     bool showsLate() const override { return true; }
 
     QTextEdit& editor();
+    /// What Tab leads to, in order: the tools, of which one takes the focus, and the text.
+    std::vector<QWidget*> tabStops() const;
 
   Q_SIGNALS:
     /// The user changed the text.

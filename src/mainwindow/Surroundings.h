@@ -38,6 +38,7 @@ enum class Screen {
     Copies,
     RestoreAtStart,
     DataCheck,
+    KeptWords,
     Help,
     About,
 };
