@@ -1,5 +1,6 @@
 #include "forms/RichText.h"
 
+#include "forms/KeyHint.h"
 #include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
@@ -269,11 +270,10 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
-    spellingLine_ = new QLabel(&bar);
+    spellingLine_ = new KeyHint(&bar);
+    spellingLine_->setAlignment(Qt::AlignRight);
     row->addWidget(spellingLine_);
 }
-
-RichText::~RichText() = default;
 
 void RichText::setSpelling(spelling::Speller& speller) {
     editor_->setSpelling(speller, *spellingLine_);

@@ -98,10 +98,10 @@ SpellCheck::SpellCheck(QTextEdit& editor, spelling::Speller& speller, QLabel& li
     connect(&editor, &QTextEdit::cursorPositionChanged, this, &SpellCheck::cursorMoved);
     connect(&search_, &SpellSearch::found, this, &SpellCheck::offer);
     connect(&search_, &SpellSearch::foundNone, this,
-            [this] { tell(QStringLiteral("Žiadne neznáme slovo.")); });
+            [this] { tell(QStringLiteral("Žiadne neznáme slovo")); });
     connect(&menu_, &SpellMenu::nextAsked, this, &SpellCheck::findNext);
     connect(&menu_, &SpellMenu::added, this, [this](const QString& word) {
-        tell(QStringLiteral("Slovo „%1“ je v slovníku.").arg(word));
+        tell(QStringLiteral("Slovo „%1“ je v slovníku").arg(word));
     });
     editor.installEventFilter(this);
     begin();
@@ -194,9 +194,11 @@ void SpellCheck::leave() {
 
 void SpellCheck::findNext() {
     if (!isOn())
-        return tell(QStringLiteral("Pravopis sa kontroluje v texte otvorenom na zápis."));
-    if (!speller_.trouble().isEmpty() || !speller_.isReady())
-        tell(speller_.isReady() ? speller_.trouble() : QStringLiteral("Slovník sa ešte číta…"));
+        return tell(QStringLiteral("Pravopis sa kontroluje v texte otvorenom na zápis"));
+    if (!speller_.hasDictionary())
+        return tell(speller_.trouble());
+    if (!speller_.isReady())
+        tell(QStringLiteral("Slovník sa ešte číta…"));
     const QTextCursor cursor = editor_.textCursor();
     const int start = startOfWordAt(*editor_.document(), cursor.position());
     search_.begin(cursor.hasSelection() || start < 0 ? cursor.selectionEnd() : start);
@@ -242,7 +244,6 @@ void SpellCheck::tellUsual() {
     line_.setText(isTrouble ? speller_.trouble()
                   : isOn()  ? QStringLiteral("F7 ďalšie neznáme slovo")
                             : QString());
-    line_.setToolTip(isTrouble ? speller_.trouble() : QString());
 }
 
 } // namespace forms

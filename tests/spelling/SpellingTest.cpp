@@ -107,7 +107,8 @@ TEST(OwnWords, OfAnotherFileAreToldAndLeftAlone) {
     spelling::Speller speller({place.folder.path()}, file.fileName());
     speller.start();
     EXPECT_TRUE(QTest::qWaitFor([&] { return speller.isReady(); }));
-    EXPECT_TRUE(speller.trouble().startsWith(u"Vlastný slovník sa nepoužíva. Súbor nie je zoznam"));
+    EXPECT_TRUE(
+        speller.trouble().startsWith(u"Vlastný slovník sa nepoužíva  ·  Súbor nie je zoznam"));
     speller.add(u"ziak"_s);
     EXPECT_TRUE(
         QTest::qWaitFor([&] { return speller.trouble().startsWith(u"Slovo „ziak“ platí len"); }));
