@@ -171,6 +171,8 @@ void SpellCheck::textChanged(int from, int added) {
 }
 
 void SpellCheck::cursorMoved() {
+    if (search_.isUnderWay())
+        tellUsual();
     search_.stop();
     menu_.giveUp();
     if (typed_ >= 0 &&
