@@ -1,6 +1,7 @@
 #include "forms/RichText.h"
 
 #include "forms/Colours.h"
+#include "forms/KeyHint.h"
 #include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
@@ -11,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QSignalBlocker>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -118,7 +120,7 @@ class RichText::Editor : public QTextEdit {
     void paintEvent(QPaintEvent* event) override {
         QTextEdit::paintEvent(event);
         if (spelling_ != nullptr)
-            spelling_->paint();
+            spelling_->paint(event->rect());
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
@@ -269,11 +271,10 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
-    spellingLine_ = new QLabel(&bar);
+    spellingLine_ = new KeyHint(&bar);
+    spellingLine_->setAlignment(Qt::AlignRight);
     row->addWidget(spellingLine_);
 }
-
-RichText::~RichText() = default;
 
 void RichText::setSpelling(spelling::Speller& speller) {
     editor_->setSpelling(speller, *spellingLine_);

@@ -6,10 +6,8 @@
 #include <QWidget>
 
 #include <array>
-#include <memory>
 #include <vector>
 
-class QLabel;
 class QToolButton;
 
 namespace spelling {
@@ -17,6 +15,8 @@ class Speller;
 }
 
 namespace forms {
+
+class KeyHint;
 
 /// A field of rich text: bold, italic, underlined, lists, with a small tool bar and the usual keys
 /// (Ctrl+B, Ctrl+I, Ctrl+U, Ctrl+Shift+L, Ctrl+Shift+N). Tab leaves the field. What is pasted is
@@ -26,7 +26,6 @@ class RichText : public QWidget, public Bound {
     Q_OBJECT
   public:
     explicit RichText(QWidget* parent = nullptr);
-    ~RichText() override;
 
     /// The stored form.
     QString text() const;
@@ -61,7 +60,7 @@ class RichText : public QWidget, public Bound {
     class Editor;
     Editor* editor_;
     std::array<QToolButton*, ToolCount> tools_{};
-    QLabel* spellingLine_ = nullptr;
+    KeyHint* spellingLine_ = nullptr;
     QString shown_;
 };
 

@@ -43,6 +43,7 @@ SpellMenu::SpellMenu(QTextEdit& editor, spelling::Speller& speller)
 
 void SpellMenu::open(const Offer& offer) {
     offer_ = offer;
+    menu_.clear();
     waiting_.start();
     speller_.suggest(offer.word, this, [this, number = ++offers_](const QStringList& words) {
         if (number == offers_)

@@ -85,8 +85,11 @@ TEST_F(EveryScreenTest, isNamedAndSlovak) {
     forms::installSlovakTexts(*qApp);
     Faults nameless;
     int screens = 0;
+    int spelled = 0;
     ScreenWalk walk([&](QWidget& screen, const QString& name) {
         ++screens;
+        for (const auto* line : screen.findChildren<QLabel*>())
+            spelled += line->isVisible() && line->text().startsWith(u"Pravopis") ? 1 : 0;
         Faults found;
         findNameless(QAccessible::queryAccessibleInterface(&screen), found);
         findUnrelated(screen, found);
@@ -97,6 +100,7 @@ TEST_F(EveryScreenTest, isNamedAndSlovak) {
     expectNone("without a name", nameless);
     expectNone("foreign", untranslated.faults);
     EXPECT_GT(screens, 150);
+    EXPECT_GE(spelled, 6) << "long texts that can be written";
 }
 
 } // namespace
