@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTextEdit>
 
@@ -103,6 +104,13 @@ void addActions(QWidget& menu, const std::function<QRect(QAction*)>& place, Text
     }
 }
 
+QRect fieldOf(const QComboBox& box) {
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
+                                       &box);
+}
+
 /// What is written on a widget itself.
 void addTexts(QWidget& widget, Texts& texts) {
     const auto whole = [&](const QString& words, double least, int edge) {
@@ -121,7 +129,7 @@ void addTexts(QWidget& widget, Texts& texts) {
         line->deselect();
         whole(line->text() + line->placeholderText(), ofField, 4);
     } else if (auto* box = qobject_cast<QComboBox*>(&widget); box != nullptr && !box->isEditable())
-        whole(box->width() > 60 ? box->currentText() : QString(), ofField, 6);
+        texts.push_back({box, fieldOf(*box), box->currentText(), ofField});
     else if (auto* edit = qobject_cast<QTextEdit*>(&widget))
         whole(edit->toPlainText(), ofField, 4);
     else if (auto* head = qobject_cast<QHeaderView*>(&widget))
