@@ -7,6 +7,7 @@
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryLayout.h"
 #include "clientcard/ImpairmentFields.h"
+#include "clientcard/LastRecords.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
@@ -44,8 +45,12 @@ class EntryTabs : public TabFamily, public KeyFields {
     void turnedTo(int tab) override { focusElement(tab == 0 ? krz::meno : krz::matka); }
     KeyFields* keyFields() override { return this; }
     void focusElement(int element) override { fields_.field(element).setFocus(); }
+    void contentsRead(std::span<const TabContents> contents) override {
+        lastRecords_->showContents(contents);
+    }
     bool isChanged() const override;
-    std::function<void()> keepTyped() override;
+    forms::Words typedWords() const override;
+    void enterWords(const forms::Words& words) override;
 
     card::Names typed() const override {
         return {fields_.text(krz::priezv), fields_.text(krz::meno)};
@@ -58,6 +63,12 @@ class EntryTabs : public TabFamily, public KeyFields {
 
   private:
     store::Recordset& row() const { return frame_.data().datZaklad().Recordset(); }
+    bool isOpen() const {
+        return frame_.data().datZaklad().isOpen() && row().EditMode() != store::EditState::None;
+    }
+    static QString columnOf(std::size_t i) {
+        return QString::fromUtf16(impairmentColumns[i].column);
+    }
     ImpairmentFields makeImpairments(const ImpairmentColumn& of);
     void bindAll();
     void showRow();
@@ -66,6 +77,7 @@ class EntryTabs : public TabFamily, public KeyFields {
     /// Holds the controls until their pages take them.
     QWidget workshop_;
     forms::EntryField* txtIdKod_;
+    LastRecords* lastRecords_;
     Pickers pickers_;
     EntryFields fields_;
     ParentOptions options_;
@@ -76,7 +88,8 @@ class EntryTabs : public TabFamily, public KeyFields {
 
 EntryTabs::EntryTabs(CardFrame& frame)
     : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())),
-      fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
+      lastRecords_(new LastRecords(&workshop_)), fields_(frame, pickers_, &workshop_),
+      options_(fields_, &workshop_),
       sexPick_(frame.guard(), fields_.field(krz::pohlav), QStringLiteral("cmbPos"), 3,
                QStringLiteral("výber z číselnika"), &workshop_),
       impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
@@ -106,8 +119,8 @@ void EntryTabs::bindAll() {
 }
 
 QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
-    const EntryControls controls{fields_,         pickers_,        options_,       impairments_[0],
-                                 impairments_[1], impairments_[2], sexPick_.pick()};
+    const EntryControls controls{fields_,         pickers_,        options_,        impairments_[0],
+                                 impairments_[1], impairments_[2], sexPick_.pick(), *lastRecords_};
     return tab == 0 ? makeBasicPage(controls, parent) : makeParentsPage(controls, parent);
 }
 
@@ -137,26 +150,32 @@ void EntryTabs::tellMissing(const QString& message) {
 }
 
 bool EntryTabs::isChanged() const {
-    if (!frame_.data().datZaklad().isOpen() || row().EditMode() == store::EditState::None)
+    if (!isOpen())
         return false;
     const auto differs = [this](std::size_t i) {
         return impairments_[i].isPending() ||
                card::trimBlanks(impairments_[i].joined()) !=
-                   card::trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
+                   card::trimBlanks(row().Fields(columnOf(i)).Value().toText());
     };
     return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
            differs(2);
 }
 
-std::function<void()> EntryTabs::keepTyped() {
-    return [this, fields = binding_.keepTyped(), options = options_.keepChosen(),
-            codes = std::array{impairments_[0].joined(), impairments_[1].joined(),
-                               impairments_[2].joined()}] {
-        fields();
-        options();
-        for (std::size_t i = 0; i < codes.size(); ++i)
-            impairments_[i].show(codes[i]);
-    };
+forms::Words EntryTabs::typedWords() const {
+    forms::Words words = binding_.typed();
+    options_.addTyped(words);
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        impairments_[i].addTyped(words, columnOf(i));
+    return words;
+}
+
+void EntryTabs::enterWords(const forms::Words& words) {
+    binding_.enter(words);
+    options_.enter(words);
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        impairments_[i].enter(words, columnOf(i));
+    if (isOpen())
+        pickers_.showMeanings();
 }
 
 } // namespace

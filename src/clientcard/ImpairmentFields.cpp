@@ -32,17 +32,17 @@ constexpr int mostOfWords = 200;
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
     {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
-     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, false,
-     u'0'},
+     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, false, u'0',
+     u"Postihnutia"},
     {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
-     u' '},
+     u' ', u"Postihnutia matky"},
     {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
-     u' '},
+     u' ', u"Postihnutia otca"},
     {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true, true,
-     true, u'0'},
+     true, u'0', u"Postihnutia súrodenca"},
 }};
 
 forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
@@ -171,16 +171,45 @@ void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
 }
 
 void ImpairmentFields::show(const QString& stored) {
-    state_.read(stored);
+    stored_ = stored;
+    showCodes(stored);
+}
+
+void ImpairmentFields::showCodes(const QString& codes) {
+    state_.read(codes);
     showSlots();
     dominantPick_->setPick(-1);
     for (forms::EntryField* field : {&dominant_, &associated_})
         field->showBound(QString());
-    enableAssociated(hasImpairment(stored));
+    enableAssociated(hasImpairment(codes));
 }
 
 bool ImpairmentFields::isPending() const {
     return !dominant_.text().isEmpty() || !associated_.text().isEmpty();
+}
+
+void ImpairmentFields::addTyped(forms::Words& words, const QString& column) const {
+    if (card::trimBlanks(joined()) != card::trimBlanks(stored_))
+        words.push_back({.field = column,
+                         .column = column,
+                         .text = joined(),
+                         .caption = QString::fromUtf16(traits_.wordsCaption)});
+    for (const forms::EntryField* field : {&dominant_, &associated_}) {
+        if (!field->text().isEmpty())
+            words.push_back({.field = field->objectName(), .column = {}, .text = field->text()});
+    }
+}
+
+void ImpairmentFields::enter(const forms::Words& words, const QString& column) {
+    const auto ifTyped = [&](const QString& field, const auto& enter) {
+        const auto word = std::ranges::find(words, field, &forms::Word::field);
+        if (word != words.end())
+            enter(word->text);
+    };
+    // This clears the fields beside them.
+    ifTyped(column, [this](const QString& codes) { showCodes(codes); });
+    for (forms::EntryField* field : {&dominant_, &associated_})
+        ifTyped(field->objectName(), [field](const QString& code) { field->setText(code); });
 }
 
 void ImpairmentFields::showSlots() {

@@ -17,6 +17,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace clientcard {
 
 namespace {
@@ -96,7 +99,7 @@ QLayout* layOutButtons(const RecordControls& controls) {
 void chain(const RecordControls& controls) {
     std::vector<QWidget*> order{&controls.list};
     if (controls.richText != nullptr)
-        order.push_back(&controls.richText->editor());
+        std::ranges::copy(controls.richText->tabStops(), std::back_inserter(order));
     for (std::size_t i = 0; i < controls.fields.size(); ++i) {
         order.push_back(controls.fields[i]);
         if (QWidget* pick = controls.kind.pickOf(int(i)))

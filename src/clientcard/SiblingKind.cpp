@@ -20,6 +20,7 @@ namespace clientcard {
 namespace {
 
 constexpr int sexPickCharacters = 5;
+const QString codesColumn = QStringLiteral("postih");
 
 /// Siblings. Their picks are hidden, not merely disabled, while no record is open.
 class SiblingKind : public RecordKind {
@@ -34,11 +35,8 @@ class SiblingKind : public RecordKind {
     void rowShown(store::Recordset& rows) override;
     void leftUnchecked(int field) override;
     bool holds(int field) override;
-    std::function<void()> keepTyped() override {
-        return [this, codes = impairments_.joined()] {
-            impairments_.show(codes);
-        };
-    }
+    forms::Words typedWords() const override;
+    void enterWords(const forms::Words& words) override { impairments_.enter(words, codesColumn); }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override { return siblingsOf(key); }
 
@@ -105,6 +103,12 @@ QString storedImpairments(store::Recordset& rows) {
 void SiblingKind::rowShown(store::Recordset& rows) {
     impairments_.show(storedImpairments(rows));
     sexPick_.pick().setPick(-1);
+}
+
+forms::Words SiblingKind::typedWords() const {
+    forms::Words words;
+    impairments_.addTyped(words, codesColumn);
+    return words;
 }
 
 void SiblingKind::leftUnchecked(int field) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "forms/Words.h"
+
 #include <QString>
 
 #include <functional>
+#include <span>
 
 class QAbstractButton;
 class QDialog;
@@ -16,6 +19,10 @@ namespace forms {
 class FocusGuard;
 }
 
+namespace words {
+class Keeper;
+}
+
 namespace clientcard {
 
 class CardData;
@@ -26,6 +33,8 @@ class SaveCycle;
 struct TabContents {
     QString shown;
     QString said;
+    /// The latest date of its records; empty without any.
+    QString latest = {};
 };
 
 /// What the frame of the card is to its tabs.
@@ -39,6 +48,8 @@ class CardFrame {
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
+    /// Keeps what is typed on the card.
+    virtual words::Keeper& words() = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
     /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its
@@ -68,14 +79,14 @@ class TabFamily {
     virtual void focusElement(int /*element*/) {}
     /// What the client has on a tab. @throws store::EngineError
     virtual TabContents contentsOf(int /*tab*/) { return {}; }
+    /// What all tabs hold has been read anew.
+    virtual void contentsRead(std::span<const TabContents> /*contents*/) {}
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
-    /// Remembers what isChanged(). Calling the result puts it into the fields of the rows that are
-    /// open then.
-    virtual std::function<void()> keepTyped() {
-        return [] {
-        };
-    }
+    /// What was typed or picked that is not written yet.
+    virtual forms::Words typedWords() const { return {}; }
+    /// Puts it into the fields of the rows that are open, as if it had been typed.
+    virtual void enterWords(const forms::Words& /*words*/) {}
 };
 
 } // namespace clientcard

@@ -1,5 +1,6 @@
 #include "forms/Appearance.h"
 
+#include "forms/AccessibleParts.h"
 #include "forms/CalmStyle.h"
 #include "forms/Colours.h"
 
@@ -38,10 +39,11 @@ QPalette colours() {
 
 } // namespace
 
-void dress(QApplication&) {
+void dress(QApplication& application) {
     loadPictures();
     QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(colours());
+    nameParts(application);
 }
 
 } // namespace forms

@@ -1,5 +1,6 @@
 #include "forms/KeyHint.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 

@@ -55,6 +55,7 @@ const std::array<MenuTraits, 3>& menus() {
           {},
           {u"mniZalohy", u"Zálohy…", Screen::Copies},
           {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck},
+          {u"mniSlova", u"Rozpísané slová…", Screen::KeptWords},
           {},
           {u"mniPomoc", u"Pomocník (F1)", Screen::Help},
           {u"mniOProgr", u"O programe", Screen::About}}},

@@ -50,7 +50,8 @@ constexpr int nameCharacters = 34;
 
 FrmPsychUdaj::FrmPsychUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                            QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this), esc_(this),
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this),
+      words_(*this, engine, folder, QStringLiteral("zamestnanci")), guard_(this), esc_(this),
       txtIdKod_(new forms::EntryField(this)) {
     setObjectName(QStringLiteral("frmPsychUdaj"));
     setWindowTitle(QStringLiteral("Údaje zamestnanca") +
@@ -60,6 +61,13 @@ FrmPsychUdaj::FrmPsychUdaj(store::DBEngine& engine, const store::ProgramFolder& 
     layOut();
     bind();
     openEmployee();
+    words_.add({.tables = {QStringLiteral("zamestnanci")},
+                .typed = [this] { return typedWords(); },
+                .enter =
+                    [this](const words::Kept& kept) {
+                        enterWords(kept.words);
+                    }});
+    beginWords();
 }
 
 FrmPsychUdaj::~FrmPsychUdaj() = default;
@@ -145,6 +153,25 @@ void FrmPsychUdaj::openEmployee() {
     employee.Edit();
 }
 
+forms::Words FrmPsychUdaj::typedWords() const {
+    forms::Words words = binding_->typed();
+    const forms::Words chosen = options_->typed(chosenBefore_);
+    words.insert(words.end(), chosen.begin(), chosen.end());
+    return words;
+}
+
+void FrmPsychUdaj::enterWords(const forms::Words& words) {
+    binding_->enter(words);
+    options_->enter(words);
+}
+
+void FrmPsychUdaj::beginWords() {
+    const bool isNew = modKontrola::gAkcia != 2;
+    words_.begin(isNew ? QString() : modKontrola::gIdKod,
+                 isNew ? QStringLiteral("nový zamestnanec")
+                       : (fields_->text(0) + u' ' + fields_->text(1)).simplified());
+}
+
 card::Names FrmPsychUdaj::typed() const {
     return {fields_->text(1), fields_->text(0)};
 }
@@ -154,6 +181,7 @@ void FrmPsychUdaj::tellMissing(const QString& message) {
 }
 
 void FrmPsychUdaj::act(Button button) {
+    words_.keep();
     std::optional<DialogCode> end;
     actions_.perform([&] { end = press(button); });
     if (!end)
@@ -167,12 +195,16 @@ void FrmPsychUdaj::act(Button button) {
 std::optional<QDialog::DialogCode> FrmPsychUdaj::press(Button button) {
     switch (button) {
     case cmdZap:
-        return saves([] {}) ? std::optional(Accepted) : std::nullopt;
+        if (!saves([] {}))
+            return std::nullopt;
+        words_.written();
+        return Accepted;
     case cmdzapNew:
         if (saves([this] { data_.datPsych.Recordset().AddNew(); }))
             beginNew();
         return std::nullopt;
     case cmdStorno:
+        words_.dropped();
         return Rejected;
     }
     return std::nullopt;
@@ -208,6 +240,7 @@ void FrmPsychUdaj::write(const std::function<void()>& writes) {
 void FrmPsychUdaj::beginNew() {
     modKontrola::gAkcia = 1;
     chosenBefore_ = options_->chosen();
+    beginWords();
     fields_->field(0).setFocus();
 }
 
@@ -244,8 +277,10 @@ bool FrmPsychUdaj::endsByFrame() {
         if (forms::moveFocus(buttons_[cmdZap]))
             ends = !isChanged() || keepOrDrop();
     });
-    if (ends)
+    if (ends) {
+        words_.dropped();
         dropRow();
+    }
     return ends;
 }
 
@@ -257,6 +292,7 @@ bool FrmPsychUdaj::keepOrDrop() {
         options_->volbyDoZaznamu(data_.datPsych.Recordset());
         save_->leaveRow();
     });
+    words_.written();
     return true;
 }
 

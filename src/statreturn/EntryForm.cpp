@@ -24,7 +24,7 @@ forms::EntryField* fieldOf(const forms::Control& control) {
 
 EntryForm::EntryForm(store::DBEngine& engine, const QString& name, const QString& title,
                      QWidget* parent)
-    : QDialog(parent), actions_(engine, *this), guard_(this) {
+    : QDialog(parent), engine_(engine), actions_(engine, *this), guard_(this) {
     setObjectName(name);
     setWindowTitle(title);
     card::setGround(*this, QPalette::Window, forms::screenColour);
@@ -54,7 +54,14 @@ QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
     return line;
 }
 
+void EntryForm::keepWords(const store::ProgramFolder& folder, words::Place place) {
+    words_.emplace(*this, engine_, folder, QString());
+    words_->add(std::move(place));
+    words_->begin({}, windowTitle());
+}
+
 void EntryForm::storno() {
+    words_->dropped();
     actions_.perform([this] { drop(); });
     done(Rejected);
 }
@@ -105,11 +112,17 @@ void EntryForm::reject() {
 void EntryForm::closeEvent(QCloseEvent* event) {
     if (isVisible() && !endsByFrame())
         return event->ignore();
+    words_->dropped();
     done(Rejected);
 }
 
 bool EntryForm::tryToWrite() {
-    return actions_.perform([this] { actions_.write([this] { write(); }, [this] { resume(); }); });
+    words_->keep();
+    const bool isWritten =
+        actions_.perform([this] { actions_.write([this] { write(); }, [this] { resume(); }); });
+    if (isWritten)
+        words_->written();
+    return isWritten;
 }
 
 void EntryForm::writeAndClose() {

@@ -4,8 +4,11 @@
 #include "forms/EntryField.h"
 #include "forms/FieldEvents.h"
 #include "forms/FocusGuard.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
+
+#include <optional>
 
 class QLayout;
 
@@ -48,6 +51,10 @@ class EntryForm : public QDialog, public forms::FieldEvents {
     /// Sends the focus to where a check wants it, after a control was left.
     virtual void returnFocus(const forms::Control& left) = 0;
 
+    /// Keeps what is typed, and offers what was. Called when all is laid out.
+    /// @param folder must outlive the form
+    void keepWords(const store::ProgramFolder& folder, words::Place place);
+
     /// Asks whether what was typed may be dropped, if there is anything.
     bool mayDrop();
     /// @return false when it is not written, which the user has been told
@@ -61,7 +68,9 @@ class EntryForm : public QDialog, public forms::FieldEvents {
     void writeAndClose();
     void storno();
 
+    store::DBEngine& engine_;
     card::Actions actions_;
+    std::optional<words::Keeper> words_;
     forms::FocusGuard guard_;
 };
 

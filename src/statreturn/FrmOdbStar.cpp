@@ -46,6 +46,13 @@ FrmOdbStar::FrmOdbStar(store::DBEngine& engine, const store::ProgramFolder& fold
     datOdbStar_.setRecordSource(QStringLiteral("select * from odbstar"));
     load();
     sums_->show(stored_, 0, 0);
+    keepWords(folder, {.title = QStringLiteral("V. Odborná starostlivosť"),
+                       .tables = {QStringLiteral("odbstar")},
+                       .typed = [this] { return typedWords(); },
+                       .enter =
+                           [this](const words::Kept& kept) {
+                               enterWords(kept.words);
+                           }});
 }
 
 void FrmOdbStar::layOut() {
@@ -154,6 +161,29 @@ void FrmOdbStar::returnFocus(const forms::Control& left) {
 
 bool FrmOdbStar::isChanged() const {
     return grid_->texts() != stored_;
+}
+
+forms::Words FrmOdbStar::typedWords() const {
+    forms::Words words;
+    for (int row = 0; row < careRows; ++row) {
+        for (int column = 0; column < careColumns; ++column) {
+            const forms::EntryField& cell = grid_->cell(row, column);
+            if (cell.text() != stored_[std::size_t(row)][std::size_t(column)])
+                words.push_back({.field = cell.objectName(),
+                                 .column = careField(column),
+                                 .text = cell.text(),
+                                 .row = row});
+        }
+    }
+    return words;
+}
+
+void FrmOdbStar::enterWords(const forms::Words& words) {
+    for (const forms::Word& word : words) {
+        if (auto* cell = findChild<forms::EntryField*>(word.field))
+            cell->setText(word.text);
+    }
+    sums_->show(grid_->texts(), 0, 0);
 }
 
 void FrmOdbStar::write() {
