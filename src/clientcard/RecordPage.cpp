@@ -35,7 +35,7 @@ QVBoxLayout* layOutList(const RecordControls& controls) {
     column->setSpacing(forms::tightGap);
     column->addWidget(labelOf(controls.list, controls.row.listLabel));
     column->addWidget(&controls.list, 1);
-    card::setWidth(controls.list, controls.row.listCharacters);
+    card::setRoom(controls.list, controls.row.listCharacters * 3 / 4, controls.row.listCharacters);
     return column;
 }
 
