@@ -1,9 +1,11 @@
 #include "BareFile.h"
 #include "Benches.h"
 #include "store/Database.h"
+#include "store/RowTexts.h"
 
 #include <benchmark/benchmark.h>
 
+#include <limits>
 #include <vector>
 
 namespace bench {
@@ -63,6 +65,45 @@ void showBare(const BareFile& file) {
     }
 }
 
+constexpr double wantedOfReading = 6.0;
+constexpr double wantedOfLetter = 0.6;
+
+store::RowTexts readTexts(store::Recordset& rows) {
+    store::RowTexts texts(rows, {QStringLiteral("meno"), QStringLiteral("priezv"),
+                                 QStringLiteral("katcis"), QStringLiteral("datnar")});
+    texts.read(std::numeric_limits<int>::max());
+    return texts;
+}
+
+void scanBare(const BareFile& file, const char* condition) {
+    BareQuery query(file, condition);
+    while (query.step())
+        benchmark::DoNotOptimize(query.integer(0));
+}
+
+/// A letter typed in the list, beside the one statement that could answer it.
+void measureFilter(store::Database& database, const BareFile& file, Figures& figures) {
+    const auto rows = database.OpenRecordset(source);
+    figures.compare(
+        "read the texts to filter 100,000 by / scan their columns by hand",
+        [&] { readTexts(*rows); },
+        [&] {
+            scanBare(file, "SELECT rowid FROM k_zaklad WHERE Meno || Priezv || katcis || "
+                           "ifnull(datnar, '') = 'x'");
+        },
+        wantedOfReading, runs);
+    auto texts = readTexts(*rows);
+    figures.compare(
+        "filter 100,000 by a word and a letter / by LIKE by hand",
+        [&] { benchmark::DoNotOptimize(texts.positionsOf(QStringLiteral("kov j"))); },
+        [&] {
+            scanBare(file, "SELECT rowid FROM k_zaklad WHERE (Priezv LIKE 'kov%' OR Meno LIKE "
+                           "'kov%' OR katcis LIKE 'kov%') AND (Priezv LIKE 'j%' OR Meno LIKE 'j%' "
+                           "OR katcis LIKE 'j%') ORDER BY Priezv COLLATE TVK, Meno COLLATE TVK");
+        },
+        wantedOfLetter, runs);
+}
+
 } // namespace
 
 void measureList(Samples& samples, Figures& figures) {
@@ -79,6 +120,7 @@ void measureList(Samples& samples, Figures& figures) {
     figures.compare(
         "walk the list by name / the whole ordered query by hand", [&] { walkOurs(database); },
         [&] { walkBare(file); }, wanted, runs);
+    measureFilter(database, file, figures);
 }
 
 } // namespace bench

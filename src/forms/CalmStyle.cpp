@@ -63,6 +63,17 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         QProxyStyle::drawControl(element, option, painter, widget);
 }
 
+/// The arrow of a sorted head points up where the rows ascend.
+void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+    const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
+    if (element != PE_IndicatorHeaderArrow || head == nullptr)
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool ascends = head->sortIndicator == QStyleOptionHeader::SortDown;
+    QProxyStyle::drawPrimitive(ascends ? PE_IndicatorArrowUp : PE_IndicatorArrowDown, option,
+                               painter, widget);
+}
+
 void CalmStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
     if (const auto* dropDown = qstyleoption_cast<const QStyleOptionComboBox*>(option);

@@ -1,6 +1,9 @@
 #include "forms/DropDown.h"
 
 #include "forms/Guard.h"
+#include "forms/HitList.h"
+#include "forms/RowLook.h"
+#include "forms/TypeAhead.h"
 #include "store/DataSource.h"
 
 #include <QAbstractItemView>
@@ -12,6 +15,7 @@
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -39,6 +43,7 @@ DropDown::DropDown(QWidget* parent, Kind kind) : QComboBox(parent), kind_(kind) 
     auto* list = new QListView(this);
     list->setUniformItemSizes(true);
     setView(list);
+    setItemDelegate(makeLines(this));
     list->installEventFilter(this);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMaxVisibleItems(linesShown);
@@ -54,6 +59,12 @@ DropDown::DropDown(QWidget* parent, Kind kind) : QComboBox(parent), kind_(kind) 
         connect(lineEdit(), &QLineEdit::textEdited, this,
                 [this](const QString& typed) { guarded(this, [&] { textTyped(typed); }); });
         lineEdit()->installEventFilter(this);
+        hits_ = new HitList(rows_, *this);
+        connect(hits_, &QListView::clicked, this, [this](const QModelIndex& line) {
+            const int row = line.row();
+            hits_->hide();
+            guarded(this, [&] { chosen(row); });
+        });
     }
     connect(this, &QComboBox::activated, this,
             [this](int row) { guarded(this, [&] { chosen(row); }); });
@@ -109,6 +120,12 @@ void DropDown::show(int row, const QString& text) {
 
 void DropDown::setDroppedWidth(int pixels) {
     view()->setMinimumWidth(pixels);
+}
+
+void DropDown::serve(EntryField& field) {
+    served_ = &field;
+    auto* ahead = new TypeAhead(field, rows_, [this] { load(); });
+    connect(ahead, &TypeAhead::chosen, this, &DropDown::chosen);
 }
 
 void DropDown::showArrowOnly() {
@@ -277,6 +294,8 @@ void DropDown::moveTo(int row) {
     show(row, rows_.text(row));
     if (isOpened())
         view()->setCurrentIndex(rows_.index(row, 0));
+    else if (hits_ != nullptr && hits_->isVisible())
+        hits_->showLine(row);
     if (isNew)
         userChanged();
 }
@@ -292,21 +311,23 @@ void DropDown::findTyped(const QString& character) {
         moveTo(row);
     else
         sought_.clear();
+    view()->scrollTo(view()->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 /// Completes what was typed in the field by the first line that begins so.
 void DropDown::textTyped(const QString& typed) {
     const QString kept = typed;
     rows_.load();
-    const int row = deleting_ ? -1 : rows_.find(kept);
+    const int row = rows_.find(kept);
     const QString line = rows_.text(row);
-    const bool completes = row >= 0 && line.startsWith(kept, Qt::CaseInsensitive);
+    const bool completes = row >= 0 && !deleting_ && line.startsWith(kept, Qt::CaseInsensitive);
     const int cursor = lineEdit()->cursorPosition();
     show(completes ? row : -1, completes ? line : kept);
     if (completes)
         lineEdit()->setSelection(int(line.size()), int(kept.size() - line.size()));
     else
         lineEdit()->setCursorPosition(cursor);
+    hits_->showLine(hasFocus() && !isOpened() ? row : -1);
     userChanged();
 }
 
@@ -324,6 +345,13 @@ void DropDown::chosen(int row) {
     Q_EMIT clicked(Area::Item);
 }
 
+bool DropDown::hidesHits() {
+    const bool shown = hits_ != nullptr && hits_->isVisible();
+    if (shown)
+        hits_->hide();
+    return shown;
+}
+
 void DropDown::keyPressEvent(QKeyEvent* event) {
     guarded(this, [&] { closedKey(*event); });
 }
@@ -334,7 +362,7 @@ void DropDown::closedKey(QKeyEvent& event) {
     if (opensOrCloses(event))
         showPopup();
     else if (event.key() == Qt::Key_Escape)
-        event.setAccepted(endingByEsc_);
+        event.setAccepted(endingByEsc_ || hidesHits());
     else if (enters && pick_ >= 0)
         Q_EMIT clicked(Area::Item);
     else if (!enters)

@@ -10,6 +10,8 @@
 
 namespace forms {
 
+class HitList;
+
 /// A drop-down: fixed lines, or a column of a data source. It opens at once however long the list
 /// is, and finds as one types, opened or not.
 ///
@@ -32,8 +34,9 @@ class DropDown : public QComboBox, public Bound {
     void refill();
 
     /// The field that the rules write the pick into, for as long as it lives. The list opens on the
-    /// line of what stands there; Esc in the opened list gives the field its text back, too.
-    void serve(EntryField& field) { served_ = &field; }
+    /// line of what stands there; Esc in the opened list gives the field its text back, too. What
+    /// is typed into the field is completed (TypeAhead).
+    void serve(EntryField& field);
 
     QString text() const;
     /// Drops the pick. No event of the user.
@@ -92,6 +95,7 @@ class DropDown : public QComboBox, public Bound {
     void textTyped(const QString& typed);
     void userChanged();
     void chosen(int row);
+    bool hidesHits();
 
     RowsModel rows_{*this};
     Kind kind_;
@@ -106,6 +110,8 @@ class DropDown : public QComboBox, public Bound {
     int pickBefore_ = -1;
     QString textBefore_, servedBefore_;
     QPointer<EntryField> served_;
+    /// Of what is typed into the drop-down itself.
+    QPointer<HitList> hits_;
 };
 
 } // namespace forms

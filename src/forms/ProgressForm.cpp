@@ -12,7 +12,7 @@ namespace forms {
 
 namespace {
 
-constexpr int steps = 1000;
+constexpr int fineness = 1000;
 constexpr int formLetters = 64;
 
 } // namespace
@@ -27,7 +27,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, steps);
+    prgStav_->setRange(0, fineness);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -62,7 +62,7 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 }
 
 bool ProgressForm::showPart(double part) {
-    prgStav_->setValue(static_cast<int>(part * steps));
+    prgStav_->setValue(static_cast<int>(part * fineness));
     // Until this window takes all presses, none may reach the one that waits for the work.
     if (!isVisible() && !givenUp_) {
         if (since_.elapsed() < patience_.count())

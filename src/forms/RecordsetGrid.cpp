@@ -2,13 +2,12 @@
 
 #include "forms/Guard.h"
 #include "forms/RowLook.h"
-#include "forms/Twips.h"
 #include "store/DataSource.h"
 
 #include <QHeaderView>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
+
+#include <numeric>
 
 namespace forms {
 
@@ -16,13 +15,11 @@ RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* paren
     : QTableView(parent), model_(new RecordsetModel(columns, *this)) {
     setModel(model_);
     lookLikeList(*this);
-    for (int column = 0; column < model_->columnCount(); ++column)
-        setColumnWidth(column, pixels(columns[static_cast<size_t>(column)].width));
+    for (const GridColumn& column : columns)
+        shares_.push_back(column.width);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &RecordsetGrid::keepShares);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
-    // The view itself repaints the cells alone, not the rest of the row.
-    connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewport(),
-            qOverload<>(&QWidget::update));
 }
 
 void RecordsetGrid::bind(store::DataSource* source) {
@@ -42,20 +39,38 @@ void RecordsetGrid::rebind() {
     const bool open = source_ != nullptr && source_->isOpen();
     model_->setRows(open ? source_->Recordset().Clone() : nullptr);
     followSource();
+    Q_EMIT rowsTaken();
+}
+
+void RecordsetGrid::showOnly(std::optional<std::vector<qint64>> positions) {
+    if (source_ == nullptr || !source_->isOpen())
+        return;
+    {
+        const QScopedValueRollback guard(following_, true);
+        model_->showOnly(std::move(positions));
+    }
+    if (model_->rowCount() > 0 && model_->rowOf(source_->Recordset().AbsolutePosition()) < 0)
+        source_->Recordset().setAbsolutePosition(model_->positionOf(0));
+    else
+        followSource();
+}
+
+void RecordsetGrid::centreCurrentRow() {
+    scrollTo(currentIndex(), PositionAtCenter);
 }
 
 void RecordsetGrid::followSource() {
     if (following_ || source_ == nullptr || !source_->isOpen())
         return;
     const QScopedValueRollback guard(following_, true);
-    const auto position = static_cast<int>(source_->Recordset().AbsolutePosition());
-    const QModelIndex index = model_->index(position, std::max(0, currentIndex().column()));
+    const int row = model_->rowOf(source_->Recordset().AbsolutePosition());
+    const QModelIndex index = model_->index(row, std::max(0, currentIndex().column()));
+    setCurrentIndex(index);
     if (!index.isValid()) {
         clearSelection();
         return;
     }
-    setCurrentIndex(index);
-    selectRow(position);
+    selectRow(row);
     scrollTo(index);
 }
 
@@ -63,15 +78,7 @@ void RecordsetGrid::moveSource(int row) {
     if (following_ || row < 0 || source_ == nullptr || !source_->isOpen())
         return;
     const QScopedValueRollback guard(following_, true);
-    guarded(this, [&] { source_->Recordset().setAbsolutePosition(row); });
-}
-
-QModelIndex RecordsetGrid::indexAt(const QPoint& position) const {
-    const QModelIndex cell = QTableView::indexAt(position);
-    const bool behind = position.x() >= horizontalHeader()->length() - horizontalHeader()->offset();
-    if (cell.isValid() || !behind)
-        return cell;
-    return model_->index(rowAt(position.y()), model_->columnCount() - 1);
+    guarded(this, [&] { source_->Recordset().setAbsolutePosition(model_->positionOf(row)); });
 }
 
 QModelIndex RecordsetGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
@@ -83,27 +90,40 @@ QModelIndex RecordsetGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers
     return QTableView::moveCursor(action, modifiers);
 }
 
-QColor RecordsetGrid::rowColour(int row) const {
-    const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
-    if (selectionModel()->isRowSelected(row))
-        return palette().color(group, QPalette::Highlight);
-    return palette().color(group, row % 2 == 0 ? QPalette::Base : QPalette::AlternateBase);
+void RecordsetGrid::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fitColumns();
 }
 
-// The last column ends where its width says; the rows go on to the edge.
-void RecordsetGrid::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    const int left = horizontalHeader()->length() - horizontalHeader()->offset();
-    const int width = viewport()->width() - left;
-    if (width <= 0)
-        return;
-    QPainter painter(viewport());
-    for (int row = std::max(0, rowAt(0)); row < model_->rowCount(); ++row) {
-        const int top = rowViewportPosition(row);
-        if (top > viewport()->height())
-            break;
-        painter.fillRect(left, top, width, rowHeight(row), rowColour(row));
+/// The last column takes what is left.
+void RecordsetGrid::fitColumns() {
+    const QScopedValueRollback guard(fitting_, true);
+    const double all = std::accumulate(shares_.begin(), shares_.end(), 0.0);
+    int left = viewport()->width();
+    for (int column = 0; column + 1 < model_->columnCount(); ++column) {
+        const double share = shares_[static_cast<size_t>(column)] / all;
+        setColumnWidth(column, static_cast<int>(viewport()->width() * share));
+        left -= columnWidth(column);
     }
+    setColumnWidth(model_->columnCount() - 1, left);
+}
+
+/// The user has set a width: the columns behind it share what is left.
+void RecordsetGrid::keepShares(int resized) {
+    const int last = model_->columnCount() - 1;
+    if (fitting_)
+        return;
+    if (resized == last)
+        return fitColumns();
+    const auto behind = shares_.begin() + resized + 1;
+    const double were = std::accumulate(behind, shares_.end(), 0.0);
+    for (int column = 0; column <= resized; ++column)
+        shares_[static_cast<size_t>(column)] = columnWidth(column);
+    const double left = viewport()->width() - std::accumulate(shares_.begin(), behind, 0.0);
+    const double least = (last - resized) * horizontalHeader()->minimumSectionSize();
+    for (auto share = behind; share != shares_.end(); ++share)
+        *share *= std::max(left, least) / were;
+    fitColumns();
 }
 
 } // namespace forms

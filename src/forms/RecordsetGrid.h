@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include <span>
+#include <vector>
 
 namespace store {
 class DataSource;
@@ -14,7 +15,8 @@ class DataSource;
 namespace forms {
 
 /// The rows of a data source as a list in which one row is chosen: the current row of its
-/// recordset, both ways. Nothing is edited or opened in it.
+/// recordset, both ways. Nothing is edited or opened in it. The columns fill its width, by the
+/// widths that they were given until the user gives them others.
 class RecordsetGrid : public QTableView {
     Q_OBJECT
   public:
@@ -26,24 +28,38 @@ class RecordsetGrid : public QTableView {
     /// Takes the rows of the source's recordset anew. @throws EngineError
     void rebind();
     const RecordsetModel& rows() const { return *model_; }
+    /// Leaves on show the rows of these positions alone, until rows are taken anew; nothing shows
+    /// all. The current row stays when it is among them; else the first one becomes current.
+    /// @throws EngineError
+    void showOnly(std::optional<std::vector<qint64>> positions);
+    /// False when there is none, or it is not among the rows on show.
+    bool showsCurrentRow() const { return currentIndex().isValid(); }
+    /// Puts the current row, which may be out of sight, into the middle.
+    void centreCurrentRow();
 
-    /// Letters are no search here: that would read the whole list.
+    /// What letters do is for the screen to say.
     void keyboardSearch(const QString&) override {}
-    /// A row goes on to the edge of the grid, behind its last column.
-    QModelIndex indexAt(const QPoint& position) const override;
+
+  Q_SIGNALS:
+    /// All rows of the source are on show, after they were taken anew.
+    void rowsTaken();
 
   protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void followSource();
     void moveSource(int row);
-    QColor rowColour(int row) const;
+    void fitColumns();
+    void keepShares(int resized);
 
     RecordsetModel* model_;
     QPointer<store::DataSource> source_;
     bool following_ = false;
+    /// How the columns share the width.
+    std::vector<double> shares_;
+    bool fitting_ = false;
 };
 
 } // namespace forms

@@ -22,15 +22,36 @@ void RecordsetModel::setRows(std::unique_ptr<store::Recordset> cursor) {
     const qint64 rows = cursor != nullptr ? cursor->RecordCount() : 0;
     beginResetModel();
     cursor_ = std::move(cursor);
-    rows_ = static_cast<int>(std::min(rows, most));
+    all_ = static_cast<int>(std::min(rows, most));
+    shown_.reset();
     kept_.clear();
     rowsRead_ = 0;
     failed_ = false;
     endResetModel();
 }
 
+void RecordsetModel::showOnly(std::optional<std::vector<qint64>> positions) {
+    beginResetModel();
+    shown_ = std::move(positions);
+    endResetModel();
+}
+
+qint64 RecordsetModel::positionOf(int row) const {
+    return shown_ ? shown_->at(static_cast<size_t>(row)) : row;
+}
+
+int RecordsetModel::rowOf(qint64 position) const {
+    if (position < 0 || !shown_)
+        return static_cast<int>(position);
+    const auto found = std::ranges::lower_bound(*shown_, position);
+    const bool isShown = found != shown_->end() && *found == position;
+    return isShown ? static_cast<int>(found - shown_->begin()) : -1;
+}
+
 int RecordsetModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : rows_;
+    if (parent.isValid())
+        return 0;
+    return shown_ ? static_cast<int>(shown_->size()) : all_;
 }
 
 int RecordsetModel::columnCount(const QModelIndex& parent) const {
@@ -40,7 +61,7 @@ int RecordsetModel::columnCount(const QModelIndex& parent) const {
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole || !index.isValid())
         return {};
-    return texts(index.row()).value(index.column());
+    return texts(positionOf(index.row())).value(index.column());
 }
 
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -53,22 +74,22 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
     return {};
 }
 
-QStringList RecordsetModel::texts(int row) const {
-    if (const QStringList* kept = kept_.object(row))
+QStringList RecordsetModel::texts(qint64 position) const {
+    if (const QStringList* kept = kept_.object(position))
         return *kept;
     QStringList texts;
     if (!failed_)
-        failed_ = !showGuarded(&view_, [&] { texts = read(row); });
+        failed_ = !showGuarded(&view_, [&] { texts = read(position); });
     if (!failed_)
-        kept_.insert(row, new QStringList(texts));
+        kept_.insert(position, new QStringList(texts));
     return texts;
 }
 
-QStringList RecordsetModel::read(int row) const {
+QStringList RecordsetModel::read(qint64 position) const {
     ++rowsRead_;
     QStringList texts;
     try {
-        cursor_->setAbsolutePosition(row);
+        cursor_->setAbsolutePosition(position);
         for (const GridColumn& column : columns_)
             texts << cursor_->Fields(column.field).Value().toText();
         return texts;

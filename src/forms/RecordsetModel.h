@@ -8,7 +8,9 @@
 #include <QStringView>
 
 #include <memory>
+#include <optional>
 #include <span>
+#include <vector>
 
 class QWidget;
 
@@ -32,6 +34,15 @@ class RecordsetModel : public QAbstractTableModel {
 
     /// @param cursor a cursor for this model alone; null empties the table. @throws EngineError
     void setRows(std::unique_ptr<store::Recordset> cursor);
+    /// Leaves on show the rows of these positions alone, which ascend; nothing shows all. Lasts
+    /// until the next setRows().
+    void showOnly(std::optional<std::vector<qint64>> positions);
+    /// Where a row on show stands in the recordset.
+    qint64 positionOf(int row) const;
+    /// The row on show that stands there; -1 when it is not on show.
+    int rowOf(qint64 position) const;
+    /// How many rows there are, on show or not.
+    int allRows() const { return all_; }
     /// How many rows have been read since setRows.
     qint64 rowsRead() const { return rowsRead_; }
 
@@ -41,14 +52,16 @@ class RecordsetModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    QStringList texts(int row) const;
-    QStringList read(int row) const;
+    QStringList texts(qint64 position) const;
+    QStringList read(qint64 position) const;
 
     std::span<const GridColumn> columns_;
     QWidget& view_;
     std::unique_ptr<store::Recordset> cursor_;
-    int rows_ = 0;
-    mutable QCache<int, QStringList> kept_;
+    int all_ = 0;
+    std::optional<std::vector<qint64>> shown_;
+    /// By their positions.
+    mutable QCache<qint64, QStringList> kept_;
     mutable qint64 rowsRead_ = 0;
     /// A row could not be read; until the next setRows() none is tried.
     mutable bool failed_ = false;

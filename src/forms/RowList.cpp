@@ -1,6 +1,7 @@
 #include "forms/RowList.h"
 
 #include "forms/Guard.h"
+#include "forms/RowLook.h"
 #include "store/DataSource.h"
 
 #include <QFocusEvent>
@@ -9,23 +10,9 @@
 
 namespace forms {
 
-namespace {
-
-/// Lines that don't stick together.
-class Lines : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int space = 6;
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, space);
-    }
-};
-
-} // namespace
-
 RowList::RowList(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
-    setItemDelegate(new Lines(this));
+    setItemDelegate(makeLines(this));
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);

@@ -9,6 +9,8 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+#include <algorithm>
+
 namespace forms {
 
 namespace {
@@ -55,7 +57,20 @@ class FocusPaler : public QObject {
     QTableView& view_;
 };
 
+class Lines : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), std::max(size.height(), option.fontMetrics.height() + rowPadding)};
+    }
+};
+
 } // namespace
+
+QStyledItemDelegate* makeLines(QObject* parent) {
+    return new Lines(parent);
+}
 
 void paleWithoutFocus(QTableView& table) {
     new FocusPaler(table);

@@ -9,6 +9,12 @@
 
 namespace forms {
 
+namespace {
+
+constexpr QChar bar = u'|';
+
+}
+
 void RowsModel::setItems(const QStringList& items) {
     beginResetModel();
     source_ = nullptr;
@@ -128,7 +134,35 @@ int RowsModel::find(const QString& beginning) const {
         return -1;
     const int row =
         first([&](const QString& line) { return line.startsWith(beginning, Qt::CaseInsensitive); });
-    return row >= 0 ? row : firstWithoutAccents(beginning);
+    if (row >= 0 || !holdsCodes())
+        return row >= 0 ? row : firstWithoutAccents(beginning);
+    const int coded = firstWithoutAccents(beginning);
+    return coded >= 0 ? coded : firstByWords(beginning);
+}
+
+int RowsModel::firstByWords(const QString& beginning) const {
+    const QString plain = withoutAccents(beginning.simplified());
+    return first([&](const QString& line) {
+        const QString words = line.mid(line.indexOf(bar) + 1).simplified();
+        return withoutAccents(words).startsWith(plain, Qt::CaseInsensitive);
+    });
+}
+
+bool RowsModel::holdsCodes() const {
+    return rowCount() > 0 && text(0).contains(bar);
+}
+
+QString RowsModel::value(int row) const {
+    const QString line = text(row);
+    return line.left(line.indexOf(bar)).trimmed();
+}
+
+bool RowsModel::beginsAnother(int row, const QString& text) const {
+    for (int other = 0; other < rowCount(); ++other) {
+        if (other != row && value(other).startsWith(text, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
 }
 
 int RowsModel::lineOf(const QString& text) const {

@@ -50,8 +50,15 @@ class RowsModel : public QAbstractListModel {
     /// The line of the source's current row, -1 when there is none.
     int sourceRow() const;
     /// The first line that begins with the text, letters' case aside; if there is none, accents
-    /// aside as well; -1 when there is none either.
+    /// aside as well; then the first whose words behind the code begin so; -1 when there is none
+    /// either.
     int find(const QString& beginning) const;
+    /// The lines are codes, each with its words behind a bar.
+    bool holdsCodes() const;
+    /// What a field takes of a line: its code, or the whole.
+    QString value(int row) const;
+    /// Another line's value than that of this one begins with the text, letters' case aside.
+    bool beginsAnother(int row, const QString& text) const;
     /// The line that is the text; if there is none, the first that begins with it, letters' case
     /// and accents aside; -1 when there is none either.
     int lineOf(const QString& text) const;
@@ -61,6 +68,7 @@ class RowsModel : public QAbstractListModel {
     QString said(int row) const;
     int first(const std::function<bool(const QString&)>& fits) const;
     int firstWithoutAccents(const QString& beginning) const;
+    int firstByWords(const QString& beginning) const;
 
     QWidget& view_;
     store::DataSource* source_ = nullptr;

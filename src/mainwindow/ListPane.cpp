@@ -4,9 +4,11 @@
 #include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "forms/Twips.h"
+#include "mainwindow/ListFilter.h"
 #include "validation/modKontrola.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
@@ -41,30 +43,32 @@ QLabel* makeWelcome() {
 
 } // namespace
 
-struct ListPane::ListButton {
-    QPushButton* ListPane::*button = nullptr;
-    QStringView name;
-    QStringView caption;
-    void (ListPane::*action)() = nullptr;
-    QStringView key;
-    QStringView toolTip;
-};
-
 const std::array<ListPane::ListButton, 5>& ListPane::buttons() {
     static const std::array<ListButton, 5> table{{
-        {&ListPane::cmdNovy_, u"CmdNovy", u"Nový", &ListPane::novy, u"Ctrl+N",
+        {&ListPane::cmdNovy_,
+         u"CmdNovy",
+         u"Nový",
+         &ListPane::novy,
+         u"Ctrl+N",
+         {},
          u"Zadávanie nových dát zamestnancov"},
-        {&ListPane::cmdOprava_, u"cmdOprava", u"Oprava údajov", &ListPane::oprava, u"Ctrl+O", {}},
-        {&ListPane::cmdVymaz_, u"cmdVymaz", u"Výmaz ", &ListPane::vymaz, u"Ctrl+Del", {}},
-        {&ListPane::cmdHladaj_, u"cmdHladaj", u"Hľadaj", &ListPane::hladajOsobu, u"Ctrl+F", {}},
-        {&ListPane::cmdSort_, u"CmdSort", sortByNumber, &ListPane::tried, u"Ctrl+T", {}},
+        {&ListPane::cmdOprava_,
+         u"cmdOprava",
+         u"Oprava údajov",
+         &ListPane::oprava,
+         u"Ctrl+O",
+         u"Enter",
+         {}},
+        {&ListPane::cmdVymaz_, u"cmdVymaz", u"Výmaz ", &ListPane::vymaz, u"Ctrl+Del", u"Del", {}},
+        {&ListPane::cmdHladaj_, u"cmdHladaj", u"Hľadaj", &ListPane::hladajOsobu, u"Ctrl+F", {}, {}},
+        {&ListPane::cmdSort_, u"CmdSort", sortByNumber, &ListPane::tried, u"Ctrl+T", {}, {}},
     }};
     return table;
 }
 
 ListPane::ListPane(const Surroundings& around, std::function<void(Screen)> open, QWidget* parent)
     : QWidget(parent), around_(around), open_(std::move(open)), heading_(new QLabel),
-      count_(new QLabel), welcome_(makeWelcome()), dbgKlient_(addGrid(clientList)),
+      filter_(new ListFilter), welcome_(makeWelcome()), dbgKlient_(addGrid(clientList)),
       dbgPsych_(addGrid(employeeList)) {
     auto* lists = new QVBoxLayout;
     lists->setSpacing(0);
@@ -77,6 +81,7 @@ ListPane::ListPane(const Surroundings& around, std::function<void(Screen)> open,
     columns->setSpacing(margin);
     columns->addLayout(lists, 1);
     columns->addLayout(makeButtonColumn());
+    buildListKeys();
     clear();
 }
 
@@ -88,10 +93,10 @@ QWidget* ListPane::makeHeading() {
     layout->setContentsMargins(0, 0, 0, 0);
     heading_->setObjectName(QStringLiteral("lblZoznam"));
     forms::enlarge(*heading_, 1.5, true);
-    count_->setObjectName(QStringLiteral("lblPocet"));
+    layout->setSpacing(2 * margin);
     layout->addWidget(heading_);
-    layout->addStretch();
-    layout->addWidget(count_);
+    layout->addWidget(filter_, 1);
+    connect(filter_, &ListFilter::changed, this, &ListPane::tlacidlaVsetky);
     return row;
 }
 
@@ -100,7 +105,10 @@ forms::RecordsetGrid* ListPane::addGrid(const ListTraits& list) {
     grid->setObjectName(list.gridName.toString());
     grid->setAccessibleName(list.heading.toString());
     grid->setMinimumWidth(leastGridWidth);
-    connect(grid->model(), &QAbstractItemModel::modelReset, this, &ListPane::countRows);
+    grid->horizontalHeader()->setSortIndicatorShown(true);
+    connect(grid->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int column) { forms::guarded(this, [&] { sortByHead(column); }); });
+    grid->installEventFilter(this);
     return grid;
 }
 
@@ -125,7 +133,9 @@ QPushButton* ListPane::addButton(const ListButton& traits) {
     });
     button->setAutoDefault(true);
     const QString key = traits.key.toString();
-    button->setToolTip(traits.toolTip.isEmpty() ? key : traits.toolTip.toString());
+    const QString keys =
+        traits.keyInList.isEmpty() ? key : traits.keyInList.toString() + QStringLiteral(", ") + key;
+    button->setToolTip(traits.toolTip.isEmpty() ? keys : traits.toolTip.toString());
     connect(button, &QPushButton::clicked, this,
             [this, action = traits.action] { forms::guarded(this, [&] { (this->*action)(); }); });
     connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button] {
@@ -146,6 +156,7 @@ const ListTraits* ListPane::onShow() const {
 }
 
 void ListPane::setSources(MainSources* sources) {
+    filter_->leave();
     dbgKlient_->bind(nullptr);
     dbgPsych_->bind(nullptr);
     sources_ = sources;
@@ -156,7 +167,7 @@ void ListPane::clear() {
     dbgPsych_->hide();
     welcome_->show();
     heading_->clear();
-    count_->clear();
+    filter_->leave();
     aktZoznam_ = 0;
     for (const ListButton& traits : buttons())
         (this->*traits.button)->setText(traits.caption.toString());
@@ -165,14 +176,16 @@ void ListPane::clear() {
     cmdNovy_->setEnabled(false);
 }
 
-void ListPane::countRows() {
-    if (const ListTraits* list = onShow())
-        count_->setText(QStringLiteral("Počet: %1").arg(grid(*list).rows().rowCount()));
-}
-
+/// What acts on the current row needs one that is seen.
 void ListPane::tlacidlaVsetky() {
-    for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdNovy_, cmdVymaz_})
+    if (sources_->datGrid.Recordset().Eof())
+        return;
+    const ListTraits* list = onShow();
+    const bool anyShown = list == nullptr || grid(*list).rows().rowCount() > 0;
+    for (QPushButton* button : {cmdHladaj_, cmdNovy_})
         button->setEnabled(true);
+    for (QPushButton* button : {cmdOprava_, cmdVymaz_})
+        button->setEnabled(anyShown);
 }
 
 void ListPane::tlacidlaPrazdne() {
@@ -206,9 +219,14 @@ void ListPane::setCaptions(const ListTraits& list) {
 
 /// `zoznamKlientov` and `zoznamZamestnancov`.
 void ListPane::zoznam(const ListTraits& list) {
+    filter_->leave();
     showGrid(list);
     readAnew(list.sqlByName);
     grid(list).bind(&sources_->datGrid);
+    // The way from the list to the buttons stays as short as it is.
+    setTabOrder(cmdSort_, &filter_->field());
+    filter_->follow(list, grid(list), sources_->datGrid);
+    showOrder(nameColumn, Qt::AscendingOrder);
     tlacidlaPodlaRiadkov(grid(list));
 }
 
@@ -267,7 +285,9 @@ void ListPane::oprava() {
     if (!sources_->datGrid.Recordset().Eof())
         sources_->datGrid.Recordset().FindFirst(QStringLiteral("idkod = ") +
                                                 store::quoted(modKontrola::gIdKod));
+    filter_->giveWay();
     grid(list).rebind();
+    showOrder(nameColumn, Qt::AscendingOrder);
     grid(list).setFocus();
 }
 
@@ -278,6 +298,7 @@ void ListPane::tried() {
         (byNumber ? clientsByNumber : clientList.sqlByName).toString());
     cmdSort_->setText((byNumber ? sortByName : sortByNumber).toString());
     sources_->datGrid.Refresh();
+    showOrder(byNumber ? numberColumn : nameColumn, Qt::AscendingOrder);
 }
 
 void ListPane::vymaz() {
@@ -305,8 +326,11 @@ void ListPane::commit() {
 
 void ListPane::hladajOsobu() {
     const ListTraits& list = dbgKlient_->isHidden() ? employeeList : clientList;
-    if (!hladaj(place(), list))
+    const auto input = hladaj(place(), list);
+    if (!input)
         return;
+    hladane_ = *input;
+    filter_->giveWay();
     grid(list).setFocus();
     grid(list).viewport()->update();
 }

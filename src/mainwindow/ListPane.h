@@ -7,6 +7,7 @@
 #include <functional>
 
 class QLabel;
+class QMenu;
 class QPushButton;
 
 namespace forms {
@@ -14,6 +15,8 @@ class RecordsetGrid;
 }
 
 namespace mainwindow {
+
+class ListFilter;
 
 /// The two lists, of which one is on show, and the buttons that act on its current row.
 class ListPane : public QWidget {
@@ -37,8 +40,20 @@ class ListPane : public QWidget {
     /// A card that was opened to edit a row of that list has closed.
     void cardClosed(int list);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    struct ListButton;
+    struct ListButton {
+        QPushButton* ListPane::*button = nullptr;
+        QStringView name;
+        QStringView caption;
+        void (ListPane::*action)() = nullptr;
+        QStringView key;
+        /// The key that does the same while the list has the focus.
+        QStringView keyInList;
+        QStringView toolTip;
+    };
     static const std::array<ListButton, 5>& buttons();
     QPushButton* addButton(const ListButton& traits);
     forms::RecordsetGrid* addGrid(const ListTraits& list);
@@ -51,7 +66,12 @@ class ListPane : public QWidget {
     void zoznam(const ListTraits& list);
     void setCaptions(const ListTraits& list);
     void showGrid(const ListTraits& list);
-    void countRows();
+    void sortByHead(int column);
+    void showOrder(int column, Qt::SortOrder way);
+    void buildListKeys();
+    bool keyInList(int key);
+    void openMenu(const QPoint& place);
+    void addOrders(QMenu& menu);
     void readAnew(QStringView sql);
 
     void novy();
@@ -59,6 +79,7 @@ class ListPane : public QWidget {
     void vymaz();
     void commit();
     void hladajOsobu();
+    void hladajOsobuDalej();
     void tried();
 
     forms::RecordsetGrid& grid(const ListTraits& list) const;
@@ -71,9 +92,16 @@ class ListPane : public QWidget {
     MainSources* sources_ = nullptr;
     int aktZoznam_ = 0;
     int zoznamPred_ = 0;
+    /// How the list on show is sorted.
+    struct {
+        int column = nameColumn;
+        Qt::SortOrder way = Qt::AscendingOrder;
+    } order_;
+    /// What was last looked for.
+    QString hladane_;
 
     QLabel* heading_;
-    QLabel* count_;
+    ListFilter* filter_;
     QLabel* welcome_;
     forms::RecordsetGrid* dbgKlient_;
     forms::RecordsetGrid* dbgPsych_;

@@ -4,6 +4,7 @@
 #include "store/DataSource.h"
 
 #include <array>
+#include <optional>
 
 class QWidget;
 
@@ -33,8 +34,11 @@ bool vymazKlienta(const ListPlace& place);
 bool vymazZamestnanca(const ListPlace& place);
 
 /// Asks for a surname and a first name and moves to the first row that begins with them.
-/// @return whether there was anything to look for. @throws store::EngineError
-bool hladaj(const ListPlace& place, const ListTraits& list);
+/// @return what was looked for, if anything. @throws store::EngineError
+std::optional<QString> hladaj(const ListPlace& place, const ListTraits& list);
+/// Moves to the next row that begins with what was looked for before, behind the last one to the
+/// first. @throws store::EngineError
+void hladajDalej(const ListPlace& place, const ListTraits& list, const QString& input);
 
 /// The text of a column of the current row. @throws store::EngineError
 QString fieldText(store::DataSource& source, QStringView column);

@@ -27,35 +27,48 @@ QString criterion(const QString& input) {
 }
 
 /// A quote in the input spoils the criterion; that counts as nothing found.
-bool found(store::Recordset& rows, const QString& input) {
+bool found(store::Recordset& rows, const QString& input,
+           void (store::Recordset::*find)(const QString&) = &store::Recordset::FindFirst) {
     try {
-        rows.FindFirst(criterion(input));
+        (rows.*find)(criterion(input));
         return !rows.NoMatch();
     } catch (const store::EngineError&) {
         return false;
     }
 }
 
+void tellNotFound(const ListPlace& place, const ListTraits& list, const QString& input) {
+    forms::showMessage(place.window, {.text = list.notFound.toString() + input +
+                                              QStringLiteral("' nie je v databáze"),
+                                      .title = QStringLiteral("Informácia"),
+                                      .icon = QMessageBox::Information});
+}
+
 } // namespace
 
-bool hladaj(const ListPlace& place, const ListTraits& list) {
+std::optional<QString> hladaj(const ListPlace& place, const ListTraits& list) {
     if (nothingToFind(place, list))
-        return false;
-    const auto input = forms::askText(place.window, list.findPrompt.toString(),
-                                      QStringLiteral("Hľadanie podľa priezviska"));
+        return std::nullopt;
+    auto input = forms::askText(place.window, list.findPrompt.toString(),
+                                QStringLiteral("Hľadanie podľa priezviska"));
     if (!input || input->isEmpty())
-        return false;
+        return std::nullopt;
     store::Recordset& rows = place.sources.datGrid.Recordset();
     rows.MoveFirst();
     const store::RowMark first = rows.Bookmark();
     if (!found(rows, *input)) {
         rows.setBookmark(first);
-        forms::showMessage(place.window, {.text = list.notFound.toString() + *input +
-                                                  QStringLiteral("' nie je v databáze"),
-                                          .title = QStringLiteral("Informácia"),
-                                          .icon = QMessageBox::Information});
+        tellNotFound(place, list, *input);
     }
-    return true;
+    return input;
+}
+
+void hladajDalej(const ListPlace& place, const ListTraits& list, const QString& input) {
+    if (nothingToFind(place, list))
+        return;
+    store::Recordset& rows = place.sources.datGrid.Recordset();
+    if (!found(rows, input, &store::Recordset::FindNext) && !found(rows, input))
+        tellNotFound(place, list, input);
 }
 
 } // namespace mainwindow

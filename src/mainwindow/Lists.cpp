@@ -19,6 +19,23 @@ constexpr auto employeeColumns = std::to_array<forms::GridColumn>({
     {u"Pracovné zaradenie", u"naz_fun", 2100},
 });
 
+constexpr auto clientOrders = std::to_array<QStringView>({
+    u"meno,priezv",
+    u"priezv,meno",
+    u"datnar,priezv,meno",
+    u"val(katcis)",
+});
+
+constexpr auto employeeOrders = std::to_array<QStringView>({
+    u"meno,priezv",
+    u"priezv,meno",
+    u"c_funkcie.nazov,priezv,meno",
+});
+
+constexpr auto clientFiltered =
+    std::to_array<QStringView>({u"meno", u"priezv", u"katcis", u"datnar"});
+constexpr auto employeeFiltered = std::to_array<QStringView>({u"meno", u"priezv", u"naz_fun"});
+
 } // namespace
 
 constinit const ListTraits clientList{
@@ -26,6 +43,11 @@ constinit const ListTraits clientList{
     .gridName = u"dbgKlient",
     .heading = u"Klienti",
     .columns = clientColumns,
+    .orders = clientOrders,
+    .filtered = clientFiltered,
+    .filterHint = u"Filter: meno, priezvisko, kat. číslo, dátum",
+    .countedOne = u"klienta",
+    .counted = u"klientov",
     .sqlByName = u"select *,meno+space(2)+priezv as celemeno from k_zaklad order by priezv,meno",
     .newCaption = u"Nový klient",
     .deleteCaption = u"Výmaz klienta",
@@ -44,6 +66,11 @@ constinit const ListTraits employeeList{
     .gridName = u"dbgPsych",
     .heading = u"Zamestnanci",
     .columns = employeeColumns,
+    .orders = employeeOrders,
+    .filtered = employeeFiltered,
+    .filterHint = u"Filter: meno, priezvisko, zaradenie",
+    .countedOne = u"zamestnanca",
+    .counted = u"zamestnancov",
     .sqlByName = u"select zamestnanci.meno,zamestnanci.priezv,zamestnanci.idkod,"
                  u"c_funkcie.nazov as naz_fun from zamestnanci,c_funkcie "
                  u"where zamestnanci.prac_zar=c_funkcie.fc_idkod order by priezv,meno",
@@ -58,5 +85,14 @@ constinit const ListTraits employeeList{
     .notFound = u"Zamestnanec  '",
     .card = Screen::EmployeeCard,
 };
+
+QString sortedBy(const ListTraits& list, int column, Qt::SortOrder order) {
+    const QString source =
+        list.sqlByName.first(list.sqlByName.lastIndexOf(u" order by ")).toString();
+    QString terms = list.orders[static_cast<std::size_t>(column)].toString();
+    if (order == Qt::DescendingOrder)
+        terms = terms.replace(u',', QStringLiteral(" desc,")) + QStringLiteral(" desc");
+    return source + QStringLiteral(" order by ") + terms;
+}
 
 } // namespace mainwindow

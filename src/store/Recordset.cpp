@@ -346,13 +346,25 @@ void Recordset::Delete() {
 }
 
 void Recordset::FindFirst(const QString& criterion) {
-    auto found = impl_->rows().find(criterion);
+    takeFound(impl_->rows().find(criterion));
+}
+
+void Recordset::FindNext(const QString& criterion) {
+    takeFound(impl_->rows().findBehind(criterion, AbsolutePosition()));
+}
+
+void Recordset::takeFound(std::optional<RowKey> found) {
     impl_->setNoMatch(!found);
     if (!found)
         return;
     impl_->leave();
     impl_->goTo(std::move(*found));
     impl_->tell(&RecordsetObserver::repositioned);
+}
+
+const std::shared_ptr<Rowset>& Recordset::rowset() const {
+    impl_->rows();
+    return impl_->sharedRows();
 }
 
 bool Recordset::NoMatch() const {

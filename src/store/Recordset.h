@@ -6,11 +6,13 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace store {
 
 class Connection;
+class Rowset;
 
 enum class EditState { None = 0, Edit = 1, Add = 2 };
 
@@ -105,6 +107,8 @@ class Recordset {
     /// position is unchanged. @throws EngineError 3061, 3075, 3464 for a criterion that is no
     /// condition
     void FindFirst(const QString& criterion);
+    /// As FindFirst(), among the rows behind the current one; without one among all.
+    void FindNext(const QString& criterion);
     bool NoMatch() const;
 
     RowMark Bookmark() const;
@@ -130,7 +134,10 @@ class Recordset {
 
   private:
     friend class Field;
+    friend class RowTexts;
     class Impl;
+    const std::shared_ptr<Rowset>& rowset() const;
+    void takeFound(std::optional<std::vector<qint64>> key);
     explicit Recordset(std::unique_ptr<Impl> impl);
     std::unique_ptr<Impl> impl_;
 };

@@ -130,12 +130,18 @@ std::optional<RowKey> Rowset::find(const QString& criterion) {
     const QString condition = translateCriterion(criterion, plan_);
     connection_->beginRead();
     if (!plan_.updatable)
-        return findByNumber(condition);
+        return findByNumber(condition, -1);
     if (plan_.sources.size() > 1)
-        return findInJoin(condition);
+        return firstBehind(condition, -1);
     const QString old = QStringLiteral("%1.rowid <= ?1").arg(sqlName(plan_.sources[0].alias));
     const auto found = firstOf({condition, old});
     return found || keys_->added().empty() ? found : findAdded(condition);
+}
+
+std::optional<RowKey> Rowset::findBehind(const QString& criterion, qint64 position) {
+    const QString condition = translateCriterion(criterion, plan_);
+    connection_->beginRead();
+    return plan_.updatable ? firstBehind(condition, position) : findByNumber(condition, position);
 }
 
 std::optional<RowKey> Rowset::firstOf(const QStringList& conditions) {
@@ -148,14 +154,14 @@ std::optional<RowKey> Rowset::firstOf(const QStringList& conditions) {
     return key;
 }
 
-/// The order of a join is that of its keyset, which another statement need not share.
-std::optional<RowKey> Rowset::findInJoin(const QString& condition) {
+/// In the order of the keyset, which another statement need not share.
+std::optional<RowKey> Rowset::firstBehind(const QString& condition, qint64 position) {
     Query query(connection_->handle(), selectKeys(plan_, {condition}));
     std::optional<qint64> first;
     RowKey key(plan_.sources.size());
     while (query.step()) {
         readKey(query, key);
-        if (const auto index = keys_->indexOf(key))
+        if (const auto index = keys_->indexOf(key); index && *index > position)
             first = std::min(*index, first.value_or(*index));
     }
     if (!first)
@@ -165,11 +171,12 @@ std::optional<RowKey> Rowset::findInJoin(const QString& condition) {
 }
 
 /// Rows without keys are known by their number.
-std::optional<RowKey> Rowset::findByNumber(const QString& condition) {
+std::optional<RowKey> Rowset::findByNumber(const QString& condition, qint64 behind) {
     Query query(connection_->handle(),
                 QStringLiteral("SELECT tvk_row FROM (SELECT row_number() OVER () - 1 AS tvk_row, * "
-                               "FROM (%1)) WHERE %2 ORDER BY tvk_row LIMIT 1")
+                               "FROM (%1)) WHERE (%2) AND tvk_row > ?1 ORDER BY tvk_row LIMIT 1")
                     .arg(plan_.rows, condition));
+    query.bind(1, behind);
     if (!query.step() || !keys_->has(query.integer(0)))
         return std::nullopt;
     return RowKey{query.integer(0)};

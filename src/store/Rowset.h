@@ -46,6 +46,8 @@ class Rowset {
     bool holds(RowKeyView key);
     /// The first row that meets a criterion.
     std::optional<RowKey> find(const QString& criterion);
+    /// The first row behind a position that meets a criterion.
+    std::optional<RowKey> findBehind(const QString& criterion, qint64 position);
 
     /// All of them happen wholly or not at all. @throws EngineError 3164 for rows that can't be
     /// written, 3167 for a row that has been deleted, 3022 and others of SQLite.
@@ -65,8 +67,8 @@ class Rowset {
     void prepareRow(Columns columns);
     Columns askedColumns() const;
     std::optional<RowKey> firstOf(const QStringList& conditions);
-    std::optional<RowKey> findInJoin(const QString& condition);
-    std::optional<RowKey> findByNumber(const QString& condition);
+    std::optional<RowKey> firstBehind(const QString& condition, qint64 position);
+    std::optional<RowKey> findByNumber(const QString& condition, qint64 behind);
     std::optional<RowKey> findAdded(const QString& condition);
     const SourceTable& onlySource() const;
     void updateSource(int source, qint64 rowid, const Changes& changes);

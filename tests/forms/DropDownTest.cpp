@@ -1,6 +1,7 @@
 #include "forms/DropDown.h"
 
 #include "forms/Binding.h"
+#include "forms/HitList.h"
 #include "forms/KitScreen.h"
 #include "forms/RowList.h"
 #include "store/DataSource.h"
@@ -236,6 +237,62 @@ TEST_F(DropDownTest, TypedInTheClosedFieldItCompletes) {
     screen.told.clear();
     screen.field.setFocus();
     EXPECT_EQ(screen.heard(), QString()) << "leaving must not choose";
+}
+
+TEST_F(DropDownTest, WhatIsTypedIntoTheServedFieldIsCompletedBesideItsLines) {
+    add(31, u"Nitra"_s);
+    start();
+    forms::EntryField& field = screen.field;
+    screen.drop.serve(field);
+    QObject::connect(&screen.drop, &DropDown::clicked, &field,
+                     [&] { field.setText(screen.drop.text()); });
+    const auto shown = [this] {
+        for (const auto* list : screen.findChildren<forms::HitList*>()) {
+            if (list->isVisible())
+                return list->currentIndex().data().toString();
+        }
+        return QString();
+    };
+    const auto expect = [&](const char16_t* text, const char16_t* completed, const char16_t* line) {
+        EXPECT_EQ(field.text(), QString::fromUtf16(text));
+        EXPECT_EQ(field.selectedText(), QString::fromUtf16(completed));
+        EXPECT_EQ(shown(), QString::fromUtf16(line));
+    };
+    field.setFocus();
+    screen.type("br");
+    expect(u"Bratislava", u"atislava", u"Bratislava");
+    screen.type("e");
+    expect(u"Brezno", u"zno", u"Brezno");
+    screen.key(Qt::Key_Backspace);
+    expect(u"Bre", u"", u"Brezno");
+    screen.key(Qt::Key_Down, Qt::ControlModifier);
+    expect(u"Brezno", u"", u"Brezno");
+    screen.key(Qt::Key_Down, Qt::ControlModifier);
+    expect(u"Čadca", u"", u"Čadca");
+    field.clear();
+    screen.type("ca");
+    expect(u"ca", u"", u"Čadca");
+    screen.type("x");
+    expect(u"cax", u"", u"");
+    field.clear();
+    screen.type("br");
+    screen.told.clear();
+    screen.key(Qt::Key_Escape);
+    expect(u"Br", u"", u"");
+    EXPECT_EQ(screen.heard(), QString()) << "Esc is for what lies above the card first";
+    screen.key(Qt::Key_Escape);
+    EXPECT_EQ(screen.heard(), u"storno"_s);
+    towns.setRecordSource(u"select kod + ' | ' + nazov as roleta from c_iczuj order by kod"_s);
+    towns.Refresh();
+    screen.drop.setSource(towns, u"roleta"_s);
+    for (const auto& [typed, text, completed, line] :
+         {std::tuple(Qt::Key_3, u"3", u"", u"3 | Brezno"), {Qt::Key_N, u"n", u"", u"31 | Nitra"}}) {
+        field.clear();
+        screen.key(typed);
+        expect(text, completed, line);
+    }
+    screen.text[1].setFocus();
+    EXPECT_EQ(shown(), QString());
 }
 
 TEST_F(DropDownTest, TheProgramChangesItSilentlyAndRefreshDropsThePick) {

@@ -4,6 +4,9 @@
 #include "validation/modKontrola.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
 #include <QPaintEvent>
 #include <QPushButton>
 
@@ -59,6 +62,13 @@ class ListTest : public MainWindow {
         for (int row = 0; row < model->rowCount(); ++row)
             texts << model->index(row, column).data().toString();
         return texts;
+    }
+    /// As the keys of a Slovak keyboard come.
+    void type(const QString& text) {
+        for (const QChar letter : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, {}, letter);
+            QCoreApplication::sendEvent(window->focusWidget(), &press);
+        }
     }
     void expectList(const char* grid, const char* other, const char* states, QStringView captions) {
         EXPECT_TRUE(shown(grid) && !shown(other));
@@ -165,9 +175,9 @@ TEST_F(ListTest, aClickAnywhereInARowChoosesItAndOpensNothing) {
         support::press(*grid.viewport(), inGrid);
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {},
                            grid.viewport()->mapTo(window.get(), inGrid));
-        key(Qt::Key_Return);
         EXPECT_TRUE(opened.empty());
-        click("cmdOprava");
+        key(Qt::Key_Return);
+        EXPECT_EQ(opened.size(), 1);
         EXPECT_EQ(modKontrola::gIdKod, client);
     }
 }
@@ -210,7 +220,154 @@ TEST_F(ListTest, keysAndRecordsetMoveTogether) {
     }
 }
 
+// Filter
+
+TEST_F(ListTest, whatIsTypedLeavesThoseInWhichAllWordsBeginAWord) {
+    using Filter = std::tuple<const char*, const char*, const char*>;
+    showClients();
+    for (const auto& [typed, surnames, count] :
+         {Filter{"nova jan", "Novák Nováková", "2 z 5 klientov"},
+          Filter{"JÁN NOV", "Novák Nováková", "2 z 5 klientov"},
+          Filter{"jana n", "Nováková", "1 z 5 klientov"},
+          Filter{"Čiž", "Čižmárová", "1 z 5 klientov"}, Filter{"ova", "", "0 z 5 klientov"},
+          Filter{"3", "Novák Nováková", "2 z 5 klientov"},
+          Filter{"x", "Horváthová", "1 z 5 klientov"},
+          Filter{"7.2.1998", "Čižmárová", "1 z 5 klientov"},
+          Filter{"07.02.", "Čižmárová", "1 z 5 klientov"}, Filter{"'", "", "0 z 5 klientov"}}) {
+        SCOPED_TRACE(typed);
+        type(QString::fromUtf8(typed));
+        EXPECT_EQ(column("dbgKlient", 1).join(u' '), QString::fromUtf8(surnames));
+        EXPECT_EQ(caption("lblPocet"), QString::fromUtf8(count));
+        EXPECT_EQ(buttons(), *surnames != 0 ? "+++++" : "+--++");
+        EXPECT_EQ(focused(), u"dbgKlient"_s);
+        key(Qt::Key_Escape);
+        EXPECT_EQ(caption("lblPocet"), u"Počet: 5"_s);
+        EXPECT_EQ(buttons(), "+++++");
+    }
+    addEmployees();
+    click("Label2");
+    type(u"funkcia ivx"_s);
+    key(Qt::Key_Backspace);
+    EXPECT_EQ(row("dbgPsych"), u"Iveta|Kováčová|funkcia 2"_s);
+    EXPECT_EQ(caption("lblPocet"), u"1 z 2 zamestnancov"_s);
+}
+
+/// What is on show is what is stored, and what is chosen is seen.
+TEST_F(ListTest, theFilterHoldsOrGivesWayWhenRowsChange) {
+    showClients();
+    const auto expectShown = [this](const char* surnames, const char* count) {
+        EXPECT_EQ(column("dbgKlient", 1).join(u' '), QString::fromUtf8(surnames));
+        EXPECT_EQ(caption("lblPocet").section(u"·  "_s, -1), QString::fromUtf8(count));
+    };
+    type(u"nov"_s);
+    click("CmdSort");
+    expectShown("Nováková Novák", "2 z 5 klientov");
+    play = [this](Screen) {
+        addClient("NOVOTN0000", "Ida", "Novotná");
+    };
+    click("CmdNovy");
+    expectShown("Novotná Nováková Novák", "3 z 6 klientov");
+    key(Qt::Key_Home);
+    expectDelete("Naozaj chceš vymazať klienta : Ida  Novotná ?", "Výmaz klienta",
+                 QMessageBox::Yes);
+    key(Qt::Key_Delete);
+    expectShown("Nováková Novák", "2 z 5 klientov");
+    const auto rename = [this](const char16_t* surname) {
+        play = [this, surname](Screen) {
+            reg.execute({u"update k_zaklad set priezv='%1' where idkod='NOVAKJAN00'"_s.arg(
+                QString::fromUtf16(surname))});
+        };
+        key(Qt::Key_Return);
+    };
+    key(Qt::Key_End);
+    rename(u"Novotný");
+    expectShown("Nováková Novotný", "2 z 5 klientov");
+    EXPECT_EQ(row("dbgKlient"), u"Ján|Novotný||3"_s);
+    rename(u"Žiak");
+    expectShown("Čižmárová Horváthová Chovan Nováková Žiak", "Počet: 5");
+    EXPECT_TRUE(caption("lblPocet").startsWith(u"Filter je zrušený"_s));
+    EXPECT_EQ(row("dbgKlient"), u"Ján|Žiak||3"_s) << "the row is kept, and seen";
+    type(u"xyz"_s);
+    expectInput("Zadaj priezvisko a meno klienta :", "Hľadanie podľa priezviska", "Chov");
+    click("cmdHladaj");
+    EXPECT_EQ(row("dbgKlient"), u"Peter|Chovan||2"_s);
+    expectShown("Čižmárová Horváthová Chovan Nováková Žiak", "Počet: 5");
+}
+
+TEST_F(ListTest, headsSortBothWaysAndTheArrowTellsWhatIsOnShow) {
+    showClients();
+    auto& view = find<QTableView>("dbgKlient");
+    const auto clickHead = [&](int column) {
+        const int x = view.horizontalHeader()->sectionViewportPosition(column) + 20;
+        support::press(*view.horizontalHeader()->viewport(), QPoint(x, 8));
+    };
+    const auto arrow = [&] {
+        const QHeaderView& head = *view.horizontalHeader();
+        return head.sortIndicatorSection() *
+               (head.sortIndicatorOrder() == Qt::AscendingOrder ? 1 : -1);
+    };
+    key(Qt::Key_End);
+    const std::tuple<int, int, const char*> clicks[] = {
+        {1, -1, "1 3 2 x 10"}, {1, 1, "10 x 2 3 1"}, {2, 2, "x 2 3 10 1"},
+        {2, -2, "1 10 3 2 x"}, {3, 3, "x 1 2 3 10"}, {3, -3, "10 3 2 1 x"}};
+    for (const auto& [column, shown, numbers] : clicks) {
+        clickHead(column);
+        EXPECT_EQ(this->column("dbgKlient", 3).join(u' ').toStdString(), numbers);
+        EXPECT_EQ(arrow(), shown);
+        EXPECT_EQ(row("dbgKlient"), u"Jana|Nováková|31.12.2001|1"_s) << "the row stays";
+    }
+    EXPECT_EQ(caption("CmdSort"), u"Trieď (katalógové číslo)"_s);
+    click("cmdOprava");
+    EXPECT_EQ(arrow(), 1);
+    click("CmdSort");
+    EXPECT_EQ(arrow(), 3);
+    view.horizontalHeader()->resizeSection(0, 300);
+    window->resize(window->width() + 40, window->height());
+    click("Label2");
+    click("Label1");
+    EXPECT_GE(view.columnWidth(0), 300) << "widths hold";
+    EXPECT_EQ(view.horizontalHeader()->length(), view.viewport()->width());
+}
+
+TEST_F(ListTest, theMenuOffersWhatTheButtonsDo) {
+    showClients();
+    const auto choose = [this](const char* entry) {
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+        QCoreApplication::sendEvent(&find<QTableView>("dbgKlient"), &asked);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QStringList texts;
+        for (const QAction* action : menu->actions())
+            texts << action->text().replace(u'\t', u'|') +
+                         (action->isEnabled() ? QString() : u" -"_s);
+        menu->findChild<QAction*>(QLatin1String(entry))->trigger();
+        menu->close();
+        return texts.join(u'/');
+    };
+    EXPECT_EQ(choose("cmdOprava"),
+              u"Nový klient|Ctrl+N/Oprava údajov|Enter/Výmaz klienta|Del/Hľadaj klienta|Ctrl+F/"
+              "Trieď (katalógové číslo)|Ctrl+T//Hľadaj ďalej|F3/Zruš filter|Esc -/Zoradiť podľa"_s);
+    EXPECT_EQ(opened, std::vector{Screen::ClientCard});
+    type(u"nov"_s);
+    choose("mniVsetci");
+    EXPECT_EQ(caption("lblPocet"), u"Počet: 5"_s);
+}
+
 // Search
+
+TEST_F(ListTest, f3GoesOnWithTheLastSearchAndBeginsAnewBehindTheLastHit) {
+    showClients();
+    expectInput("Zadaj priezvisko a meno klienta :", "Hľadanie podľa priezviska", "Nov");
+    key(Qt::Key_F3);
+    EXPECT_EQ(row("dbgKlient"), u"Ján|Novák||3"_s);
+    for (const QString& next : {u"Jana|Nováková|31.12.2001|1"_s, u"Ján|Novák||3"_s}) {
+        key(Qt::Key_F3);
+        EXPECT_EQ(row("dbgKlient"), next);
+    }
+    addEmployees();
+    click("Label2");
+    expectBox("Zamestnanec  'Nov' nie je v databáze", "Informácia", QMessageBox::Information);
+    key(Qt::Key_F3);
+}
 
 TEST_F(ListTest, searchFindsBySurnameAndFirstName) {
     using Search = std::pair<std::string, std::string>;

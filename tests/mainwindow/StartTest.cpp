@@ -50,11 +50,11 @@ TEST_F(StartTest, tabLeadsThroughEverything) {
     open();
     click("Label1");
     QStringList order;
-    for (int step = 0; step < 12; ++step) {
+    for (int step = 0; step < 13; ++step) {
         order << focused();
         key(Qt::Key_Tab);
     }
-    EXPECT_EQ(order.join(u' '), u"dbgKlient CmdNovy cmdOprava cmdVymaz cmdHladaj CmdSort "
+    EXPECT_EQ(order.join(u' '), u"dbgKlient CmdNovy cmdOprava cmdVymaz cmdHladaj CmdSort textFilter "
                                 "Picture1 Picture2 Picture3 Picture4 Picture5 Picture6"_s);
     EXPECT_EQ(focused(), u"dbgKlient"_s);
 }

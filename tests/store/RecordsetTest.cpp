@@ -109,6 +109,24 @@ TEST_F(RecordsetTest, FindsTheFirstInItsOwnOrder) {
     }
 }
 
+TEST_F(RecordsetTest, FindNextGoesOnBehindTheCurrentRowInTheOrderOfTheRows) {
+    const std::tuple<QString, QString, QList<qint64>> cases[] = {
+        {byName, u"priezv like 'nov*'"_s, {2, 3}},
+        {u"k_zaklad"_s, u"priezv like 'nov*'"_s, {0, 2}},
+        {u"select priezv, count(*) as pocet from k_zaklad group by priezv"_s,
+         u"pocet = 1"_s,
+         {0, 1}}};
+    for (const auto& [source, criterion, positions] : cases) {
+        auto rows = open(source);
+        rows->FindFirst(criterion);
+        QList<qint64> found;
+        for (; !rows->NoMatch(); rows->FindNext(criterion))
+            found << rows->AbsolutePosition();
+        EXPECT_EQ(found, positions) << qPrintable(source);
+        EXPECT_EQ(rows->AbsolutePosition(), positions.back()) << "stays where it is";
+    }
+}
+
 TEST_F(RecordsetTest, AFailedFindStaysWhereItIs) {
     auto rows = open(byName);
     rows->MoveNext();

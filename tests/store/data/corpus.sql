@@ -21,7 +21,10 @@ select	z_vek
 select	z_vzdelavanie
 select	select *,meno+space(2)+priezv as celemeno from k_zaklad order by priezv,meno
 select	select *,meno+space(2)+priezv as celemeno from k_zaklad order by val(katcis)
+select	select *,meno+space(2)+priezv as celemeno from k_zaklad order by val(katcis) desc
+select	select *,meno+space(2)+priezv as celemeno from k_zaklad order by datnar desc,priezv desc,meno desc
 select	select zamestnanci.meno,zamestnanci.priezv,zamestnanci.idkod,c_funkcie.nazov as naz_fun from zamestnanci,c_funkcie where zamestnanci.prac_zar=c_funkcie.fc_idkod order by priezv,meno
+select	select zamestnanci.meno,zamestnanci.priezv,zamestnanci.idkod,c_funkcie.nazov as naz_fun from zamestnanci,c_funkcie where zamestnanci.prac_zar=c_funkcie.fc_idkod order by c_funkcie.nazov,priezv,meno
 select	select * from k_zaklad
 select	select * from k_zaklad order by idkod
 select	select * from k_zaklad  order by priezv,meno
