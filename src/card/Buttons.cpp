@@ -6,17 +6,11 @@
 
 namespace card {
 
-namespace {
-
-constexpr QColor disabledText(112, 112, 148);
-
-} // namespace
-
 void setGround(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = widget.palette();
+    QPalette palette;
     palette.setColor(role, colour);
-    palette.setColor(QPalette::Disabled, QPalette::Text, disabledText);
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, disabledText);
+    if (role == QPalette::Button)
+        palette.setColor(QPalette::Disabled, role, forms::idleButtonColour);
     widget.setPalette(palette);
 }
 

@@ -1,5 +1,6 @@
 #include "card/CalendarNote.h"
 
+#include "forms/Colours.h"
 #include "forms/EntryField.h"
 #include "forms/Metrics.h"
 #include "store/Dates.h"
@@ -12,8 +13,6 @@
 namespace card {
 
 namespace {
-
-constexpr QColor wrongGround(255, 224, 178);
 
 bool isNoDate(const forms::EntryField& field) {
     return !field.text().isEmpty() && !store::readDate(field.text());
@@ -51,7 +50,7 @@ void CalendarNote::mark(Watched& watched, bool isWrong) {
         QPalette palette;
         if (isWrong) {
             palette = watched.field->palette();
-            palette.setColor(QPalette::Base, wrongGround);
+            palette.setColor(QPalette::Base, forms::wrongGround);
         }
         watched.field->setPalette(palette);
     }

@@ -1,8 +1,8 @@
 #include "forms/Appearance.h"
 
 #include "forms/AccessibleParts.h"
-#include "forms/CalmStyle.h"
 #include "forms/Colours.h"
+#include "forms/EdgeStyle.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -15,34 +15,44 @@ namespace forms {
 
 namespace {
 
-constexpr QColor ink(32, 32, 56);
-constexpr QColor fadedInk(118, 118, 150);
-constexpr QColor highlight(84, 84, 158);
+constexpr auto texts = {QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
 
 QPalette colours() {
     QPalette palette(buttonColour, screenColour);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(222, 222, 236));
-    palette.setColor(QPalette::AlternateBase, QColor(246, 246, 252));
-    palette.setColor(QPalette::Highlight, highlight);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 232));
+    palette.setColor(QPalette::Base, fieldGround);
+    palette.setColor(QPalette::Disabled, QPalette::Base, readGround);
+    palette.setColor(QPalette::AlternateBase, secondRowGround);
+    palette.setColor(QPalette::Highlight, chosenGround);
+    palette.setColor(QPalette::HighlightedText, chosenInk);
+    palette.setColor(QPalette::ToolTipBase, tipGround);
     palette.setColor(QPalette::ToolTipText, ink);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : texts) {
         palette.setColor(role, ink);
-        palette.setColor(QPalette::Disabled, role, fadedInk);
+        palette.setColor(QPalette::Disabled, role, idleInk);
     }
-    palette.setColor(QPalette::PlaceholderText, fadedInk);
-    palette.setColor(QPalette::Disabled, QPalette::Button, QColor(190, 190, 220));
+    palette.setColor(QPalette::PlaceholderText, hintInk);
+    palette.setColor(QPalette::Disabled, QPalette::Button, idleButtonColour);
     return palette;
+}
+
+/// What a field shows is read, whether it can be typed into now or not.
+void dressFields(const QPalette& ofAll) {
+    QPalette palette = ofAll;
+    palette.setColor(QPalette::PlaceholderText, emptyFieldInk);
+    for (const auto role : texts)
+        palette.setColor(QPalette::Disabled, role, readInk);
+    for (const char* kind : {"QLineEdit", "QComboBox", "QTextEdit", "QSpinBox"})
+        QApplication::setPalette(palette, kind);
 }
 
 } // namespace
 
 void dress(QApplication& application) {
     loadPictures();
-    QApplication::setStyle(new CalmStyle);
-    QApplication::setPalette(colours());
+    QApplication::setStyle(new EdgeStyle);
+    const QPalette palette = colours();
+    QApplication::setPalette(palette);
+    dressFields(palette);
     nameParts(application);
 }
 

@@ -1,5 +1,6 @@
 #include "forms/CalmStyle.h"
 
+#include "forms/Colours.h"
 #include "forms/Metrics.h"
 
 #include <QIcon>
@@ -14,7 +15,6 @@ namespace forms {
 namespace {
 
 constexpr qreal roundness = 4;
-constexpr QColor headerGround(226, 226, 243);
 /// Of a drop-down, with the arrow in it.
 constexpr int arrowWidth = 22;
 constexpr QSize buttonPadding(16, 4);
@@ -202,7 +202,7 @@ void CalmStyle::drawButton(const QStyleOption& option, QPainter& painter) const 
 void CalmStyle::drawHeader(const QStyleOption& option, QPainter& painter, bool section) const {
     const QColor line = option.palette.color(QPalette::Button);
     const QRect rect = option.rect;
-    painter.fillRect(rect, headerGround);
+    painter.fillRect(rect, headColour);
     painter.fillRect(QRect(rect.bottomLeft(), QSize(rect.width(), 1)), line);
     if (section)
         painter.fillRect(rect.right(), rect.top() + 4, 1, rect.height() - 8, line);

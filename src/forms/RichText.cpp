@@ -1,5 +1,6 @@
 #include "forms/RichText.h"
 
+#include "forms/Colours.h"
 #include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
@@ -321,9 +322,11 @@ void RichText::showBound(const QString& text) {
 
 void RichText::setReadOnly(bool readOnly) {
     editor_->setReadOnly(readOnly);
-    QPalette ground = palette();
-    if (readOnly)
-        ground.setColor(QPalette::Base, ground.color(QPalette::Disabled, QPalette::Base));
+    QPalette ground;
+    if (readOnly) {
+        ground.setColor(QPalette::Base, readGround);
+        ground.setColor(QPalette::Text, readInk);
+    }
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
         tool->setDisabled(readOnly);

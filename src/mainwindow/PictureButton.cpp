@@ -1,5 +1,7 @@
 #include "mainwindow/PictureButton.h"
 
+#include "forms/Colours.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,8 +18,6 @@ constexpr int leastPicture = 16;
 constexpr int padding = 7;
 constexpr int gap = 3;
 constexpr qreal roundness = 7;
-constexpr QColor outline(104, 104, 164);
-constexpr QColor focusOutline(60, 60, 136);
 
 } // namespace
 
@@ -82,8 +82,8 @@ QRectF PictureButton::pictureRect() const {
 void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal stroke = hasFocus() ? 2.5 : 1;
-    painter.setPen(QPen(hasFocus() ? focusOutline : outline, stroke));
+    const qreal stroke = hasFocus() ? 3 : 1;
+    painter.setPen(QPen(hasFocus() ? forms::focusColour : forms::edgeColour, stroke));
     painter.setBrush(isDown() ? colour_.darker(106) : colour_);
     const QRectF frame = QRectF(rect()).adjusted(stroke / 2, stroke / 2, -stroke / 2, -stroke / 2);
     painter.drawRoundedRect(frame, roundness, roundness);

@@ -1,5 +1,6 @@
 #include "statreturn/CareSums.h"
 
+#include "forms/Colours.h"
 #include "forms/Metrics.h"
 
 #include <QGridLayout>
@@ -8,8 +9,6 @@
 namespace statreturn {
 
 namespace {
-
-constexpr QColor differs(176, 0, 32);
 
 QString number(double value) {
     return QString::number(value, 'f', 0);
@@ -67,7 +66,7 @@ void CareSums::show(const CareCells& cells, int row, int column) {
                                           : QStringLiteral("≠ ") + number(sum.summed));
         QPalette palette;
         if (!sum.agrees())
-            palette.setColor(QPalette::WindowText, differs);
+            palette.setColor(QPalette::WindowText, forms::differsInk);
         line.summed->setPalette(palette);
     };
     columnTitle_->setText(QStringLiteral("Súčty v stĺpci ") + careColumnName(column));

@@ -14,8 +14,6 @@ namespace statreturn {
 
 namespace {
 
-constexpr QColor focusColour(128, 255, 255);
-
 forms::EntryField* fieldOf(const forms::Control& control) {
     return qobject_cast<forms::EntryField*>(control.widget());
 }
@@ -68,7 +66,7 @@ void EntryForm::storno() {
 
 void EntryForm::gotFocus(const forms::Control& control) {
     if (forms::EntryField* field = fieldOf(control)) {
-        card::setGround(*field, QPalette::Base, focusColour);
+        card::setGround(*field, QPalette::Base, forms::entryColour);
         field->trimAndSelect();
     }
 }
