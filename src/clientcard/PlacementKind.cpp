@@ -6,12 +6,13 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "forms/FlowLayout.h"
+#include "forms/Metrics.h"
 #include "store/DataSource.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
 
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QRadioButton>
 
 #include <algorithm>
@@ -108,8 +109,9 @@ PlacementKind::PlacementKind(const RecordParts& parts)
 void PlacementKind::makeOptions() {
     Frame4_->setObjectName(QStringLiteral("Frame4"));
     card::keepPlace(*Frame4_);
-    auto* line = new QHBoxLayout(Frame4_);
-    line->setSpacing(16);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::Left, Frame4_);
+    line->setContentsMargins(forms::gap, forms::gap, forms::gap, forms::gap);
+    line->setSpacing(2 * forms::gap);
     for (std::size_t i = 0; i < views.size(); ++i) {
         options_[i] = new QRadioButton(QString::fromUtf16(views[i].caption), Frame4_);
         options_[i]->setObjectName(QString::fromUtf16(views[i].option));
@@ -117,7 +119,6 @@ void PlacementKind::makeOptions() {
                          [this] { frame_.actions().perform([this] { showView(); }); });
         line->addWidget(options_[i]);
     }
-    line->addStretch();
     optZarVv()->setChecked(true);
 }
 
