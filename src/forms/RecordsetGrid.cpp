@@ -19,6 +19,7 @@ RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* paren
     for (const GridColumn& column : columns)
         shares_.push_back(column.width);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &RecordsetGrid::keepShares);
+    fitToFont(*this, [this] { fitColumns(); });
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
 }
