@@ -139,6 +139,13 @@ int CardData::recordsIn(QStringView table, const QString& key) const {
     return int(counted->Fields(u"pocet").Value().toNumber());
 }
 
+QString CardData::latestIn(QStringView column, QStringView table, const QString& key) const {
+    const auto latest = datZaklad_->Database().OpenRecordset(
+        QStringLiteral("select max(%1) as posledny from %2 where %3")
+            .arg(column, table, keyCriterion(key)));
+    return latest->Fields(u"posledny").Value().toText();
+}
+
 void CardData::otvorCiselniky() {
     open(u"DatCisZar", placementCodes(schools));
     open(u"datZamestnanci", employees.toString());

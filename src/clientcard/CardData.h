@@ -37,6 +37,9 @@ class CardData {
 
     /// How many rows of a table are written for a client. @throws store::EngineError
     int recordsIn(QStringView table, const QString& key) const;
+    /// The latest date in a column of a client's rows, empty without one. @throws
+    /// store::EngineError
+    QString latestIn(QStringView column, QStringView table, const QString& key) const;
 
     /// @param name one of the names of the sources; another one is a fault of the program
     store::DataSource& source(QStringView name) const;

@@ -80,8 +80,12 @@ void CardPages::goTo(int tab) {
 }
 
 void CardPages::showContents(bool any) {
-    for (int tab = 0; tab < SSTab1_->count(); ++tab)
-        SSTab1_->setContents(tab, any ? family(tab).contentsOf(tab) : TabContents());
+    std::vector<TabContents> contents;
+    for (int tab = 0; tab < SSTab1_->count(); ++tab) {
+        contents.push_back(any ? family(tab).contentsOf(tab) : TabContents());
+        SSTab1_->setContents(tab, contents.back());
+    }
+    family(0).contentsRead(contents);
 }
 
 void CardPages::show(int tab) {

@@ -17,7 +17,7 @@ namespace clientcard {
 namespace {
 
 constexpr int droppedWidth = 320;
-constexpr int leastOfPick = 18;
+constexpr int leastOfPick = 30;
 constexpr int mostOfPick = 46;
 
 } // namespace

@@ -294,6 +294,7 @@ QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
     for (QWidget* frame : {basic, impaired})
         frames->addWidget(frame);
     lines->addWidget(&controls.fields.calendarNote());
+    lines->addWidget(&controls.lastRecords);
     lines->addStretch();
     chainBasic(controls);
     return new forms::ScrollPage(page, parent);

@@ -18,6 +18,7 @@ struct EntryControls {
     ImpairmentFields& mother;
     ImpairmentFields& father;
     QWidget& cmbSex;
+    QWidget& lastRecords;
 };
 
 /// Makes the pages of the two tabs and gives their controls the order of Tab.

@@ -7,6 +7,7 @@
 #include "clientcard/EntryFields.h"
 #include "clientcard/EntryLayout.h"
 #include "clientcard/ImpairmentFields.h"
+#include "clientcard/LastRecords.h"
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "clientcard/SaveCycle.h"
@@ -44,6 +45,9 @@ class EntryTabs : public TabFamily, public KeyFields {
     void turnedTo(int tab) override { focusElement(tab == 0 ? krz::meno : krz::matka); }
     KeyFields* keyFields() override { return this; }
     void focusElement(int element) override { fields_.field(element).setFocus(); }
+    void contentsRead(std::span<const TabContents> contents) override {
+        lastRecords_->showContents(contents);
+    }
     bool isChanged() const override;
     forms::Words typedWords() const override;
     void enterWords(const forms::Words& words) override;
@@ -73,6 +77,7 @@ class EntryTabs : public TabFamily, public KeyFields {
     /// Holds the controls until their pages take them.
     QWidget workshop_;
     forms::EntryField* txtIdKod_;
+    LastRecords* lastRecords_;
     Pickers pickers_;
     EntryFields fields_;
     ParentOptions options_;
@@ -83,7 +88,8 @@ class EntryTabs : public TabFamily, public KeyFields {
 
 EntryTabs::EntryTabs(CardFrame& frame)
     : frame_(frame), txtIdKod_(new forms::EntryField(&frame.window())),
-      fields_(frame, pickers_, &workshop_), options_(fields_, &workshop_),
+      lastRecords_(new LastRecords(&workshop_)), fields_(frame, pickers_, &workshop_),
+      options_(fields_, &workshop_),
       sexPick_(frame.guard(), fields_.field(krz::pohlav), QStringLiteral("cmbPos"), 3,
                QStringLiteral("výber z číselnika"), &workshop_),
       impairments_{makeImpairments(impairmentColumns[0]), makeImpairments(impairmentColumns[1]),
@@ -113,8 +119,8 @@ void EntryTabs::bindAll() {
 }
 
 QWidget* EntryTabs::makePage(int tab, QWidget* parent) {
-    const EntryControls controls{fields_,         pickers_,        options_,       impairments_[0],
-                                 impairments_[1], impairments_[2], sexPick_.pick()};
+    const EntryControls controls{fields_,         pickers_,        options_,        impairments_[0],
+                                 impairments_[1], impairments_[2], sexPick_.pick(), *lastRecords_};
     return tab == 0 ? makeBasicPage(controls, parent) : makeParentsPage(controls, parent);
 }
 

@@ -71,8 +71,8 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     else if (data_.datMemo().Recordset().Eof())
         // The rest can be edited without this row.
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
-    beginWords();
     showContents();
+    beginWords();
 }
 
 /// What is still open is dropped: the user has not said that it is to be written.
@@ -280,8 +280,8 @@ void FrmKlientUdaj::cmdZaklUdClick() {
     if (draft_->isNew())
         return;
     odomkniZalozky();
-    beginWords();
     tellWritten(typedName());
+    beginWords();
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {

@@ -6,12 +6,13 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "forms/FlowLayout.h"
+#include "forms/Metrics.h"
 #include "store/DataSource.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
 
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QRadioButton>
 
 #include <algorithm>
@@ -108,8 +109,9 @@ PlacementKind::PlacementKind(const RecordParts& parts)
 void PlacementKind::makeOptions() {
     Frame4_->setObjectName(QStringLiteral("Frame4"));
     card::keepPlace(*Frame4_);
-    auto* line = new QHBoxLayout(Frame4_);
-    line->setSpacing(16);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::Left, Frame4_);
+    line->setContentsMargins(forms::gap, forms::gap, forms::gap, forms::gap);
+    line->setSpacing(2 * forms::gap);
     for (std::size_t i = 0; i < views.size(); ++i) {
         options_[i] = new QRadioButton(QString::fromUtf16(views[i].caption), Frame4_);
         options_[i]->setObjectName(QString::fromUtf16(views[i].option));
@@ -117,7 +119,6 @@ void PlacementKind::makeOptions() {
                          [this] { frame_.actions().perform([this] { showView(); }); });
         line->addWidget(options_[i]);
     }
-    line->addStretch();
     optZarVv()->setChecked(true);
 }
 
@@ -127,6 +128,15 @@ void PlacementKind::showView() {
     source_.setRecordSource(placementsOf(modKontrola::gIdKod, akronym()));
     source_.Refresh();
     browse_();
+}
+
+/// A placement that goes on, or whose beginning nobody knows, has no range of dates to show.
+QString PlacementKind::sayEmptyLine(store::Recordset& row) const {
+    const QString from = row.Fields(u"vzar_od").Value().toText();
+    const QString to = row.Fields(u"vzar_do").Value().toText();
+    return (from.isEmpty() ? QStringLiteral("začiatok nie je zadaný")
+                           : QStringLiteral("od ") + from) +
+           (to.isEmpty() ? QStringLiteral(", trvá") : QStringLiteral(", do ") + to);
 }
 
 forms::Words PlacementKind::begunAmong() const {
@@ -143,15 +153,6 @@ void PlacementKind::showAmong(const forms::Words& words) {
     const auto view = std::ranges::find(views, word->text, &View::akronym);
     options_[std::size_t(view == views.end() ? 0 : view - views.begin())]->setChecked(true);
     showView();
-}
-
-/// A placement that goes on, or whose beginning nobody knows, has no range of dates to show.
-QString PlacementKind::sayEmptyLine(store::Recordset& row) const {
-    const QString from = row.Fields(u"vzar_od").Value().toText();
-    const QString to = row.Fields(u"vzar_do").Value().toText();
-    return (from.isEmpty() ? QStringLiteral("začiatok nie je zadaný")
-                           : QStringLiteral("od ") + from) +
-           (to.isEmpty() ? QStringLiteral(", trvá") : QStringLiteral(", do ") + to);
 }
 
 /// A date that is left empty is Null; the binding gives a date column nothing else for it.

@@ -35,7 +35,7 @@ QVBoxLayout* layOutList(const RecordControls& controls) {
     column->setSpacing(forms::tightGap);
     column->addWidget(labelOf(controls.list, controls.row.listLabel));
     column->addWidget(&controls.list, 1);
-    card::setWidth(controls.list, controls.row.listCharacters);
+    card::setRoom(controls.list, controls.row.listCharacters * 3 / 4, controls.row.listCharacters);
     return column;
 }
 
@@ -83,11 +83,10 @@ QLayout* layOutButtons(const RecordControls& controls) {
     constexpr int apart = 3 * forms::gap;
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::Left);
     line->setSpacing(apart);
-    QHBoxLayout* group = nullptr;
+    QLayout* group = nullptr;
     for (std::size_t i = 0; i < controls.buttons.size(); ++i) {
         if (i % opening == 0) {
-            group = new QHBoxLayout;
-            group->setSpacing(forms::gap);
+            group = new forms::FlowLayout(forms::FlowLayout::Fill::Left);
             line->addLayout(group);
         }
         group->addWidget(controls.buttons[i]);

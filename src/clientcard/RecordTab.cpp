@@ -81,7 +81,7 @@ void RecordTab::makeButtons() {
     const std::array<const char16_t*, buttonCount> suffixes = {u"Novy", u"Opr",    u"Vym",
                                                                u"Zap",  u"ZapNew", u"Sto"};
     const std::array<const char16_t*, buttonCount> captions = {
-        u"&Nový", u"&Oprava", u"&Výmaz", row_.saveCaption, row_.saveNewCaption, u"&Storno"};
+        u"&Nový", u"&Oprava", u"Vý&maz", row_.saveCaption, row_.saveNewCaption, u"&Storno"};
     for (std::size_t i = 0; i < buttonCount; ++i) {
         auto* button = new QPushButton(QString::fromUtf16(captions[i]), &workshop_);
         const char16_t* prefix = i == Vym ? row_.deleteButtons : row_.buttons;

@@ -63,6 +63,8 @@ struct RecordRow {
     const char16_t* listLabel;
     const char16_t* shownColumn;
     int listCharacters;
+    /// The date that tells which record is the latest; empty for records without one.
+    const char16_t* dateColumn;
 
     const char16_t* frame;
     const char16_t* frameTitle;

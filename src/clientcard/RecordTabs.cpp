@@ -34,8 +34,12 @@ QString recordsInWords(int count) {
 }
 
 TabContents RecordTabs::contentsOf(int tab) {
-    const int count = frame_.data().recordsIn(recordRow(tab).table, modKontrola::gIdKod);
-    return {QString::number(count), recordsInWords(count)};
+    const RecordRow& row = recordRow(tab);
+    const int count = frame_.data().recordsIn(row.table, modKontrola::gIdKod);
+    const bool isDated = *row.dateColumn != u'\0';
+    return {QString::number(count), recordsInWords(count),
+            isDated ? frame_.data().latestIn(row.dateColumn, row.table, modKontrola::gIdKod)
+                    : QString()};
 }
 
 } // namespace

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <span>
+
 class QAbstractButton;
 class QDialog;
 class QWidget;
@@ -30,6 +33,8 @@ class SaveCycle;
 struct TabContents {
     QString shown;
     QString said;
+    /// The latest date of its records; empty without any.
+    QString latest = {};
 };
 
 /// What the frame of the card is to its tabs.
@@ -74,6 +79,8 @@ class TabFamily {
     virtual void focusElement(int /*element*/) {}
     /// What the client has on a tab. @throws store::EngineError
     virtual TabContents contentsOf(int /*tab*/) { return {}; }
+    /// What all tabs hold has been read anew.
+    virtual void contentsRead(std::span<const TabContents> /*contents*/) {}
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
     /// What was typed or picked that is not written yet.

@@ -60,7 +60,8 @@ void TabList::fitToCaptions() {
     forms::fitToFont(*this, [this] {
         for (int tab = 0; tab < count(); ++tab)
             item(tab)->setSizeHint(
-                {fontMetrics().horizontalAdvance(item(tab)->text() + widestBeside) + 2 * forms::gap + forms::tightGap,
+                {fontMetrics().horizontalAdvance(item(tab)->text() + widestBeside) +
+                     2 * forms::gap + forms::tightGap,
                  fontMetrics().height() + 2 * captionPadding});
         fitWidth();
     });

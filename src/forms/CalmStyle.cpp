@@ -164,22 +164,16 @@ QIcon CalmStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
 
 /// A field with an arrow in its right end, of which the field may be missing.
 void CalmStyle::drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const {
-    const bool enabled = option.state.testFlag(State_Enabled);
-    const bool focused = option.state.testFlag(State_HasFocus) && enabled;
-    const QColor button = buttonFill(option);
-    const QColor edge = option.palette.color(QPalette::Button).darker(focused ? 190 : 125);
-    const qreal width = focused ? 2 : 1;
-    const QRectF frame = QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    constexpr qreal roundField = 2;
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr);
     QPainterPath outline;
-    outline.addRoundedRect(frame, roundness, roundness);
+    outline.addRoundedRect(option.rect, roundField, roundField);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(outline, option.palette.brush(QPalette::Base));
     painter.setClipRect(arrow);
-    painter.fillPath(outline, button);
+    painter.fillPath(outline, buttonFill(option));
     painter.setClipping(false);
-    painter.strokePath(outline, QPen(edge, width));
     drawArrow(painter, QRectF(arrow).center(), option.palette.color(QPalette::ButtonText));
     painter.restore();
 }

@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/HitList.h"
+#include "forms/Metrics.h"
 #include "forms/RowLook.h"
 #include "forms/TypeAhead.h"
 #include "store/DataSource.h"
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -118,8 +120,15 @@ void DropDown::show(int row, const QString& text) {
         lineEdit()->setText(text);
 }
 
-void DropDown::setDroppedWidth(int pixels) {
-    view()->setMinimumWidth(pixels);
+/// As wide as the lines are, of those that can be looked at without waiting.
+void DropDown::fitList() {
+    constexpr int mostLooked = 300;
+    int widest = droppedWidth_;
+    for (int row = 0; row < std::min(rows_.rowCount(), mostLooked); ++row)
+        widest = std::max(widest, view()->fontMetrics().horizontalAdvance(rows_.text(row)));
+    const int around =
+        2 * gap + 2 * view()->frameWidth() + view()->verticalScrollBar()->sizeHint().width();
+    view()->setMinimumWidth(std::min(widest + around, roomFor(*this).width()));
 }
 
 void DropDown::serve(EntryField& field) {
@@ -182,6 +191,7 @@ void DropDown::open() {
     textBefore_ = text();
     pickBefore_ = pick_;
     sought_.clear();
+    fitList();
     QComboBox::showPopup();
     const QModelIndex line = rows_.index(openingLine(sourceRow), 0);
     view()->setCurrentIndex(line);

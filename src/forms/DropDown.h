@@ -51,8 +51,9 @@ class DropDown : public QComboBox, public Bound {
     /// The picked row, for the recordset of the source; not valid without a pick.
     store::RowMark selectedItem() const { return rows_.mark(pick_); }
 
-    /// Width of the opened list in device-independent pixels; it is never narrower than the field.
-    void setDroppedWidth(int pixels);
+    /// Least width of the opened list in device-independent pixels; it is never narrower than the
+    /// field or its lines.
+    void setDroppedWidth(int pixels) { droppedWidth_ = pixels; }
     /// Shows the arrow and no text: what is picked is seen in the field beside it.
     void showArrowOnly();
 
@@ -81,6 +82,7 @@ class DropDown : public QComboBox, public Bound {
     bool isOpened() const;
     void load();
     void open();
+    void fitList();
     int openingLine(int sourceRowBefore) const;
     void show(int row, const QString& text);
     void moveTo(int row);
@@ -100,6 +102,7 @@ class DropDown : public QComboBox, public Bound {
     RowsModel rows_{*this};
     Kind kind_;
     bool arrowOnly_ = false;
+    int droppedWidth_ = 0;
     int pick_ = -1;
     QString shown_;
     /// What was typed so far to find a line.

@@ -135,7 +135,7 @@ QSize FlowLayout::minimumSize() const {
     QSize least;
     for (const auto& item : items_) {
         if (!item->isEmpty())
-            least = least.expandedTo({leastWidth(*item), item->minimumSize().height()});
+            least = least.expandedTo(item->minimumSize());
     }
     return least.grownBy(contentsMargins());
 }

@@ -67,13 +67,17 @@ int longestLine(const QWidget& widget) {
     return int(widget.fontMetrics().horizontalAdvance(words) * readableLetters / words.size());
 }
 
+int scaled(const QWidget& widget, int length) {
+    return int(length * std::max(1.0, widget.fontMetrics().height() / usualLine));
+}
+
 QSize roomFor(const QWidget& window) {
     return window.screen()->availableSize() - windowFrame;
 }
 
 void openAs(QWidget& window, QSize size) {
-    const qreal scale = std::max(1.0, window.fontMetrics().height() / usualLine);
-    window.resize((size * scale).boundedTo(roomFor(window)));
+    const QSize wanted(scaled(window, size.width()), scaled(window, size.height()));
+    window.resize(wanted.boundedTo(roomFor(window)));
 }
 
 } // namespace forms

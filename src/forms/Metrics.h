@@ -29,6 +29,9 @@ int linesHigh(const QWidget& widget, int lines);
 /// The widest line of text that is still easy to read: hardly 100 letters of Slovak words.
 int longestLine(const QWidget& widget);
 
+/// A length that is thought for texts of the usual size; longer where they are larger.
+int scaled(const QWidget& widget, int length);
+
 /// What a window may take up, so that its screen shows it with the frame around it.
 QSize roomFor(const QWidget& window);
 /// Gives a window its first size, as far as the screen has room.

@@ -1,6 +1,7 @@
 #include "forms/RecordsetGrid.h"
 
 #include "forms/Guard.h"
+#include "forms/Metrics.h"
 #include "forms/RowLook.h"
 #include "store/DataSource.h"
 
@@ -18,6 +19,7 @@ RecordsetGrid::RecordsetGrid(std::span<const GridColumn> columns, QWidget* paren
     for (const GridColumn& column : columns)
         shares_.push_back(column.width);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &RecordsetGrid::keepShares);
+    fitToFont(*this, [this] { fitColumns(); });
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { moveSource(current.row()); });
 }
@@ -95,17 +97,24 @@ void RecordsetGrid::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
-/// The last column takes what is left.
+/// The last column takes what is left. No head is cut.
 void RecordsetGrid::fitColumns() {
     const QScopedValueRollback guard(fitting_, true);
     const double all = std::accumulate(shares_.begin(), shares_.end(), 0.0);
+    const auto least = [this](int column) {
+        return fontMetrics().horizontalAdvance(
+                   model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) +
+               2 * gap;
+    };
     int left = viewport()->width();
     for (int column = 0; column + 1 < model_->columnCount(); ++column) {
         const double share = shares_[static_cast<size_t>(column)] / all;
-        setColumnWidth(column, static_cast<int>(viewport()->width() * share));
+        setColumnWidth(column,
+                       std::max(least(column), static_cast<int>(viewport()->width() * share)));
         left -= columnWidth(column);
     }
-    setColumnWidth(model_->columnCount() - 1, left);
+    const int last = model_->columnCount() - 1;
+    setColumnWidth(last, std::max(least(last), left));
 }
 
 /// The user has set a width: the columns behind it share what is left.

@@ -9,8 +9,8 @@ namespace forms {
 
 namespace {
 
-constexpr int leastLetters = 24;
-constexpr int leastLines = 6;
+constexpr int leastPageLetters = 24;
+constexpr int leastPageLines = 6;
 
 } // namespace
 
@@ -50,7 +50,7 @@ QSize ScrollPage::sizeHint() const {
 }
 
 QSize ScrollPage::minimumSizeHint() const {
-    return QSize(lettersWide(*this, leastLetters), linesHigh(*this, leastLines))
+    return QSize(lettersWide(*this, leastPageLetters), linesHigh(*this, leastPageLines))
         .boundedTo(widget()->minimumSizeHint());
 }
 

@@ -14,7 +14,7 @@ namespace forms {
 
 namespace {
 
-constexpr std::array steps{80, 90, 100, 110, 125, 150, 175, 200};
+constexpr std::array percents{80, 90, 100, 110, 125, 150, 175, 200};
 constexpr int desktopStep = 2;
 
 /// The step that a key leads to; on many keyboards plus is the upper one of two signs.
@@ -24,7 +24,7 @@ std::optional<int> stepOf(const QKeyEvent& key, int step) {
     switch (key.key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-        return std::min(step + 1, int(steps.size()) - 1);
+        return std::min(step + 1, int(percents.size()) - 1);
     case Qt::Key_Minus:
         return std::max(step - 1, 0);
     case Qt::Key_0:
@@ -57,7 +57,7 @@ TextSize::TextSize(QApplication& application) : step_(desktopStep) {
 }
 
 int TextSize::percent() const {
-    return steps[std::size_t(step_)];
+    return percents[std::size_t(step_)];
 }
 
 bool TextSize::eventFilter(QObject* watched, QEvent* event) {

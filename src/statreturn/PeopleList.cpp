@@ -1,5 +1,6 @@
 #include "statreturn/PeopleList.h"
 
+#include "forms/Metrics.h"
 #include "forms/RowLook.h"
 
 #include <QHeaderView>
@@ -7,6 +8,13 @@
 #include <algorithm>
 
 namespace statreturn {
+
+namespace {
+
+/// Letters of the narrowest column.
+constexpr int leastColumn = 12;
+
+} // namespace
 
 void PeopleModel::setLines(std::vector<PeopleColumn> columns, int count, Line line) {
     beginResetModel();
@@ -57,6 +65,13 @@ PeopleList::PeopleList(QWidget* parent) : QTableView(parent) {
     forms::lookLikeList(*this);
     forms::paleWithoutFocus(*this);
     horizontalHeader()->setStretchLastSection(true);
+    forms::fitToFont(*this, [this, before = fontMetrics().height()]() mutable {
+        const int now = fontMetrics().height();
+        horizontalHeader()->setMinimumSectionSize(forms::lettersWide(*this, leastColumn));
+        for (int column = 0; column < lines_.columnCount(); ++column)
+            setColumnWidth(column, columnWidth(column) * now / before);
+        before = now;
+    });
 }
 
 void PeopleList::setLines(std::vector<PeopleColumn> columns, int count, PeopleModel::Line line) {
@@ -67,8 +82,10 @@ void PeopleList::setLines(std::vector<PeopleColumn> columns, int count, PeopleMo
     for (std::size_t column = 0; same && column + 1 < columns.size(); ++column)
         columns[column].width = columnWidth(int(column));
     lines_.setLines(std::move(columns), count, std::move(line));
-    for (std::size_t column = 0; column < lines_.columns().size(); ++column)
-        setColumnWidth(int(column), lines_.columns()[column].width);
+    for (std::size_t column = 0; column < lines_.columns().size(); ++column) {
+        const int width = lines_.columns()[column].width;
+        setColumnWidth(int(column), same ? width : forms::scaled(*this, width));
+    }
     setLine(0);
 }
 

@@ -1,5 +1,6 @@
 #include "tour/Guide.h"
 
+#include "forms/ProgressForm.h"
 #include "tour/ScreenCheck.h"
 
 #include <QAbstractItemView>
@@ -158,6 +159,7 @@ void Guide::look() {
     // A window of progress comes and goes by itself.
     if (modal == nullptr || !modal->isVisible() ||
         qobject_cast<QProgressDialog*>(modal) != nullptr ||
+        qobject_cast<forms::ProgressForm*>(modal) != nullptr ||
         std::ranges::find(seen_, modal, &QPointer<QWidget>::data) != seen_.end())
         return;
     if (awaited_.empty())

@@ -91,6 +91,7 @@ void walk(const char16_t* kind, const QString& output, const ScreenKind& screen,
     window.open();
     window.setGeometry(window.screen()->availableGeometry());
     tour::Guide guide(output, window);
+    guide.key(Qt::Key_0, Qt::ControlModifier);
     for (int i = 0; i < screen.largerTexts; ++i)
         guide.key(Qt::Key_Plus, Qt::ControlModifier);
     guide.picture(QStringLiteral("start"));

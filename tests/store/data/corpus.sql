@@ -194,6 +194,7 @@ select	select * from k_zaznam_spc where isnull(idkod_p) or trim(idkod_p) = '' or
 select	select k_zaklad.idkod as kluc from k_zaklad left join k_memo on k_zaklad.idkod = k_memo.idkod where isnull(k_memo.idkod) and isnull(k_zaklad.idkod) = false
 select	select idkod as kluc, count(*) as pocet from k_memo where isnull(idkod) = false group by idkod having count(*) > 1
 select	select trim(katcis) as cislo, count(*) as pocet from k_zaklad where isnull(katcis) = false and trim(katcis) <> '' group by trim(katcis) having count(*) > 1
+select	select max(datum) as posledny from k_vysetrenie where idkod = 'NOVAKJAN00'
 select	select idkod as kluc, vzar_do as hodnota from k_zariad where isnull(vzar_do) = false and isdate(vzar_do) = false
 select	select k_zariad.idkod as kluc, k_zariad.nazzar as hodnota from k_zariad left join c_zariad on k_zariad.nazzar = c_zariad.kod and k_zariad.akronym = c_zariad.akronym where (isnull(c_zariad.nazov) or trim(c_zariad.nazov) = '') and isnull(k_zariad.nazzar) = false and trim(k_zariad.nazzar & '') <> ''
 select	select k_zariad.idkod from k_zariad left join c_zariad on k_zariad.nazzar = c_zariad.kod where k_zariad.idkod='O''NEILSE00' and isnull(c_zariad.kod)
