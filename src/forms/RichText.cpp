@@ -5,6 +5,7 @@
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
 #include "forms/SpellCheck.h"
+#include "forms/WhyNot.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
@@ -320,8 +321,9 @@ void RichText::showBound(const QString& text) {
     shown_ = this->text();
 }
 
-void RichText::setReadOnly(bool readOnly) {
+void RichText::setReadOnly(bool readOnly, const QString& whyNot) {
     editor_->setReadOnly(readOnly);
+    tellWhyNot(*editor_, !readOnly, whyNot);
     QPalette ground;
     if (readOnly) {
         ground.setColor(QPalette::Base, readGround);
@@ -329,7 +331,7 @@ void RichText::setReadOnly(bool readOnly) {
     }
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
-        tool->setDisabled(readOnly);
+        setUsable(*tool, !readOnly, whyNot);
     editor_->beginSpelling();
 }
 

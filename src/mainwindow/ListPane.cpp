@@ -4,6 +4,7 @@
 #include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "forms/Twips.h"
+#include "forms/WhyNot.h"
 #include "validation/modKontrola.h"
 
 #include <QHBoxLayout>
@@ -162,7 +163,7 @@ void ListPane::clear() {
         (this->*traits.button)->setText(traits.caption.toString());
     cmdSort_->hide();
     tlacidlaPrazdne();
-    cmdNovy_->setEnabled(false);
+    forms::setUsable(*cmdNovy_, false, whyNoRow());
 }
 
 void ListPane::countRows() {
@@ -172,13 +173,19 @@ void ListPane::countRows() {
 
 void ListPane::tlacidlaVsetky() {
     for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdNovy_, cmdVymaz_})
-        button->setEnabled(true);
+        forms::setUsable(*button, true, {});
+}
+
+QString ListPane::whyNoRow() const {
+    return onShow() == nullptr
+               ? QStringLiteral("Najprv zvoľte zoznam vľavo: Klienti alebo Zamestnanci.")
+               : QStringLiteral("Zoznam je prázdny.");
 }
 
 void ListPane::tlacidlaPrazdne() {
     for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdVymaz_})
-        button->setEnabled(false);
-    cmdNovy_->setEnabled(true);
+        forms::setUsable(*button, false, whyNoRow());
+    forms::setUsable(*cmdNovy_, true, {});
 }
 
 void ListPane::tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus) {
