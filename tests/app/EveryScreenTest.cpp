@@ -50,8 +50,11 @@ void findNameless(QAccessibleInterface* node, Faults& faults) {
         return;
     // A cell may well be empty.
     const bool isCell = node->role() == QAccessible::Cell || node->role() == QAccessible::ListItem;
-    if (node->state().focusable && !isCell &&
-        (node->text(QAccessible::Name).trimmed().isEmpty() || node->role() == QAccessible::NoRole))
+    static const QRegularExpression word(u"\\w\\w"_s,
+                                         QRegularExpression::UseUnicodePropertiesOption);
+    const bool isTold =
+        node->text(QAccessible::Name).contains(word) && node->role() != QAccessible::NoRole;
+    if (node->state().focusable && !isCell && !isTold)
         faults.insert(describe(*node));
     for (int i = 0; i < std::min(node->childCount(), mostChildren); ++i)
         findNameless(node->child(i), faults);
