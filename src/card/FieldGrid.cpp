@@ -57,8 +57,10 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     auto* line = new QHBoxLayout;
     line->setSpacing(forms::tightGap);
     line->addWidget(&field, 1);
-    if (pick != nullptr)
+    if (pick != nullptr) {
+        pick->setAccessibleName(label);
         line->addWidget(pick, 1);
+    }
     line->addStretch();
     grid_->addWidget(caption, place.row, 2 * place.pair, labels_ | Qt::AlignVCenter);
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);

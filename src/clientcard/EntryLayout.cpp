@@ -125,7 +125,6 @@ class FrameMaker {
     QWidget* pickOf(int element, const EntryRow& row) {
         if (element == krz::pohlav) {
             card::setWidth(controls_.cmbSex, sexPickCharacters);
-            controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.field.caption));
             return &controls_.cmbSex;
         }
         if (row.picker < 0)
@@ -136,7 +135,6 @@ class FrameMaker {
             pick.showArrowOnly();
         else
             card::setRoom(pick, leastOfCodePick, mostOfCodePick);
-        pick.setAccessibleName(QString::fromUtf16(row.field.caption));
         return &pick;
     }
 

@@ -27,7 +27,7 @@ QString nameOf(const QWidget& widget) {
     if (!widget.accessibleName().isEmpty())
         return widget.accessibleName();
     const QLabel* label = labelOf(widget);
-    return label != nullptr ? label->text().remove(u'&') : widget.toolTip();
+    return label != nullptr ? label->text().remove(u'&').replace(u'\n', u' ') : widget.toolTip();
 }
 
 /// As the toolkit's own, which has the value for a name.
