@@ -2,11 +2,13 @@
 
 #include "card/FieldGrid.h"
 #include "card/TextRules.h"
+#include "clientcard/RecordStateTexts.h"
 #include "forms/Colours.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 #include "validation/Validators.h"
 
 #include <QGridLayout>
@@ -226,22 +228,28 @@ void ImpairmentFields::showSlots() {
 
 void ImpairmentFields::setOpen(bool open) {
     isOpen_ = open;
-    enablePick(*dominantPick_, *dominantCaption_, open);
+    enablePick(*dominantPick_, *dominantCaption_, open, recordIsClosedText());
     enableAssociated(isImpaired_);
 }
 
 void ImpairmentFields::enableAssociated(bool enabled) {
     isImpaired_ = enabled;
-    enablePick(*associatedPick_, *associatedCaption_, isOpen_ && enabled);
-    associated_.setEnabled(isOpen_ && enabled);
+    enablePick(*associatedPick_, *associatedCaption_, isOpen_ && enabled, whyNotAssociated());
+    forms::setUsable(associated_, isOpen_ && enabled, whyNotAssociated());
 }
 
-void ImpairmentFields::enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const {
+QString ImpairmentFields::whyNotAssociated() const {
+    return isOpen_ ? QStringLiteral("Najprv zadajte dominantné postihnutie.")
+                   : recordIsClosedText();
+}
+
+void ImpairmentFields::enablePick(forms::DropDown& pick, QLabel& caption, bool enabled,
+                                  const QString& whyNot) const {
     if (traits_.hidesPicks) {
         pick.setVisible(enabled);
         caption.setVisible(enabled);
     } else {
-        pick.setEnabled(enabled);
+        forms::setUsable(pick, enabled, whyNot);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
 #include "forms/SpellCheck.h"
+#include "forms/WhyNot.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
@@ -321,8 +322,9 @@ void RichText::showBound(const QString& text) {
     shown_ = this->text();
 }
 
-void RichText::setReadOnly(bool readOnly) {
+void RichText::setReadOnly(bool readOnly, const QString& whyNot) {
     editor_->setReadOnly(readOnly);
+    tellWhyNot(*editor_, !readOnly, whyNot);
     QPalette ground;
     if (readOnly) {
         ground.setColor(QPalette::Base, readGround);
@@ -330,7 +332,7 @@ void RichText::setReadOnly(bool readOnly) {
     }
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
-        tool->setDisabled(readOnly);
+        setUsable(*tool, !readOnly, whyNot);
     editor_->beginSpelling();
 }
 

@@ -32,7 +32,8 @@ class RichText : public QWidget, public Bound {
     /// Shows a stored text; the steps to undo are forgotten.
     void setText(const QString& stored);
     /// A field that can't be written can still be read and scrolled.
-    void setReadOnly(bool readOnly);
+    /// @param whyNot said by the tip
+    void setReadOnly(bool readOnly, const QString& whyNot = {});
     /// From now on spelling is checked while the field can be written.
     void setSpelling(spelling::Speller& speller);
 

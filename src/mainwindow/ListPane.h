@@ -62,6 +62,7 @@ class ListPane : public QWidget {
 
     void tlacidlaVsetky();
     void tlacidlaPrazdne();
+    QString whyNoRow() const;
     void tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus);
     void zoznam(const ListTraits& list);
     void setCaptions(const ListTraits& list);

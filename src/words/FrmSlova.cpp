@@ -1,6 +1,7 @@
 #include "words/FrmSlova.h"
 
 #include "forms/RichText.h"
+#include "forms/WhyNot.h"
 #include "report/StoredText.h"
 
 #include <QHBoxLayout>
@@ -65,7 +66,7 @@ void FrmSlova::layOut() {
     for (QWidget* part :
          {static_cast<QWidget*>(rtbSlova_), static_cast<QWidget*>(&rtbSlova_->editor())})
         part->setAccessibleName(QStringLiteral("Rozpísané slová"));
-    rtbSlova_->setReadOnly(true);
+    rtbSlova_->setReadOnly(true, QStringLiteral("Tu sa text len číta."));
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setTextFormat(Qt::PlainText);
     lblStav_->setWordWrap(true);
@@ -112,7 +113,8 @@ void FrmSlova::showChosen() {
     const Kept* kept = chosen();
     rtbSlova_->setText(kept != nullptr ? asText(*kept) : QString());
     for (QPushButton* button : {cmdKopirovat_, cmdZahodit_})
-        button->setEnabled(kept != nullptr);
+        forms::setUsable(*button, kept != nullptr,
+                         QStringLiteral("Najprv vyberte riadok v zozname."));
 }
 
 void FrmSlova::copy() {
