@@ -59,7 +59,7 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         drawButton(*option, *painter);
     else if (element == CE_HeaderSection || element == CE_HeaderEmptyArea)
         drawHeader(*option, *painter, element == CE_HeaderSection);
-    else if (const auto* head = qstyleoption_cast<const QStyleOptionHeaderV2*>(option);
+    else if (const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
              head != nullptr && element == CE_HeaderLabel)
         drawHeaderLabel(*head, *painter, widget);
     else
@@ -68,7 +68,7 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
 
 /// The words of a head begin where the texts of its cells do. (The toolkit doesn't ask the style of
 /// the program for their place.)
-void CalmStyle::drawHeaderLabel(QStyleOptionHeaderV2 label, QPainter& painter,
+void CalmStyle::drawHeaderLabel(QStyleOptionHeader label, QPainter& painter,
                                 const QWidget* widget) const {
     const int more = gap - pixelMetric(PM_HeaderMargin, &label, widget);
     label.rect.adjust(more, 0, -more, 0);

@@ -33,8 +33,7 @@ class CalmStyle : public QProxyStyle {
 
   private:
     void drawButton(const QStyleOption& option, QPainter& painter) const;
-    void drawHeaderLabel(QStyleOptionHeaderV2 label, QPainter& painter,
-                         const QWidget* widget) const;
+    void drawHeaderLabel(QStyleOptionHeader label, QPainter& painter, const QWidget* widget) const;
     void drawHeader(const QStyleOption& option, QPainter& painter, bool section) const;
     void drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const;
 };
