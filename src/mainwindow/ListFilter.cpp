@@ -39,8 +39,9 @@ bool movesInList(int key) {
 }
 
 bool types(const QKeyEvent& event) {
-    const bool isShortcut = event.modifiers().testFlag(Qt::ControlModifier) &&
-                            !event.modifiers().testFlag(Qt::AltModifier);
+    // Both together are the third row of the keys.
+    const bool isShortcut = event.modifiers().testFlag(Qt::ControlModifier) !=
+                            event.modifiers().testFlag(Qt::AltModifier);
     return !isShortcut && event.text().size() == 1 && event.text().front().isPrint();
 }
 
