@@ -114,8 +114,9 @@ void FrmUvod::openMenu(QAction* action) {
 void FrmUvod::buildStatus() {
     auto* keys =
         new forms::KeyHint(QStringLiteral("F1 pomocník  ·  F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá "
-                                          " ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
-                                          "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+                                          " ·  písmená filtrujú  ·  Ctrl+N nový  ·  "
+                                          "Enter oprava  ·  Del výmaz  ·  Ctrl+F hľadaj  ·  "
+                                          "F3 ďalej  ·  Ctrl+T trieď"));
     keys->setContentsMargins(0, 0, forms::gap, 2);
     keys->setObjectName(QStringLiteral("lblKlavesy"));
     statusBar()->addPermanentWidget(keys);

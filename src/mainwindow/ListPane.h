@@ -42,6 +42,8 @@ class ListPane : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// What the buttons don't take is typed into the filter.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     struct ListButton {

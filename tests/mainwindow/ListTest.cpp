@@ -492,6 +492,8 @@ TEST_F(ListTest, onlyRowsOnShowAreRead) {
     window->grab();
     EXPECT_EQ(row("dbgKlient").section(u'|', 1, 1), u"P1999"_s);
     EXPECT_LE(grid.rows().rowsRead(), 2 * visible);
+    type(u"p15"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caption("lblPocet") == u"100 z 1000 klientov"; }));
 }
 
 } // namespace

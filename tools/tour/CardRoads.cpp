@@ -15,7 +15,11 @@ void turnTabs(Guide& guide, int tabs) {
 
 void fillBasicData(Guide& guide) {
     guide.picture(QStringLiteral("novy-klient"));
-    guide.enter({"jana", "kováčiková", "Nitra", "1855120003"});
+    guide.enter({"jana", "kováčiková"});
+    guide.type(QStringLiteral("Lúčk"));
+    guide.picture(QStringLiteral("novy-klient-obec"));
+    guide.key(Qt::Key_A, Qt::ControlModifier);
+    guide.enter({"Nitra", "1855120003"});
     guide.enter({"", "", "4711", "25", "01"});
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-klient-ciselnik"));
