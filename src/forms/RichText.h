@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -63,6 +64,8 @@ class RichText : public QWidget, public Bound {
     std::array<QToolButton*, ToolCount> tools_{};
     QLabel* spellingLine_ = nullptr;
     QString shown_;
+    /// The stored form of what the field shows, made when it is asked for.
+    mutable std::optional<QString> text_;
 };
 
 } // namespace forms

@@ -14,6 +14,8 @@ namespace words {
 
 namespace {
 
+constexpr QColor ground(255, 255, 217);
+
 constexpr std::array<card::ButtonRow, 2> offerButtons = {{
     {u"cmdVratitSlova", u"Vrátiť rozpísané", u"Alt+V"},
     {u"cmdZahoditSlova", u"Zahodiť", u"Zahodí rozpísané slová (Alt+Z)"},
@@ -24,6 +26,8 @@ constexpr std::array<card::ButtonRow, 2> offerButtons = {{
 OfferLine::OfferLine(QWidget* parent) : QFrame(parent), lblSlova_(new QLabel(this)) {
     setObjectName(QStringLiteral("fraSlova"));
     setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    card::setGround(*this, QPalette::Window, ground);
     lblSlova_->setObjectName(QStringLiteral("lblSlova"));
     lblSlova_->setTextFormat(Qt::PlainText);
     lblSlova_->setWordWrap(true);
