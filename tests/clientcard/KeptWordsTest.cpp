@@ -272,6 +272,7 @@ TEST_F(KeptWordsTest, ATextThatWasEmptiedComesBackEmpty) {
     crash();
     reopen();
     takeBack();
+    turnTabs(7);
     click("CmdZap");
     EXPECT_EQ(note(), QString());
 }
