@@ -239,6 +239,7 @@ RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this))
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(editor_);
+    connect(editor_->document(), &QTextDocument::contentsChange, this, [this] { text_.reset(); });
     connect(editor_, &QTextEdit::textChanged, this, &RichText::textEdited);
     connect(editor_, &QTextEdit::currentCharFormatChanged, this, &RichText::showState);
     connect(editor_, &QTextEdit::cursorPositionChanged, this, &RichText::showState);
@@ -297,7 +298,9 @@ std::vector<QWidget*> RichText::tabStops() const {
 }
 
 QString RichText::text() const {
-    return storedHtml(*editor_->document());
+    if (!text_)
+        text_ = storedHtml(*editor_->document());
+    return *text_;
 }
 
 void RichText::setText(const QString& stored) {

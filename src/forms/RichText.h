@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 class QToolButton;
@@ -63,6 +64,8 @@ class RichText : public QWidget, public Bound {
     std::array<QToolButton*, ToolCount> tools_{};
     KeyHint* spellingLine_ = nullptr;
     QString shown_;
+    /// The stored form of what the field shows, made when it is asked for.
+    mutable std::optional<QString> text_;
 };
 
 } // namespace forms

@@ -52,10 +52,11 @@ QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
     return line;
 }
 
-void EntryForm::keepWords(const store::ProgramFolder& folder, words::Place place) {
+void EntryForm::keepWords(const store::ProgramFolder& folder, const QString& name,
+                          words::Place place) {
     words_.emplace(*this, engine_, folder, QString());
     words_->add(std::move(place));
-    words_->begin({}, windowTitle());
+    words_->begin({}, name);
 }
 
 void EntryForm::storno() {

@@ -13,6 +13,8 @@ namespace words {
 
 namespace {
 
+constexpr QColor ground(255, 255, 217);
+
 constexpr std::array<card::ButtonRow, 2> offerButtons = {{
     {u"cmdVratitSlova", u"Vrátiť s&lová", u"Alt+L"},
     {u"cmdZahoditSlova", u"Za&hodiť", u"Zahodí rozpísané slová (Alt+H)"},
@@ -23,6 +25,8 @@ constexpr std::array<card::ButtonRow, 2> offerButtons = {{
 OfferLine::OfferLine(QWidget* parent) : QFrame(parent), lblSlova_(new QLabel(this)) {
     setObjectName(QStringLiteral("fraSlova"));
     setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    card::setGround(*this, QPalette::Window, ground);
     lblSlova_->setObjectName(QStringLiteral("lblSlova"));
     lblSlova_->setTextFormat(Qt::PlainText);
     lblSlova_->setWordWrap(true);

@@ -28,7 +28,7 @@ QString criterionOf(const Kept& kept, const QString& table) {
         const store::ColumnDef* column = columnIn(table, word);
         if (column != nullptr && column->type == store::ColumnType::Text &&
             column->width <= longestText && !word.text.isEmpty())
-            terms << QStringLiteral("%1 = %2").arg(word.column, store::quoted(word.text));
+            terms << QStringLiteral("[%1] = %2").arg(word.column, store::quoted(word.text));
     }
     return terms.join(QStringLiteral(" and "));
 }

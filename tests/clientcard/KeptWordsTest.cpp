@@ -78,6 +78,7 @@ class KeptWordsTest : public cardtest::RecordTest {
 
 TEST_F(KeptWordsTest, EveryFieldOfTheCardComesBackAndIsNotWrittenBefore) {
     reopen();
+    enterInto(18, "3");
     int n = 10;
     for (auto* each : card->findChildren<forms::EntryField*>()) {
         if (each->objectName().startsWith(text("textKrz")))
@@ -231,4 +232,53 @@ TEST_F(KeptWordsTest, ARecordOfEachKindComesBackIntoItsRow) {
             EXPECT_EQ(kept(), QStringList());
         }
     }
+}
+
+TEST_F(KeptWordsTest, ARecordIsTheOneThatWasEditedAndKeepsItsWorkerAndItsKind) {
+    const cardtest::Member& care = cardtest::members[3];
+    turnTo(care);
+    add(care.first);
+    add({{0, "2.9.2005"}, {3, "ADAMOVEV00"}});
+    for (const char* opens : {"Opr", "Novy"}) {
+        keeper().setPace(atOnce);
+        pressLine(1);
+        press(opens);
+        fill({{0, text(opens) == text("Opr") ? "3.9.2005" : "4.9.2005"}, {3, cardtest::worker}});
+        crash();
+        reopen();
+        takeBack();
+        press("Zap");
+        turnTo(care);
+    }
+    EXPECT_EQ(lines(), text("01.09.2005|03.09.2005|04.09.2005"));
+    EXPECT_EQ(count("idkod_p = 'NOVAKJA00'"), 3);
+
+    turnTo(9);
+    press(at<QRadioButton>("optZarTvk"));
+    keeper().setPace(atOnce);
+    press("Novy");
+    fill({{0, "21"}});
+    crash();
+    reopen();
+    takeBack();
+    EXPECT_TRUE(at<QRadioButton>("optZarTvk").isChecked());
+    press("Zap");
+    EXPECT_EQ(value("akronym") + value("nazzar"), text("TVK21"));
+}
+
+TEST_F(KeptWordsTest, ATextThatWasEmptiedComesBackEmpty) {
+    reopen();
+    typeNote("slovo");
+    click("CmdZap");
+    EXPECT_EQ(note(), text("<p>slovo</p>"));
+    reopen();
+    turnTabs(7);
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_Delete);
+    crash();
+    reopen();
+    takeBack();
+    turnTabs(7);
+    click("CmdZap");
+    EXPECT_EQ(note(), QString());
 }

@@ -73,14 +73,16 @@ TEST(BookTest, WhereNothingCanBeWrittenThatIsToldAndNothingElseHappens) {
     const store::ProgramFolder folder(directory.path());
     keep(folder, wordsOf(u"A"_s, u"Dlhá"_s));
     const QByteArray before = files::read(words::Book::fileOf(folder));
-    chmod(qPrintable(directory.path()), 0555);
-    {
-        const PlainUser rights;
+    for (const mode_t rights : {0555, 0777}) {
+        chmod(qPrintable(directory.path()), rights);
+        const PlainUser user;
         words::Book book(folder);
         EXPECT_TRUE(book.fault().contains(u"nedá prečítať ani odložiť"_s)) << "root's own";
         book.put(wordsOf(u"B"_s, u"Iná"_s));
     }
+    EXPECT_EQ(files::read(words::Book::fileOf(folder)), before);
     {
+        chmod(qPrintable(directory.path()), 0555);
         chmod(qPrintable(words::Book::fileOf(folder)), 0644);
         const PlainUser rights;
         words::Book book(folder);

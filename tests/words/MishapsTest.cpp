@@ -69,7 +69,6 @@ class WordsMishapsTest : public cardtest::CardTest {
             if (HasFailure())
                 break;
         }
-        std::printf("%d\n", calls - 1);
         return calls - 1;
     }
 
