@@ -1,9 +1,9 @@
 #include "clientcard/CardFoot.h"
 
 #include "card/Buttons.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 
 #include <array>
@@ -28,18 +28,17 @@ constexpr std::array<card::ButtonRow, 8> footTable = {{
 } // namespace
 
 CardFoot::CardFoot(QWidget& window, const std::function<void(Button)>& pressed)
-    : esc_(&window), keys_(new QLabel(&window)), hints_(*keys_),
+    : esc_(&window), keys_(new forms::KeyHint(&window)), hints_(*keys_),
       buttons_(
           card::makeButtons(footTable, &window, [pressed](int place) { pressed(Button(place)); })) {
     keys_->setObjectName(QStringLiteral("lblKlavesy"));
-    keys_->setForegroundRole(QPalette::PlaceholderText);
     setPrints(false);
     takeEsc();
 }
 
 QLayout* CardFoot::layOut() {
-    auto* line = new QHBoxLayout;
-    line->addWidget(keys_, 1);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(keys_);
     for (QPushButton* button : buttons_) {
         if (button != buttons_[cmdZaklUd])
             line->addWidget(button);

@@ -6,10 +6,13 @@
 #include <functional>
 #include <vector>
 
-class QLabel;
 class QLayout;
 class QPushButton;
 class QWidget;
+
+namespace forms {
+class KeyHint;
+}
 
 namespace clientcard {
 
@@ -50,7 +53,7 @@ class CardFoot {
     void enablePrinting(bool enabled);
 
     forms::EscButton esc_;
-    QLabel* keys_;
+    forms::KeyHint* keys_;
     card::FocusHints hints_;
     std::vector<QPushButton*> buttons_;
     bool prints_ = false;

@@ -7,13 +7,35 @@
 #include "forms/Colours.h"
 
 #include <QHBoxLayout>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace clientcard {
 
+/// Wants either all of the height, or what its first page needs in its width.
+class CardPages::Stack : public QStackedWidget {
+  public:
+    using QStackedWidget::QStackedWidget;
+
+    void setHugging(bool hugs) {
+        hugs_ = hugs;
+        updateGeometry();
+    }
+    bool hasHeightForWidth() const override { return hugs_; }
+    int heightForWidth(int width) const override {
+        const auto* scrolled = qobject_cast<const QScrollArea*>(widget(0));
+        const QWidget& page = scrolled != nullptr ? *scrolled->widget() : *widget(0);
+        return page.hasHeightForWidth() ? page.heightForWidth(width) : page.sizeHint().height();
+    }
+
+  private:
+    bool hugs_ = false;
+};
+
 CardPages::CardPages(QWidget* window)
-    : QObject(window), SSTab1_(new TabList(window)), pages_(new QStackedWidget(window)) {
+    : QObject(window), SSTab1_(new TabList(window)), pages_(new Stack(window)),
+      column_(new QVBoxLayout) {
     SSTab1_->setObjectName(QStringLiteral("SSTab1"));
     card::setGround(*SSTab1_, QPalette::Base, forms::screenColour);
 }
@@ -27,25 +49,25 @@ void CardPages::add(TabFamily& family) {
 }
 
 QLayout* CardPages::layOut(QLayout* below) {
-    SSTab1_->fitWidth();
+    SSTab1_->fitToCaptions();
     SSTab1_->setCurrentRow(0);
     connect(SSTab1_, &QListWidget::currentRowChanged, this, [this](int tab) {
         if (tab >= 0)
             Q_EMIT turned(tab);
     });
-    auto* column = new QVBoxLayout;
-    column->addWidget(pages_, 1);
-    column->addLayout(below);
-    column->addStretch();
+    column_->addWidget(pages_, 1);
+    column_->addLayout(below);
+    column_->addStretch();
     auto* line = new QHBoxLayout;
     line->addWidget(SSTab1_);
-    line->addLayout(column, 1);
+    line->addLayout(column_, 1);
     return line;
 }
 
 void CardPages::hugFirstPage(bool hugs) {
-    pages_->setMaximumHeight(hugs ? pages_->widget(0)->minimumSizeHint().height()
-                                  : QWIDGETSIZE_MAX);
+    pages_->setHugging(hugs);
+    column_->setStretchFactor(pages_, hugs ? 0 : 1);
+    column_->setStretch(column_->count() - 1, hugs ? 1 : 0);
 }
 
 int CardPages::current() const {

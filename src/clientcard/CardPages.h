@@ -4,8 +4,8 @@
 
 #include <vector>
 
+class QBoxLayout;
 class QLayout;
-class QStackedWidget;
 class QString;
 class QWidget;
 
@@ -51,7 +51,9 @@ class CardPages : public QObject {
 
   private:
     TabList* SSTab1_;
-    QStackedWidget* pages_;
+    class Stack;
+    Stack* pages_;
+    QBoxLayout* column_;
     std::vector<TabFamily*> families_;
 };
 

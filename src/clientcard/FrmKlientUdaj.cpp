@@ -13,6 +13,8 @@
 #include "forms/Colours.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
+#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -33,11 +35,19 @@ std::size_t familyOfKind(TabKind kind) {
     return kind == TabKind::Memo ? 1 : 2;
 }
 
+/// As much of the window behind as leaves that to be seen.
+QSize windowSize(const QWidget* parent) {
+    constexpr QSize least(1240, 700);
+    constexpr QSize seenBehind(40, 60);
+    return parent != nullptr ? least.expandedTo(parent->window()->size() - seenBehind) : least;
+}
+
 } // namespace
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this),
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this),
+      words_(*this, engine, folder, QStringLiteral("k_zaklad")), guard_(this),
       pages_(new CardPages(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + card::trimBlanks(modKontrola::gMenoKlienta));
@@ -50,11 +60,10 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     auto* lines = new QVBoxLayout(this);
     lines->addLayout(pages_->layOut(guide_->layOut()), 1);
     lines->addLayout(foot_->layOut());
-    // The first tab alone needs less than the others.
-    resize(sizeHint());
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
+    forms::openAs(*this, windowSize(parent));
     draft_->otvorKlienta();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)
@@ -63,6 +72,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
         // The rest can be edited without this row.
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
     showContents();
+    beginWords();
 }
 
 /// What is still open is dropped: the user has not said that it is to be written.
@@ -77,6 +87,12 @@ void FrmKlientUdaj::makePages() {
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
     draft_.emplace(data_, families_, *cycle_, actions_);
+    words_.add({.tables = {QStringLiteral("k_zaklad"), QStringLiteral("k_memo")},
+                .typed = [this] { return draft_->typedWords(); },
+                .enter =
+                    [this](const words::Kept& kept) {
+                        draft_->enterWords(kept.words);
+                    }});
     for (const TabRow& row : tabTable())
         pages_->add(*families_[familyOfKind(row.kind)]);
     connect(pages_, &CardPages::turned, this,
@@ -99,10 +115,23 @@ void FrmKlientUdaj::onKey(const QKeySequence& keys, const std::function<void()>&
     });
 }
 
+void FrmKlientUdaj::beginWords() {
+    const bool isNew = draft_->isNew();
+    const card::Names names = entry_->keyFields()->typed();
+    words_.begin(isNew ? QString() : modKontrola::gIdKod,
+                 isNew ? QStringLiteral("nový klient")
+                       : (names.firstName + u' ' + names.surname).simplified());
+}
+
 void FrmKlientUdaj::setPrinting(Print tab, Print card) {
     printTab_ = std::move(tab);
     printCard_ = std::move(card);
     foot_->setPrints(printTab_ != nullptr);
+}
+
+void FrmKlientUdaj::setSpelling(spelling::Speller& speller) {
+    for (auto* text : findChildren<forms::RichText*>())
+        text->setSpelling(speller);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -172,16 +201,19 @@ void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     pages_->list().setWhyLocked(
         QStringLiteral("Sprístupní sa, keď sa otvorený záznam zapíše alebo stornuje"));
     foot_->giveWayTo(storno);
+    words_.setRecordOpen(true);
 }
 
 void FrmKlientUdaj::endEdit() {
     pages_->enable(0, true);
     foot_->comeBack();
+    words_.setRecordOpen(false);
 }
 
 /// What an action has to tell is told before the card ends.
 void FrmKlientUdaj::act(CardFoot::Button button) {
     End end;
+    words_.keep();
     const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
     if (!isDone && draft_->isOwed() && !input_.isNoted())
@@ -249,6 +281,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
         return;
     odomkniZalozky();
     tellWritten(typedName());
+    beginWords();
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
@@ -256,11 +289,13 @@ void FrmKlientUdaj::cmdZakZapClick() {
         return;
     pages_->enable(1, true);
     foot_->button(CardFoot::cmdZakZap).hide();
+    beginWords();
 }
 
 FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
     if (!isSaved(draft_->saveAndLeave(), true))
         return {};
+    words_.written();
     modKontrola::gAkcia = 0;
     return Accepted;
 }
@@ -269,6 +304,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
     const QString written = typedName();
     if (!isSaved(draft_->saveForNext(), true))
         return;
+    beginWords();
     zamkniZalozky();
     goToStart();
     tellWritten(written);
@@ -276,6 +312,7 @@ void FrmKlientUdaj::cmdZapNewClick() {
 
 /// Reads nothing, so that a card closes whose file has gone.
 FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
+    words_.dropped();
     draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
@@ -333,7 +370,7 @@ bool FrmKlientUdaj::endsByFrame() {
         if (draft_->isNew())
             ends = mayDrop();
         else if (forms::moveFocus(&pages_->list()))
-            ends = !draft_->isChanged() || isSaved(draft_->saveAndLeave(), true);
+            ends = !draft_->isChanged() || CmdZapClick();
     });
     if (ends)
         cmdStornoClick();

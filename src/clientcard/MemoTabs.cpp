@@ -28,7 +28,8 @@ class MemoTabs : public TabFamily {
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
     TabContents contentsOf(int tab) override;
     bool isChanged() const override { return binding_.dataChanged(); }
-    std::function<void()> keepTyped() override { return binding_.keepTyped(); }
+    forms::Words typedWords() const override { return binding_.typed(); }
+    void enterWords(const forms::Words& words) override { binding_.enter(words); }
 
   private:
     void enableByRow();

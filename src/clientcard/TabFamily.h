@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "forms/Words.h"
 
-#include <functional>
+#include <QString>
 
 class QAbstractButton;
 class QDialog;
@@ -14,6 +14,10 @@ class Actions;
 
 namespace forms {
 class FocusGuard;
+}
+
+namespace words {
+class Keeper;
 }
 
 namespace clientcard {
@@ -39,6 +43,8 @@ class CardFrame {
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
+    /// Keeps what is typed on the card.
+    virtual words::Keeper& words() = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
     /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its
@@ -70,12 +76,10 @@ class TabFamily {
     virtual TabContents contentsOf(int /*tab*/) { return {}; }
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
-    /// Remembers what isChanged(). Calling the result puts it into the fields of the rows that are
-    /// open then.
-    virtual std::function<void()> keepTyped() {
-        return [] {
-        };
-    }
+    /// What was typed or picked that is not written yet.
+    virtual forms::Words typedWords() const { return {}; }
+    /// Puts it into the fields of the rows that are open, as if it had been typed.
+    virtual void enterWords(const forms::Words& /*words*/) {}
 };
 
 } // namespace clientcard

@@ -2,6 +2,7 @@
 
 #include "clientcard/TabFamily.h"
 #include "forms/FocusGuard.h"
+#include "forms/Metrics.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,12 +13,11 @@ namespace clientcard {
 
 namespace {
 
+constexpr int captionPadding = 7;
 constexpr Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 
 enum Role { Shown = Qt::UserRole, Said, Key };
 
-constexpr int padding = 8;
-constexpr int tabHeight = 28;
 /// What stands beside the longest caption, which is that of a tab of records.
 const QString widestBeside = QStringLiteral("99");
 
@@ -34,7 +34,7 @@ class Lines : public QStyledItemDelegate {
         painter->setPen(
             option.palette.color(isEnabled ? QPalette::Active : QPalette::Disabled,
                                  isSelected ? QPalette::HighlightedText : QPalette::Text));
-        painter->drawText(option.rect.adjusted(0, 0, -padding, 0),
+        painter->drawText(option.rect.adjusted(0, 0, -forms::gap, 0),
                           Qt::AlignRight | Qt::AlignVCenter, index.data(Shown).toString());
     }
 };
@@ -45,21 +45,25 @@ TabList::TabList(QWidget* parent) : QListWidget(parent) {
     setAccessibleName(QStringLiteral("Záložky"));
     setItemDelegate(new Lines(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A click takes the focus only when it hits a tab that can be turned to.
     setFocusPolicy(Qt::TabFocus);
 }
 
 void TabList::addTab(const QString& caption, const QString& key) {
     auto* item = new QListWidgetItem(caption, this);
-    item->setSizeHint(
-        {fontMetrics().horizontalAdvance(caption + widestBeside) + 2 * padding, tabHeight});
     item->setData(Key, key);
     describe(row(item));
 }
 
-void TabList::fitWidth() {
-    setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+void TabList::fitToCaptions() {
+    forms::fitToFont(*this, [this] {
+        for (int tab = 0; tab < count(); ++tab)
+            item(tab)->setSizeHint(
+                {fontMetrics().horizontalAdvance(item(tab)->text() + widestBeside) +
+                     2 * forms::gap + 2,
+                 fontMetrics().height() + 2 * captionPadding});
+        setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+    });
 }
 
 void TabList::setContents(int tab, const TabContents& contents) {

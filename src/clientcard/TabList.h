@@ -15,8 +15,8 @@ class TabList : public QListWidget {
     explicit TabList(QWidget* parent);
 
     void addTab(const QString& caption, const QString& key);
-    /// Makes the list as wide as its captions and what may stand beside them.
-    void fitWidth();
+    /// Makes the list as wide as its captions and what may stand beside them, with any font.
+    void fitToCaptions();
     void setContents(int tab, const TabContents& contents);
     /// Why tabs that are disabled are so, and what opens them.
     void setWhyLocked(const QString& why);

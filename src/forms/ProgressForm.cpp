@@ -1,5 +1,7 @@
 #include "forms/ProgressForm.h"
 
+#include "forms/Metrics.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -10,8 +12,8 @@ namespace forms {
 
 namespace {
 
-constexpr int steps = 1000;
-constexpr int formWidth = 420;
+constexpr int barSteps = 1000;
+constexpr int formLetters = 64;
 /// Often enough for the eye, seldom enough for the work.
 constexpr int betweenPaintsMs = 50;
 
@@ -27,7 +29,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, steps);
+    prgStav_->setRange(0, barSteps);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -35,7 +37,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lines->addWidget(lblStav_);
     lines->addWidget(prgStav_);
     lines->addWidget(cmdZrusit_, 0, Qt::AlignRight);
-    setFixedWidth(formWidth);
+    fitToFont(*this, [this] { setFixedWidth(lettersWide(*this, formLetters)); });
 }
 
 void ProgressForm::setEndless() {
@@ -64,8 +66,8 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 
 bool ProgressForm::showPart(double part) {
     const bool isKnown = part != store::unknownPart && !cmdZrusit_->isHidden();
-    prgStav_->setRange(0, isKnown ? steps : 0);
-    prgStav_->setValue(static_cast<int>(part * steps));
+    prgStav_->setRange(0, isKnown ? barSteps : 0);
+    prgStav_->setValue(static_cast<int>(part * barSteps));
     // Until this window takes all presses, none may reach the one that waits for the work.
     if (!isVisible() && !givenUp_) {
         if (since_.elapsed() < patience_.count())
