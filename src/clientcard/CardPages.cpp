@@ -6,6 +6,7 @@
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -13,29 +14,46 @@
 
 namespace clientcard {
 
-/// Wants either all of the height, or what its first page needs in its width.
+/// Takes either all of the height, or no more than its first page needs in its width.
 class CardPages::Stack : public QStackedWidget {
   public:
     using QStackedWidget::QStackedWidget;
 
     void setHugging(bool hugs) {
         hugs_ = hugs;
-        updateGeometry();
+        firstPage().installEventFilter(this);
+        fit();
     }
-    bool hasHeightForWidth() const override { return hugs_; }
-    int heightForWidth(int width) const override {
-        const auto* scrolled = qobject_cast<const QScrollArea*>(widget(0));
-        const QWidget& page = scrolled != nullptr ? *scrolled->widget() : *widget(0);
-        return page.hasHeightForWidth() ? page.heightForWidth(width) : page.sizeHint().height();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QStackedWidget::resizeEvent(event);
+        fit();
+    }
+    /// A page that scrolls doesn't tell of its own that it needs another height.
+    bool eventFilter(QObject* /*page*/, QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            fit();
+        return false;
     }
 
   private:
+    QWidget& firstPage() const {
+        const auto* scrolled = qobject_cast<const QScrollArea*>(widget(0));
+        return scrolled != nullptr ? *scrolled->widget() : *widget(0);
+    }
+    void fit() {
+        const QWidget& page = firstPage();
+        setMaximumHeight(!hugs_                     ? QWIDGETSIZE_MAX
+                         : page.hasHeightForWidth() ? page.heightForWidth(width())
+                                                    : page.sizeHint().height());
+    }
+
     bool hugs_ = false;
 };
 
 CardPages::CardPages(QWidget* window)
-    : QObject(window), SSTab1_(new TabList(window)), pages_(new Stack(window)),
-      column_(new QVBoxLayout) {
+    : QObject(window), SSTab1_(new TabList(window)), pages_(new Stack(window)) {
     SSTab1_->setObjectName(QStringLiteral("SSTab1"));
     card::setGround(*SSTab1_, QPalette::Base, forms::screenColour);
 }
@@ -55,19 +73,18 @@ QLayout* CardPages::layOut(QLayout* below) {
         if (tab >= 0)
             Q_EMIT turned(tab);
     });
-    column_->addWidget(pages_, 1);
-    column_->addLayout(below);
-    column_->addStretch();
+    auto* column = new QVBoxLayout;
+    column->addWidget(pages_, 1);
+    column->addLayout(below);
+    column->addStretch();
     auto* line = new QHBoxLayout;
     line->addWidget(SSTab1_);
-    line->addLayout(column_, 1);
+    line->addLayout(column, 1);
     return line;
 }
 
 void CardPages::hugFirstPage(bool hugs) {
     pages_->setHugging(hugs);
-    column_->setStretchFactor(pages_, hugs ? 0 : 1);
-    column_->setStretch(column_->count() - 1, hugs ? 1 : 0);
 }
 
 int CardPages::current() const {

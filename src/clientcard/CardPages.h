@@ -4,7 +4,6 @@
 
 #include <vector>
 
-class QBoxLayout;
 class QLayout;
 class QString;
 class QWidget;
@@ -53,7 +52,6 @@ class CardPages : public QObject {
     TabList* SSTab1_;
     class Stack;
     Stack* pages_;
-    QBoxLayout* column_;
     std::vector<TabFamily*> families_;
 };
 

@@ -23,8 +23,10 @@ constexpr int impairmentListWidth = 240;
 /// Letters of the shortest field for an impairment, and of the longest impairment.
 constexpr int leastOfImpairment = 18;
 constexpr int mostOfImpairment = 40;
+/// Edges and margins of a slot.
+constexpr int aroundDigit = 10;
 /// Letters of the field that says them in words.
-constexpr int leastOfWords = 12;
+constexpr int leastOfWords = 10;
 constexpr int mostOfWords = 90;
 
 // The father's field looks for a blank as well, which no key can type there.
@@ -121,7 +123,9 @@ void ImpairmentFields::makeSlots(QWidget* parent) {
         slots_[i]->setObjectName(forms::elementName(array, static_cast<int>(i)));
         slots_[i]->setFocusPolicy(Qt::NoFocus);
         slots_[i]->setAlignment(Qt::AlignCenter);
-        card::setWidth(*slots_[i], 1);
+        forms::fitToFont(*slots_[i], [slot = slots_[i]] {
+            slot->setFixedWidth(forms::lettersWide(*slot, 1) + aroundDigit);
+        });
     }
     words_->setObjectName(array + QStringLiteral("Slovom"));
     words_->setAccessibleName(QString::fromUtf16(traits_.slotsCaption) + QStringLiteral(" slovom"));
