@@ -52,10 +52,10 @@ const std::array<MenuTraits, 3>& menus() {
           {},
           {u"mniZalohy", u"&Zálohy…", Screen::Copies},
           {u"mniKontrola", u"&Kontrola údajov…", Screen::DataCheck},
-          {u"mniSlova", u"Rozpísané &slová…", Screen::KeptWords},
+          {u"mniSlova", u"&Rozpísané slová…", Screen::KeptWords},
           {},
           {u"mniPomoc", u"&Pomocník (F1)", Screen::Help},
-          {u"mniOProgr", u"O p&rograme", Screen::About}}},
+          {u"mniOProgr", u"O pro&grame", Screen::About}}},
         // A menu without items acts on its own click.
         {u"mnuKoniec", u"&Koniec", {}},
     }};

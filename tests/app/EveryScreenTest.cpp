@@ -1,14 +1,18 @@
 #include "app/ScreenWalk.h"
 #include "forms/SlovakTexts.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QKeySequence>
 #include <QLabel>
+#include <QMenuBar>
 #include <QRegularExpression>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -91,6 +95,35 @@ void findMute(const QWidget& screen, Faults& faults) {
     }
 }
 
+/// Letters for Alt that two controls share which can be pressed at once.
+void findSharedLetters(const QWidget& screen, Faults& faults) {
+    std::map<QString, QString> taken;
+    const auto take = [&](const QString& text) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (letter.isEmpty())
+            return;
+        const auto [first, isNew] = taken.emplace(letter, text);
+        if (!isNew)
+            faults.insert(u"%1 is for '%2' and '%3'"_s.arg(letter, first->second, text));
+    };
+    for (const auto* button : screen.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->isEnabled() && button->window() == screen.window())
+            take(button->text());
+    }
+    for (const auto* label : screen.findChildren<QLabel*>()) {
+        if (label->isVisible() && label->buddy() != nullptr && label->window() == screen.window())
+            take(label->text());
+    }
+    if (const auto* bar = screen.findChild<QMenuBar*>(); bar != nullptr && bar->isVisible()) {
+        for (const QAction* menu : bar->actions())
+            take(menu->text());
+    }
+    if (const auto* menu = qobject_cast<const QMenu*>(&screen)) {
+        for (const QAction* entry : menu->actions())
+            take(entry->text());
+    }
+}
+
 class EveryScreenTest : public testing::Test {
   protected:
     static void expectNone(const char* what, const Faults& faults) {
@@ -114,6 +147,7 @@ TEST_F(EveryScreenTest, isNamedAndSlovak) {
         findNameless(QAccessible::queryAccessibleInterface(&screen), found);
         findUnrelated(screen, found);
         findMute(screen, found);
+        findSharedLetters(screen, found);
         for (const QString& fault : found)
             nameless.insert(name + u": "_s + fault);
     });
