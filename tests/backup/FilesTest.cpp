@@ -1,6 +1,5 @@
 #include "backup/BackupFiles.h"
 #include "backup/Zip.h"
-#include "store/EngineError.h"
 
 #include <sys/stat.h>
 #include <zip.h>
@@ -17,7 +16,7 @@ class Files : public BackupFiles {
     }
     /// Replaces the register by the one of an archive.
     void restore(const QString& archive, const store::TellProgress& tell = {}) {
-        backup::Restore one(reg.engine, reg.folder, checker());
+        backup::Restore one(reg.engine, reg.folder, isRegister);
         ASSERT_EQ(one.extract(archive, {}, tell), backup::Finding::Sound);
         one.replaceLive();
     }
@@ -39,7 +38,7 @@ TEST_F(Files, aRegisterComesBackFromWhereverItWasPut) {
     for (const QString& target : {away, path("arch_tvk.zip")}) {
         files::write(path("arch_tmp.zip"), "zvyšok");
         files::write(path("arch_tmp.zip.a1B2c3"), "zvyšok");
-        setClient(u"Prvý");
+        setClient(u"Prvý"_s);
         archiveAs(target);
         EXPECT_EQ(QFile::exists(path("arch_tmp.zip")), target == away);
         EXPECT_FALSE(QFile::exists(path("arch_tmp.zip.a1B2c3")));
@@ -50,7 +49,7 @@ TEST_F(Files, aRegisterComesBackFromWhereverItWasPut) {
         EXPECT_STREQ(zip_get_name(archive, 0, 0), "tvk.mdb");
         zip_discard(archive);
 
-        setClient(u"Druhý");
+        setClient(u"Druhý"_s);
         files::write(path("tvk_ren.mdb"), "staršie");
         ASSERT_EQ(chmod(reg.folder.database().toUtf8().constData(), 0640), 0);
         restore(target);
@@ -100,7 +99,7 @@ TEST_F(Files, aJournalOfTheOldRegisterSpoilsNothing) {
             EXPECT_EQ(files::read(path("tvk_ren.mdb")), "poškodený");
         } else {
             QFile::remove(path("tvk.mdb"));
-            backup::Restore one(reg.engine, reg.folder, checker());
+            backup::Restore one(reg.engine, reg.folder, isRegister);
             ASSERT_EQ(one.extract(path("arch_tvk.zip")), backup::Finding::Sound);
             one.placeNew();
             EXPECT_THROW(one.placeNew(), store::EngineError);

@@ -50,7 +50,7 @@ class Forms : public BackupFiles {
         boxes.allCame();
     }
     void restore(const char* mode, std::chrono::milliseconds patience = std::chrono::hours(1)) {
-        backup::FrmDearch_new form(reg.engine, reg.folder, checker());
+        backup::FrmDearch_new form(reg.engine, reg.folder, isRegister);
         form.setMode(QString::fromLatin1(mode));
         form.setPatience(patience);
         form.exec();
@@ -69,11 +69,8 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
     EXPECT_EQ(names(), (QStringList{u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
 
     expectSave(u" "_s + away + u" "_s);
-    boxes.expect(support::ExpectedBox{.text = u"moja záloha už existuje.\nChcete ho nahradiť?"_s,
-                                      .title = u"Kde bude archív"_s,
-                                      .icon = QMessageBox::Warning,
-                                      .buttons = QMessageBox::Yes | QMessageBox::No,
-                                      .answer = QMessageBox::Yes});
+    boxes.expectAsked(u"moja záloha už existuje.\nChcete ho nahradiť?"_s, u"Kde bude archív"_s,
+                      QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
     expectTold(u"Archivácia bola úspešne ukončená"_s);
     archive();
 
@@ -105,7 +102,7 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     files::write(foreign, "text");
     const QString empty = elsewhere.filePath(u"c.zip"_s);
     files::write(empty, QByteArray("PK\5\6") + QByteArray(18, '\0'));
-    setClient(u"Druhý");
+    setClient(u"Druhý"_s);
     QFile::remove(path("arch_tmp.zip"));
 
     expectOpen({});
@@ -126,6 +123,12 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     expectWarning(QMessageBox::No);
     restore("MENU");
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s});
+    ASSERT_TRUE(QDir().mkdir(path("tvk_ren.mdb")));
+    expectOpen(sound);
+    expectWarning(QMessageBox::Yes);
+    expectTold(failed, QMessageBox::Warning);
+    restore("MENU");
+    ASSERT_TRUE(QDir().rmdir(path("tvk_ren.mdb")));
     EXPECT_EQ(client(), u"Druhý"_s);
 
     expectOpen(sound);

@@ -1,7 +1,6 @@
 // A register that is a link to where the data are.
 
 #include "backup/BackupFiles.h"
-#include "store/EngineError.h"
 
 #include <QFileInfo>
 
@@ -28,10 +27,10 @@ class BehindALink : public BackupFiles, public testing::WithParamInterface<const
 };
 
 TEST_P(BehindALink, aRestoreReplacesTheDataThereAndKeepsTheOldBesideTheProgram) {
-    setClient(u"Druhý");
+    setClient(u"Druhý"_s);
     for (const bool gone : {false, true}) {
         ASSERT_TRUE(!gone || QFile::remove(behind));
-        backup::Restore one(reg.engine, reg.folder, checker());
+        backup::Restore one(reg.engine, reg.folder, isRegister);
         ASSERT_EQ(one.extract(path("a.zip")), backup::Finding::Sound);
         gone ? one.placeNew() : one.replaceLive();
         EXPECT_EQ(clientOf(behind), u"Prvý"_s);
