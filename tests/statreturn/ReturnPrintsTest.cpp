@@ -5,8 +5,6 @@
 #include "statreturn/SchoolYear.h"
 #include "store/EngineAssertions.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -150,16 +148,6 @@ TEST_F(ReturnPrintsTest, aFailingTableEndsTheWholeReturnByNameAndLeavesNothing) 
     printReturn(tools, u"2006/2007"_s, today, nullptr);
 }
 
-/// The engine works on a file that another one has replaced, as after a restore.
-TEST_F(ReturnPrintsTest, aReplacedRegisterIsUnreadableForAReport) {
-    const QString file = reg.folder.database();
-    ASSERT_TRUE(QFile::copy(file, file + u".new"_s));
-    ASSERT_TRUE(QFile::rename(file, file + u".old"_s));
-    ASSERT_TRUE(QFile::rename(file + u".new"_s, file));
-    EXPECT_ENGINE_ERROR(printing::showReport(tools.print, rptVek(), u"z_vek"_s, today, nullptr),
-                        3025);
-}
-
 TEST_F(ReturnPrintsTest, typedTablesHaveTheirWholeFrameBeforeAnythingWasTyped) {
     const auto printedOnce = [this](const QString& text) {
         return std::ranges::count(pages.pages.at(0).texts, text, &report::PlacedText::text) == 1;
@@ -175,16 +163,6 @@ TEST_F(ReturnPrintsTest, typedTablesHaveTheirWholeFrameBeforeAnythingWasTyped) {
         EXPECT_TRUE(printedOnce(QString::fromUtf16(row.code)));
     EXPECT_TRUE(printedOnce(u"       psychoterapia"_s));
     EXPECT_EQ(durable(scratchTable).size(), 0);
-}
-
-/// As the program does with what one that was killed has left.
-TEST_F(ReturnPrintsTest, scratchTablesAreEmptied) {
-    reg.execute({u"insert into z_vek (vek) values ('1')"_s,
-                 u"insert into z_zam (fcia) values ('1')"_s,
-                 u"insert into z_vzdelavanie (kod) values ('1')"_s});
-    emptyScratchTables(reg.database());
-    for (const auto& table : {u"z_vek"_s, u"z_zam"_s, u"z_vzdelavanie"_s})
-        EXPECT_EQ(reg.count(table), 0) << table.toStdString();
 }
 
 TEST_F(ReturnPrintsTest, aYearThatIsNoneFailsBeforeAnythingIsWritten) {
