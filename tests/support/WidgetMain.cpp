@@ -1,15 +1,5 @@
-#include "forms/Appearance.h"
-#include "forms/SlovakTexts.h"
-
-#include <QApplication>
-
-#include <gtest/gtest.h>
+#include "support/ScriptedBoxes.h"
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("TVK"));
-    forms::dress(application);
-    forms::installSlovakTexts(application);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return support::runWidgetTests(argc, argv);
 }
