@@ -57,31 +57,43 @@ class Forms : public BackupFiles {
         boxes.allCame();
     }
 
+    /// Archives to where the user says, and is told how it went.
+    void archiveTo(const QString& target, const QString& told) {
+        expectSave(target);
+        expectTold(told);
+        archive();
+    }
+    /// Restores from an archive; only where it is asked about is there something to agree to.
+    void restoreFrom(const QString& archive, const char* mode,
+                     std::optional<QMessageBox::StandardButton> agreed, const QString& told,
+                     QMessageBox::Icon icon = QMessageBox::Information) {
+        expectOpen(archive);
+        if (agreed)
+            expectWarning(*agreed);
+        if (!told.isEmpty())
+            expectTold(told, icon);
+        restore(mode);
+    }
+
     support::ScriptedBoxes boxes;
     const QString away = elsewhere.filePath(u"moja záloha"_s);
 };
 
 TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
-    expectSave(away + u" "_s);
-    expectTold(u"Archivácia bola úspešne ukončená"_s);
-    archive();
+    const auto done = u"Archivácia bola úspešne ukončená"_s;
+    archiveTo(away + u" "_s, done);
     EXPECT_EQ(files::namesIn(elsewhere.path()), QStringList{u"moja záloha"_s});
     EXPECT_EQ(names(), (QStringList{u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
 
     expectSave(u" "_s + away + u" "_s);
     boxes.expectAsked(u"moja záloha už existuje.\nChcete ho nahradiť?"_s, u"Kde bude archív"_s,
                       QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
-    expectTold(u"Archivácia bola úspešne ukončená"_s);
+    expectTold(done);
     archive();
-
-    expectSave({});
-    expectTold(failedArchive + u"Výber súboru bol zrušený."_s);
-    archive();
+    archiveTo({}, failedArchive + u"Výber súboru bol zrušený."_s);
     const QByteArray before = files::read(path("tvk.mdb"));
-    boxes.expect(support::fileDialog(path("tmp.mdb")));
-    expectTold(failedArchive + u"Do súboru tmp.mdb sa archív uložiť nedá, pracuje s ním program. "
-                               "Zvoľte iný názov."_s);
-    archive();
+    archiveTo(path("tmp.mdb"), failedArchive + u"Do súboru tmp.mdb sa archív uložiť nedá, pracuje "
+                                               "s ním program. Zvoľte iný názov."_s);
     EXPECT_EQ(files::read(path("tvk.mdb")), before);
 
     expectGivenUp(u"frmArch_new"_s);
@@ -95,6 +107,8 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
 
 TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     const auto failed = u"Vyskytla sa chyba pri obnove dát"_s;
+    const auto bad = u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s;
+    const auto done = u"Obnova dát bola úspešne ukončená"_s;
     backup::makeArchive(reg.engine, reg.folder);
     const QString sound = elsewhere.filePath(u"a.zip"_s);
     backup::placeArchive(reg.folder, sound);
@@ -105,55 +119,34 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     setClient(u"Druhý"_s);
     QFile::remove(path("arch_tmp.zip"));
 
-    expectOpen({});
-    expectTold(failed, QMessageBox::Warning);
-    restore("MENU");
-    expectOpen(foreign);
-    expectTold(u"Vybraný súbor neobsahuje očakávané dáta"_s, QMessageBox::Warning);
-    restore("MENU");
-    expectOpen(empty);
-    expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("MENU");
+    restoreFrom({}, "MENU", {}, failed, QMessageBox::Warning);
+    restoreFrom(foreign, "MENU", {}, u"Vybraný súbor neobsahuje očakávané dáta"_s,
+                QMessageBox::Warning);
+    restoreFrom(empty, "MENU", QMessageBox::Yes, bad);
     expectOpen(sound);
     expectGivenUp(u"FrmDearch_new"_s);
     expectTold(failed, QMessageBox::Warning);
     restore("MENU", std::chrono::milliseconds(0));
-    expectOpen(sound);
-    expectWarning(QMessageBox::No);
-    restore("MENU");
+    restoreFrom(sound, "MENU", QMessageBox::No, {});
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s});
     ASSERT_TRUE(QDir().mkdir(path("tvk_ren.mdb")));
-    expectOpen(sound);
-    expectWarning(QMessageBox::Yes);
-    expectTold(failed, QMessageBox::Warning);
-    restore("MENU");
+    restoreFrom(sound, "MENU", QMessageBox::Yes, failed, QMessageBox::Warning);
     ASSERT_TRUE(QDir().rmdir(path("tvk_ren.mdb")));
     EXPECT_EQ(client(), u"Druhý"_s);
 
-    expectOpen(sound);
-    expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát bola úspešne ukončená"_s);
-    restore("MENU");
+    restoreFrom(sound, "MENU", QMessageBox::Yes, done);
     EXPECT_EQ(names(), (QStringList{u"tvk.mdb"_s, u"tvk_ren.mdb"_s}));
     EXPECT_EQ(client(), u"Prvý"_s);
 
-    expectOpen(sound);
-    restore("LOAD");
+    restoreFrom(sound, "LOAD", {}, {});
     QFile::remove(path("tvk.mdb"));
-    expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("LOAD");
+    restoreFrom(empty, "LOAD", {}, bad);
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s}) << "what was kept is back";
     EXPECT_EQ(client(), u"Druhý"_s);
     QFile::remove(path("tvk.mdb"));
-    expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("LOAD");
+    restoreFrom(empty, "LOAD", {}, bad);
     EXPECT_EQ(names(), QStringList());
-    expectOpen(sound);
-    expectTold(u"Obnova dát bola úspešne ukončená"_s);
-    restore("LOAD");
+    restoreFrom(sound, "LOAD", {}, done);
     EXPECT_EQ(client(), u"Prvý"_s);
 }
 

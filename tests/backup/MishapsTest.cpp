@@ -186,15 +186,6 @@ TEST_P(Mishaps, whereNothingMayBeWrittenItIsSaid) {
     expectWhole(folder, 0);
 }
 
-TEST(Target, thatIsTakenAwayIsSaid) {
-    const Folder folder;
-    EXPECT_THROW(archive(folder, u"disk/a.zip"_s), store::EngineError);
-    EXPECT_THROW(backup::saveCopy(folder.program, backup::copies(folder.program).back().path,
-                                  folder.path(u"disk/a.zip"_s), {}),
-                 store::EngineError);
-    EXPECT_EQ(contentOf(folder.path(u"tvk.mdb"_s)), folder.today);
-}
-
 TEST(Archive, takesUpWhatAKilledWriterHasLeft) {
     int journals = 0;
     bool isKilled = true;
