@@ -26,7 +26,8 @@ Pages samplePages() {
     layout.title = u"Zoznam žiačok"_s;
     layout.orientation = Orientation::Landscape;
     layout.reportHeader.height = 400;
-    layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak)};
+    layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak),
+                                    label(u"R"_s, 9500, 0, 3000, u"riadok"_s)};
     layout.reportHeader.controls[0].style.italic = true;
     layout.detail.height = 6000;
     layout.detail.controls = {field(u"a"_s, 2000, 5000, 3000),
@@ -76,7 +77,8 @@ TEST(Pdf, TextsCanBeCopiedAndStandWhereThePagesSay) {
     EXPECT_TRUE(words.contains(u"<title>Zoznam žiačok</title>"_s)) << words.toStdString();
     // name, type, encoding, embedded, subset, unicode
     const QString fonts = toolOutput(u"pdffonts"_s, {u"FILE"_s});
-    for (const auto& font : {u"LiberationSans-Bold"_s, u"LiberationSans-Italic"_s})
+    for (const auto& font :
+         {u"LiberationSans"_s, u"LiberationSans-Bold"_s, u"LiberationSans-Italic"_s})
         EXPECT_TRUE(fonts.contains(
             QRegularExpression(font + u" +CID TrueType +Identity-H +yes +\\w+ +yes"_s)))
             << fonts.toStdString();

@@ -37,6 +37,10 @@ const Computed computed[] = {
     {u"z_zam"_s, [](const auto& tools) { printZam(tools, today, nullptr); }, 9},
 };
 
+void unreadable() {
+    throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
+}
+
 const support::ExpectedBox restartNotice{
     .text =
         u"Po archivácii, resp.po obnove archivovaných dát, je nutný opätovný štart programu, ak "
@@ -60,9 +64,7 @@ TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
 TEST_F(ReturnPrintsTest, tablesTwoAndThreeTellWhateverFailsAndTheNextRunAddsToTheirRows) {
     for (const Computed& table : std::span(computed).subspan(1)) {
         scratchTable = table.scratchTable;
-        atPreview = [] {
-            throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-        };
+        atPreview = unreadable;
         EXPECT_THROW(table.print(tools), store::EngineError) << scratchTable.toStdString();
         atPreview = nullptr;
         table.print(tools);
@@ -87,9 +89,7 @@ TEST_F(ReturnPrintsTest, tableOneLeavesItsRowsWhereItsReportFailsAndTheNextRunAd
     };
     print();
     boxes.expect(restartNotice);
-    atPreview = [] {
-        throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-    };
+    atPreview = unreadable;
     print();
     boxes.allCame();
     EXPECT_EQ(durable(u"z_vek"_s).size(), 38);
@@ -140,9 +140,7 @@ TEST_F(ReturnPrintsTest, aFailingTableEndsTheWholeReturnByNameAndLeavesNothing) 
     for (const Computed& table : computed)
         EXPECT_EQ(durable(table.scratchTable).size(), 0) << table.scratchTable.toStdString();
     reg.execute({u"insert into c_zariad (kod,akronym) values ('01','VYCH')"_s});
-    atPreview = [] {
-        throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-    };
+    atPreview = unreadable;
     support::ScriptedBoxes boxes;
     boxes.expect(restartNotice);
     printReturn(tools, u"2006/2007"_s, today, nullptr);
