@@ -35,13 +35,6 @@ class KeptWordsTest : public cardtest::RecordTest {
         const auto* frame = card->findChild<QFrame*>(text("fraSlova"));
         return frame->isVisible() ? at<QLabel>("lblSlova").text() : QString();
     }
-    /// Presses a button of the offer by its letter, which clicks it when it has come up again.
-    void answer(Qt::Key letter) {
-        key(letter, Qt::AltModifier);
-        for (const char* name : {"cmdVratitSlova", "cmdZahoditSlova"})
-            ASSERT_TRUE(QTest::qWaitFor([&] { return !at<QPushButton>(name).isDown(); }));
-    }
-    void takeBack() { answer(Qt::Key_L); }
     /// All that can be typed or chosen, of all tabs or by the names of some fields.
     QStringList shown(const QString& pattern = text("..*")) {
         QStringList all;
@@ -98,7 +91,7 @@ TEST_F(KeptWordsTest, EveryFieldOfTheCardComesBackAndIsNotWrittenBefore) {
     crash();
     reopen();
     EXPECT_TRUE(line().startsWith(found)) << qPrintable(line());
-    takeBack();
+    takeWordsBack();
     EXPECT_EQ(shown(), typed);
     EXPECT_EQ(stored("priezv") + note(), text("Novotna"));
 }
@@ -106,11 +99,11 @@ TEST_F(KeptWordsTest, EveryFieldOfTheCardComesBackAndIsNotWrittenBefore) {
 TEST_F(KeptWordsTest, WhatCameBackIsUnsavedUntilItIsSavedAndThenGone) {
     typeAndCrash("Nová");
     reopen();
-    takeBack();
+    takeWordsBack();
     crash();
     EXPECT_EQ(kept(), QStringList{text("textKrz(1)=Nová")}) << "taken back, and crashed again";
     reopen();
-    takeBack();
+    takeWordsBack();
     click("CmdZap");
     EXPECT_EQ(storedAs("Nová"), 1);
     card.reset();
@@ -126,10 +119,10 @@ TEST_F(KeptWordsTest, WhoIgnoresTheLineLosesNeitherOldNorNewWords) {
     EXPECT_EQ(kept(), QStringList{text("textKrz(1)=Stará")}) << "no pause of typing yet";
     reopen();
     enterInto(1, "Nová");
-    takeBack();
+    takeWordsBack();
     EXPECT_EQ(field(1).text(), text("Nová")) << "what was typed since stays";
     EXPECT_TRUE(line().startsWith(changed)) << qPrintable(line());
-    answer(Qt::Key_H);
+    answerWords(Qt::Key_H);
     EXPECT_EQ(line(), QString());
     click("CmdZap");
     EXPECT_EQ(storedAs("Nová"), 1);
@@ -149,7 +142,7 @@ TEST_F(KeptWordsTest, StornoAndEscAreTakenBackOnceRightAfter) {
         EXPECT_EQ(line().startsWith(givenUp), right);
         EXPECT_EQ(kept(), QStringList()) << "once";
         if (right) {
-            takeBack();
+            takeWordsBack();
             EXPECT_EQ(field(1).text(), text("Nová"));
             click("cmdStorno");
             open();
@@ -171,7 +164,7 @@ TEST_F(KeptWordsTest, WordsThatAreStoredAreNotOfferedAndThoseOfAnotherRowOnlySho
         EXPECT_EQ(line().left(c.offered.size()), c.offered) << c.changes;
         EXPECT_EQ(line().isEmpty(), c.offered.isEmpty()) << qPrintable(line());
         if (!c.offered.isEmpty())
-            answer(Qt::Key_H);
+            answerWords(Qt::Key_H);
         card.reset();
         EXPECT_EQ(kept(), QStringList());
         reg.execute({text("update k_zaklad set priezv = 'Novotna', ulica = ''")});
@@ -185,7 +178,7 @@ TEST_F(KeptWordsTest, OfANewClientTheWordsComeBackUnlessHeIsThereByNow) {
     EXPECT_EQ(line(), QString()) << "they are nobody's yet";
     open();
     EXPECT_TRUE(line().startsWith(found)) << qPrintable(line());
-    takeBack();
+    takeWordsBack();
     click("cmdZaklUd");
     EXPECT_EQ(clients("katcis = '77' and meno = 'Ján'"), 1);
     EXPECT_EQ(kept(), QStringList());
@@ -219,12 +212,12 @@ TEST_F(KeptWordsTest, ARecordOfEachKindComesBackIntoItsRow) {
             crash();
             reopen();
             EXPECT_TRUE(line().startsWith(found)) << qPrintable(line());
-            takeBack();
+            takeWordsBack();
             EXPECT_EQ(shown(fields).join(u' '), typed.join(u' '));
             EXPECT_EQ(count(), 1) << "nothing is written by itself";
             press("Sto");
             EXPECT_TRUE(line().startsWith(givenUp)) << qPrintable(line());
-            takeBack();
+            takeWordsBack();
             press("Zap");
             const bool isNew = text(opens) == text("Novy");
             EXPECT_EQ(lines(), text(member.lines).section(u'|', isNew ? 0 : 1));
@@ -246,7 +239,7 @@ TEST_F(KeptWordsTest, ARecordIsTheOneThatWasEditedAndKeepsItsWorkerAndItsKind) {
         fill({{0, text(opens) == text("Opr") ? "3.9.2005" : "4.9.2005"}, {3, cardtest::worker}});
         crash();
         reopen();
-        takeBack();
+        takeWordsBack();
         press("Zap");
         turnTo(care);
     }
@@ -260,7 +253,7 @@ TEST_F(KeptWordsTest, ARecordIsTheOneThatWasEditedAndKeepsItsWorkerAndItsKind) {
     fill({{0, "21"}});
     crash();
     reopen();
-    takeBack();
+    takeWordsBack();
     EXPECT_TRUE(at<QRadioButton>("optZarTvk").isChecked());
     press("Zap");
     EXPECT_EQ(value("akronym") + value("nazzar"), text("TVK21"));
@@ -277,7 +270,7 @@ TEST_F(KeptWordsTest, ATextThatWasEmptiedComesBackEmpty) {
     key(Qt::Key_Delete);
     crash();
     reopen();
-    takeBack();
+    takeWordsBack();
     turnTabs(7);
     click("CmdZap");
     EXPECT_EQ(note(), QString());

@@ -103,7 +103,13 @@ class CardDriver : public testing::Test {
         ASSERT_TRUE(QFile::rename(left, path));
     }
     bool offersWords() { return at<QLabel>("lblSlova").isVisible(); }
-    void takeWordsBack() { key(Qt::Key_V, Qt::AltModifier); }
+    /// Presses a button of the offer by its letter, which clicks it when it has come up again.
+    void answerWords(Qt::Key letter) {
+        key(letter, Qt::AltModifier);
+        for (const char* name : {"cmdVratitSlova", "cmdZahoditSlova"})
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !at<QPushButton>(name).isDown(); }));
+    }
+    void takeWordsBack() { answerWords(Qt::Key_L); }
     void closeList() {
         if (auto* popup = QApplication::activePopupWidget())
             popup->close();
