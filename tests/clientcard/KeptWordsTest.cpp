@@ -97,15 +97,22 @@ TEST_F(KeptWordsTest, EveryFieldOfTheCardComesBackAndIsNotWrittenBefore) {
 }
 
 TEST_F(KeptWordsTest, WhatCameBackIsUnsavedUntilItIsSavedAndThenGone) {
-    typeAndCrash("Nová");
+    reg.execute({text("update k_memo set poznamky = 'slovo'")});
     reopen();
-    takeWordsBack();
-    crash();
-    EXPECT_EQ(kept(), QStringList{text("textKrz(1)=Nová")}) << "taken back, and crashed again";
-    reopen();
-    takeWordsBack();
+    enterInto(1, "Nová");
+    turnTabs(7);
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_Delete);
+    for (int crashes = 0; crashes < 2; ++crashes) {
+        crash();
+        EXPECT_EQ(kept().join(u' '), text("rtbDUK(1)= textKrz(1)=Nová"));
+        reopen();
+        takeWordsBack();
+        turnTabs(7);
+    }
     click("CmdZap");
     EXPECT_EQ(storedAs("Nová"), 1);
+    EXPECT_EQ(note(), QString());
     card.reset();
     EXPECT_FALSE(QFile::exists(path()));
 }
@@ -131,7 +138,7 @@ TEST_F(KeptWordsTest, WhoIgnoresTheLineLosesNeitherOldNorNewWords) {
 }
 
 TEST_F(KeptWordsTest, StornoAndEscAreTakenBackOnceRightAfter) {
-    for (const bool right : {true, false}) {
+    for (const bool right : {false, true}) {
         reopen();
         enterInto(1, "Nová");
         key(Qt::Key_Escape);
@@ -141,13 +148,9 @@ TEST_F(KeptWordsTest, StornoAndEscAreTakenBackOnceRightAfter) {
         reopen();
         EXPECT_EQ(line().startsWith(givenUp), right);
         EXPECT_EQ(kept(), QStringList()) << "once";
-        if (right) {
-            takeWordsBack();
-            EXPECT_EQ(field(1).text(), text("Nová"));
-            click("cmdStorno");
-            open();
-        }
     }
+    takeWordsBack();
+    EXPECT_EQ(field(1).text(), text("Nová"));
 }
 
 TEST_F(KeptWordsTest, WordsThatAreStoredAreNotOfferedAndThoseOfAnotherRowOnlyShown) {
@@ -257,21 +260,4 @@ TEST_F(KeptWordsTest, ARecordIsTheOneThatWasEditedAndKeepsItsWorkerAndItsKind) {
     EXPECT_TRUE(at<QRadioButton>("optZarTvk").isChecked());
     press("Zap");
     EXPECT_EQ(value("akronym") + value("nazzar"), text("TVK21"));
-}
-
-TEST_F(KeptWordsTest, ATextThatWasEmptiedComesBackEmpty) {
-    reopen();
-    typeNote("slovo");
-    click("CmdZap");
-    EXPECT_EQ(note(), text("<p>slovo</p>"));
-    reopen();
-    turnTabs(7);
-    key(Qt::Key_A, Qt::ControlModifier);
-    key(Qt::Key_Delete);
-    crash();
-    reopen();
-    takeWordsBack();
-    turnTabs(7);
-    click("CmdZap");
-    EXPECT_EQ(note(), QString());
 }
