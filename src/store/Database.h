@@ -79,10 +79,12 @@ class DBEngine {
     void CreateDatabase(const QString& path);
     /// True when OpenDatabase leaves the search for damage to be done in the background.
     static bool owesFullCheck(const QString& path);
-    /// Has something called when a register begins to be brought to the present schema, and again
-    /// and again until that is done, which with a large one takes minutes.
+    /// Why the opening of a large register takes seconds or minutes: its last write was cut off, so
+    /// that it is searched for damage, or it is brought to the present schema.
+    enum class Opening { Checks, Upgrades };
+    /// Has something called when that begins, and again and again until it is done.
     /// @param working must not throw, nor use the engine; empty for nothing
-    void whileUpgrading(std::function<void()> working);
+    void whileOpening(std::function<void(Opening)> working);
     /// Opens the file on its own and checks every page. @throws EngineError 3343; GivenUp
     static void verifyDatabase(const QString& path, const TellProgress& tell = {});
 
