@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTextEdit>
 
@@ -120,9 +121,15 @@ void addTexts(QWidget& widget, Texts& texts) {
     else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
         line->deselect();
         whole(line->text() + line->placeholderText(), ofField, 4);
-    } else if (auto* box = qobject_cast<QComboBox*>(&widget); box != nullptr && !box->isEditable())
-        whole(box->width() > 60 ? box->currentText() : QString(), ofField, 6);
-    else if (auto* edit = qobject_cast<QTextEdit*>(&widget))
+    } else if (auto* box = qobject_cast<QComboBox*>(&widget);
+               box != nullptr && !box->isEditable() && !box->currentText().isEmpty()) {
+        // The arrow beside it stands on a ground of its own.
+        QStyleOptionComboBox option;
+        option.initFrom(box);
+        const QRect part = box->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                        QStyle::SC_ComboBoxEditField, box);
+        texts.push_back({box, part.adjusted(4, 4, -4, -4), box->currentText(), ofField});
+    } else if (auto* edit = qobject_cast<QTextEdit*>(&widget))
         whole(edit->toPlainText(), ofField, 4);
     else if (auto* head = qobject_cast<QHeaderView*>(&widget))
         addHead(*head, texts);
