@@ -28,6 +28,8 @@ namespace forms {
 namespace {
 
 constexpr int linesShown = 16;
+/// Letters of nearly all lines of any list.
+constexpr int lettersOfMost = 40;
 
 bool isPrintable(const QString& text) {
     return text.size() == 1 && text.front().isPrint();
@@ -120,10 +122,12 @@ void DropDown::show(int row, const QString& text) {
         lineEdit()->setText(text);
 }
 
-/// As wide as the lines are, of those that can be looked at without waiting.
+/// As wide as the lines are; of a long list only the first ones are looked at.
 void DropDown::fitList() {
-    constexpr int mostLooked = 300;
-    int widest = droppedWidth_;
+    constexpr int mostLooked = 30;
+    const int enoughForMost =
+        rows_.rowCount() > mostLooked ? lettersWide(*view(), lettersOfMost) : 0;
+    int widest = std::max(droppedWidth_, enoughForMost);
     for (int row = 0; row < std::min(rows_.rowCount(), mostLooked); ++row)
         widest = std::max(widest, view()->fontMetrics().horizontalAdvance(rows_.text(row)));
     const int around =
