@@ -63,6 +63,12 @@ QString meaningOf(const QString& code) {
     return number > 0 ? impairmentTexts()[std::size_t(number) - 1] : QString();
 }
 
+QString slotName(const ImpairmentTraits& traits, std::size_t slot) {
+    const QString whose = QString::fromUtf16(traits.slotsCaption);
+    return slot == 0 ? whose + QStringLiteral(", dominantné")
+                     : whose + QStringLiteral(", pridružené %1").arg(slot);
+}
+
 QLabel* captionOf(QWidget* control, const QString& text) {
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
@@ -179,6 +185,7 @@ void ImpairmentFields::showSlots() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         slots_[i]->setText(texts[i]);
         slots_[i]->setToolTip(meaningOf(texts[i]));
+        slots_[i]->setAccessibleName(slotName(traits_, i));
     }
     associatedPick_->setItems(state_.associatedRows());
 }
