@@ -85,6 +85,12 @@ QString wordsOf(const std::array<QString, 9>& codes) {
     return dominant.isEmpty() ? associated : dominant + QStringLiteral(", ") + associated;
 }
 
+QString slotName(const ImpairmentTraits& traits, std::size_t slot) {
+    const QString whose = QString::fromUtf16(traits.slotsCaption);
+    return slot == 0 ? whose + QStringLiteral(", dominantné")
+                     : whose + QStringLiteral(", pridružené %1").arg(slot);
+}
+
 QLabel* captionOf(QWidget* control, const QString& text) {
     auto* label = new QLabel(text, control->parentWidget());
     label->setBuddy(control);
@@ -219,6 +225,7 @@ void ImpairmentFields::showSlots() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         slots_[i]->setText(texts[i]);
         slots_[i]->setToolTip(meaningOf(texts[i]));
+        slots_[i]->setAccessibleName(slotName(traits_, i));
     }
     words_->setText(wordsOf(texts));
     words_->setCursorPosition(0);

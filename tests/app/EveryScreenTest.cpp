@@ -58,7 +58,8 @@ void findNameless(QAccessibleInterface* node, Faults& faults) {
                                          QRegularExpression::UseUnicodePropertiesOption);
     const bool isTold =
         node->text(QAccessible::Name).contains(word) && node->role() != QAccessible::NoRole;
-    if (node->state().focusable && !isCell && !isTold)
+    const bool isMet = node->state().focusable || node->role() == QAccessible::EditableText;
+    if (isMet && !isCell && !isTold)
         faults.insert(describe(*node));
     for (int i = 0; i < std::min(node->childCount(), mostChildren); ++i)
         findNameless(node->child(i), faults);
