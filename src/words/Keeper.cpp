@@ -11,6 +11,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QTextEdit>
 #include <QUuid>
 
@@ -233,7 +234,7 @@ void Keeper::dropped(int part) {
 
 /// What was dropped before another record was opened is gone for good.
 void Keeper::setRecordOpen(bool open) {
-    if (open && !recordIsOpen_) {
+    if (open && !recordIsOpen_ && !isTaking_) {
         std::erase_if(offers_, [](const Offer& offer) { return offer.kept.isDropped; });
         book_.forgetDropped();
         news_.clear();
@@ -275,7 +276,10 @@ void Keeper::enter(const Kept& kept) {
         return std::ranges::find(before, word.field, &forms::Word::field) != before.end();
     });
     offers_.erase(offers_.begin());
-    place.enter(entered);
+    {
+        const QScopedValueRollback taking(isTaking_, true);
+        place.enter(entered);
+    }
     const forms::Words now = place.typed();
     Kept left = kept;
     std::erase_if(left.words, [&](const forms::Word& word) {

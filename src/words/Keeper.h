@@ -108,6 +108,8 @@ class Keeper : public QObject {
     QString who_;
     bool isRunning_ = false;
     bool recordIsOpen_ = false;
+    /// A record is being opened for words that are kept still.
+    bool isTaking_ = false;
     /// What is typed on this screen now, by part.
     std::map<int, Kept> live_;
     std::vector<Offer> offers_;

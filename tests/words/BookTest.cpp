@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 namespace {
