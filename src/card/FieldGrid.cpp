@@ -27,7 +27,11 @@ void setWidth(QWidget& field, int characters) {
 QString captionInLines(const QString& caption) {
     const auto middle = caption.size() / 2 + 1;
     const auto blank = caption.trimmed().size() > longCaption ? caption.indexOf(u' ', middle) : -1;
-    return blank < 0 ? caption : QString(caption).replace(blank, 1, QLatin1Char('\n'));
+    // A colon alone is no line.
+    constexpr int leastLine = 3;
+    return blank < 0 || caption.size() - blank <= leastLine
+               ? caption
+               : QString(caption).replace(blank, 1, QLatin1Char('\n'));
 }
 
 void setRoom(QWidget& control, int least, int most) {

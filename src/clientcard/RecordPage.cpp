@@ -87,6 +87,7 @@ QLayout* layOutButtons(const RecordControls& controls) {
     for (std::size_t i = 0; i < controls.buttons.size(); ++i) {
         if (i % opening == 0) {
             group = new forms::FlowLayout(forms::FlowLayout::Fill::Left);
+            group->setSpacing(forms::gap);
             line->addLayout(group);
         }
         group->addWidget(controls.buttons[i]);

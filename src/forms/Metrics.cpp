@@ -14,7 +14,7 @@ namespace {
 constexpr QSize windowFrame(8, 40);
 /// Height of a line of the texts for which sizes of windows are thought.
 constexpr qreal usualLine = 14;
-constexpr int readableLetters = 95;
+constexpr int readableLetters = 105;
 
 /// Acts when the font of a widget, or of the application, has changed.
 class FontFollower : public QObject {

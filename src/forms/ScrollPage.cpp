@@ -49,9 +49,16 @@ QSize ScrollPage::sizeHint() const {
     return widget()->sizeHint().expandedTo(minimumSizeHint());
 }
 
+/// Where it may not scroll sideways it is as wide as the page.
 QSize ScrollPage::minimumSizeHint() const {
-    return QSize(lettersWide(*this, leastPageLetters), linesHigh(*this, leastPageLines))
-        .boundedTo(widget()->minimumSizeHint());
+    const QSize page = widget()->minimumSizeHint();
+    const QSize least =
+        QSize(lettersWide(*this, leastPageLetters), linesHigh(*this, leastPageLines))
+            .boundedTo(page);
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff
+               ? QSize(page.width() + bar, least.height())
+               : least;
 }
 
 } // namespace forms

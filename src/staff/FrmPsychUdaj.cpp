@@ -9,6 +9,7 @@
 #include "forms/Colours.h"
 #include "forms/FlowLayout.h"
 #include "forms/KeyHint.h"
+#include "forms/Metrics.h"
 #include "forms/ScrollPage.h"
 #include "validation/modKontrola.h"
 
@@ -45,6 +46,7 @@ constexpr std::array<card::FieldRow, 2> nameRows = {{
 constexpr card::FieldSet nameSet = {.array = u"TextPsych", .pageKeysTo = u"cmdZap"};
 
 constexpr int nameCharacters = 34;
+constexpr QSize startSize(680, 360);
 
 } // namespace
 
@@ -98,6 +100,7 @@ void FrmPsychUdaj::layOut() {
     auto* lines = new QVBoxLayout(this);
     lines->addWidget(new forms::ScrollPage(page, this), 1);
     lines->addLayout(layOutFoot());
+    forms::openAs(*this, startSize);
 }
 
 void FrmPsychUdaj::layOutFields(QBoxLayout& lines) {

@@ -63,7 +63,9 @@ void FrmOdbStar::layOut() {
     upper->addStretch();
     auto* table = new QHBoxLayout(frame);
     table->addLayout(upper, 1);
-    table->addWidget(new forms::ScrollPage(sums_, this));
+    auto* sums = new forms::ScrollPage(sums_, this);
+    sums->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->addWidget(sums);
     table->addStretch();
     auto* lines = new QVBoxLayout(this);
     lines->addWidget(frame, 1);
