@@ -7,14 +7,15 @@ set(floors
     "app"
     "mainwindow"
     "clientcard staff statreturn printouts backup oldregister datacheck help"
+    "words"
     "card"
     "printing"
     "validation"
     "forms"
-    "report"
+    "report spelling"
     "store")
 # What these rooms are made for has no clients and no employees.
-set(nobodys forms report)
+set(nobodys forms spelling report)
 set(tables "k_(zaklad|memo|surodenci|zariad|vysetrenie|zaznam_|navstevy)|zamestnanci")
 
 # Sets floor_<room> for each room, counted from the roof.

@@ -15,6 +15,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The main window says when the run is over: an archiving closes and opens it.
     setQuitOnLastWindowClosed(false);
     forms::dress(*this);
+    textSize_.emplace(*this);
     forms::installSlovakTexts(*this);
 }
 

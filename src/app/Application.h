@@ -1,10 +1,12 @@
 #pragma once
 
+#include "forms/TextSize.h"
 #include "store/EngineError.h"
 
 #include <QApplication>
 
 #include <functional>
+#include <optional>
 
 namespace app {
 
@@ -24,6 +26,7 @@ class Application : public QApplication {
     void runReporting(const std::function<void()>& action);
     void report(const store::EngineError& error);
 
+    std::optional<forms::TextSize> textSize_;
     QMetaObject::Connection beforeWaiting_;
     bool reporting_ = false;
 };

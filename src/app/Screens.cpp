@@ -18,6 +18,7 @@
 #include "statreturn/FrmOdbStar.h"
 #include "statreturn/ReturnPrints.h"
 #include "validation/modKontrola.h"
+#include "words/FrmSlova.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -69,6 +70,11 @@ void printZozKlient(FrmUvod& window) {
     printouts::printClientList(printTools(window), window.surroundings().today(), &window);
 }
 
+void checkSpelling(clientcard::FrmKlientUdaj& card, const mainwindow::Surroundings& around) {
+    if (around.speller != nullptr)
+        card.setSpelling(*around.speller);
+}
+
 void openClientCard(FrmUvod& window) {
     using clientcard::FrmKlientUdaj;
     const mainwindow::Surroundings& around = window.surroundings();
@@ -84,6 +90,7 @@ void openClientCard(FrmUvod& window) {
         [&](const FrmKlientUdaj::Shown& shown) {
             printouts::printCard(printTools(window), cardOf(shown), around.today(), &card);
         });
+    checkSpelling(card, around);
     card.exec();
 }
 
@@ -103,10 +110,13 @@ void clientsInReturn(FrmUvod& window) {
     const mainwindow::Surroundings& around = window.surroundings();
     const auto openCard = [&around](const statreturn::Person& person, QWidget* parent) {
         modKontrola::editRecord(person.key, person.firstName, person.surname);
-        if (person.isEmployee)
+        if (person.isEmployee) {
             staff::FrmPsychUdaj(around.engine, around.folder, parent).exec();
-        else
-            clientcard::FrmKlientUdaj(around.engine, around.folder, parent).exec();
+            return modKontrola::gIdKod;
+        }
+        clientcard::FrmKlientUdaj card(around.engine, around.folder, parent);
+        checkSpelling(card, around);
+        card.exec();
         return modKontrola::gIdKod;
     };
     statreturn::FrmKlientVykaz(printTools(window), window.schoolYear(), around.today(), openCard,
@@ -198,6 +208,11 @@ void checkData(FrmUvod& window) {
         window.readListAnew();
 }
 
+void keptWords(FrmUvod& window) {
+    words::Book book(window.surroundings().folder);
+    words::FrmSlova(book, &window).exec();
+}
+
 void showHelp(FrmUvod& window) {
     help::showHelp(window.focusWidget() != nullptr ? window.focusWidget() : &window);
 }
@@ -236,6 +251,7 @@ const std::map<Screen, Opener>& openers() {
         {Screen::Copies, copies},
         {Screen::RestoreAtStart, restoreAtStart},
         {Screen::DataCheck, checkData},
+        {Screen::KeptWords, keptWords},
         {Screen::Help, showHelp},
         {Screen::About, showAbout},
     };

@@ -7,10 +7,12 @@
 #include "mainwindow/FrmUvod.h"
 #include "oldregister/Offer.h"
 #include "oldregister/ReaderMain.h"
+#include "spelling/Speller.h"
 #include "store/Database.h"
 #include "store/ProgramFolder.h"
 
 #include <QDate>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -40,6 +42,15 @@ QString userFolder() {
            QStringLiteral("/tvk");
 }
 
+/// A dictionary beside the register goes before those of the system.
+QStringList dictionaryFolders(const store::ProgramFolder& folder) {
+    QStringList folders{QFileInfo(folder.database()).path()};
+    for (const QString& place :
+         QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
+        folders << place + QStringLiteral("/hunspell") << place + QStringLiteral("/myspell/dicts");
+    return folders;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -58,6 +69,7 @@ int main(int argc, char** argv) {
     if (outcome != app::OneRun::Outcome::Taken)
         return 0;
     app::offerEmptyRegister(folder, app::emptyRegisterOf(programFolder));
+    spelling::Speller speller(dictionaryFolders(folder), folder.path(u"tvk_slovnik.txt"));
     store::DBEngine engine;
     application.beforeWaiting([&engine] { engine.commitPending(); });
 
@@ -65,8 +77,13 @@ int main(int argc, char** argv) {
     const auto endRun = [&application] {
         QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);
     };
-    const mainwindow::Surroundings around{engine,          folder, &QDate::currentDate,
-                                          app::openScreen, endRun, oldregister::offerTakeOver};
+    const mainwindow::Surroundings around{.engine = engine,
+                                          .folder = folder,
+                                          .today = &QDate::currentDate,
+                                          .open = app::openScreen,
+                                          .endRun = endRun,
+                                          .prepareFile = oldregister::offerTakeOver,
+                                          .speller = &speller};
     mainwindow::FrmUvod window(around);
     QObject::connect(&run, &app::OneRun::windowAsked, &window, [&window] { bringToFront(window); });
     QObject::connect(&window, &mainwindow::FrmUvod::leaving, &run, &app::OneRun::stopAnswering);

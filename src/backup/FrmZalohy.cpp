@@ -4,6 +4,7 @@
 #include "backup/FileChoice.h"
 #include "backup/PasswordForm.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "forms/ProgressForm.h"
 #include "store/EngineError.h"
 
@@ -22,7 +23,7 @@ namespace backup {
 namespace {
 
 constexpr QSize startSize(620, 460);
-constexpr int rowHeight = 24;
+constexpr int rowPadding = 10;
 enum Column { Made, Size, Clients, State, columns };
 
 const QLocale& slovak() {
@@ -61,7 +62,7 @@ FrmZalohy::FrmZalohy(const store::ProgramFolder& folder, QWidget* parent)
       lblStav_(new QLabel) {
     setObjectName(QStringLiteral("FrmZalohy"));
     setWindowTitle(QStringLiteral("Zálohy"));
-    resize(startSize);
+    forms::openAs(*this, startSize);
     buildList();
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setWordWrap(true);
@@ -94,7 +95,9 @@ void FrmZalohy::buildList() {
     lstZalohy_->setHorizontalHeaderLabels({QStringLiteral("Dátum a čas"), QStringLiteral("Veľkosť"),
                                            QStringLiteral("Klientov"), QStringLiteral("Stav")});
     lstZalohy_->verticalHeader()->hide();
-    lstZalohy_->verticalHeader()->setDefaultSectionSize(rowHeight);
+    forms::fitToFont(*lstZalohy_, [list = lstZalohy_] {
+        list->verticalHeader()->setDefaultSectionSize(list->fontMetrics().height() + rowPadding);
+    });
     lstZalohy_->horizontalHeader()->setStretchLastSection(true);
     lstZalohy_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstZalohy_->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -1,5 +1,7 @@
 #include "backup/PasswordForm.h"
 
+#include "forms/Metrics.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -15,7 +17,7 @@ namespace backup {
 
 namespace {
 
-constexpr int formWidth = 440;
+constexpr int formLetters = 66;
 
 /// What is said of what has been typed, and whether it can be taken.
 struct Verdict {
@@ -42,7 +44,7 @@ class PasswordForm : public QDialog {
         lines->addLayout(fieldsOf(captions));
         lines->addWidget(lblStav_);
         lines->addWidget(buttons_);
-        setFixedWidth(formWidth);
+        forms::fitToFont(*this, [this] { setFixedWidth(forms::lettersWide(*this, formLetters)); });
         judgeTyped();
     }
 

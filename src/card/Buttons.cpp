@@ -32,7 +32,6 @@ std::vector<QPushButton*> makeButtons(std::span<const ButtonRow> table, QWidget*
         setGround(*button, QPalette::Button, forms::buttonColour);
         QObject::connect(button, &QPushButton::clicked, parent,
                          [pressed, place = int(buttons.size())] { pressed(place); });
-        button->setMinimumSize(button->sizeHint() + QSize(16, 4));
         buttons.push_back(button);
     }
     return buttons;

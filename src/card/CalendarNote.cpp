@@ -1,6 +1,7 @@
 #include "card/CalendarNote.h"
 
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
 #include "store/Dates.h"
 
 #include <QPalette>
@@ -31,7 +32,7 @@ void CalendarNote::watch(forms::EntryField& field) {
     fields_.push_back({&field});
     // The place of its lines is kept: a button must not move away while it is being pressed.
     setHidden(false);
-    setMinimumHeight(fontMetrics().lineSpacing() * int(fields_.size()));
+    setMinimumHeight(forms::linesHigh(*this, int(fields_.size())));
     connect(&field, &QLineEdit::textChanged, this, [this, watched = fields_.size() - 1] {
         Watched& changed = fields_[watched];
         mark(changed, !changed.field->hasFocus() && isNoDate(*changed.field));

@@ -1,6 +1,7 @@
 #include "card/FieldGrid.h"
 
-#include <QFontMetrics>
+#include "forms/Metrics.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,9 +9,31 @@
 
 namespace card {
 
+namespace {
+
+/// Edges and margins of a field.
+constexpr int aroundText = 16;
+constexpr int longField = 20;
+/// Captions with more letters stand in two lines.
+constexpr int longCaption = 18;
+
+QString inTwoLines(QString caption) {
+    const auto middle = caption.size() / 2 + 1;
+    const auto blank = caption.trimmed().size() > longCaption ? caption.indexOf(u' ', middle) : -1;
+    return blank < 0 ? caption : caption.replace(blank, 1, QLatin1Char('\n'));
+}
+
+} // namespace
+
 void setWidth(QWidget& field, int characters) {
-    const QFontMetrics metrics(field.font());
-    field.setFixedWidth(metrics.averageCharWidth() * characters + 16);
+    setRoom(field, characters > longField ? characters * 2 / 3 : characters, characters);
+}
+
+void setRoom(QWidget& control, int least, int most) {
+    forms::fitToFont(control, [&control, least, most] {
+        control.setMinimumWidth(forms::lettersWide(control, least) + aroundText);
+        control.setMaximumWidth(forms::lettersWide(control, most) + aroundText);
+    });
 }
 
 void keepPlace(QWidget& control) {
@@ -21,20 +44,21 @@ void keepPlace(QWidget& control) {
 
 FieldGrid::FieldGrid(QBoxLayout& frame, Qt::Alignment labels)
     : grid_(new QGridLayout), labels_(labels) {
-    frame.setContentsMargins(8, 6, 8, 6);
+    frame.setContentsMargins(forms::gap, forms::gap, forms::gap, forms::gap);
     frame.addLayout(grid_);
-    grid_->setHorizontalSpacing(6);
-    grid_->setVerticalSpacing(4);
+    grid_->setHorizontalSpacing(forms::gap);
+    grid_->setVerticalSpacing(forms::tightGap);
 }
 
 void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QWidget* pick) {
-    auto* caption = new QLabel(label);
+    auto* caption = new QLabel(inTwoLines(label));
+    caption->setAlignment(labels_ | Qt::AlignVCenter);
     caption->setBuddy(&field);
     auto* line = new QHBoxLayout;
-    line->setSpacing(2);
-    line->addWidget(&field);
+    line->setSpacing(forms::tightGap);
+    line->addWidget(&field, 1);
     if (pick != nullptr)
-        line->addWidget(pick);
+        line->addWidget(pick, 1);
     line->addStretch();
     grid_->addWidget(caption, place.row, 2 * place.pair, labels_ | Qt::AlignVCenter);
     grid_->addLayout(line, place.row, 2 * place.pair + 1, 1, 2 * place.pairs - 1);

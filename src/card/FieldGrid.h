@@ -9,8 +9,11 @@ class QWidget;
 
 namespace card {
 
-/// Gives a field the width of that many characters.
+/// Gives a field the width of that many characters; a long one may shrink to two thirds of it.
 void setWidth(QWidget& field, int characters);
+
+/// Lets a control take the room that there is, between so many characters and so many.
+void setRoom(QWidget& control, int least, int most);
 
 /// What lies around the control does not move when it is hidden.
 void keepPlace(QWidget& control);

@@ -11,6 +11,7 @@ namespace card {
 void InputNote::watch(QWidget& window) {
     const auto note = [this] {
         isNoted_ = true;
+        Q_EMIT noted();
     };
     for (auto* field : window.findChildren<forms::EntryField*>())
         connect(field, &forms::EntryField::textEdited, this, note);

@@ -14,6 +14,10 @@ class InputNote : public QObject {
     void watch(QWidget& window);
     bool isNoted() const { return isNoted_; }
 
+  Q_SIGNALS:
+    /// Sent with each letter and each pick.
+    void noted();
+
   private:
     bool isNoted_ = false;
 };

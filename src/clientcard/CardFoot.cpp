@@ -2,9 +2,9 @@
 
 #include "card/Buttons.h"
 #include "clientcard/CardTables.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 
 #include <array>
@@ -35,21 +35,18 @@ constexpr auto otherKeys = u"Tab ďalšie pole  ·  Ctrl+PageDown ďalšia zálo
 } // namespace
 
 CardFoot::CardFoot(QWidget& window, const std::function<void(Button)>& pressed)
-    : esc_(&window), keys_(new QLabel(&window)),
+    : esc_(&window), keys_(new forms::KeyHint(&window)),
       buttons_(
           card::makeButtons(footTable, &window, [pressed](int place) { pressed(Button(place)); })) {
-    keys_->setForegroundRole(QPalette::PlaceholderText);
     setPrints(false);
     takeEsc();
 }
 
 QLayout* CardFoot::layOut() {
-    auto* line = new QHBoxLayout;
-    for (QPushButton* button : buttons_) {
-        if (button == buttons_[cmdTlac])
-            line->addWidget(keys_, 1, Qt::AlignCenter);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(keys_);
+    for (QPushButton* button : buttons_)
         line->addWidget(button);
-    }
     return line;
 }
 

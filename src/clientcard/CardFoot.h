@@ -5,10 +5,13 @@
 #include <functional>
 #include <vector>
 
-class QLabel;
 class QLayout;
 class QPushButton;
 class QWidget;
+
+namespace forms {
+class KeyHint;
+}
 
 namespace clientcard {
 
@@ -51,7 +54,7 @@ class CardFoot {
     void enablePrinting(bool enabled);
 
     forms::EscButton esc_;
-    QLabel* keys_;
+    forms::KeyHint* keys_;
     std::vector<QPushButton*> buttons_;
     bool prints_ = false;
 };

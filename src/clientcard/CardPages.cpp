@@ -20,14 +20,13 @@ CardPages::CardPages(QWidget* window)
 void CardPages::add(TabFamily& family) {
     const int tab = int(families_.size());
     const QString caption = QString::fromUtf16(tabTable()[std::size_t(tab)].caption);
-    auto* item = new QListWidgetItem(caption, SSTab1_);
-    item->setSizeHint({SSTab1_->fontMetrics().horizontalAdvance(caption) + 16, 28});
+    SSTab1_->addItem(caption);
     families_.push_back(&family);
     pages_->addWidget(family.makePage(tab, pages_));
 }
 
 QLayout* CardPages::layOut() {
-    SSTab1_->fitWidth();
+    SSTab1_->fitToCaptions();
     SSTab1_->setCurrentRow(0);
     connect(SSTab1_, &QListWidget::currentRowChanged, this, [this](int tab) {
         if (tab >= 0)

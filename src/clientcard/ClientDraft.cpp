@@ -99,10 +99,23 @@ void ClientDraft::keep() {
 }
 
 card::Draft::Typed ClientDraft::typed() const {
-    card::Draft::Typed typed;
+    return {[this, words = typedWords()] {
+        enterWords(words);
+    }};
+}
+
+forms::Words ClientDraft::typedWords() const {
+    forms::Words all;
+    for (const auto& family : families_) {
+        const forms::Words words = family->typedWords();
+        all.insert(all.end(), words.begin(), words.end());
+    }
+    return all;
+}
+
+void ClientDraft::enterWords(const forms::Words& words) const {
     for (const auto& family : families_)
-        typed.push_back(family->keepTyped());
-    return typed;
+        family->enterWords(words);
 }
 
 void ClientDraft::resume() {

@@ -44,6 +44,10 @@ class ClientDraft {
     /// Something is typed or picked that is not written.
     bool isChanged() const;
 
+    /// The same, field by field, and the way back.
+    forms::Words typedWords() const;
+    void enterWords(const forms::Words& words) const;
+
     /// The rows are still to be opened for what the fields show: they could not be read after a
     /// save that failed, and are opened before the next one.
     bool isOwed() const { return draft_.isOwed(); }

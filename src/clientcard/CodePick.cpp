@@ -1,5 +1,6 @@
 #include "clientcard/CodePick.h"
 
+#include "card/FieldGrid.h"
 #include "clientcard/CardData.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
@@ -16,6 +17,8 @@ namespace clientcard {
 namespace {
 
 constexpr int droppedWidth = 320;
+constexpr int leastOfPick = 18;
+constexpr int mostOfPick = 46;
 
 } // namespace
 
@@ -28,7 +31,7 @@ CodePick::CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& 
     pick_->setToolTip(QString::fromUtf16(row.toolTip));
     pick_->setAccessibleName(pick_->toolTip());
     pick_->setDroppedWidth(droppedWidth);
-    pick_->setFixedWidth(droppedWidth);
+    card::setRoom(*pick_, leastOfPick, mostOfPick);
     frame.guard().watch(pick_, QString::fromUtf16(row.name), row.index, *this);
     // Tab leads from field to field; the pick is reached from its field by Alt and Down.
     pick_->setFocusPolicy(Qt::ClickFocus);

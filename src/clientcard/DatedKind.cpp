@@ -40,6 +40,8 @@ class WorkerPick : public CodePick {
     /// An employee's name in the field becomes the employee's key, and the list of employees stands
     /// at that one.
     void takeName();
+    /// The list of employees stands at the one in the field, if there is one.
+    void follow();
     /// The binding carries the worker's key into the record.
     void putIntoField(const QString& key) { field().setText(card::trimBlanks(key)); }
 
@@ -108,6 +110,13 @@ void WorkerPick::takeName() {
     showMeaning();
 }
 
+void WorkerPick::follow() {
+    const QString key = card::trimBlanks(field().text());
+    if (!key.isEmpty() && !codes().Recordset().Eof())
+        codes().Recordset().FindFirst(QStringLiteral("idkod =") + store::quoted(key));
+    showMeaning();
+}
+
 /// Examinations, changes, care and visits. Visits have no worker.
 class DatedKind : public RecordKind {
   public:
@@ -140,6 +149,11 @@ class DatedKind : public RecordKind {
     bool holds(int /*field*/) override {
         worker_->takeName();
         return worker_->lookUp();
+    }
+    /// A new record takes its worker from where the list of employees stands.
+    void wasFilled() override {
+        if (worker_)
+            worker_->follow();
     }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override {

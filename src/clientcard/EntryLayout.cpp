@@ -8,6 +8,9 @@
 #include "clientcard/ParentOptions.h"
 #include "clientcard/Pickers.h"
 #include "forms/DropDown.h"
+#include "forms/FlowLayout.h"
+#include "forms/Metrics.h"
+#include "forms/ScrollPage.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -35,13 +38,16 @@ struct Cell {
     int pairs = 1;
 };
 
-constexpr int codePickWidth = 254;
+/// The picker of a code shows so many characters.
+constexpr int leastOfCodePick = 16;
+constexpr int mostOfCodePick = 44;
 constexpr int impairmentCharacters = 2;
-constexpr int gap = 6;
-/// From the edge of a frame to what lies in it.
-constexpr int frameMargin = 10;
-/// Of a field with a picker.
-constexpr int rowHeight = 24;
+/// Of the width of the page: the longest meanings of codes are in the second column.
+constexpr int shareOfNames = 2;
+constexpr int shareOfCodes = 3;
+constexpr int sexPickCharacters = 5;
+/// Captions with more letters stand in two lines.
+constexpr int longCaption = 18;
 
 constexpr Cell basicCells[] = {
     {krz::meno, 0, 0, 20},     {krz::priezv, 0, 1, 30},  {krz::mienar, 1, 0, 30},
@@ -81,11 +87,18 @@ int widestCaption(std::span<const Cell> cells, int pair = 0) {
     int widest = 0;
     for (const Cell& cell : cells) {
         const EntryRow& row = entryTable()[std::size_t(cell.element)];
-        if (cell.pair == pair)
-            widest =
-                std::max(widest, QLabel(QString::fromUtf16(row.field.caption)).sizeHint().width());
+        const QString caption = QString::fromUtf16(row.field.caption);
+        if (cell.pair == pair && caption.size() <= longCaption)
+            widest = std::max(widest, QLabel(caption).sizeHint().width());
     }
     return widest;
+}
+
+/// The column of captions is as wide in all frames of a page, so that the fields stand in a line.
+void alignCaptions(QGridLayout& grid, std::span<const Cell> cells, int pair = 0, int column = 0) {
+    forms::fitToFont(*grid.parentWidget(), [&grid, cells, pair, column] {
+        grid.setColumnMinimumWidth(column, widestCaption(cells, pair));
+    });
 }
 
 class FrameMaker {
@@ -111,7 +124,7 @@ class FrameMaker {
 
     QWidget* pickOf(int element, const EntryRow& row) {
         if (element == krz::pohlav) {
-            controls_.cmbSex.setFixedWidth(46);
+            card::setWidth(controls_.cmbSex, sexPickCharacters);
             controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.field.caption));
             return &controls_.cmbSex;
         }
@@ -122,7 +135,7 @@ class FrameMaker {
         if (row.own == Own::NameLookUp)
             pick.showArrowOnly();
         else
-            pick.setFixedWidth(codePickWidth);
+            card::setRoom(pick, leastOfCodePick, mostOfCodePick);
         pick.setAccessibleName(QString::fromUtf16(row.field.caption));
         return &pick;
     }
@@ -152,13 +165,11 @@ void addOptions(QGridLayout& grid, const ParentOptions& options, int first, int 
     grid.addLayout(line, row, 1, 1, columns);
 }
 
-/// @param captions width of the captions above, so that all fields stand in a line
 QGridLayout& addImpairments(QGridLayout& grid, const ImpairmentFields& impairments, int row,
-                            ImpairmentFields::Shape shape, int captions) {
+                            ImpairmentFields::Shape shape) {
     auto* inner = new QGridLayout;
-    inner->setHorizontalSpacing(gap);
-    inner->setVerticalSpacing(4);
-    inner->setColumnMinimumWidth(0, captions);
+    inner->setHorizontalSpacing(forms::gap);
+    inner->setVerticalSpacing(forms::tightGap);
     impairments.layOut(*inner, shape);
     grid.addLayout(inner, row, 0, 1, 4);
     return *inner;
@@ -173,32 +184,40 @@ QGroupBox* makeParentFrame(const EntryControls& controls, const QString& title, 
     for (const int element : {krz::dominantM, krz::associatedM})
         card::setWidth(controls.fields.field(distance + element), impairmentCharacters);
     addOptions(maker.grid(), controls.options, firstOption, firstOption + 1, 1, 3);
-    const int captions = widestCaption(parentCells);
-    maker.grid().setColumnMinimumWidth(0, captions);
-    addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow, captions);
+    alignCaptions(maker.grid(), parentCells);
+    alignCaptions(addImpairments(maker.grid(), impairments, 13, ImpairmentFields::Shape::Narrow),
+                  parentCells);
     maker.grid().setColumnStretch(3, 1);
     return frame;
 }
 
-/// The two halves stand under the frames of the parents.
-void layOutRepresentative(const EntryControls& controls, QBoxLayout& line) {
-    line.setSpacing(2 * frameMargin + gap);
-    for (const std::span<const Cell> half :
-         {std::span<const Cell>(representativeCells), std::span<const Cell>(cellsBeside)}) {
-        FrameMaker maker(controls, line);
-        maker.place(half);
-        maker.grid().setColumnMinimumWidth(0, widestCaption(parentCells));
-        maker.grid().setColumnStretch(1, 1);
+/// One half of the representative's fields. They stand in a line with those of the other half.
+QGridLayout& makeHalf(const EntryControls& controls, std::span<const Cell> cells,
+                      forms::FlowLayout& halves) {
+    auto* half = new QVBoxLayout;
+    halves.addLayout(half);
+    FrameMaker maker(controls, *half);
+    half->addStretch();
+    maker.place(cells);
+    QGridLayout& grid = maker.grid();
+    alignCaptions(grid, parentCells);
+    grid.setColumnStretch(1, 1);
+    forms::fitToFont(*grid.parentWidget(), [&grid, &pick = controls.pickers.picker(0)] {
         for (int row = 0; row <= 4; ++row)
-            maker.grid().setRowMinimumHeight(row, rowHeight);
-        line.setStretch(line.count() - 1, 1);
-        line.setAlignment(&maker.grid(), Qt::AlignTop);
-        if (half.front().element == krz::kon_meno)
-            addOptions(maker.grid(), controls.options, 4, 6, 0, 1);
-        else
-            // An empty row has no spacing below it.
-            maker.grid().setRowMinimumHeight(0, rowHeight + maker.grid().verticalSpacing());
-    }
+            grid.setRowMinimumHeight(row, pick.sizeHint().height());
+    });
+    return grid;
+}
+
+QGroupBox* makeRepresentativeFrame(const EntryControls& controls, QWidget* parent) {
+    auto* frame = new QGroupBox(QStringLiteral("Zákonný zástupca"), parent);
+    frame->setObjectName(QStringLiteral("fraZast"));
+    auto* halves = new forms::FlowLayout(forms::FlowLayout::Fill::Share, frame);
+    addOptions(makeHalf(controls, representativeCells, *halves), controls.options, 4, 6, 0, 1);
+    QGridLayout& beside = makeHalf(controls, cellsBeside, *halves);
+    // An empty row has no spacing below it.
+    beside.setRowMinimumHeight(0, beside.rowMinimumHeight(0) + beside.verticalSpacing());
+    return frame;
 }
 
 /// Tab goes from one to the next; those without a place in the walk are not in the list.
@@ -253,47 +272,44 @@ QWidget* makeBasicPage(const EntryControls& controls, QWidget* parent) {
     auto* basic = makeFrame(QStringLiteral("Základné údaje"), QStringLiteral("fraZak"), page);
     FrameMaker maker(controls, lineOf(*basic));
     maker.place(basicCells);
-    maker.grid().setColumnStretch(3, 1);
-
     auto* impaired =
         makeFrame(QStringLiteral("Postihnutia klienta"), QStringLiteral("fraZiaPos"), page);
     for (const int element : {krz::dominantK, krz::associatedK})
         card::setWidth(controls.fields.field(element), impairmentCharacters);
-    addImpairments(FrameMaker(controls, lineOf(*impaired)).grid(), controls.client, 0,
-                   ImpairmentFields::Shape::Wide, widestCaption(basicCells))
-        .setColumnMinimumWidth(3, widestCaption(basicCells, 1));
-    maker.grid().setColumnMinimumWidth(1, controls.fields.field(krz::dominantK).width() + gap +
-                                              controls.client.dominantPick().width());
+    QGridLayout& impairments = addImpairments(FrameMaker(controls, lineOf(*impaired)).grid(),
+                                              controls.client, 0, ImpairmentFields::Shape::Wide);
+    alignCaptions(maker.grid(), basicCells);
+    alignCaptions(maker.grid(), basicCells, 1, 2);
+    alignCaptions(impairments, basicCells);
+    alignCaptions(impairments, basicCells, 1, 3);
+    for (QGridLayout* grid : {&maker.grid(), &impairments}) {
+        const int last = grid == &impairments ? 5 : 3;
+        grid->setColumnStretch(last / 2, shareOfNames);
+        grid->setColumnStretch(last, shareOfCodes);
+    }
 
     auto* lines = new QVBoxLayout(page);
     lines->setContentsMargins(0, 0, 0, 0);
-    lines->addWidget(basic);
-    lines->addWidget(impaired);
+    auto* frames = new forms::FlowLayout(forms::FlowLayout::Fill::Share);
+    lines->addLayout(frames);
+    for (QWidget* frame : {basic, impaired})
+        frames->addWidget(frame);
     lines->addWidget(&controls.fields.calendarNote());
     lines->addStretch();
     chainBasic(controls);
-    return page;
+    return new forms::ScrollPage(page, parent);
 }
 
 QWidget* makeParentsPage(const EntryControls& controls, QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* mother = makeParentFrame(controls, QStringLiteral("Matka"), QStringLiteral("Frame1"), 0,
-                                   0, controls.mother, page);
-    auto* father = makeParentFrame(controls, QStringLiteral("Otec"), QStringLiteral("Frame2"),
-                                   toFather, 2, controls.father, page);
-    auto* representative =
-        makeFrame(QStringLiteral("Zákonný zástupca"), QStringLiteral("fraZast"), page);
-    layOutRepresentative(controls, lineOf(*representative));
-
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->addWidget(mother, 0, 0);
-    grid->addWidget(father, 0, 1);
-    grid->addWidget(representative, 1, 0, 1, 2);
-    grid->setHorizontalSpacing(gap);
-    grid->setRowStretch(2, 1);
+    auto* frames = new forms::FlowLayout(forms::FlowLayout::Fill::Share, page);
+    frames->addWidget(makeParentFrame(controls, QStringLiteral("Matka"), QStringLiteral("Frame1"),
+                                      0, 0, controls.mother, page));
+    frames->addWidget(makeParentFrame(controls, QStringLiteral("Otec"), QStringLiteral("Frame2"),
+                                      toFather, 2, controls.father, page));
+    frames->addWidget(makeRepresentativeFrame(controls, page));
     chainParents(controls);
-    return page;
+    return new forms::ScrollPage(page, parent);
 }
 
 } // namespace clientcard

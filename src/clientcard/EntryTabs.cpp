@@ -45,7 +45,8 @@ class EntryTabs : public TabFamily, public KeyFields {
     KeyFields* keyFields() override { return this; }
     void focusElement(int element) override { fields_.field(element).setFocus(); }
     bool isChanged() const override;
-    std::function<void()> keepTyped() override;
+    forms::Words typedWords() const override;
+    void enterWords(const forms::Words& words) override;
 
     card::Names typed() const override {
         return {fields_.text(krz::priezv), fields_.text(krz::meno)};
@@ -58,6 +59,12 @@ class EntryTabs : public TabFamily, public KeyFields {
 
   private:
     store::Recordset& row() const { return frame_.data().datZaklad().Recordset(); }
+    bool isOpen() const {
+        return frame_.data().datZaklad().isOpen() && row().EditMode() != store::EditState::None;
+    }
+    static QString columnOf(std::size_t i) {
+        return QString::fromUtf16(impairmentColumns[i].column);
+    }
     ImpairmentFields makeImpairments(const ImpairmentColumn& of);
     void bindAll();
     void showRow();
@@ -137,26 +144,32 @@ void EntryTabs::tellMissing(const QString& message) {
 }
 
 bool EntryTabs::isChanged() const {
-    if (!frame_.data().datZaklad().isOpen() || row().EditMode() == store::EditState::None)
+    if (!isOpen())
         return false;
     const auto differs = [this](std::size_t i) {
         return impairments_[i].isPending() ||
                card::trimBlanks(impairments_[i].joined()) !=
-                   card::trimBlanks(row().Fields(impairmentColumns[i].column).Value().toText());
+                   card::trimBlanks(row().Fields(columnOf(i)).Value().toText());
     };
     return binding_.dataChanged() || options_.differ(row()) || differs(0) || differs(1) ||
            differs(2);
 }
 
-std::function<void()> EntryTabs::keepTyped() {
-    return [this, fields = binding_.keepTyped(), options = options_.keepChosen(),
-            codes = std::array{impairments_[0].joined(), impairments_[1].joined(),
-                               impairments_[2].joined()}] {
-        fields();
-        options();
-        for (std::size_t i = 0; i < codes.size(); ++i)
-            impairments_[i].show(codes[i]);
-    };
+forms::Words EntryTabs::typedWords() const {
+    forms::Words words = binding_.typed();
+    options_.addTyped(words);
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        impairments_[i].addTyped(words, columnOf(i));
+    return words;
+}
+
+void EntryTabs::enterWords(const forms::Words& words) {
+    binding_.enter(words);
+    options_.enter(words);
+    for (std::size_t i = 0; i < impairments_.size(); ++i)
+        impairments_[i].enter(words, columnOf(i));
+    if (isOpen())
+        pickers_.showMeanings();
 }
 
 } // namespace

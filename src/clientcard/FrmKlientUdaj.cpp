@@ -12,6 +12,8 @@
 #include "clientcard/TabList.h"
 #include "forms/Colours.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
+#include "forms/RichText.h"
 #include "validation/modKontrola.h"
 
 #include <QApplication>
@@ -31,11 +33,19 @@ std::size_t familyOfKind(TabKind kind) {
     return kind == TabKind::Memo ? 1 : 2;
 }
 
+/// As much of the window behind as leaves that to be seen.
+QSize windowSize(const QWidget* parent) {
+    constexpr QSize least(1240, 700);
+    constexpr QSize seenBehind(40, 60);
+    return parent != nullptr ? least.expandedTo(parent->window()->size() - seenBehind) : least;
+}
+
 } // namespace
 
 FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                              QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this),
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this),
+      words_(*this, engine, folder, QStringLiteral("k_zaklad")), guard_(this),
       pages_(new CardPages(this)) {
     setObjectName(QStringLiteral("frmKlientUdaj"));
     setWindowTitle(QStringLiteral("Údaje klienta") + card::trimBlanks(modKontrola::gMenoKlienta));
@@ -50,6 +60,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     input_.watch(*this);
     connect(&forms::ErrorRoute::of(*this), &forms::ErrorRoute::readFailed, this,
             &FrmKlientUdaj::closeUnread);
+    forms::openAs(*this, windowSize(parent));
     draft_->otvorKlienta();
     modKontrola::gZVyberu = false;
     if (modKontrola::gAkcia != 2)
@@ -57,6 +68,7 @@ FrmKlientUdaj::FrmKlientUdaj(store::DBEngine& engine, const store::ProgramFolder
     else if (data_.datMemo().Recordset().Eof())
         // The rest can be edited without this row.
         actions_.perform([this] { data_.datMemo().Recordset().Edit(); });
+    beginWords();
 }
 
 /// What is still open is dropped: the user has not said that it is to be written.
@@ -71,6 +83,12 @@ void FrmKlientUdaj::makePages() {
     entry_ = families_.front().get();
     cycle_.emplace(data_, *entry_->keyFields());
     draft_.emplace(data_, families_, *cycle_, actions_);
+    words_.add({.tables = {QStringLiteral("k_zaklad"), QStringLiteral("k_memo")},
+                .typed = [this] { return draft_->typedWords(); },
+                .enter =
+                    [this](const words::Kept& kept) {
+                        draft_->enterWords(kept.words);
+                    }});
     for (const TabRow& row : tabTable())
         pages_->add(*families_[familyOfKind(row.kind)]);
     connect(pages_, &CardPages::turned, this,
@@ -83,10 +101,23 @@ void FrmKlientUdaj::makePages() {
     }
 }
 
+void FrmKlientUdaj::beginWords() {
+    const bool isNew = draft_->isNew();
+    const card::Names names = entry_->keyFields()->typed();
+    words_.begin(isNew ? QString() : modKontrola::gIdKod,
+                 isNew ? QStringLiteral("nový klient")
+                       : (names.firstName + u' ' + names.surname).simplified());
+}
+
 void FrmKlientUdaj::setPrinting(Print tab, Print card) {
     printTab_ = std::move(tab);
     printCard_ = std::move(card);
     foot_->setPrints(printTab_ != nullptr);
+}
+
+void FrmKlientUdaj::setSpelling(spelling::Speller& speller) {
+    for (auto* text : findChildren<forms::RichText*>())
+        text->setSpelling(speller);
 }
 
 void FrmKlientUdaj::zamkniZalozky() {
@@ -120,17 +151,20 @@ void FrmKlientUdaj::beginEdit(int tab, QAbstractButton& storno) {
     pages_->setReachable(tab, true);
     foot_->giveWayTo(storno);
     showKeys(tab);
+    words_.setRecordOpen(true);
 }
 
 void FrmKlientUdaj::endEdit() {
     pages_->enable(0, true);
     foot_->comeBack();
     showKeys(pages_->current());
+    words_.setRecordOpen(false);
 }
 
 /// What an action has to tell is told before the card ends.
 void FrmKlientUdaj::act(CardFoot::Button button) {
     End end;
+    words_.keep();
     const bool isDone = actions_.perform([&] { end = press(button); });
     // Nothing is lost with a card that can be read no longer and holds nothing of its own.
     if (!isDone && draft_->isOwed() && !input_.isNoted())
@@ -196,6 +230,7 @@ void FrmKlientUdaj::cmdZaklUdClick() {
         return;
     pages_->enable(1, true);
     foot_->button(CardFoot::cmdZaklUd).hide();
+    beginWords();
 }
 
 void FrmKlientUdaj::cmdZakZapClick() {
@@ -203,11 +238,13 @@ void FrmKlientUdaj::cmdZakZapClick() {
         return;
     pages_->enable(1, true);
     foot_->button(CardFoot::cmdZakZap).hide();
+    beginWords();
 }
 
 FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
     if (!isSaved(draft_->saveAndLeave(), true))
         return {};
+    words_.written();
     modKontrola::gAkcia = 0;
     return Accepted;
 }
@@ -215,12 +252,14 @@ FrmKlientUdaj::End FrmKlientUdaj::CmdZapClick() {
 void FrmKlientUdaj::cmdZapNewClick() {
     if (!isSaved(draft_->saveForNext(), true))
         return;
+    beginWords();
     zamkniZalozky();
     goToStart();
 }
 
 /// Reads nothing, so that a card closes whose file has gone.
 FrmKlientUdaj::End FrmKlientUdaj::cmdStornoClick() {
+    words_.dropped();
     draft_->drop();
     modKontrola::gAkcia = 0;
     return Rejected;
@@ -278,7 +317,7 @@ bool FrmKlientUdaj::endsByFrame() {
         if (draft_->isNew())
             ends = mayDrop();
         else if (forms::moveFocus(&pages_->list()))
-            ends = !draft_->isChanged() || isSaved(draft_->saveAndLeave(), true);
+            ends = !draft_->isChanged() || CmdZapClick();
     });
     if (ends)
         cmdStornoClick();

@@ -8,11 +8,16 @@
 #include "clientcard/SaveCycle.h"
 #include "clientcard/TabFamily.h"
 #include "forms/FocusGuard.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
 
 #include <functional>
 #include <optional>
+
+namespace spelling {
+class Speller;
+}
 
 namespace clientcard {
 
@@ -42,6 +47,8 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     using Print = std::function<void(const Shown&)>;
     /// What the buttons "Tlač záložku" and "Tlač kartu" do; without it they are disabled.
     void setPrinting(Print tab, Print card);
+    /// Spelling is checked in the long texts. @param speller must outlive the card
+    void setSpelling(spelling::Speller& speller);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -56,11 +63,13 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     forms::FocusGuard& guard() override { return guard_; }
     SaveCycle& cycle() override { return *cycle_; }
     card::Actions& actions() override { return actions_; }
+    words::Keeper& words() override { return words_; }
     void turnTo(int tab) override;
     void beginEdit(int tab, QAbstractButton& storno) override;
     void endEdit() override;
 
     void makePages();
+    void beginWords();
     void zamkniZalozky();
     void zalozkaKlik(int tab);
     void showKeys(int tab);
@@ -84,6 +93,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
     // The tabs are told of events by the guard, and bound to the data.
     CardData data_;
     card::Actions actions_;
+    words::Keeper words_;
     TabFamilies families_;
     forms::FocusGuard guard_;
     CardPages* pages_;

@@ -6,6 +6,7 @@
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
+#include "forms/Metrics.h"
 #include "validation/Validators.h"
 
 #include <QGridLayout>
@@ -19,30 +20,31 @@ namespace clientcard {
 namespace {
 
 constexpr int impairmentListWidth = 240;
-/// Room for the longest impairment.
-constexpr int pickWidth = 276;
+/// Letters of the shortest field for an impairment, and of the longest impairment.
+constexpr int leastOfImpairment = 18;
+constexpr int mostOfImpairment = 40;
 
 // The father's field looks for a blank as well, which no key can type there.
 constexpr std::array<ImpairmentTraits, 4> traitsTable = {{
     {Person::Client, u"textPosK", u"cmbPos", 2, 0, u"Výber domin. postihnutia",
-     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, false,
-     u'0'},
+     u"Výber pridruž. postihnutia", u"Postihnutia", u"výber z číselnika", false, false, false, u'0',
+     u"Postihnutia"},
     {Person::Mother, u"textPosM", u"cmbPos", 1, 1, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
-     u' '},
+     u' ', u"Postihnutia matky"},
     {Person::Father, u"textPosO", u"cmbPos", 0, 2, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia", u"výber z postihnutí", false, false, false,
-     u' '},
+     u' ', u"Postihnutia otca"},
     {Person::Sibling, u"textPosS", u"cmbSur", 1, 3, u"Výber dominantného postihnutia",
      u"Výber pridruženého postihnutia", u"Postihnutia súrodenca", u"výber z postihnutí", true, true,
-     true, u'0'},
+     true, u'0', u"Postihnutia súrodenca"},
 }};
 
 forms::DropDown* makePick(QWidget* parent, const ImpairmentTraits& traits) {
     auto* pick = new forms::DropDown(parent);
     pick->setToolTip(QString::fromUtf16(traits.toolTip));
     pick->setDroppedWidth(impairmentListWidth);
-    pick->setFixedWidth(pickWidth);
+    card::setRoom(*pick, leastOfImpairment, mostOfImpairment);
     return pick;
 }
 
@@ -89,7 +91,7 @@ ImpairmentFields::ImpairmentFields(const ImpairmentTraits& traits, forms::EntryF
         slots_[i]->setReadOnly(true);
         slots_[i]->setFocusPolicy(Qt::NoFocus);
         slots_[i]->setAlignment(Qt::AlignCenter);
-        slots_[i]->setFixedWidth(24);
+        card::setWidth(*slots_[i], 1);
         setGround(*slots_[i], forms::screenColour.lighter(104));
     }
     if (traits.hidesPicks) {
@@ -106,34 +108,68 @@ void ImpairmentFields::layOut(QGridLayout& grid, Shape shape) const {
         grid.addWidget(caption, row, column + 2);
         grid.addWidget(captionOf(&field, label), row + 1, column, Qt::AlignRight);
         grid.addWidget(&field, row + 1, column + 1);
-        grid.addWidget(pick, row + 1, column + 2);
+        auto* room = new QHBoxLayout;
+        room->addWidget(pick, 1);
+        room->addStretch();
+        grid.addLayout(room, row + 1, column + 2);
     };
     const bool wide = shape == Shape::Wide;
     place(dominant_, dominantPick_, dominantCaption_, QStringLiteral("Dominantné"), 0, 0);
     place(associated_, associatedPick_, associatedCaption_, QStringLiteral("Pridružené"),
           wide ? 0 : 2, wide ? 3 : 0);
     auto* line = new QHBoxLayout;
-    line->setSpacing(2);
+    line->setSpacing(forms::tightGap);
     for (forms::EntryField* slot : slots_)
         line->addWidget(slot);
     line->addStretch();
     grid.addWidget(captionOf(slots_[0], QString::fromUtf16(traits_.slotsCaption)), 4, 0,
                    Qt::AlignRight);
     grid.addLayout(line, 4, 1, 1, wide ? 5 : 2);
-    grid.setColumnStretch(6, 1);
+    grid.setColumnStretch(2, 1);
+    if (wide)
+        grid.setColumnStretch(5, 1);
 }
 
 void ImpairmentFields::show(const QString& stored) {
-    state_.read(stored);
+    stored_ = stored;
+    showCodes(stored);
+}
+
+void ImpairmentFields::showCodes(const QString& codes) {
+    state_.read(codes);
     showSlots();
     dominantPick_->setPick(-1);
     for (forms::EntryField* field : {&dominant_, &associated_})
         field->showBound(QString());
-    enableAssociated(hasImpairment(stored));
+    enableAssociated(hasImpairment(codes));
 }
 
 bool ImpairmentFields::isPending() const {
     return !dominant_.text().isEmpty() || !associated_.text().isEmpty();
+}
+
+void ImpairmentFields::addTyped(forms::Words& words, const QString& column) const {
+    if (card::trimBlanks(joined()) != card::trimBlanks(stored_))
+        words.push_back({.field = column,
+                         .column = column,
+                         .text = joined(),
+                         .caption = QString::fromUtf16(traits_.wordsCaption)});
+    for (const forms::EntryField* field : {&dominant_, &associated_}) {
+        if (!field->text().isEmpty())
+            words.push_back({.field = field->objectName(), .column = {}, .text = field->text()});
+    }
+}
+
+void ImpairmentFields::enter(const forms::Words& words, const QString& column) {
+    const auto ifTyped = [&](const QString& field, const auto& enter) {
+        const auto word = std::ranges::find(words, field, &forms::Word::field);
+        if (word != words.end())
+            enter(word->text);
+    };
+    // This clears the fields beside them.
+    ifTyped(column, [this](const QString& codes) { showCodes(codes); });
+    for (forms::EntryField* field : {&dominant_, &associated_})
+        ifTyped(field->objectName(), [field](const QString& code) { field->setText(code); });
 }
 
 void ImpairmentFields::showSlots() {

@@ -2,6 +2,7 @@
 
 #include "clientcard/Impairments.h"
 #include "forms/FieldEvents.h"
+#include "forms/Words.h"
 
 #include <QString>
 
@@ -40,6 +41,8 @@ struct ImpairmentTraits {
     bool zeroClears;
     /// What, typed into the associated field, clears the associated codes.
     char16_t clearing;
+    /// What the codes are called outside their frame.
+    const char16_t* wordsCaption;
 };
 
 /// Client, mother, father and sibling.
@@ -64,6 +67,12 @@ class ImpairmentFields : public forms::FieldEvents {
     /// (`nastavPristup`).
     void show(const QString& stored);
     QString joined() const { return state_.joined(); }
+    /// What is entered, by the names of its fields: the codes when they are not those last shown,
+    /// and what isPending(). Reads nothing.
+    /// @param column the one that takes the codes
+    void addTyped(forms::Words& words, const QString& column) const;
+    /// Puts it into the fields again.
+    void enter(const forms::Words& words, const QString& column);
     /// A digit stands in one of the two fields.
     bool isPending() const;
 
@@ -83,6 +92,7 @@ class ImpairmentFields : public forms::FieldEvents {
     forms::DropDown& associatedPick() const { return *associatedPick_; }
 
   private:
+    void showCodes(const QString& codes);
     void nastavDominantne(int code);
     void takePick(const forms::Control& control);
     void pickDominant(int row);
@@ -100,6 +110,7 @@ class ImpairmentFields : public forms::FieldEvents {
     QLabel* associatedCaption_;
     bool isOpen_ = true;
     bool isImpaired_ = false;
+    QString stored_;
     std::array<forms::EntryField*, 9> slots_{};
     Impairments state_;
 };

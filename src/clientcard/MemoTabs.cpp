@@ -25,7 +25,8 @@ class MemoTabs : public TabFamily {
     QWidget* makePage(int tab, QWidget* parent) override;
     void turnedTo(int tab) override { fields_.at(tab)->setFocus(); }
     bool isChanged() const override { return binding_.dataChanged(); }
-    std::function<void()> keepTyped() override { return binding_.keepTyped(); }
+    forms::Words typedWords() const override { return binding_.typed(); }
+    void enterWords(const forms::Words& words) override { binding_.enter(words); }
 
   private:
     void enableByRow();

@@ -8,8 +8,6 @@
 #include <QRadioButton>
 
 #include <algorithm>
-#include <iterator>
-#include <vector>
 
 namespace clientcard {
 
@@ -18,16 +16,20 @@ namespace {
 struct OptionRow {
     const char16_t* caption;
     int group;
+    /// What the choice is called outside its group, and what its column holds then.
+    const char16_t* meaning;
+    const char16_t* column;
+    const char16_t* stored;
 };
 
 constexpr std::array<OptionRow, ParentOptions::count> optionTable = {{
-    {u"vlastná", 0},
-    {u"nevlastná", 0},
-    {u"vlastný", 1},
-    {u"nevlastný", 1},
-    {u"matka", 2},
-    {u"otec", 2},
-    {u"iný", 2},
+    {u"vlastná", 0, u"Vlastná matka", u"matvla", u"áno"},
+    {u"nevlastná", 0, u"Vlastná matka", u"matvla", u"nie"},
+    {u"vlastný", 1, u"Vlastný otec", u"otevla", u"áno"},
+    {u"nevlastný", 1, u"Vlastný otec", u"otevla", u"nie"},
+    {u"matka", 2, u"Zákonný zástupca", u"", u"matka"},
+    {u"otec", 2, u"Zákonný zástupca", u"", u"otec"},
+    {u"iný", 2, u"Zákonný zástupca", u"", u"iný"},
 }};
 
 constexpr int ownMother = 0;
@@ -93,15 +95,26 @@ void ParentOptions::nastavVolby(store::Recordset& client) {
         option(fromFather)->setChecked(true);
     else
         forgetRepresentative();
+    std::ranges::transform(options_, before_.begin(), &QRadioButton::isChecked);
 }
 
-std::function<void()> ParentOptions::keepChosen() const {
-    std::vector<QRadioButton*> chosen;
-    std::ranges::copy_if(options_, std::back_inserter(chosen), &QRadioButton::isChecked);
-    return [chosen = std::move(chosen)] {
-        for (QRadioButton* option : chosen)
+void ParentOptions::addTyped(forms::Words& words) const {
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+        if (!options_[i]->isChecked() || before_[i])
+            continue;
+        const OptionRow& row = optionTable[i];
+        words.push_back({.field = options_[i]->objectName(),
+                         .column = QString::fromUtf16(row.column),
+                         .text = QString::fromUtf16(row.stored),
+                         .caption = QString::fromUtf16(row.meaning)});
+    }
+}
+
+void ParentOptions::enter(const forms::Words& words) {
+    for (QRadioButton* option : options_) {
+        if (std::ranges::find(words, option->objectName(), &forms::Word::field) != words.end())
             option->setChecked(true);
-    };
+    }
 }
 
 void ParentOptions::forgetRepresentative() {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "forms/Words.h"
+
 #include <array>
-#include <functional>
 
 class QRadioButton;
 class QWidget;
@@ -29,8 +30,10 @@ class ParentOptions {
     /// Puts the flags into the open row. @throws store::EngineError
     void put(store::Recordset& client) const;
 
-    /// Remembers what is chosen; calling the result chooses it again, and copies nothing.
-    std::function<void()> keepChosen() const;
+    /// What is chosen and was not by nastavVolby().
+    void addTyped(forms::Words& words) const;
+    /// Chooses it, and copies nothing.
+    void enter(const forms::Words& words);
     /// The flags are not those of the row. @throws store::EngineError
     bool differ(store::Recordset& client) const;
 
@@ -40,6 +43,7 @@ class ParentOptions {
 
     EntryFields& fields_;
     std::array<QRadioButton*, count> options_{};
+    std::array<bool, count> before_{};
 };
 
 } // namespace clientcard

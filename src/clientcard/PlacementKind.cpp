@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
+#include <algorithm>
 #include <array>
 
 namespace clientcard {
@@ -75,6 +76,9 @@ class PlacementKind : public RecordKind {
     void setEditing(bool editing) override { Frame4_->setVisible(!editing); }
     void rowShown(store::Recordset& /*rows*/) override { facility_.showMeaning(); }
     bool holds(int /*field*/) override { return facility_.lookUp(); }
+    forms::Words begunAmong() const override;
+    void showAmong(const forms::Words& words) override;
+    void wasFilled() override { facility_.showMeaning(); }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override { return placementsOf(key, akronym()); }
 
@@ -122,6 +126,22 @@ void PlacementKind::showView() {
     source_.setRecordSource(placementsOf(modKontrola::gIdKod, akronym()));
     source_.Refresh();
     browse_();
+}
+
+forms::Words PlacementKind::begunAmong() const {
+    return {{.field = Frame4_->objectName(),
+             .column = QStringLiteral("akronym"),
+             .text = akronym().toString(),
+             .caption = QStringLiteral("Druh zariadenia")}};
+}
+
+void PlacementKind::showAmong(const forms::Words& words) {
+    const auto word = std::ranges::find(words, Frame4_->objectName(), &forms::Word::field);
+    if (word == words.end() || word->text == akronym())
+        return;
+    const auto view = std::ranges::find(views, word->text, &View::akronym);
+    options_[std::size_t(view == views.end() ? 0 : view - views.begin())]->setChecked(true);
+    showView();
 }
 
 /// A date that is left empty is Null; the binding gives a date column nothing else for it.

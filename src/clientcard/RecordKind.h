@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clientcard/RecordTable.h"
+#include "forms/Words.h"
 
 #include <QString>
 
@@ -63,11 +64,16 @@ class RecordKind {
     virtual void leftUnchecked(int /*field*/) {}
     /// Checks a field whose check is the kind's own. @return true to keep the focus
     virtual bool holds(int /*field*/) { return false; }
-    /// Remembers what no field is bound to; calling the result shows it again.
-    virtual std::function<void()> keepTyped() {
-        return [] {
-        };
-    }
+    /// What is entered that no field is bound to.
+    virtual forms::Words typedWords() const { return {}; }
+    /// Shows it again in the open record.
+    virtual void enterWords(const forms::Words& /*words*/) {}
+    /// What tells among which records a new one was begun.
+    virtual forms::Words begunAmong() const { return {}; }
+    /// Shows those records.
+    virtual void showAmong(const forms::Words& /*words*/) {}
+    /// The open record was filled with words that had been kept, as if each field had been left.
+    virtual void wasFilled() {}
     /// Puts what no field is bound to into the open record. @throws store::EngineError
     virtual void complete(store::Recordset& /*rows*/) {}
     /// Where the client's records are read from after a new one was written.

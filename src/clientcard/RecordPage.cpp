@@ -5,14 +5,20 @@
 #include "clientcard/RecordKind.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "forms/FlowLayout.h"
+#include "forms/Metrics.h"
 #include "forms/RichText.h"
 #include "forms/RowList.h"
+#include "forms/ScrollPage.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace clientcard {
 
@@ -26,7 +32,7 @@ QLabel* labelOf(QWidget& control, const char16_t* text) {
 
 QVBoxLayout* layOutList(const RecordControls& controls) {
     auto* column = new QVBoxLayout;
-    column->setSpacing(4);
+    column->setSpacing(forms::tightGap);
     column->addWidget(labelOf(controls.list, controls.row.listLabel));
     column->addWidget(&controls.list, 1);
     card::setWidth(controls.list, controls.row.listCharacters);
@@ -72,17 +78,20 @@ QGroupBox* makeFrame(const RecordControls& controls, QWidget* parent) {
 }
 
 /// What opens or deletes a record, and apart from it what ends its edit.
-QHBoxLayout* layOutButtons(const RecordControls& controls) {
+QLayout* layOutButtons(const RecordControls& controls) {
     constexpr std::size_t opening = 3;
-    auto* line = new QHBoxLayout;
+    constexpr int apart = 3 * forms::gap;
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::Left);
+    line->setSpacing(apart);
+    QHBoxLayout* group = nullptr;
     for (std::size_t i = 0; i < controls.buttons.size(); ++i) {
-        QPushButton* button = controls.buttons[i];
-        button->setMinimumSize(button->sizeHint() + QSize(16, 4));
-        if (i == opening)
-            line->addSpacing(20);
-        line->addWidget(button);
+        if (i % opening == 0) {
+            group = new QHBoxLayout;
+            group->setSpacing(forms::gap);
+            line->addLayout(group);
+        }
+        group->addWidget(controls.buttons[i]);
     }
-    line->addStretch();
     return line;
 }
 
@@ -90,7 +99,7 @@ QHBoxLayout* layOutButtons(const RecordControls& controls) {
 void chain(const RecordControls& controls) {
     std::vector<QWidget*> order{&controls.list};
     if (controls.richText != nullptr)
-        order.push_back(&controls.richText->editor());
+        std::ranges::copy(controls.richText->tabStops(), std::back_inserter(order));
     for (std::size_t i = 0; i < controls.fields.size(); ++i) {
         order.push_back(controls.fields[i]);
         if (QWidget* pick = controls.kind.pickOf(int(i)))
@@ -111,10 +120,14 @@ QWidget* makeRecordPage(const RecordControls& controls, QWidget* parent) {
     auto* columns = new QHBoxLayout;
     columns->addLayout(layOutList(controls));
     auto* record = new QVBoxLayout;
-    record->addWidget(makeFrame(controls, page), controls.richText != nullptr ? 1 : 0);
+    const bool hasText = controls.richText != nullptr;
+    auto* scrolled = new forms::ScrollPage(makeFrame(controls, page), page);
+    if (!hasText)
+        scrolled->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    record->addWidget(scrolled, 1);
     record->addLayout(layOutButtons(controls));
-    if (controls.richText == nullptr)
-        record->addStretch(1);
+    if (!hasText)
+        record->addStretch();
     columns->addLayout(record, 1);
     lines->addLayout(columns, 1);
     chain(controls);

@@ -14,6 +14,7 @@
 #include "forms/RichText.h"
 #include "forms/RowList.h"
 #include "validation/modKontrola.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -44,6 +45,7 @@ RecordTab::RecordTab(CardFrame& frame, int tab)
     makeList();
     makeRichText();
     makeButtons();
+    keepWords();
 }
 
 /// A record that is still open is dropped: it has no client yet, or the user has not said that it
@@ -202,6 +204,7 @@ void RecordTab::click(const forms::Control& control, forms::Area /*area*/) {
 }
 
 void RecordTab::act(Button button) {
+    frame_.words().keep();
     frame_.actions().perform([&] { press(button); });
     frame_.actions().perform([this] { closeLostRecord(); });
 }
@@ -255,6 +258,7 @@ void RecordTab::oprava() {
 }
 
 void RecordTab::storno() {
+    frame_.words().dropped(row_.tab);
     draft_.forget();
     if (source_.isOpen())
         records().CancelUpdate();
@@ -278,11 +282,82 @@ bool RecordTab::zapis() {
             writeNew();
     };
     frame_.actions().write(write, [this] { draft_.resume(); });
+    frame_.words().written(row_.tab);
     return true;
 }
 
 card::Draft::Typed RecordTab::typed() {
-    return {binding_->keepTyped(), kind_->keepTyped()};
+    return {[this, words = typedWords()] {
+        enterWords(words);
+    }};
+}
+
+forms::Words RecordTab::typedWords() const {
+    const bool isOpen =
+        draft_.isOwed() || (source_.isOpen() && records().EditMode() != store::EditState::None);
+    if (!isOpen || !binding_)
+        return {};
+    forms::Words words = binding_->typed();
+    const forms::Words unbound = kind_->typedWords();
+    words.insert(words.end(), unbound.begin(), unbound.end());
+    return words;
+}
+
+void RecordTab::enterWords(const forms::Words& words) {
+    binding_->enter(words);
+    kind_->enterWords(words);
+}
+
+void RecordTab::keepWords() {
+    frame_.words().add({.part = row_.tab,
+                        .title = QString::fromUtf16(tabTable()[std::size_t(row_.tab)].caption),
+                        .tables = {QString::fromUtf16(row_.table)},
+                        .typed =
+                            [this] {
+                                forms::Words words = typedWords();
+                                const forms::Words among = kind_->begunAmong();
+                                if (!words.empty())
+                                    words.insert(words.end(), among.begin(), among.end());
+                                return words;
+                            },
+                        .basis = [this] { return openedRow(); },
+                        .enter =
+                            [this](const words::Kept& kept) {
+                                openAnew(kept);
+                            }});
+}
+
+/// Empty for a new one.
+QByteArray RecordTab::openedRow() const {
+    return records().EditMode() == store::EditState::Add
+               ? QByteArray()
+               : words::printOf(records(), QString::fromUtf16(row_.table));
+}
+
+bool RecordTab::goToRow(const QByteArray& print) {
+    const auto rows = records().Clone();
+    if (hasRows())
+        rows->MoveFirst();
+    for (; hasRows() && !rows->Eof(); rows->MoveNext()) {
+        if (words::printOf(*rows, QString::fromUtf16(row_.table)) != print)
+            continue;
+        records().setBookmark(rows->Bookmark());
+        return true;
+    }
+    return false;
+}
+
+/// Opens the record that words were typed into, as its buttons do, and puts them in.
+void RecordTab::openAnew(const words::Kept& kept) {
+    frame_.turnTo(row_.tab);
+    if (!binding_)
+        return;
+    kind_->showAmong(kept.words);
+    if (!kept.basis.isEmpty() && !goToRow(kept.basis))
+        return;
+    kept.basis.isEmpty() ? novy() : oprava();
+    enterWords(kept.words);
+    kind_->wasFilled();
 }
 
 bool RecordTab::isComplete() {

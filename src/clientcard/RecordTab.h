@@ -20,6 +20,10 @@ class RichText;
 class RowList;
 } // namespace forms
 
+namespace words {
+struct Kept;
+}
+
 namespace clientcard {
 
 class CardFrame;
@@ -75,6 +79,12 @@ class RecordTab : public forms::FieldEvents {
     void writeEdited();
     void writeNew();
     card::Draft::Typed typed();
+    forms::Words typedWords() const;
+    void enterWords(const forms::Words& words);
+    void keepWords();
+    QByteArray openedRow() const;
+    bool goToRow(const QByteArray& print);
+    void openAnew(const words::Kept& kept);
     QString question() const;
     void showBrowsing();
 

@@ -7,6 +7,7 @@
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
 #include "store/EngineError.h"
 #include "store/Recordset.h"
 
@@ -18,7 +19,8 @@ namespace clientcard {
 
 namespace {
 
-constexpr int sexPickWidth = 46;
+constexpr int sexPickCharacters = 5;
+const QString codesColumn = QStringLiteral("postih");
 
 /// Siblings. Their picks are hidden, not merely disabled, while no record is open.
 class SiblingKind : public RecordKind {
@@ -32,11 +34,8 @@ class SiblingKind : public RecordKind {
     void rowShown(store::Recordset& rows) override;
     void leftUnchecked(int field) override;
     bool holds(int field) override;
-    std::function<void()> keepTyped() override {
-        return [this, codes = impairments_.joined()] {
-            impairments_.show(codes);
-        };
-    }
+    forms::Words typedWords() const override;
+    void enterWords(const forms::Words& words) override { impairments_.enter(words, codesColumn); }
     void complete(store::Recordset& rows) override;
     QString recordSource(const QString& key) const override { return siblingsOf(key); }
 
@@ -52,7 +51,7 @@ SiblingKind::SiblingKind(const RecordParts& parts)
                QStringLiteral("výber pohlavia"), parts.workshop),
       impairments_(impairmentTraits(Person::Sibling), *fields_[sibling::dominant],
                    *fields_[sibling::associated], parts.workshop, parts.frame.guard()) {
-    sexPick_.pick().setFixedWidth(sexPickWidth);
+    card::setWidth(sexPick_.pick(), sexPickCharacters);
     card::keepPlace(sexPick_.pick());
     sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
     for (const int field : {sibling::dominant, sibling::associated})
@@ -76,9 +75,8 @@ void SiblingKind::layOutBelow(QBoxLayout& frame) {
     auto* Frame9 = new QGroupBox(QStringLiteral("Postihnutia"));
     Frame9->setObjectName(QStringLiteral("Frame9"));
     auto* grid = new QGridLayout(Frame9);
-    grid->setContentsMargins(8, 6, 8, 6);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
+    grid->setHorizontalSpacing(forms::gap);
+    grid->setVerticalSpacing(forms::tightGap);
     impairments_.layOut(*grid, ImpairmentFields::Shape::Narrow);
     frame.addWidget(Frame9);
 }
@@ -104,6 +102,12 @@ QString storedImpairments(store::Recordset& rows) {
 void SiblingKind::rowShown(store::Recordset& rows) {
     impairments_.show(storedImpairments(rows));
     sexPick_.pick().setPick(-1);
+}
+
+forms::Words SiblingKind::typedWords() const {
+    forms::Words words;
+    impairments_.addTyped(words, codesColumn);
+    return words;
 }
 
 void SiblingKind::leftUnchecked(int field) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "forms/Words.h"
 
 class QAbstractButton;
 class QDialog;
@@ -12,6 +12,10 @@ class Actions;
 
 namespace forms {
 class FocusGuard;
+}
+
+namespace words {
+class Keeper;
 }
 
 namespace clientcard {
@@ -31,6 +35,8 @@ class CardFrame {
 
     /// What runs the actions of the card's user.
     virtual card::Actions& actions() = 0;
+    /// Keeps what is typed on the card.
+    virtual words::Keeper& words() = 0;
     /// Turns to a tab as a click on it does.
     virtual void turnTo(int tab) = 0;
     /// A record of the tab goes into edit: all that is outside the tab is disabled, Esc is its
@@ -55,12 +61,10 @@ class TabFamily {
     virtual void focusElement(int /*element*/) {}
     /// Something was typed or picked that is not written yet.
     virtual bool isChanged() const { return false; }
-    /// Remembers what isChanged(). Calling the result puts it into the fields of the rows that are
-    /// open then.
-    virtual std::function<void()> keepTyped() {
-        return [] {
-        };
-    }
+    /// What was typed or picked that is not written yet.
+    virtual forms::Words typedWords() const { return {}; }
+    /// Puts it into the fields of the rows that are open, as if it had been typed.
+    virtual void enterWords(const forms::Words& /*words*/) {}
 };
 
 } // namespace clientcard

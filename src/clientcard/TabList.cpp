@@ -1,6 +1,7 @@
 #include "clientcard/TabList.h"
 
 #include "forms/FocusGuard.h"
+#include "forms/Metrics.h"
 
 #include <QMouseEvent>
 
@@ -8,6 +9,7 @@ namespace clientcard {
 
 namespace {
 
+constexpr int captionPadding = 7;
 constexpr Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 
 } // namespace
@@ -15,13 +17,18 @@ constexpr Qt::ItemFlags reach = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 TabList::TabList(QWidget* parent) : QListWidget(parent) {
     setAccessibleName(QStringLiteral("Záložky"));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A click takes the focus only when it hits a tab that can be turned to.
     setFocusPolicy(Qt::TabFocus);
 }
 
-void TabList::fitWidth() {
-    setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+void TabList::fitToCaptions() {
+    forms::fitToFont(*this, [this] {
+        for (int tab = 0; tab < count(); ++tab)
+            item(tab)->setSizeHint(
+                {fontMetrics().horizontalAdvance(item(tab)->text()) + 2 * forms::gap + 2,
+                 fontMetrics().height() + 2 * captionPadding});
+        setFixedWidth(sizeHintForColumn(0) + 2 * frameWidth());
+    });
 }
 
 bool TabList::isReachable(int tab) const {

@@ -11,8 +11,8 @@ class TabList : public QListWidget {
   public:
     explicit TabList(QWidget* parent);
 
-    /// Makes the list as wide as its captions.
-    void fitWidth();
+    /// Makes the list as wide as its captions, with any font.
+    void fitToCaptions();
     bool isReachable(int tab) const;
     void setReachable(int tab, bool reachable);
     /// The next tab in a direction that is reachable, -1 when there is none.

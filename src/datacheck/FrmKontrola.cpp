@@ -4,6 +4,7 @@
 #include "datacheck/Mends.h"
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "store/EngineError.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
@@ -16,7 +17,6 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -26,10 +26,8 @@ namespace datacheck {
 namespace {
 
 constexpr QSize startSize(1000, 600);
-/// What a window manager may put around a window.
-constexpr QSize decoration(8, 40);
 constexpr int rowsShown = 200;
-constexpr int recordsHeight = 120;
+constexpr int recordLines = 8;
 
 /// What is offered for a finding: in its line, and on the button.
 struct RemedyWords {
@@ -75,7 +73,8 @@ QPlainTextEdit* newRecordView() {
     view->setAccessibleName(QStringLiteral("Záznamy"));
     view->setReadOnly(true);
     view->setTabChangesFocus(true);
-    view->setMaximumHeight(recordsHeight);
+    forms::fitToFont(*view,
+                     [view] { view->setMaximumHeight(forms::linesHigh(*view, recordLines)); });
     return view;
 }
 
@@ -97,7 +96,7 @@ FrmKontrola::FrmKontrola(store::DBEngine& engine, const store::ProgramFolder& fo
     setObjectName(QStringLiteral("FrmKontrola"));
     setWindowTitle(QStringLiteral("Kontrola údajov"));
     forms::ErrorRoute::of(*this).undoIn(engine_);
-    resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    forms::openAs(*this, startSize);
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setWordWrap(true);
     lblSubor_->setObjectName(QStringLiteral("lblSubor"));

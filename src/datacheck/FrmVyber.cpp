@@ -1,6 +1,7 @@
 #include "datacheck/FrmVyber.h"
 
 #include "forms/ErrorRoute.h"
+#include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "store/Sql.h"
 
@@ -43,7 +44,7 @@ FrmVyber::FrmVyber(Who who, const QString& purpose, store::DBEngine& engine,
     const Choice& choice = choices[static_cast<int>(who)];
     setObjectName(QStringLiteral("FrmVyber"));
     setWindowTitle(QString::fromUtf16(choice.title));
-    resize(pickSize);
+    forms::openAs(*this, pickSize);
     source_.setDatabaseName(folder.database());
     source_.setRecordSource(QStringLiteral("select * from %1 where isnull(idkod) = false "
                                            "order by priezv, meno")

@@ -1,11 +1,15 @@
 #include "forms/Appearance.h"
 
+#include "forms/AccessibleParts.h"
 #include "forms/CalmStyle.h"
 #include "forms/Colours.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QPalette>
+
+static void loadPictures() {
+    Q_INIT_RESOURCE(spravy);
+}
 
 namespace forms {
 
@@ -35,10 +39,11 @@ QPalette colours() {
 
 } // namespace
 
-void dress(QApplication&) {
+void dress(QApplication& application) {
+    loadPictures();
     QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(colours());
-    QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
+    nameParts(application);
 }
 
 } // namespace forms

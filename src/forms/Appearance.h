@@ -4,7 +4,7 @@ class QApplication;
 
 namespace forms {
 
-/// Gives all windows of the program their one look: style, colours and font.
+/// Gives all windows of the program their one look: style and colours. The font is the desktop's.
 void dress(QApplication& application);
 
 } // namespace forms

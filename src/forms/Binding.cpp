@@ -110,27 +110,40 @@ bool Binding::dataChanged() const {
     return isOpen() && std::ranges::any_of(ties_, [this](const Tie& tie) { return differs(tie); });
 }
 
-std::function<void()> Binding::keepTyped() {
-    std::vector<std::pair<const QWidget*, QString>> typed;
+Words Binding::typed() const {
+    Words words;
     for (const Tie& tie : ties_) {
         if (differs(tie))
-            typed.emplace_back(tie.widget, tie.bound->boundText());
+            words.push_back({.field = tie.widget->objectName(),
+                             .column = tie.column,
+                             .text = tie.bound->boundText(),
+                             .isRich = tie.bound->showsLate()});
     }
-    return [this, typed = std::move(typed)] {
-        for (const auto& [widget, text] : typed)
-            enter(widget, text);
+    return words;
+}
+
+std::function<void()> Binding::keepTyped() {
+    return [this, typed = typed()] {
+        enter(typed);
     };
 }
 
-void Binding::enter(const QWidget* widget, const QString& text) {
-    const auto tie = std::ranges::find(ties_, widget, &Tie::widget);
-    if (tie == ties_.end())
-        return;
-    if (std::exchange(tie->owed, false))
-        tie->bound->showBound(valueOf(tie->column).toText());
-    tie->bound->enter(text);
+void Binding::enter(const Words& words) {
+    for (const Word& word : words) {
+        const auto tie = std::ranges::find_if(ties_, [&](const Tie& each) {
+            return each.widget != nullptr && each.widget->objectName() == word.field;
+        });
+        if (tie != ties_.end())
+            enter(*tie, word.text);
+    }
+}
+
+void Binding::enter(Tie& tie, const QString& text) {
+    if (std::exchange(tie.owed, false))
+        tie.bound->showBound(valueOf(tie.column).toText());
+    tie.bound->enter(text);
     // What it shows may be what an undone Update had written: it is owed to the row again.
-    tie->put = true;
+    tie.put = true;
 }
 
 void Binding::putAll() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/Bound.h"
+#include "forms/Words.h"
 #include "store/Value.h"
 
 #include <QObject>
@@ -60,6 +61,11 @@ class Binding : public QObject {
     /// The open row has fields that differ from it.
     bool dataChanged() const;
 
+    /// What differs from the row, whether that is open or not.
+    Words typed() const;
+    /// Puts texts into the fields of these names, as if the user had typed them; passes over those
+    /// that it does not know.
+    void enter(const Words& words);
     /// Remembers what differs from the row. Calling the result puts it into the fields again, as if
     /// the user had typed it; not to be called after the end of the binding.
     std::function<void()> keepTyped();
@@ -91,7 +97,7 @@ class Binding : public QObject {
     void put(Tie& tie);
     void writeBack();
     bool differs(const Tie& tie) const;
-    void enter(const QWidget* widget, const QString& text);
+    void enter(Tie& tie, const QString& text);
     void tell(QWidget& widget, const NotWritten& refused) const;
 
     QPointer<store::DataSource> source_;

@@ -1,7 +1,13 @@
 #include "forms/CalmStyle.h"
 
+#include "forms/Metrics.h"
+
+#include <QIcon>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
+#include <QStyleOptionGroupBox>
 
 namespace forms {
 
@@ -9,8 +15,9 @@ namespace {
 
 constexpr qreal roundness = 4;
 constexpr QColor headerGround(226, 226, 243);
-/// Where the texts of the cells begin, too.
-constexpr int headerMargin = 3;
+/// Of a drop-down, with the arrow in it.
+constexpr int arrowWidth = 22;
+constexpr QSize buttonPadding(16, 4);
 
 QColor buttonFill(const QStyleOption& option) {
     const QColor rest = option.palette.color(QPalette::Button);
@@ -19,6 +26,22 @@ QColor buttonFill(const QStyleOption& option) {
     if (option.state & (QStyle::State_Sunken | QStyle::State_On))
         return rest.darker(110);
     return option.state.testFlag(QStyle::State_MouseOver) ? rest.lighter(106) : rest;
+}
+
+/// The option with the font that the titles of groups have.
+QStyleOptionGroupBox titled(const QStyleOptionComplex& option, const QWidget* widget) {
+    QStyleOptionGroupBox group = *qstyleoption_cast<const QStyleOptionGroupBox*>(&option);
+    QFont bold = widget != nullptr ? widget->font() : QFont();
+    bold.setBold(true);
+    group.fontMetrics = QFontMetrics(bold);
+    return group;
+}
+
+void drawArrow(QPainter& painter, const QPointF& centre, const QColor& colour) {
+    QPainterPath arrow(centre + QPointF(-4, -2));
+    arrow.lineTo(centre + QPointF(4, -2));
+    arrow.lineTo(centre + QPointF(0, 2.5));
+    painter.fillPath(arrow, colour);
 }
 
 bool isDefault(const QStyleOption& option) {
@@ -40,10 +63,114 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         QProxyStyle::drawControl(element, option, painter, widget);
 }
 
+void CalmStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+    if (const auto* dropDown = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        dropDown != nullptr && control == CC_ComboBox)
+        return drawDropDown(*dropDown, *painter);
+    if (control != CC_GroupBox)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const QStyleOptionGroupBox group = titled(*option, widget);
+    QFont bold = painter->font();
+    bold.setBold(true);
+    painter->setFont(bold);
+    QProxyStyle::drawComplexControl(control, &group, painter, widget);
+}
+
+QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl part, const QWidget* widget) const {
+    if (control == CC_GroupBox) {
+        const QStyleOptionGroupBox group = titled(*option, widget);
+        return QProxyStyle::subControlRect(control, &group, part, widget);
+    }
+    if (control != CC_ComboBox || (part != SC_ComboBoxArrow && part != SC_ComboBoxEditField))
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    QRect place = option->rect;
+    // One without a field is all arrow.
+    if (part == SC_ComboBoxArrow)
+        place.setLeft(place.width() < 2 * arrowWidth ? place.left()
+                                                     : place.right() + 1 - arrowWidth);
+    else
+        place.adjust(2, 2, -arrowWidth - 1, -2);
+    return visualRect(option->direction, option->rect, place);
+}
+
+QRect CalmStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
+    const QRect place = QProxyStyle::subElementRect(element, option, widget);
+    const int more = gap - pixelMetric(PM_HeaderMargin, option, widget);
+    return element == SE_HeaderLabel ? place.adjusted(more, 0, -more, 0) : place;
+}
+
+QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                  const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_PushButton ? size + buttonPadding : size;
+}
+
 int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
-    return metric == PM_HeaderMargin ? headerMargin
-                                     : QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+    // Where the texts of cells begin, which add one; heads begin there, too.
+    case PM_FocusFrameHMargin:
+        return gap - 1;
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing:
+        return gap;
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+        return widget != nullptr && widget->isWindow() ? windowMargin : gap;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int CalmStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* returned) const {
+    // Buttons are told by their words everywhere, and lists open below their field.
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+QIcon CalmStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                              const QWidget* widget) const {
+    switch (icon) {
+    case SP_MessageBoxInformation:
+        return QIcon(QStringLiteral(":/forms/informacia.svg"));
+    case SP_MessageBoxQuestion:
+        return QIcon(QStringLiteral(":/forms/otazka.svg"));
+    case SP_MessageBoxWarning:
+        return QIcon(QStringLiteral(":/forms/upozornenie.svg"));
+    case SP_MessageBoxCritical:
+        return QIcon(QStringLiteral(":/forms/chyba.svg"));
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
+}
+
+/// A field with an arrow in its right end, of which the field may be missing.
+void CalmStyle::drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const {
+    const bool enabled = option.state.testFlag(State_Enabled);
+    const bool focused = option.state.testFlag(State_HasFocus) && enabled;
+    const QColor button = buttonFill(option);
+    const QColor edge = option.palette.color(QPalette::Button).darker(focused ? 190 : 125);
+    const qreal width = focused ? 2 : 1;
+    const QRectF frame = QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr);
+    QPainterPath outline;
+    outline.addRoundedRect(frame, roundness, roundness);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outline, option.palette.brush(QPalette::Base));
+    painter.setClipRect(arrow);
+    painter.fillPath(outline, button);
+    painter.setClipping(false);
+    painter.strokePath(outline, QPen(edge, width));
+    drawArrow(painter, QRectF(arrow).center(), option.palette.color(QPalette::ButtonText));
+    painter.restore();
 }
 
 void CalmStyle::drawButton(const QStyleOption& option, QPainter& painter) const {

@@ -2,22 +2,38 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionComboBox;
+
 namespace forms {
 
-/// Fusion with flat buttons and headers, so that the colours of the screens come out as they are.
+/// Fusion with flat buttons, headers and drop-downs, so that the colours of the screens come out as
+/// they are, with bold titles of groups and one rhythm of spacing (Metrics.h).
 class CalmStyle : public QProxyStyle {
     Q_OBJECT
   public:
     CalmStyle();
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
-
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override;
+    /// The pictures of message boxes are drawn, so that they are sharp on every screen.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override;
 
   private:
     void drawButton(const QStyleOption& option, QPainter& painter) const;
     void drawHeader(const QStyleOption& option, QPainter& painter, bool section) const;
+    void drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const;
 };
 
 } // namespace forms

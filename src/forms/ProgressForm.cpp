@@ -1,5 +1,7 @@
 #include "forms/ProgressForm.h"
 
+#include "forms/Metrics.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -11,7 +13,7 @@ namespace forms {
 namespace {
 
 constexpr int steps = 1000;
-constexpr int formWidth = 420;
+constexpr int formLetters = 64;
 
 } // namespace
 
@@ -33,7 +35,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lines->addWidget(lblStav_);
     lines->addWidget(prgStav_);
     lines->addWidget(cmdZrusit_, 0, Qt::AlignRight);
-    setFixedWidth(formWidth);
+    fitToFont(*this, [this] { setFixedWidth(lettersWide(*this, formLetters)); });
 }
 
 void ProgressForm::setEndless() {

@@ -1,10 +1,14 @@
 #include "forms/RichText.h"
 
+#include "forms/Metrics.h"
 #include "forms/RichDocument.h"
+#include "forms/RovingFocus.h"
+#include "forms/SpellCheck.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -21,16 +25,16 @@ namespace {
 
 struct ToolDef {
     const char16_t* caption = nullptr;
-    const char16_t* tip = nullptr;
+    const char16_t* name = nullptr;
     QKeyCombination key;
 };
 
 constexpr std::array<ToolDef, 5> toolDefs = {{
-    {u"B", u"Tučné (Ctrl+B)", Qt::CTRL | Qt::Key_B},
-    {u"I", u"Kurzíva (Ctrl+I)", Qt::CTRL | Qt::Key_I},
-    {u"U", u"Podčiarknuté (Ctrl+U)", Qt::CTRL | Qt::Key_U},
-    {u"•", u"Odrážky (Ctrl+Shift+L)", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
-    {u"1.", u"Číslovanie (Ctrl+Shift+N)", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+    {u"B", u"Tučné", Qt::CTRL | Qt::Key_B},
+    {u"I", u"Kurzíva", Qt::CTRL | Qt::Key_I},
+    {u"U", u"Podčiarknuté", Qt::CTRL | Qt::Key_U},
+    {u"•", u"Odrážky", Qt::CTRL | Qt::SHIFT | Qt::Key_L},
+    {u"1.", u"Číslovanie", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
 }};
 
 /// What one field gives another: the stored form, in which each blank counts.
@@ -99,7 +103,30 @@ class RichText::Editor : public QTextEdit {
             leaveList();
     }
 
+    void setSpelling(spelling::Speller& speller, QLabel& line) {
+        spelling_ = std::make_unique<SpellCheck>(*this, speller, line);
+    }
+
+    /// Another text is on show, or what can be done with it has changed.
+    void beginSpelling() {
+        if (spelling_ != nullptr)
+            spelling_->begin();
+    }
+
   protected:
+    void paintEvent(QPaintEvent* event) override {
+        QTextEdit::paintEvent(event);
+        if (spelling_ != nullptr)
+            spelling_->paint();
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (spelling_ != nullptr && spelling_->isOn())
+            spelling_->openMenu(*event);
+        else
+            QTextEdit::contextMenuEvent(event);
+    }
+
     bool canInsertFromMimeData(const QMimeData* source) const override {
         return source->hasText() || source->hasHtml();
     }
@@ -132,6 +159,15 @@ class RichText::Editor : public QTextEdit {
         return QTextEdit::event(event);
     }
 
+    /// On a wide screen the lines stay as long as one reads easily.
+    void resizeEvent(QResizeEvent* event) override {
+        const int longest = longestLine(*this) + 2 * int(document()->documentMargin());
+        const bool isWide = viewport()->width() > longest;
+        setLineWrapMode(isWide ? FixedPixelWidth : WidgetWidth);
+        setLineWrapColumnOrWidth(isWide ? longest : 0);
+        QTextEdit::resizeEvent(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         const int tool = toolOf(*event);
         const bool endsList = event->matches(QKeySequence::InsertParagraphSeparator) &&
@@ -139,6 +175,8 @@ class RichText::Editor : public QTextEdit {
                               textCursor().block().text().isEmpty() && !isReadOnly();
         if (tool >= 0)
             toggle(tool);
+        else if (event->key() == Qt::Key_F7 && spelling_ != nullptr)
+            spelling_->findNext();
         else if (endsList)
             leaveList();
         else
@@ -182,14 +220,17 @@ class RichText::Editor : public QTextEdit {
         }
         cursor.endEditBlock();
     }
+
+    std::unique_ptr<SpellCheck> spelling_;
 };
 
 RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this)) {
     auto* bar = new QWidget(this);
     addTools(*bar);
+    setTabOrder(tools_.back(), editor_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
+    column->setSpacing(tightGap);
     column->addWidget(bar);
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
@@ -203,14 +244,17 @@ void RichText::addTools(QWidget& bar) {
     auto* row = new QHBoxLayout(&bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(1);
+    auto* focus = new RovingFocus(bar);
     for (int tool = 0; tool < ToolCount; ++tool) {
         auto* button = new QToolButton(&bar);
         button->setText(QString::fromUtf16(toolDefs[tool].caption));
-        button->setToolTip(QString::fromUtf16(toolDefs[tool].tip));
+        const QString name = QString::fromUtf16(toolDefs[tool].name);
+        button->setAccessibleName(name);
+        button->setToolTip(QStringLiteral("%1 (%2)").arg(
+            name, QKeySequence(toolDefs[tool].key).toString(QKeySequence::NativeText)));
         button->setCheckable(true);
         button->setAutoRaise(true);
-        // A click must not take the focus out of the text.
-        button->setFocusPolicy(Qt::NoFocus);
+        focus->add(*button);
         QFont font = button->font();
         font.setBold(tool == Bold);
         font.setItalic(tool == Italic);
@@ -224,6 +268,14 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
+    spellingLine_ = new QLabel(&bar);
+    row->addWidget(spellingLine_);
+}
+
+RichText::~RichText() = default;
+
+void RichText::setSpelling(spelling::Speller& speller) {
+    editor_->setSpelling(speller, *spellingLine_);
 }
 
 void RichText::showState() {
@@ -233,6 +285,12 @@ void RichText::showState() {
 
 QTextEdit& RichText::editor() {
     return *editor_;
+}
+
+std::vector<QWidget*> RichText::tabStops() const {
+    std::vector<QWidget*> stops(tools_.begin(), tools_.end());
+    stops.push_back(editor_);
+    return stops;
 }
 
 QString RichText::text() const {
@@ -249,6 +307,7 @@ void RichText::setText(const QString& stored) {
         editor_->setUndoRedoEnabled(true);
         editor_->moveCursor(QTextCursor::Start);
     }
+    editor_->beginSpelling();
     showState();
 }
 
@@ -268,6 +327,7 @@ void RichText::setReadOnly(bool readOnly) {
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
         tool->setDisabled(readOnly);
+    editor_->beginSpelling();
 }
 
 } // namespace forms

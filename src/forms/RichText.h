@@ -6,8 +6,15 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
+#include <vector>
 
+class QLabel;
 class QToolButton;
+
+namespace spelling {
+class Speller;
+}
 
 namespace forms {
 
@@ -19,6 +26,7 @@ class RichText : public QWidget, public Bound {
     Q_OBJECT
   public:
     explicit RichText(QWidget* parent = nullptr);
+    ~RichText() override;
 
     /// The stored form.
     QString text() const;
@@ -26,6 +34,8 @@ class RichText : public QWidget, public Bound {
     void setText(const QString& stored);
     /// A field that can't be written can still be read and scrolled.
     void setReadOnly(bool readOnly);
+    /// From now on spelling is checked while the field can be written.
+    void setSpelling(spelling::Speller& speller);
 
     bool dataChanged() const override { return text() != shown_; }
     QString boundText() const override { return text(); }
@@ -35,6 +45,8 @@ class RichText : public QWidget, public Bound {
     bool showsLate() const override { return true; }
 
     QTextEdit& editor();
+    /// What Tab leads to, in order: the tools, of which one takes the focus, and the text.
+    std::vector<QWidget*> tabStops() const;
 
   Q_SIGNALS:
     /// The user changed the text.
@@ -49,6 +61,7 @@ class RichText : public QWidget, public Bound {
     class Editor;
     Editor* editor_;
     std::array<QToolButton*, ToolCount> tools_{};
+    QLabel* spellingLine_ = nullptr;
     QString shown_;
 };
 

@@ -1,6 +1,7 @@
 #include "forms/RowLook.h"
 
 #include "forms/Colours.h"
+#include "forms/Metrics.h"
 #include "forms/Twips.h"
 
 #include <QEvent>
@@ -72,9 +73,12 @@ void lookLikeList(QTableView& table) {
     table.setHorizontalScrollMode(QTableView::ScrollPerPixel);
     table.verticalHeader()->hide();
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + rowPadding);
     table.horizontalHeader()->setHighlightSections(false);
-    table.horizontalHeader()->setFixedHeight(table.fontMetrics().height() + headerPadding);
+    fitToFont(table, [&table] {
+        const int line = table.fontMetrics().height();
+        table.verticalHeader()->setDefaultSectionSize(line + rowPadding);
+        table.horizontalHeader()->setFixedHeight(line + headerPadding);
+    });
     table.horizontalHeader()->setMinimumSectionSize(pixels(300));
 }
 

@@ -6,8 +6,7 @@ class QCoreApplication;
 
 namespace forms {
 
-/// Slovak captions of the standard buttons, in the contexts that Qt asks for them and that its own
-/// Slovak catalogue leaves out.
+/// The Slovak texts of Qt that its own Slovak catalogue leaves out. To be asked after that one.
 class SlovakTexts : public QTranslator {
     Q_OBJECT
   public:
@@ -19,7 +18,7 @@ class SlovakTexts : public QTranslator {
 
 /// Makes the dialogs of Qt speak Slovak, and numbers and dates follow the Slovak locale. The
 /// translators belong to the application.
-/// @return false when Qt's Slovak catalogue is not installed; the standard buttons are Slovak still
+/// @return false when Qt's Slovak catalogue is not installed; what it leaves out is Slovak still
 bool installSlovakTexts(QCoreApplication& application);
 
 } // namespace forms

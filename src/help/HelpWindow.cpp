@@ -1,6 +1,7 @@
 #include "help/HelpWindow.h"
 
 #include "forms/Letters.h"
+#include "forms/Metrics.h"
 #include "help/HelpPages.h"
 
 #include <QHBoxLayout>
@@ -18,7 +19,7 @@ namespace help {
 namespace {
 
 constexpr QSize startSize(860, 560);
-constexpr int titlesWidth = 250;
+constexpr int titlesLetters = 38;
 constexpr auto sheet = u"h1 { font-size: x-large; } h2 { font-size: large; } "
                        u"td { padding-right: 14px; } p, li { margin-bottom: 5px; }";
 
@@ -50,7 +51,7 @@ HelpWindow::HelpWindow(QWidget* parent)
     setObjectName(QStringLiteral("frmPomoc"));
     setWindowTitle(QStringLiteral("Pomocník"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(startSize);
+    forms::openAs(*this, startSize);
     layOut();
     text_->document()->setDefaultStyleSheet(QStringView(sheet).toString());
     text_->setOpenLinks(false);
@@ -79,8 +80,10 @@ void HelpWindow::layOut() {
     auto* columns = new QHBoxLayout(this);
     columns->addLayout(left);
     columns->addWidget(text_, 1);
-    titles_->setFixedWidth(titlesWidth);
-    question_->setFixedWidth(titlesWidth);
+    forms::fitToFont(*this, [this] {
+        for (QWidget* narrow : {static_cast<QWidget*>(titles_), static_cast<QWidget*>(question_)})
+            narrow->setFixedWidth(forms::lettersWide(*this, titlesLetters));
+    });
 }
 
 void HelpWindow::showPage(std::size_t page) {

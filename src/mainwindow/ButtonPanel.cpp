@@ -1,6 +1,7 @@
 #include "mainwindow/ButtonPanel.h"
 
 #include "forms/Colours.h"
+#include "forms/Metrics.h"
 
 #include <QVBoxLayout>
 
@@ -61,11 +62,7 @@ PictureLabel* makeLabel(const LabelTraits& traits) {
     label->setObjectName(traits.name.toString());
     label->setTextFormat(Qt::PlainText);
     label->setToolTip(traits.toolTip.toString());
-    QFont font = label->font();
-    font.setBold(true);
-    if (traits.name == schoolYearLabel)
-        font.setPointSizeF(font.pointSizeF() * 1.2);
-    label->setFont(font);
+    forms::enlarge(*label, traits.name == schoolYearLabel ? 1.2 : 1, true);
     return label;
 }
 
@@ -76,8 +73,9 @@ ButtonPanel::ButtonPanel(QWidget* parent) : QFrame(parent) {
     setObjectName(QStringLiteral("Frame2"));
     setAutoFillBackground(true);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(8);
+    layout->setContentsMargins(forms::windowMargin, forms::windowMargin, forms::windowMargin,
+                               forms::windowMargin);
+    layout->setSpacing(forms::gap);
     for (int number = 1; number <= ButtonColours::buttons; ++number)
         addButton(number);
     lblSkolskyRok_ = findChild<QLabel*>(schoolYearLabel.toString());
@@ -95,7 +93,8 @@ void ButtonPanel::addButton(int number) {
     button->setAccessibleName(own.accessibleName.toString());
     button->setStatusTip(QStringLiteral("%1 (Ctrl+%2)").arg(own.toolTip).arg(number));
     button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    button->setMaximumHeight(2 * button->sizeHint().height());
+    forms::fitToFont(*button,
+                     [button] { button->setMaximumHeight(2 * button->sizeHint().height()); });
     layout()->addWidget(button);
     buttons_.at(static_cast<size_t>(number - 1)) = button;
 

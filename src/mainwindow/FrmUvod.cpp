@@ -2,6 +2,7 @@
 
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "forms/Twips.h"
 #include "mainwindow/ButtonPanel.h"
 #include "mainwindow/Exit.h"
@@ -12,6 +13,8 @@
 #include "store/EngineError.h"
 #include "store/IndexRepair.h"
 #include "validation/modKontrola.h"
+#include "words/Keeper.h"
+#include "words/OfferLine.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,8 +24,8 @@
 #include <QLabel>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <chrono>
 
@@ -32,8 +35,6 @@ namespace {
 
 constexpr int frameWidth = forms::pixels(3360) - 14;
 constexpr QSize startSize(1280, 800);
-/// What a window manager may put around a window.
-constexpr QSize decoration(8, 40);
 
 bool isUnusable(int number) {
     return number == 3228 || number == 3343;
@@ -43,7 +44,8 @@ bool isUnusable(int number) {
 
 FrmUvod::FrmUvod(const Surroundings& around)
     : around_(around), panel_(new ButtonPanel),
-      lists_(new ListPane(around, [this](Screen screen) { openScreen(screen); })) {
+      lists_(new ListPane(around, [this](Screen screen) { openScreen(screen); })),
+      found_(new words::OfferLine(this)) {
     setObjectName(QStringLiteral("FrmUvod"));
     setWindowTitle(
         QStringLiteral("TVK – evidencia klientov centra špeciálno-pedagogického poradenstva"));
@@ -52,14 +54,20 @@ FrmUvod::FrmUvod(const Surroundings& around)
     auto* columns = new QHBoxLayout(centre);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
-    panel_->setFixedWidth(frameWidth);
+    forms::fitToFont(*panel_, [this] {
+        panel_->setFixedWidth(std::max(frameWidth, panel_->sizeHint().width()));
+    });
     columns->addWidget(panel_);
-    columns->addWidget(lists_, 1);
+    auto* right = new QVBoxLayout;
+    right->setSpacing(0);
+    right->addWidget(found_);
+    right->addWidget(lists_, 1);
+    columns->addLayout(right, 1);
     setCentralWidget(centre);
     buildMenu();
     buildKeys();
     buildStatus();
-    resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    resize(startSize.boundedTo(forms::roomFor(*this)));
     forms::ErrorRoute& route = forms::ErrorRoute::of(*this);
     route.undoIn(around_.engine);
     connect(&route, &forms::ErrorRoute::readFailed, this, &FrmUvod::listFailed);
@@ -113,6 +121,7 @@ void FrmUvod::finishLoad() {
     loaded_ = true;
     modKontrola::gSpusteny = true;
     checkInBackground();
+    showFoundWords();
 }
 
 /// Makes up for a load that a fault has stopped. @return false when the run is over
@@ -326,8 +335,21 @@ void FrmUvod::connectDB() {
 void FrmUvod::openScreen(Screen screen) {
     const bool needsData = screen != Screen::Archive && screen != Screen::Restore &&
                            screen != Screen::RestoreAtStart && screen != Screen::Copies;
-    if (!needsData || ensureLoaded())
-        around_.open(screen, *this);
+    if (needsData && !ensureLoaded())
+        return;
+    around_.open(screen, *this);
+    showFoundWords();
+}
+
+/// What a run that ended badly left unsaved, until its user has taken it back or thrown it away.
+void FrmUvod::showFoundWords() {
+    if (!loaded_)
+        return;
+    const QString found = words::foundWords(around_.engine, around_.folder);
+    if (found.isEmpty())
+        found_->hide();
+    else
+        found_->tell(found);
 }
 
 void FrmUvod::pressed(int button) {
@@ -378,6 +400,7 @@ void FrmUvod::koniecTlacidlom() {
 
 void FrmUvod::koniec() {
     forms::guardedEnd([this] { zavri(); });
+    words::forgetDropped(around_.folder);
     Q_EMIT leaving();
     leaveInOrder(around_);
     around_.endRun();
@@ -406,6 +429,7 @@ void FrmUvod::closeEvent(QCloseEvent* event) {
 void FrmUvod::finishRun() {
     // What could not be told while the data sources ended.
     forms::guardedEnd([this] { around_.engine.commitPending(); });
+    words::forgetDropped(around_.folder);
     around_.endRun();
 }
 

@@ -11,6 +11,10 @@ class QAction;
 class QLabel;
 class QMenu;
 
+namespace words {
+class OfferLine;
+}
+
 namespace store {
 class BackgroundCheck;
 class EngineError;
@@ -87,6 +91,7 @@ class FrmUvod : public QMainWindow {
     void checkInBackground();
     void damageFound();
     void setControlsEnabled(bool enabled);
+    void showFoundWords();
     void nastavSkolskyRok();
     void unload();
     void finishRun();
@@ -103,6 +108,7 @@ class FrmUvod : public QMainWindow {
     ButtonPanel* panel_;
     ListPane* lists_;
     QLabel* state_ = nullptr;
+    words::OfferLine* found_;
     bool ukoncit_ = false;
     bool loaded_ = false;
     /// The file that this run has cleared up after killed programs.

@@ -1,5 +1,7 @@
 // The menu, the keys and the status bar of the main window.
 #include "forms/Guard.h"
+#include "forms/KeyHint.h"
+#include "forms/Metrics.h"
 #include "mainwindow/ButtonPanel.h"
 #include "mainwindow/FrmUvod.h"
 
@@ -53,6 +55,7 @@ const std::array<MenuTraits, 3>& menus() {
           {},
           {u"mniZalohy", u"Zálohy…", Screen::Copies},
           {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck},
+          {u"mniSlova", u"Rozpísané slová…", Screen::KeptWords},
           {},
           {u"mniPomoc", u"Pomocník (F1)", Screen::Help},
           {u"mniOProgr", u"O programe", Screen::About}}},
@@ -122,11 +125,11 @@ void FrmUvod::openMenu(QAction* action) {
 }
 
 void FrmUvod::buildStatus() {
-    auto* keys = new QLabel(QStringLiteral("F1 pomocník  ·  F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá "
-                                           " ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
-                                           "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
-    keys->setContentsMargins(0, 0, 10, 2);
-    keys->setForegroundRole(QPalette::PlaceholderText);
+    auto* keys =
+        new forms::KeyHint(QStringLiteral("F1 pomocník  ·  F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá "
+                                          " ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
+                                          "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+    keys->setContentsMargins(0, 0, forms::gap, 2);
     keys->setObjectName(QStringLiteral("lblKlavesy"));
     statusBar()->addPermanentWidget(keys);
     state_ = new QLabel;

@@ -1,6 +1,7 @@
 #include "mainwindow/ListPane.h"
 
 #include "forms/Guard.h"
+#include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "forms/Twips.h"
 #include "validation/modKontrola.h"
@@ -22,22 +23,18 @@ constexpr QStringView sortByName = u"Trieď (priezvisko,meno)";
 constexpr int sortStateLength = 8;
 
 constexpr int headingHeight = forms::pixels(720);
-constexpr int gridWidth = forms::pixels(7695);
-constexpr int buttonColumnWidth = 190;
-constexpr int buttonHeight = 34;
+constexpr int leastGridWidth = forms::pixels(7695) / 2;
 constexpr int margin = 14;
-
-QFont scaled(QFont font, qreal factor, bool bold) {
-    font.setPointSizeF(font.pointSizeF() * factor);
-    font.setBold(bold);
-    return font;
-}
+/// Letters of the longest caption, and space above and below it.
+constexpr int buttonLetters = 27;
+constexpr int buttonPadding = 20;
 
 QLabel* makeWelcome() {
     auto* label = new QLabel(QStringLiteral("Vyberte vľavo zoznam klientov alebo zamestnancov."));
     label->setObjectName(QStringLiteral("lblVyber"));
     label->setAlignment(Qt::AlignCenter);
-    label->setFont(scaled(label->font(), 1.25, false));
+    forms::enlarge(*label, 1.25, false);
+    label->setWordWrap(true);
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
@@ -85,11 +82,12 @@ ListPane::ListPane(const Surroundings& around, std::function<void(Screen)> open,
 
 QWidget* ListPane::makeHeading() {
     auto* row = new QWidget;
-    row->setFixedHeight(headingHeight);
+    forms::fitToFont(
+        *row, [row] { row->setFixedHeight(std::max(headingHeight, forms::linesHigh(*row, 2))); });
     auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(2, 0, 2, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
     heading_->setObjectName(QStringLiteral("lblZoznam"));
-    heading_->setFont(scaled(heading_->font(), 1.5, true));
+    forms::enlarge(*heading_, 1.5, true);
     count_->setObjectName(QStringLiteral("lblPocet"));
     layout->addWidget(heading_);
     layout->addStretch();
@@ -101,7 +99,7 @@ forms::RecordsetGrid* ListPane::addGrid(const ListTraits& list) {
     auto* grid = new forms::RecordsetGrid(list.columns);
     grid->setObjectName(list.gridName.toString());
     grid->setAccessibleName(list.heading.toString());
-    grid->setMinimumWidth(gridWidth);
+    grid->setMinimumWidth(leastGridWidth);
     connect(grid->model(), &QAbstractItemModel::modelReset, this, &ListPane::countRows);
     return grid;
 }
@@ -109,7 +107,7 @@ forms::RecordsetGrid* ListPane::addGrid(const ListTraits& list) {
 QLayout* ListPane::makeButtonColumn() {
     auto* column = new QVBoxLayout;
     column->setContentsMargins(0, headingHeight, 0, 0);
-    column->setSpacing(8);
+    column->setSpacing(forms::gap);
     for (const ListButton& traits : buttons()) {
         this->*traits.button = addButton(traits);
         column->addWidget(this->*traits.button);
@@ -121,7 +119,10 @@ QLayout* ListPane::makeButtonColumn() {
 QPushButton* ListPane::addButton(const ListButton& traits) {
     auto* button = new QPushButton(traits.caption.toString());
     button->setObjectName(traits.name.toString());
-    button->setFixedSize(buttonColumnWidth, buttonHeight);
+    forms::fitToFont(*button, [button] {
+        button->setFixedSize(forms::lettersWide(*button, buttonLetters),
+                             button->fontMetrics().height() + buttonPadding);
+    });
     button->setAutoDefault(true);
     const QString key = traits.key.toString();
     button->setToolTip(traits.toolTip.isEmpty() ? key : traits.toolTip.toString());

@@ -5,11 +5,14 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace mainwindow {
 
 namespace {
 
 constexpr int pictureSize = 52;
+constexpr int leastPicture = 16;
 constexpr int padding = 7;
 constexpr int gap = 3;
 constexpr qreal roundness = 7;
@@ -38,7 +41,8 @@ PictureButton::PictureButton(const QString& picture, std::vector<PictureLabel*> 
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(1);
     layout->addStretch();
-    layout->addSpacing(pictureSize + gap);
+    layout->addSpacerItem(
+        new QSpacerItem(0, pictureSize + gap, QSizePolicy::Minimum, QSizePolicy::Preferred));
     for (PictureLabel* label : labels_) {
         label->setAttribute(Qt::WA_NoMousePropagation);
         label->setBackgroundRole(QPalette::Window);
@@ -64,9 +68,15 @@ QSize PictureButton::sizeHint() const {
     return {std::max(texts.width(), pictureSize + 2 * padding), texts.height()};
 }
 
+QSize PictureButton::minimumSizeHint() const {
+    return sizeHint() - QSize(0, pictureSize - leastPicture);
+}
+
+/// Above the labels; on a low screen it is smaller.
 QRectF PictureButton::pictureRect() const {
-    const int top = labels_.front()->y() - gap - pictureSize;
-    return {(width() - pictureSize) / 2.0, qreal(top), pictureSize, pictureSize};
+    const int bottom = labels_.front()->y() - gap;
+    const int size = std::clamp(bottom - padding, leastPicture, pictureSize);
+    return {(width() - size) / 2.0, qreal(bottom - size), qreal(size), qreal(size)};
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {

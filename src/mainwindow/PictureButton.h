@@ -40,6 +40,7 @@ class PictureButton : public QAbstractButton {
     void setColour(const QColor& colour);
     QColor colour() const { return colour_; }
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
     /// The pointer moved over the picture.

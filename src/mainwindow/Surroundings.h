@@ -11,6 +11,10 @@
 
 class QWidget;
 
+namespace spelling {
+class Speller;
+}
+
 namespace mainwindow {
 
 class FrmUvod;
@@ -34,6 +38,7 @@ enum class Screen {
     Copies,
     RestoreAtStart,
     DataCheck,
+    KeptWords,
     Help,
     About,
 };
@@ -52,6 +57,8 @@ struct Surroundings {
     std::function<bool(const QString& path, QWidget* window)> prepareFile = {};
     /// How long the exit works before it shows how far it is.
     std::chrono::milliseconds patience = forms::ProgressForm::usualPatience;
+    /// Who knows how words are spelled; nobody, where spelling is not checked.
+    spelling::Speller* speller = nullptr;
 };
 
 } // namespace mainwindow

@@ -1,6 +1,7 @@
 #include "oldregister/ReportWindow.h"
 
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "oldregister/ReportPages.h"
 #include "report/Print.h"
 
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QScreen>
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -24,10 +24,8 @@ namespace oldregister {
 namespace {
 
 constexpr QSize startSize(1220, 700);
-/// What a window manager may put around a window.
-constexpr QSize decoration(8, 40);
-constexpr int rowHeight = 22;
-constexpr int countListWidth = 400;
+constexpr int rowPadding = 8;
+constexpr int countListLetters = 58;
 /// Fitting the height of each row takes its time.
 constexpr std::size_t mostFitted = 500;
 /// A long text is read in the saved report; here it must not push the others out of sight.
@@ -39,7 +37,9 @@ QTableWidget* newList(const QString& name, const QString& caption, const QString
     list->setAccessibleName(caption);
     list->setHorizontalHeaderLabels(columns);
     list->verticalHeader()->hide();
-    list->verticalHeader()->setDefaultSectionSize(rowHeight);
+    forms::fitToFont(*list, [list] {
+        list->verticalHeader()->setDefaultSectionSize(list->fontMetrics().height() + rowPadding);
+    });
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setTabKeyNavigation(false);
@@ -88,7 +88,7 @@ ReportWindow::ReportWindow(ConversionReport report, QWidget* parent)
     : QDialog(parent), report_(std::move(report)) {
     setObjectName(QStringLiteral("frmPrevod"));
     setWindowTitle(QStringLiteral("Prevod registra z pôvodného formátu"));
-    resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    forms::openAs(*this, startSize);
     auto* layout = new QVBoxLayout(this);
     auto* words = new QLabel(headline(report_));
     words->setObjectName(QStringLiteral("lblPrevod"));
@@ -115,7 +115,8 @@ QWidget* ReportWindow::countList() {
             Qt::AlignRight | Qt::AlignVCenter);
     list->resizeColumnsToContents();
     if (!report_.findings.empty())
-        list->setFixedWidth(countListWidth);
+        forms::fitToFont(
+            *list, [list] { list->setFixedWidth(forms::lettersWide(*list, countListLetters)); });
     return list;
 }
 

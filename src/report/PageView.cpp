@@ -1,8 +1,10 @@
 #include "report/PageView.h"
 
+#include "report/PageAccess.h"
 #include "report/Pages.h"
 #include "report/Print.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -23,23 +25,24 @@ constexpr double smallestZoom = 0.1;
 constexpr double largestZoom = 8;
 constexpr double zoomOfAWheelTurn = 1.1;
 
-QString textOf(const Page& page) {
-    QStringList texts;
-    for (const PlacedText& text : page.texts)
-        texts << text.text;
-    return texts.join(QLatin1Char('\n'));
-}
-
 } // namespace
 
 PageView::PageView(const Pages& pages, QWidget* parent)
     : QAbstractScrollArea(parent), pages_(pages) {
+    letPagesBeRead();
     setAccessibleName(QStringLiteral("Náhľad strany"));
     viewport()->setBackgroundRole(QPalette::Mid);
     viewport()->setCursor(Qt::OpenHandCursor);
     // Or its coming and going would change the width that the sheet is fitted to.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setCurrentPage(1);
+}
+
+QString PageView::pageText() const {
+    QStringList texts;
+    for (const PlacedText& text : page_.texts)
+        texts << text.text;
+    return texts.join(u'\n');
 }
 
 int PageView::pageCount() const {
@@ -58,7 +61,8 @@ void PageView::setCurrentPage(int number) {
 
 void PageView::refresh() {
     page_ = pages_.pages.make(static_cast<std::size_t>(current_ - 1));
-    setAccessibleDescription(textOf(page_));
+    QAccessibleValueChangeEvent changed(this, pageText());
+    QAccessible::updateAccessibility(&changed);
     viewport()->update();
 }
 

@@ -27,6 +27,9 @@ class PageView : public QAbstractScrollArea {
     /// Shows that page, or the nearest that there is, from its upper edge on.
     void setCurrentPage(int number);
 
+    /// The texts of the page on show, each on a line.
+    QString pageText() const;
+
     /// Makes the page on show anew, as when the number of all pages has become known.
     void refresh();
 

@@ -44,7 +44,6 @@ PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWid
     toolBar_->setObjectName(QStringLiteral("previewTools"));
     view_->setObjectName(QStringLiteral("previewPages"));
     state_->setObjectName(QStringLiteral("previewState"));
-    state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* note = new QLabel(pages.note, this);
     note->setObjectName(QStringLiteral("previewNote"));
     note->setWordWrap(true);
@@ -240,18 +239,24 @@ void PreviewDialog::tellOutcome(const std::optional<SaveOutcome>& outcome) {
     if (!outcome)
         return;
     if (std::exchange(givenUp_, false))
-        state_->setText(QStringLiteral("Zrušené, nič sa neuložilo."));
+        say(QStringLiteral("Zrušené, nič sa neuložilo."));
     else if (outcome->saved)
-        state_->setText(outcome->text);
+        say(outcome->text);
     else
         tell(outcome->text);
+}
+
+void PreviewDialog::say(const QString& words) {
+    state_->setText(words);
+    // Nobody is led to an empty line.
+    state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
 void PreviewDialog::tell(const QString& problem) {
     if (tellProblem_)
         tellProblem_(this, problem);
     else
-        state_->setText(problem);
+        say(problem);
 }
 
 void showPreview(const Pages& pages, QWidget* parent, const ProblemTeller& tellProblem) {

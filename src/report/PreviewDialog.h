@@ -59,6 +59,7 @@ class PreviewDialog : public QDialog {
     void askAndSavePdf();
     void askAndSaveCsv();
     void tellOutcome(const std::optional<SaveOutcome>& outcome);
+    void say(const QString& words);
     void tell(const QString& problem);
 
     const Pages& pages_;

@@ -89,6 +89,33 @@ QStringList EmployeeOptions::chosen() const {
     return codes;
 }
 
+forms::Words EmployeeOptions::typed(const QStringList& before) const {
+    forms::Words words;
+    const QStringList codes = chosen();
+    for (qsizetype i = 0; i < codes.size(); ++i) {
+        const PairRow& pair = pairs[std::size_t(i)];
+        if (codes[i] != before.value(i))
+            words.push_back({.field = QString::fromUtf16(pair.column),
+                             .column = QString::fromUtf16(pair.column),
+                             .text = codes[i],
+                             .caption = QString::fromUtf16(pair.title)});
+    }
+    return words;
+}
+
+void EmployeeOptions::enter(const forms::Words& words) {
+    auto option = options_.begin();
+    for (const PairRow& pair : pairs) {
+        const auto word =
+            std::ranges::find(words, QString::fromUtf16(pair.column), &forms::Word::field);
+        for (const OptionRow& row : pair.options) {
+            if (word != words.end() && word->text == QStringView(row.code))
+                (*option)->setChecked(true);
+            ++option;
+        }
+    }
+}
+
 /// The blank chooses the option in focus, an arrow that of its side. Enter walks on to the next
 /// pair.
 void EmployeeOptions::keyDown(const forms::Control& control, int& key,

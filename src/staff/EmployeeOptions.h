@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/FieldEvents.h"
+#include "forms/Words.h"
 
 #include <QString>
 #include <QStringList>
@@ -36,6 +37,10 @@ class EmployeeOptions : public forms::FieldEvents {
     void volbyDoZaznamu(store::Recordset& employee) const;
     /// The codes of what is chosen, empty for a pair without a choice.
     QStringList chosen() const;
+
+    /// What is chosen otherwise than before, which chosen() gave.
+    forms::Words typed(const QStringList& before) const;
+    void enter(const forms::Words& words);
 
     void keyDown(const forms::Control& control, int& key, Qt::KeyboardModifiers modifiers) override;
 

@@ -6,11 +6,13 @@
 #include "card/TextRules.h"
 #include "forms/CodeDropDown.h"
 #include "forms/Colours.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
+#include "forms/ScrollPage.h"
 #include "validation/modKontrola.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -42,7 +44,8 @@ constexpr auto cardKeys = u"Enter ďalšie pole  ·  F4 zoznam  ·  šípky voľ
 
 FrmPsychUdaj::FrmPsychUdaj(store::DBEngine& engine, const store::ProgramFolder& folder,
                            QWidget* parent)
-    : QDialog(parent), data_(engine, folder), actions_(engine, *this), guard_(this), esc_(this),
+    : QDialog(parent), data_(engine, folder), actions_(engine, *this),
+      words_(*this, engine, folder, QStringLiteral("zamestnanci")), guard_(this), esc_(this),
       txtIdKod_(new forms::EntryField(this)) {
     setObjectName(QStringLiteral("frmPsychUdaj"));
     setWindowTitle(QStringLiteral("Údaje zamestnanca") +
@@ -52,6 +55,13 @@ FrmPsychUdaj::FrmPsychUdaj(store::DBEngine& engine, const store::ProgramFolder& 
     layOut();
     bind();
     openEmployee();
+    words_.add({.tables = {QStringLiteral("zamestnanci")},
+                .typed = [this] { return typedWords(); },
+                .enter =
+                    [this](const words::Kept& kept) {
+                        enterWords(kept.words);
+                    }});
+    beginWords();
 }
 
 FrmPsychUdaj::~FrmPsychUdaj() = default;
@@ -70,15 +80,17 @@ void FrmPsychUdaj::makeControls() {
 }
 
 void FrmPsychUdaj::layOut() {
-    auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(20, 16, 20, 12);
-    lines->setSpacing(12);
-    layOutFields(*lines);
-    auto* frames = new QHBoxLayout;
+    auto* page = new QWidget(this);
+    auto* upper = new QVBoxLayout(page);
+    upper->setContentsMargins(0, 0, 0, 0);
+    layOutFields(*upper);
+    auto* frames = new forms::FlowLayout(forms::FlowLayout::Fill::Share);
+    upper->addLayout(frames);
     for (QGroupBox* frame : options_->frames())
         frames->addWidget(frame);
-    lines->addLayout(frames);
-    lines->addStretch(1);
+    upper->addStretch(1);
+    auto* lines = new QVBoxLayout(this);
+    lines->addWidget(new forms::ScrollPage(page, this), 1);
     lines->addLayout(layOutFoot());
 }
 
@@ -103,10 +115,8 @@ void FrmPsychUdaj::layOutFields(QBoxLayout& lines) {
 }
 
 QLayout* FrmPsychUdaj::layOutFoot() {
-    auto* keys = new QLabel(QString::fromUtf16(cardKeys), this);
-    keys->setForegroundRole(QPalette::PlaceholderText);
-    auto* line = new QHBoxLayout;
-    line->addWidget(keys, 1);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(new forms::KeyHint(QString::fromUtf16(cardKeys), this));
     for (QPushButton* button : buttons_)
         line->addWidget(button);
     return line;
@@ -134,6 +144,25 @@ void FrmPsychUdaj::openEmployee() {
     employee.Edit();
 }
 
+forms::Words FrmPsychUdaj::typedWords() const {
+    forms::Words words = binding_->typed();
+    const forms::Words chosen = options_->typed(chosenBefore_);
+    words.insert(words.end(), chosen.begin(), chosen.end());
+    return words;
+}
+
+void FrmPsychUdaj::enterWords(const forms::Words& words) {
+    binding_->enter(words);
+    options_->enter(words);
+}
+
+void FrmPsychUdaj::beginWords() {
+    const bool isNew = modKontrola::gAkcia != 2;
+    words_.begin(isNew ? QString() : modKontrola::gIdKod,
+                 isNew ? QStringLiteral("nový zamestnanec")
+                       : (fields_->text(0) + u' ' + fields_->text(1)).simplified());
+}
+
 card::Names FrmPsychUdaj::typed() const {
     return {fields_->text(1), fields_->text(0)};
 }
@@ -143,6 +172,7 @@ void FrmPsychUdaj::tellMissing(const QString& message) {
 }
 
 void FrmPsychUdaj::act(Button button) {
+    words_.keep();
     std::optional<DialogCode> end;
     actions_.perform([&] { end = press(button); });
     if (!end)
@@ -156,12 +186,16 @@ void FrmPsychUdaj::act(Button button) {
 std::optional<QDialog::DialogCode> FrmPsychUdaj::press(Button button) {
     switch (button) {
     case cmdZap:
-        return saves([] {}) ? std::optional(Accepted) : std::nullopt;
+        if (!saves([] {}))
+            return std::nullopt;
+        words_.written();
+        return Accepted;
     case cmdzapNew:
         if (saves([this] { data_.datPsych.Recordset().AddNew(); }))
             beginNew();
         return std::nullopt;
     case cmdStorno:
+        words_.dropped();
         return Rejected;
     }
     return std::nullopt;
@@ -197,6 +231,7 @@ void FrmPsychUdaj::write(const std::function<void()>& writes) {
 void FrmPsychUdaj::beginNew() {
     modKontrola::gAkcia = 1;
     chosenBefore_ = options_->chosen();
+    beginWords();
     fields_->field(0).setFocus();
 }
 
@@ -233,8 +268,10 @@ bool FrmPsychUdaj::endsByFrame() {
         if (forms::moveFocus(buttons_[cmdZap]))
             ends = !isChanged() || keepOrDrop();
     });
-    if (ends)
+    if (ends) {
+        words_.dropped();
         dropRow();
+    }
     return ends;
 }
 
@@ -246,6 +283,7 @@ bool FrmPsychUdaj::keepOrDrop() {
         options_->volbyDoZaznamu(data_.datPsych.Recordset());
         save_->leaveRow();
     });
+    words_.written();
     return true;
 }
 

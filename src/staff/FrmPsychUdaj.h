@@ -11,6 +11,7 @@
 #include "staff/EmployeeSave.h"
 #include "staff/FunctionPick.h"
 #include "staff/StaffData.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
 #include <QStringList>
@@ -55,6 +56,9 @@ class FrmPsychUdaj : public QDialog, private card::KeyField {
     QLayout* layOutFoot();
     void bind();
     void openEmployee();
+    forms::Words typedWords() const;
+    void enterWords(const forms::Words& words);
+    void beginWords();
 
     void act(Button button);
     std::optional<DialogCode> press(Button button);
@@ -70,6 +74,7 @@ class FrmPsychUdaj : public QDialog, private card::KeyField {
     // The rules are told of events by the guard, and the fields are bound to the data.
     StaffData data_;
     card::Actions actions_;
+    words::Keeper words_;
     card::Draft draft_;
     std::optional<card::RuledFields> fields_;
     std::optional<FunctionPick> function_;

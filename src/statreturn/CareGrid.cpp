@@ -2,6 +2,7 @@
 
 #include "forms/Colours.h"
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -13,7 +14,7 @@ namespace statreturn {
 namespace {
 
 /// Between the two blocks of columns, and around cells.
-constexpr int gap = 6;
+constexpr int betweenBlocks = 6;
 constexpr int padding = 4;
 constexpr int headLines = 4;
 
@@ -37,9 +38,8 @@ void light(QWidget*& lit, QWidget* head) {
     lit = head;
 }
 
-QLabel* label(const QString& text, const QRect& place, Qt::Alignment alignment, QWidget* parent) {
+QLabel* label(const QString& text, Qt::Alignment alignment, QWidget* parent) {
     auto* made = new QLabel(text, parent);
-    made->setGeometry(place);
     made->setAlignment(alignment);
     return made;
 }
@@ -55,22 +55,60 @@ int widestLabel(const QFontMetrics& metrics) {
 
 CareGrid::CareGrid(const MakeCell& makeCell, QWidget* parent)
     : QScrollArea(parent), rowEdge_(new QWidget(this)), columnEdge_(new QWidget(this)),
-      rowHeads_(new QWidget(rowEdge_)), columnHeads_(new QWidget(columnEdge_)) {
-    const QFontMetrics metrics = fontMetrics();
-    cellSize_ = {metrics.horizontalAdvance(QStringLiteral("jednoraz.")) + 1,
-                 metrics.height() + padding};
-    lineHeight_ = metrics.height() + 1;
+      rowCanvas_(new QWidget(rowEdge_)), columnCanvas_(new QWidget(columnEdge_)) {
     makeRowHeads();
     makeColumnHeads();
     makeCells(makeCell);
-    setViewportMargins(headWidth_, headLines * lineHeight_ + padding, 0, 0);
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
+    forms::fitToFont(*this, [this] { fitToFont(); });
+}
+
+/// All lengths follow from the letters.
+void CareGrid::fitToFont() {
+    const QFontMetrics metrics = fontMetrics();
+    cellSize_ = {metrics.horizontalAdvance(QStringLiteral("jednoraz.")) + 2 * padding,
+                 metrics.height() + padding};
+    lineHeight_ = metrics.height() + 1;
+    fitRowHeads();
+    for (const ColumnHead& head : columnHeads_) {
+        const int right = left(head.column + head.columns - 1) + cellSize_.width();
+        head.label->setGeometry(left(head.column), head.line * lineHeight_,
+                                right - left(head.column) - 1, head.lines * lineHeight_ - 1);
+    }
+    columnCanvas_->resize(left(careColumns), headLines * lineHeight_);
+    for (int row = 0; row < careRows; ++row) {
+        for (int column = 0; column < careColumns; ++column)
+            cell(row, column)
+                .setGeometry(
+                    QRect({left(column), row * cellSize_.height()}, cellSize_ - QSize(1, 1)));
+    }
+    widget()->resize(left(careColumns), careRows * cellSize_.height());
+    setViewportMargins(headWidth_, headLines * lineHeight_ + padding, 0, 0);
     setMaximumSize(sizeHint());
+    updateGeometry();
+    placeHeads();
+}
+
+void CareGrid::fitRowHeads() {
+    const QFontMetrics metrics = fontMetrics();
+    const int ofThat = metrics.horizontalAdvance(QStringLiteral("v tom")) + 2 * padding;
+    const int text = widestLabel(metrics) + padding;
+    const int code = metrics.horizontalAdvance(QStringLiteral("0000")) + 2 * padding;
+    const int height = cellSize_.height();
+    headWidth_ = ofThat + text + code;
+    for (int row = 0; row < careRows; ++row) {
+        const RowHead& head = rowHeads_[std::size_t(row)];
+        head.ground->setGeometry(0, row * height, headWidth_, height - 1);
+        head.ofThat->setGeometry(padding, 0, ofThat - padding, height - 1);
+        head.text->setGeometry(ofThat, 0, text, height - 1);
+        head.code->setGeometry(ofThat + text, 0, code, height - 1);
+    }
+    rowCanvas_->resize(headWidth_, careRows * height);
 }
 
 int CareGrid::left(int column) const {
-    return column * cellSize_.width() + (column > blockOf(0).lastColumn ? gap : 0);
+    return column * cellSize_.width() + (column > blockOf(0).lastColumn ? betweenBlocks : 0);
 }
 
 void CareGrid::makeCells(const MakeCell& makeCell) {
@@ -78,8 +116,6 @@ void CareGrid::makeCells(const MakeCell& makeCell) {
     for (int row = 0; row < careRows; ++row) {
         for (int column = 0; column < careColumns; ++column) {
             forms::EntryField* made = makeCell(row, column, canvas);
-            made->setGeometry(
-                QRect({left(column), row * cellSize_.height()}, cellSize_ - QSize(1, 1)));
             made->setAlignment(Qt::AlignRight);
             made->setAccessibleName(QStringLiteral("Riadok %1 %2, stĺpec %3")
                                         .arg(QString::fromUtf16(careTable()[std::size_t(row)].code),
@@ -88,7 +124,6 @@ void CareGrid::makeCells(const MakeCell& makeCell) {
             cells_[std::size_t(row)][std::size_t(column)] = made;
         }
     }
-    canvas->resize(left(careColumns), careRows * cellSize_.height());
     setWidget(canvas);
     // The ground of the screen shows between the cells.
     canvas->setAutoFillBackground(false);
@@ -96,33 +131,21 @@ void CareGrid::makeCells(const MakeCell& makeCell) {
 }
 
 void CareGrid::makeRowHeads() {
-    const QFontMetrics metrics = fontMetrics();
-    const int ofThat = metrics.horizontalAdvance(QStringLiteral("v tom")) + 2 * padding;
-    const int text = widestLabel(metrics) + padding;
-    const int code = metrics.horizontalAdvance(QStringLiteral("0000")) + 2 * padding;
-    headWidth_ = ofThat + text + code;
-    const int height = cellSize_.height();
-    for (int row = 0; row < careRows; ++row) {
-        const CareRow& words = careTable()[std::size_t(row)];
-        auto* head = new QWidget(rowHeads_);
-        head->setGeometry(0, row * height, headWidth_, height - 1);
-        colour(*head, forms::headColour);
-        label(QString::fromUtf16(words.ofThat).trimmed(), {padding, 0, ofThat, height},
-              Qt::AlignVCenter, head);
-        label(labelOf(words), {ofThat, 0, text, height}, Qt::AlignVCenter, head);
-        label(QString::fromUtf16(words.code), {ofThat + text, 0, code, height}, Qt::AlignCenter,
-              head);
-        rowHead_[std::size_t(row)] = head;
+    for (std::size_t row = 0; row < careRows; ++row) {
+        const CareRow& words = careTable()[row];
+        auto* ground = new QWidget(rowCanvas_);
+        colour(*ground, forms::headColour);
+        rowHeads_[row] = {
+            ground, label(QString::fromUtf16(words.ofThat).trimmed(), Qt::AlignVCenter, ground),
+            label(labelOf(words), Qt::AlignVCenter, ground),
+            label(QString::fromUtf16(words.code), Qt::AlignCenter, ground)};
     }
-    rowHeads_->resize(headWidth_, careRows * height);
 }
 
 QLabel* CareGrid::addColumnHead(const QString& text, int line, int lines, int column, int columns) {
-    const int right = left(column + columns - 1) + cellSize_.width();
-    QLabel* head = label(
-        text, {left(column), line * lineHeight_, right - left(column) - 1, lines * lineHeight_ - 1},
-        Qt::AlignCenter, columnHeads_);
+    QLabel* head = label(text, Qt::AlignCenter, columnCanvas_);
     colour(*head, forms::headColour);
+    columnHeads_.push_back({head, line, lines, column, columns});
     return head;
 }
 
@@ -142,7 +165,6 @@ void CareGrid::makeColumnHeads() {
     }
     for (int column = 0; column < careColumns; ++column)
         columnHead_[std::size_t(column)] = addColumnHead(careColumnName(column), 3, 1, column, 1);
-    columnHeads_->resize(left(careColumns), headLines * lineHeight_);
 }
 
 forms::EntryField& CareGrid::cell(int row, int column) const {
@@ -165,7 +187,7 @@ void CareGrid::setTexts(const CareCells& texts) {
 
 void CareGrid::showPlace(int row, int column) {
     ensureWidgetVisible(&cell(row, column), cellSize_.width(), cellSize_.height());
-    light(litRow_, rowHead_[std::size_t(row)]);
+    light(litRow_, rowHeads_[std::size_t(row)].ground);
     light(litColumn_, columnHead_[std::size_t(column)]);
 }
 
@@ -189,8 +211,8 @@ void CareGrid::placeHeads() {
     columnEdge_->setGeometry(inside.left(), inside.top() - headLines * lineHeight_ - padding,
                              inside.width(), headLines * lineHeight_);
     rowEdge_->setGeometry(inside.left() - headWidth_, inside.top(), headWidth_, inside.height());
-    columnHeads_->move(-horizontalScrollBar()->value(), 0);
-    rowHeads_->move(0, -verticalScrollBar()->value());
+    columnCanvas_->move(-horizontalScrollBar()->value(), 0);
+    rowCanvas_->move(0, -verticalScrollBar()->value());
 }
 
 } // namespace statreturn

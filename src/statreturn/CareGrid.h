@@ -5,6 +5,7 @@
 #include <QScrollArea>
 
 #include <functional>
+#include <vector>
 
 class QLabel;
 
@@ -37,10 +38,26 @@ class CareGrid : public QScrollArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
+    struct RowHead {
+        QWidget* ground;
+        QLabel* ofThat;
+        QLabel* text;
+        QLabel* code;
+    };
+    struct ColumnHead {
+        QLabel* label;
+        int line;
+        int lines;
+        int column;
+        int columns;
+    };
+
     void makeCells(const MakeCell& makeCell);
     void makeRowHeads();
     void makeColumnHeads();
     QLabel* addColumnHead(const QString& text, int line, int lines, int column, int columns);
+    void fitToFont();
+    void fitRowHeads();
     void placeHeads();
     int left(int column) const;
 
@@ -48,9 +65,10 @@ class CareGrid : public QScrollArea {
     /// The heads lie on canvases that move under the edges of the grid.
     QWidget* rowEdge_;
     QWidget* columnEdge_;
-    QWidget* rowHeads_;
-    QWidget* columnHeads_;
-    std::array<QWidget*, careRows> rowHead_{};
+    QWidget* rowCanvas_;
+    QWidget* columnCanvas_;
+    std::array<RowHead, careRows> rowHeads_{};
+    std::vector<ColumnHead> columnHeads_;
     std::array<QLabel*, careColumns> columnHead_{};
     QSize cellSize_;
     int headWidth_ = 0;

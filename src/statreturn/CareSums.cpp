@@ -1,5 +1,7 @@
 #include "statreturn/CareSums.h"
 
+#include "forms/Metrics.h"
+
 #include <QGridLayout>
 #include <QLabel>
 
@@ -17,7 +19,7 @@ QString number(double value) {
 
 CareSums::CareSums(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
     setObjectName(QStringLiteral("careSums"));
-    grid_->setContentsMargins(8, 0, 0, 0);
+    grid_->setContentsMargins(forms::gap, 0, 0, 0);
     columnTitle_ = addTitle();
     for (const ColumnCheck& check : columnChecks())
         columnLines_.push_back(
@@ -35,7 +37,9 @@ QLabel* CareSums::addTitle() {
     bold.setBold(true);
     title->setFont(bold);
     const int row = grid_->rowCount();
-    grid_->setRowMinimumHeight(row, 2 * title->sizeHint().height());
+    forms::fitToFont(*title, [this, title, row] {
+        grid_->setRowMinimumHeight(row, 2 * title->sizeHint().height());
+    });
     grid_->addWidget(title, row, 0, 1, 4, Qt::AlignBottom);
     return title;
 }
@@ -44,10 +48,10 @@ CareSums::Line CareSums::addLine(const QString& name, const QString& of) {
     const int row = grid_->rowCount();
     const Line line{new QLabel(name, this), new QLabel(this), new QLabel(of, this),
                     new QLabel(this)};
-    const int width = fontMetrics().horizontalAdvance(QStringLiteral("000000"));
     for (QLabel* value : {line.stated, line.summed}) {
         value->setAlignment(Qt::AlignRight);
-        value->setMinimumWidth(width);
+        forms::fitToFont(*value,
+                         [value] { value->setMinimumWidth(forms::lettersWide(*value, 6)); });
     }
     grid_->addWidget(line.name, row, 0);
     grid_->addWidget(line.stated, row, 1);

@@ -2,11 +2,11 @@
 
 #include "card/Buttons.h"
 #include "forms/Colours.h"
+#include "forms/FlowLayout.h"
+#include "forms/KeyHint.h"
 #include "forms/MessageBox.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -24,7 +24,7 @@ forms::EntryField* fieldOf(const forms::Control& control) {
 
 EntryForm::EntryForm(store::DBEngine& engine, const QString& name, const QString& title,
                      QWidget* parent)
-    : QDialog(parent), actions_(engine, *this), guard_(this) {
+    : QDialog(parent), engine_(engine), actions_(engine, *this), guard_(this) {
     setObjectName(name);
     setWindowTitle(title);
     card::setGround(*this, QPalette::Window, forms::screenColour);
@@ -37,12 +37,10 @@ forms::EntryField* EntryForm::makeField(const QString& array, int index, QWidget
     return made;
 }
 
-QHBoxLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
-                                     const char16_t* keys) {
-    auto* line = new QHBoxLayout;
-    auto* hint = new QLabel(QString::fromUtf16(keys), this);
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    line->addWidget(hint, 1);
+QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
+                                 const char16_t* keys) {
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    line->addWidget(new forms::KeyHint(QString::fromUtf16(keys), this));
     const std::array<card::ButtonRow, 2> table = {{{writes, u"Zápis"}, {drops, u"Storno"}}};
     const auto buttons = card::makeButtons(
         table, this, [this](int place) { place == 0 ? writeAndClose() : storno(); });
@@ -56,7 +54,14 @@ QHBoxLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* dro
     return line;
 }
 
+void EntryForm::keepWords(const store::ProgramFolder& folder, words::Place place) {
+    words_.emplace(*this, engine_, folder, QString());
+    words_->add(std::move(place));
+    words_->begin({}, windowTitle());
+}
+
 void EntryForm::storno() {
+    words_->dropped();
     actions_.perform([this] { drop(); });
     done(Rejected);
 }
@@ -107,11 +112,17 @@ void EntryForm::reject() {
 void EntryForm::closeEvent(QCloseEvent* event) {
     if (isVisible() && !endsByFrame())
         return event->ignore();
+    words_->dropped();
     done(Rejected);
 }
 
 bool EntryForm::tryToWrite() {
-    return actions_.perform([this] { actions_.write([this] { write(); }, [this] { resume(); }); });
+    words_->keep();
+    const bool isWritten =
+        actions_.perform([this] { actions_.write([this] { write(); }, [this] { resume(); }); });
+    if (isWritten)
+        words_->written();
+    return isWritten;
 }
 
 void EntryForm::writeAndClose() {

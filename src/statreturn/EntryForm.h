@@ -4,10 +4,13 @@
 #include "forms/EntryField.h"
 #include "forms/FieldEvents.h"
 #include "forms/FocusGuard.h"
+#include "words/Keeper.h"
 
 #include <QDialog>
 
-class QHBoxLayout;
+#include <optional>
+
+class QLayout;
 
 namespace store {
 class DBEngine;
@@ -48,6 +51,10 @@ class EntryForm : public QDialog, public forms::FieldEvents {
     /// Sends the focus to where a check wants it, after a control was left.
     virtual void returnFocus(const forms::Control& left) = 0;
 
+    /// Keeps what is typed, and offers what was. Called when all is laid out.
+    /// @param folder must outlive the form
+    void keepWords(const store::ProgramFolder& folder, words::Place place);
+
     /// Asks whether what was typed may be dropped, if there is anything.
     bool mayDrop();
     /// @return false when it is not written, which the user has been told
@@ -55,13 +62,15 @@ class EntryForm : public QDialog, public forms::FieldEvents {
     /// A field of an array with the form's rules. @param parent owns it
     forms::EntryField* makeField(const QString& array, int index, QWidget* parent);
     /// Both buttons and before them the keys, as the form's last line.
-    QHBoxLayout* makeLastLine(const char16_t* writes, const char16_t* drops, const char16_t* keys);
+    QLayout* makeLastLine(const char16_t* writes, const char16_t* drops, const char16_t* keys);
 
   private:
     void writeAndClose();
     void storno();
 
+    store::DBEngine& engine_;
     card::Actions actions_;
+    std::optional<words::Keeper> words_;
     forms::FocusGuard guard_;
 };
 

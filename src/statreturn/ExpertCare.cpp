@@ -62,10 +62,6 @@ double numberIn(const CareCells& cells, int row, int column) {
     return double(modKontrola::Val(cells[std::size_t(row)][std::size_t(column)]));
 }
 
-QString fieldOf(int column) {
-    return QStringLiteral("s_") + careColumnName(column);
-}
-
 /// The column that the message names: of the first group, the second column goes by the name of
 /// the first.
 QString namedColumn(const ColumnCheck& check, int column) {
@@ -73,7 +69,7 @@ QString namedColumn(const ColumnCheck& check, int column) {
 }
 
 QString readCell(store::Recordset& rows, int column) {
-    const QString text = rows.Fields(fieldOf(column)).Value().toText();
+    const QString text = rows.Fields(careField(column)).Value().toText();
     return modKontrola::Val(text) != 0 ? text : QStringLiteral("0");
 }
 
@@ -95,6 +91,10 @@ void requireWord(double sum) {
 }
 
 } // namespace
+
+QString careField(int column) {
+    return QStringLiteral("s_") + careColumnName(column);
+}
 
 QString careColumnName(int column) {
     return QString::number(column + 1);
@@ -199,7 +199,7 @@ void writeCare(store::Recordset& rows, bool hasRows, const CareCells& cells) {
             describeRow(rows, table[row]);
         }
         for (int column = 0; column < careColumns; ++column)
-            rows.Fields(fieldOf(column)).setValue(storedCell(cells[row][std::size_t(column)]));
+            rows.Fields(careField(column)).setValue(storedCell(cells[row][std::size_t(column)]));
         rows.Update();
         if (hasRows)
             rows.MoveNext();

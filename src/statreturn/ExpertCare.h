@@ -20,6 +20,8 @@ inline constexpr int careColumns = 10;
 
 /// The form's name of a column: "3" for the third.
 QString careColumnName(int column);
+/// The file's name of it: "s_3".
+QString careField(int column);
 
 /// A row as the file keeps it.
 struct CareRow {

@@ -1,5 +1,7 @@
 #include "statreturn/FrmDoUkaz.h"
 
+#include "forms/Metrics.h"
+#include "forms/ScrollPage.h"
 #include "validation/Validators.h"
 #include "validation/modKontrola.h"
 
@@ -25,6 +27,8 @@ constexpr std::array<Indicator, 5> indicators = {{
     {u"r_0416", u"0416", u"", u"Kontrolný súčet (0401 až 0404) "},
 }};
 
+/// Digits of the largest sum, its sign and the edges.
+constexpr int sumLetters = 13;
 constexpr auto indicatorKeys = u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+S zápis";
 
 bool opensGroup(int element) {
@@ -48,6 +52,13 @@ FrmDoUkaz::FrmDoUkaz(store::DBEngine& engine, const store::ProgramFolder& folder
     for (std::size_t i = 0; i < indicators.size(); ++i)
         binding_->bind(*TextPsych_[i], QString::fromUtf16(indicators[i].column));
     showSum();
+    keepWords(folder, {.tables = {QStringLiteral("dop_ukaz")},
+                       .typed = [this] { return binding_->typed(); },
+                       .enter =
+                           [this](const words::Kept& kept) {
+                               binding_->enter(kept.words);
+                               showSum();
+                           }});
 }
 
 FrmDoUkaz::~FrmDoUkaz() = default;
@@ -59,19 +70,21 @@ void FrmDoUkaz::layOut() {
     bold.setBold(true);
     heading->setFont(bold);
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(16);
+    grid->setHorizontalSpacing(2 * forms::gap);
     for (int i = 0; i < fieldCount; ++i)
         addField(*grid, i);
     live_ = new QLabel(this);
     live_->setObjectName(QStringLiteral("zivySucet"));
-    live_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("≠ 0000000000")));
+    forms::fitToFont(*live_,
+                     [this] { live_->setMinimumWidth(forms::lettersWide(*live_, sumLetters)); });
     grid->addWidget(live_, controlSum, 4);
+    auto* page = new QWidget(this);
+    auto* upper = new QVBoxLayout(page);
+    upper->addWidget(heading);
+    upper->addLayout(grid);
+    upper->addStretch(1);
     auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(20, 16, 20, 12);
-    lines->setSpacing(12);
-    lines->addWidget(heading);
-    lines->addLayout(grid);
-    lines->addStretch(1);
+    lines->addWidget(new forms::ScrollPage(page, this), 1);
     lines->addLayout(makeLastLine(u"cmdZap", u"cmdStorno", indicatorKeys));
 }
 
@@ -81,7 +94,8 @@ void FrmDoUkaz::addField(QGridLayout& grid, int element) {
     const QString group = QString::fromUtf16(row.group);
     const QString line = QString::fromUtf16(row.line);
     field->setAccessibleName((group.trimmed() + u' ' + line).trimmed());
-    field->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000000000")));
+    forms::fitToFont(*field,
+                     [field] { field->setFixedWidth(forms::lettersWide(*field, sumLetters)); });
     field->setAlignment(Qt::AlignRight);
     if (opensGroup(element))
         grid.addWidget(new QLabel(group, this), element, 0);

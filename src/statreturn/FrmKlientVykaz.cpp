@@ -2,8 +2,11 @@
 
 #include "card/Buttons.h"
 #include "forms/Colours.h"
+#include "forms/FlowLayout.h"
 #include "forms/Guard.h"
+#include "forms/KeyHint.h"
 #include "forms/MessageBox.h"
+#include "forms/Metrics.h"
 #include "report/Csv.h"
 #include "report/Fonts.h"
 #include "report/SaveFile.h"
@@ -13,10 +16,8 @@
 #include "store/DataSource.h"
 
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
@@ -28,10 +29,7 @@ namespace statreturn {
 namespace {
 
 constexpr QSize startSize(1240, 730);
-/// What a window manager may put around a window.
-constexpr QSize decoration(8, 40);
-
-constexpr int leastListHeight = 130;
+constexpr int leastListLines = 6;
 constexpr int tabFrame = 8;
 
 /// Shows the user that the program is at work.
@@ -72,7 +70,7 @@ FrmKlientVykaz::FrmKlientVykaz(const printing::PrintTools& tools, const QString&
     lines->addWidget(state_);
     lines->addLayout(makeLastLine());
     makeKeys();
-    resize(startSize.boundedTo(screen()->availableSize() - decoration));
+    forms::openAs(*this, startSize);
     readAnew();
     shareHeight();
     followUser();
@@ -122,7 +120,8 @@ QWidget* FrmKlientVykaz::makeList() {
     lines->addWidget(chosen_);
     lines->addWidget(list_, 1);
     list_->setObjectName(QStringLiteral("lstKlienti"));
-    list_->setMinimumHeight(leastListHeight);
+    forms::fitToFont(*list_,
+                     [this] { list_->setMinimumHeight(forms::linesHigh(*list_, leastListLines)); });
     return half;
 }
 
@@ -134,12 +133,12 @@ QLayout* FrmKlientVykaz::makeLastLine() {
                                                 {u"cmdZavri", u"Zavrieť", u"Esc"}};
     static constexpr Action actions[] = {&FrmKlientVykaz::openCard, &FrmKlientVykaz::save,
                                          &FrmKlientVykaz::print, &FrmKlientVykaz::reject};
-    auto* line = new QHBoxLayout;
-    auto* hint = newLabel(u"lblKlavesy", this);
+    auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
+    auto* hint = new forms::KeyHint(this);
+    hint->setObjectName(QStringLiteral("lblKlavesy"));
     hint->setText(QStringLiteral("Šípky číslo  ·  Enter zoznam, v ňom karta  ·  Ctrl+PageDown "
                                  "ďalšia tabuľka  ·  Ctrl+S CSV  ·  Ctrl+P tlač"));
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    line->addWidget(hint, 1);
+    line->addWidget(hint);
     for (QPushButton* button : card::makeButtons(table, this, [this](int place) {
              forms::guarded(this, [&] { (this->*actions[place])(); });
          }))

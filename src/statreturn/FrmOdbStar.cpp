@@ -1,6 +1,8 @@
 #include "statreturn/FrmOdbStar.h"
 
 #include "forms/EntryField.h"
+#include "forms/Metrics.h"
+#include "forms/ScrollPage.h"
 #include "statreturn/CareGrid.h"
 #include "statreturn/CareSums.h"
 #include "validation/Validators.h"
@@ -8,7 +10,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScreen>
 
 namespace statreturn {
 
@@ -16,8 +17,6 @@ namespace {
 
 constexpr auto careKeys =
     u"Enter alebo šípka dolu ďalšie pole  ·  Ctrl+šípky v stĺpci  ·  Ctrl+S zápis";
-/// What a desktop puts around a window.
-constexpr QSize desktopFrame(16, 48);
 const QString cellPrefix = QStringLiteral("txt");
 
 bool isCell(const forms::Control& control) {
@@ -47,6 +46,13 @@ FrmOdbStar::FrmOdbStar(store::DBEngine& engine, const store::ProgramFolder& fold
     datOdbStar_.setRecordSource(QStringLiteral("select * from odbstar"));
     load();
     sums_->show(stored_, 0, 0);
+    keepWords(folder, {.title = QStringLiteral("V. Odborná starostlivosť"),
+                       .tables = {QStringLiteral("odbstar")},
+                       .typed = [this] { return typedWords(); },
+                       .enter =
+                           [this](const words::Kept& kept) {
+                               enterWords(kept.words);
+                           }});
 }
 
 void FrmOdbStar::layOut() {
@@ -56,16 +62,14 @@ void FrmOdbStar::layOut() {
     upper->addWidget(grid_, 1);
     upper->addStretch();
     auto* table = new QHBoxLayout(frame);
-    table->setContentsMargins(6, 4, 6, 4);
     table->addLayout(upper, 1);
-    table->addWidget(sums_);
+    table->addWidget(new forms::ScrollPage(sums_, this));
     table->addStretch();
     auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(6, 6, 6, 6);
     lines->addWidget(frame, 1);
     lines->addLayout(makeLastLine(u"cmdOk", u"cmdZrusit", careKeys));
     // By itself a dialog takes two thirds of the screen at most.
-    resize(sizeHint().boundedTo(screen()->availableSize() - desktopFrame));
+    resize(sizeHint().boundedTo(forms::roomFor(*this)));
 }
 
 void FrmOdbStar::load() {
@@ -157,6 +161,29 @@ void FrmOdbStar::returnFocus(const forms::Control& left) {
 
 bool FrmOdbStar::isChanged() const {
     return grid_->texts() != stored_;
+}
+
+forms::Words FrmOdbStar::typedWords() const {
+    forms::Words words;
+    for (int row = 0; row < careRows; ++row) {
+        for (int column = 0; column < careColumns; ++column) {
+            const forms::EntryField& cell = grid_->cell(row, column);
+            if (cell.text() != stored_[std::size_t(row)][std::size_t(column)])
+                words.push_back({.field = cell.objectName(),
+                                 .column = careField(column),
+                                 .text = cell.text(),
+                                 .row = row});
+        }
+    }
+    return words;
+}
+
+void FrmOdbStar::enterWords(const forms::Words& words) {
+    for (const forms::Word& word : words) {
+        if (auto* cell = findChild<forms::EntryField*>(word.field))
+            cell->setText(word.text);
+    }
+    sums_->show(grid_->texts(), 0, 0);
 }
 
 void FrmOdbStar::write() {

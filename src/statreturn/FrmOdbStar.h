@@ -41,6 +41,8 @@ class FrmOdbStar : public EntryForm {
     void layOut();
     void load();
     void readRows();
+    forms::Words typedWords() const;
+    void enterWords(const forms::Words& words);
     bool corrects(const CareFault& fault);
     void goToTarget(int column);
 

@@ -1,6 +1,7 @@
 #include "statreturn/NumbersView.h"
 
 #include "forms/Colours.h"
+#include "forms/Metrics.h"
 #include "forms/RowLook.h"
 #include "statreturn/Counts.h"
 
@@ -15,16 +16,11 @@ namespace {
 
 constexpr int headPadding = 4;
 constexpr int rowPadding = 5;
-/// Columns take the room that there is, up to this.
-constexpr int widestColumn = 130;
-/// Wider heads of rows are cut short: their tool tip has the whole text.
-constexpr int widestRowHead = 360;
+/// Columns take the room that there is, up to so many letters.
+constexpr int widestColumn = 20;
+/// Heads of rows with more letters are cut short: their tool tip has the whole text.
+constexpr int widestRowHead = 54;
 constexpr double headScale = 0.85;
-
-QFont scaledFont(QFont font) {
-    font.setPointSizeF(font.pointSizeF() * headScale);
-    return font;
-}
 
 int linesOf(const QString& text) {
     return text.isEmpty() ? 0 : int(text.count(u'\n')) + 1;
@@ -39,7 +35,7 @@ class NumberHeader : public QHeaderView {
         setSectionsClickable(false);
         setMinimumSectionSize(1);
         if (orientation == Qt::Horizontal)
-            setFont(scaledFont(view.font()));
+            forms::enlarge(*this, headScale, false);
     }
 
     /// The space that all texts need: the height of heads of columns, the width of heads of rows.
@@ -55,7 +51,7 @@ class NumberHeader : public QHeaderView {
         }
         return orientation() == Qt::Horizontal
                    ? (lines + groupLines) * metrics.height() + 3 * headPadding
-                   : std::min(width + 3 * headPadding, widestRowHead);
+                   : std::min(width + 3 * headPadding, forms::lettersWide(view_, widestRowHead));
     }
 
     /// The least width of a column that shows its heads and numbers of so many digits.
@@ -226,7 +222,9 @@ NumbersView::NumbersView(const QString& name, QWidget* parent) : QTableView(pare
     setHorizontalScrollMode(ScrollPerPixel);
     setCornerButtonEnabled(false);
     forms::paleWithoutFocus(*this);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    // The heads have a font of their own.
+    for (QWidget* part : {static_cast<QWidget*>(this), static_cast<QWidget*>(horizontalHeader())})
+        forms::fitToFont(*part, [this] { layOut(); });
 }
 
 void NumbersView::setNumbers(const NumberGrid* numbers) {
@@ -241,6 +239,9 @@ void NumbersView::setNumbers(const NumberGrid* numbers) {
 }
 
 void NumbersView::layOut() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    if (numbers_.columnCount() == 0)
+        return;
     const NumberHeader& heads = headsOf(horizontalHeader());
     leastWidth_ = heads.columnWidth(mostDigits(numbers()));
     horizontalHeader()->setFixedHeight(heads.extent());
@@ -252,7 +253,8 @@ void NumbersView::layOut() {
 void NumbersView::fitColumns() {
     if (const int columns = numbers_.columnCount())
         horizontalHeader()->setDefaultSectionSize(
-            std::max(leastWidth_, std::min(viewport()->width() / columns, widestColumn)));
+            std::max(leastWidth_, std::min(viewport()->width() / columns,
+                                           forms::lettersWide(*this, widestColumn))));
 }
 
 void NumbersView::resizeEvent(QResizeEvent* event) {

@@ -5,6 +5,7 @@
 #include "report/TestReport.h"
 #include "store/FileBytes.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QBuffer>
@@ -26,6 +27,12 @@ using namespace report::test;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// What a reader of the screen gets of the page.
+QString readAloud(PageView& view) {
+    auto* page = QAccessible::queryAccessibleInterface(&view)->textInterface();
+    return page != nullptr ? page->text(0, page->characterCount()) : QString();
+}
 
 /// A row of it fills a page.
 Layout pageARow() {
@@ -116,7 +123,7 @@ TEST_F(PreviewTest, DrawsThePageAndTellsItsText) {
     }
     EXPECT_GT(paper, seen.width() * seen.height() / 2);
     EXPECT_GT(ink, 20);
-    EXPECT_EQ(view().accessibleDescription(), u"Žofia"_s);
+    EXPECT_EQ(readAloud(view()), u"Žofia"_s);
 }
 
 TEST_F(PreviewTest, ZoomsByKeys) {
@@ -206,10 +213,10 @@ TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
     PreviewDialog dialog(pages, {});
     dialog.show();
     EXPECT_TRUE(dialog.findChild<QLabel*>(u"previewNote"_s)->isVisible());
-    const auto& view = *dialog.findChild<PageView*>(u"previewPages"_s);
-    EXPECT_TRUE(view.accessibleDescription().contains(u"Žofia"_s));
+    auto& view = *dialog.findChild<PageView*>(u"previewPages"_s);
+    EXPECT_TRUE(readAloud(view).contains(u"Žofia"_s));
     EXPECT_TRUE(QTest::qWaitFor([&] { return pages.pages.isComplete(); }));
-    EXPECT_TRUE(view.accessibleDescription().contains(u"Strana 1 z 4000"_s));
+    EXPECT_TRUE(readAloud(view).contains(u"Strana 1 z 4000"_s));
     EXPECT_EQ(dialog.findChild<QSpinBox*>(u"pageNumber"_s)->maximum(), count);
 
     const QTemporaryDir folder;

@@ -1,8 +1,5 @@
 #include "support/ScriptedBoxes.h"
 
-#include "forms/Appearance.h"
-#include "forms/SlovakTexts.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
@@ -48,15 +45,6 @@ bool isExpectable(const QWidget& window) {
 }
 
 } // namespace
-
-int runWidgetTests(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(u"TVK"_s);
-    forms::dress(application);
-    forms::installSlovakTexts(application);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
 
 void press(QWidget& target) {
     press(target, target.rect().center());

@@ -1,5 +1,7 @@
 #include "tour/Guide.h"
 
+#include "tour/ScreenCheck.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
@@ -18,8 +20,23 @@ void giveUp(const QString& why) {
     std::_Exit(EXIT_FAILURE);
 }
 
-Guide::Guide(const QString& folder, QWidget& window) : folder_(folder), window_(window) {
-    if (!folder_.mkpath(QStringLiteral(".")))
+namespace {
+
+constexpr QColor edge(48, 48, 88);
+
+/// What sets a window off from those behind it is the desktop's, which there is none of.
+void drawShadow(QPainter& painter, const QRect& window) {
+    constexpr int depth = 14;
+    for (int distance = depth; distance > 0; distance -= 2)
+        painter.fillRect(window.adjusted(-distance, 4 - distance, distance, 4 + distance),
+                         QColor(0, 0, 32, 11));
+}
+
+} // namespace
+
+Guide::Guide(const QString& folder, QWidget& window)
+    : takesPictures_(!folder.isEmpty()), folder_(folder), window_(window) {
+    if (takesPictures_ && !folder_.mkpath(QStringLiteral(".")))
         giveUp(QStringLiteral("Cannot make the folder ") + folder);
     connect(&looker_, &QTimer::timeout, this, &Guide::look);
     looker_.start(10);
@@ -44,13 +61,25 @@ std::vector<QWidget*> Guide::shownAbove() const {
 
 void Guide::picture(const QString& name) {
     QCoreApplication::processEvents();
+    QStringList faults = screenFaults(window_);
+    for (const QWidget* above : shownAbove())
+        faults += screenFaults(*above);
+    for (const QString& fault : faults) {
+        if (!faults_.contains(fault))
+            faults_.insert(fault, name);
+    }
+    if (takesPictures_)
+        takePicture(name);
+}
+
+void Guide::takePicture(const QString& name) {
     QPixmap picture = window_.grab();
     QPainter painter(&picture);
-    painter.setPen(QColor(80, 80, 120));
+    painter.setPen(edge);
     for (QWidget* above : shownAbove()) {
         const QRect place(above->pos() - window_.pos(), above->size());
+        drawShadow(painter, place);
         painter.drawPixmap(place.topLeft(), above->grab());
-        // Its edge is the desktop's, which there is none of.
         painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
     painter.end();
@@ -112,9 +141,14 @@ void Guide::inModalWindow(std::function<void(QWidget&)> steps) {
     awaited_.push_back(std::move(steps));
 }
 
-void Guide::allCame() const {
+void Guide::end() const {
     if (!awaited_.empty())
         giveUp(QStringLiteral("A window that the tour waited for did not come"));
+    QString told;
+    for (auto fault = faults_.begin(); fault != faults_.end(); ++fault)
+        told += QStringLiteral("\n%1 (%2)").arg(fault.key(), fault.value());
+    if (!told.isEmpty())
+        giveUp(QStringLiteral("Not all can be seen:") + told);
 }
 
 void Guide::look() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDir>
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -22,11 +23,12 @@ namespace tour {
 class Guide : public QObject {
     Q_OBJECT
   public:
-    /// @param folder where pictures and print-outs go; made when it is missing
+    /// @param folder where pictures and print-outs go; made when it is missing. An empty one takes
+    /// none: then the tour only looks at what can be seen.
     Guide(const QString& folder, QWidget& window);
 
-    /// Takes a picture of the window, with the modal window and the menu over it if there are any.
-    /// Pictures are numbered in their order.
+    /// Looks for what can't be seen as it should in the window, the modal windows and the menu over
+    /// it, and takes a picture of them. Pictures are numbered in their order.
     void picture(const QString& name);
     /// Clicks a control of the window in front.
     void click(const QString& objectName);
@@ -41,8 +43,10 @@ class Guide : public QObject {
     void press(const QString& button);
     /// Runs the steps in the next modal windows, one after the other; the last one closes it.
     void inModalWindow(std::function<void(QWidget&)> steps);
-    /// Fails when a modal window that was waited for never came.
-    void allCame() const;
+    /// Fails when a modal window that was waited for never came, or when something could not be
+    /// seen.
+    void end() const;
+    bool takesPictures() const { return takesPictures_; }
     QString path(const QString& name) const { return folder_.filePath(name); }
     QWidget& inFront() const;
     QRect place() const { return window_.geometry(); }
@@ -51,12 +55,17 @@ class Guide : public QObject {
     void look();
     std::vector<QWidget*> shownAbove() const;
 
+    void takePicture(const QString& name);
+
+    bool takesPictures_;
     QDir folder_;
     QWidget& window_;
     QTimer looker_;
     std::deque<std::function<void(QWidget&)>> awaited_;
     std::vector<QPointer<QWidget>> seen_;
     int taken_ = 0;
+    /// With the first picture that shows it.
+    QMap<QString, QString> faults_;
 };
 
 } // namespace tour

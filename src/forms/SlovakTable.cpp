@@ -1,0 +1,137 @@
+#include "forms/SlovakTable.h"
+
+#include <array>
+
+namespace forms {
+
+namespace {
+
+constexpr auto table = std::to_array<SlovakText>({
+    // "Áno" has the ampersand on a letter that every keyboard has.
+    {"OK", u"&OK"},
+    {"Save", u"&Uložiť"},
+    {"Save All", u"Uložiť &všetko"},
+    {"Open", u"&Otvoriť"},
+    {"Yes", u"Án&o"},
+    {"Yes to All", u"Áno &všetkým"},
+    {"No", u"&Nie"},
+    {"No to All", u"Ni&e všetkým"},
+    {"Abort", u"&Prerušiť"},
+    {"Retry", u"&Opakovať"},
+    {"Ignore", u"&Ignorovať"},
+    {"Close", u"&Zavrieť"},
+    {"Cancel", u"&Zrušiť"},
+    {"Discard", u"Zaho&diť"},
+    {"Close without Saving", u"Zavrieť &bez uloženia"},
+    {"Help", u"Po&mocník"},
+    {"Apply", u"Po&užiť"},
+    {"Reset", u"Obno&viť"},
+    {"Restore Defaults", u"Obnoviť &predvolené"},
+    {"More", u"Viac"},
+    {"Drive", u"Disk"},
+    {"Folder", u"Priečinok"},
+    {"File", u"Súbor"},
+    {"%1 File", u"Súbor %1"},
+    {"Unknown", u"Neznáme"},
+    {"Shortcut", u"Odkaz"},
+    {"Alias", u"Odkaz"},
+    {"Remove", u"Odstrániť"},
+    {"<b>The name \"%1\" cannot be used.</b><p>Try using another name, with fewer characters or no "
+     "punctuation marks.",
+     u"<b>Názov „%1“ sa nedá použiť.</b><p>Skúste iný, kratší alebo bez zvláštnych znakov."},
+    {"All Pages", u"Všetky strany"},
+    {"Odd Pages", u"Nepárne strany"},
+    {"Even Pages", u"Párne strany"},
+    {"Page Set:", u"Ktoré strany:"},
+    {"Pages", u"Strany"},
+    {"Double Sided Printing", u"Obojstranná tlač"},
+    {"Off", u"Vypnutá"},
+    {"Long side binding", u"Väzba na dlhšej strane"},
+    {"Short side binding", u"Väzba na kratšej strane"},
+    {"Specify pages or ranges separated by commas. Ranges are specified by two numbers separated "
+     "by "
+     "a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
+     u"Čísla strán a rozsahy oddelené čiarkou, rozsah sú dve čísla so spojovníkom. Napríklad "
+     u"3,5-7,9 vytlačí strany 3, 5, 6, 7 a 9."},
+    {"Invalid Pages Definition", u"Strany nie sú zadané správne"},
+    {"%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' to "
+     "define ranges and make sure ranges do not intersect with each other.",
+     u"Zápis %1 nie je správny. Strany a rozsahy oddeľte čiarkou, rozsah zapíšte so spojovníkom; "
+     u"rozsahy sa nesmú prekrývať."},
+    {"Printer Properties", u"Vlastnosti tlačiarne"},
+    {"Job Options", u"Možnosti úlohy"},
+    {"Job Control", u"Riadenie úlohy"},
+    {"Scheduled printing:", u"Kedy tlačiť:"},
+    {"Print Immediately", u"Hneď"},
+    {"Hold Indefinitely", u"Zadržať, kým sa neuvoľní"},
+    {"Day (06:00 to 17:59)", u"Cez deň (6:00 až 17:59)"},
+    {"Night (18:00 to 05:59)", u"V noci (18:00 až 5:59)"},
+    {"Second Shift (16:00 to 23:59)", u"Druhá zmena (16:00 až 23:59)"},
+    {"Third Shift (00:00 to 07:59)", u"Tretia zmena (0:00 až 7:59)"},
+    {"Weekend (Saturday to Sunday)", u"Cez víkend (sobota až nedeľa)"},
+    {"Specific Time", u"V určenom čase"},
+    {"Billing information:", u"Údaje na vyúčtovanie:"},
+    {"Job priority:", u"Prednosť úlohy:"},
+    {"Banner Pages", u"Úvodná a záverečná strana"},
+    {"Banner page at start", u"Úvodná strana"},
+    {"Banner page at end", u"Záverečná strana"},
+    {"Start:", u"Na začiatku:"},
+    {"End:", u"Na konci:"},
+    {"None", u"Žiadna"},
+    {"Standard", u"Bežná"},
+    {"Unclassified", u"Verejné"},
+    {"Confidential", u"Dôverné"},
+    {"Classified", u"Vyhradené"},
+    {"Secret", u"Tajné"},
+    {"Top Secret", u"Prísne tajné"},
+    {"Page Layout", u"Rozloženie strán"},
+    {"Page order:", u"Poradie strán:"},
+    {"Pages per sheet:", u"Strán na hárok:"},
+    {"Left to Right, Top to Bottom", u"Zľava doprava, zhora nadol"},
+    {"Left to Right, Bottom to Top", u"Zľava doprava, zdola nahor"},
+    {"Right to Left, Top to Bottom", u"Sprava doľava, zhora nadol"},
+    {"Right to Left, Bottom to Top", u"Sprava doľava, zdola nahor"},
+    {"Top to Bottom, Left to Right", u"Zhora nadol, zľava doprava"},
+    {"Top to Bottom, Right to Left", u"Zhora nadol, sprava doľava"},
+    {"Bottom to Top, Left to Right", u"Zdola nahor, zľava doprava"},
+    {"Bottom to Top, Right to Left", u"Zdola nahor, sprava doľava"},
+    {"Advanced", u"Podrobnosti"},
+    {"Advanced Option Conflicts", u"Podrobnosti si odporujú"},
+    {"Page Setup Conflicts", u"Nastavenia strany si odporujú"},
+    {"Duplex Settings Conflicts", u"Nastavenia obojstrannej tlače si odporujú"},
+    {"There are conflicts in some advanced options. Do you want to fix them?",
+     u"Niektoré podrobnosti si odporujú. Chcete ich opraviť?"},
+    {"There are conflicts in page setup options. Do you want to fix them?",
+     u"Nastavenia strany si odporujú. Chcete ich opraviť?"},
+    {"There are conflicts in duplex settings. Do you want to fix them?",
+     u"Nastavenia obojstrannej tlače si odporujú. Chcete ich opraviť?"},
+    {"There are conflicts in some options. Please fix them.",
+     u"Niektoré nastavenia si odporujú. Opravte ich, prosím."},
+    {"Options 'Pages Per Sheet' and 'Page Set' cannot be used together.\nPlease turn one of those "
+     "options off.",
+     u"Viac strán na hárok a výber strán sa nedajú použiť naraz.\nJedno z nich vypnite."},
+    {"Automatic", u"Automaticky"},
+    {"Auto", u"Automaticky"},
+    {"Lower", u"Dolný"},
+    {"Middle", u"Stredný"},
+    {"Upper", u"Horný"},
+    {"Rear", u"Zadný"},
+    {"Cassette", u"Kazeta"},
+    {"Envelope", u"Obálky"},
+    {"Tractor", u"Traktorový podávač"},
+    {"Gray", u"Odtiene sivej"},
+    {"Custom", u"Vlastná"},
+    {"Job", u"Úloha"},
+    {"Pica (P\u0338)", u"Pica (P\u0338)"},
+    {"Didot (DD)", u"Didot (DD)"},
+    {"Cicero (CC)", u"Cicero (CC)"},
+    {"mm", u"mm"},
+});
+
+} // namespace
+
+std::span<const SlovakText> slovakTable() {
+    return table;
+}
+
+} // namespace forms
