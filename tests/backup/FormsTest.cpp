@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <optional>
+
 namespace {
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,8 @@
 
 #include "support/Lists.h"
 
+#include <algorithm>
+
 namespace {
 
 using namespace Qt::StringLiterals;

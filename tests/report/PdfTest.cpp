@@ -1,4 +1,5 @@
 #include "report/Document.h"
+#include "report/Fonts.h"
 #include "report/PageCheck.h"
 #include "report/Print.h"
 #include "report/TestReport.h"

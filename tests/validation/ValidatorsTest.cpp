@@ -15,6 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
+
 using namespace modKontrola;
 using namespace Qt::StringLiterals;
 
