@@ -3,7 +3,8 @@
 
 build_packages=(g++ cmake ninja-build ccache mold pkg-config
     qt6-base-dev qt6-svg-dev qt6-translations-l10n
-    libsqlite3-dev libicu-dev libhunspell-dev libzip-dev libqpdf-dev mdbtools-dev fonts-liberation)
+    libsqlite3-dev libicu-dev libhunspell-dev libzip-dev libqpdf-dev mdbtools-dev
+    fonts-dejavu-core fonts-liberation)
 run_packages=(libqt6svg6 qt6-qpa-plugins hunspell-sk)
 test_packages=(libgtest-dev poppler-utils)
 ci_packages=(git clang clang-format libclang-rt-14-dev)

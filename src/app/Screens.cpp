@@ -36,7 +36,8 @@ using mainwindow::Screen;
 using Opener = void (*)(FrmUvod&);
 
 printing::PrintTools printTools(FrmUvod& window) {
-    return {window.surroundings().engine, window.surroundings().folder};
+    const mainwindow::Surroundings& around = window.surroundings();
+    return {.engine = around.engine, .folder = around.folder, .patience = around.patience};
 }
 
 statreturn::ReturnTools returnTools(FrmUvod& window) {

@@ -6,6 +6,7 @@
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
 #include "forms/ProgressForm.h"
+#include "forms/WhyNot.h"
 #include "store/EngineError.h"
 
 #include <QDir>
@@ -166,8 +167,9 @@ const Copy* FrmZalohy::chosen() const {
 }
 
 void FrmZalohy::choose() {
-    cmdObnovit_->setEnabled(chosen() != nullptr);
-    cmdUlozit_->setEnabled(chosen() != nullptr);
+    for (QPushButton* button : {cmdObnovit_, cmdUlozit_})
+        forms::setUsable(*button, chosen() != nullptr,
+                         QStringLiteral("Najprv vyberte zálohu v zozname."));
 }
 
 void FrmZalohy::restoreChosen() {

@@ -1,6 +1,7 @@
 #include "backup/PasswordForm.h"
 
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -78,7 +79,9 @@ class PasswordForm : public QDialog {
     void judgeTyped() {
         const Verdict verdict = judge_(typed());
         lblStav_->setText(verdict.words);
-        buttons_->button(QDialogButtonBox::Ok)->setEnabled(verdict.isTaken);
+        forms::setUsable(*buttons_->button(QDialogButtonBox::Ok), verdict.isTaken,
+                         verdict.words.isEmpty() ? QStringLiteral("Najprv napíšte heslo.")
+                                                 : verdict.words);
     }
 
     Judge judge_;

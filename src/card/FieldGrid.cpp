@@ -74,6 +74,7 @@ void FieldGrid::add(const Place& place, const QString& label, QWidget& field, QW
     line->setSpacing(forms::tightGap);
     line->addWidget(&field, 1);
     if (pick != nullptr) {
+        pick->setAccessibleName(label);
         line->addWidget(pick, 1);
         markPick(field);
     }

@@ -6,6 +6,7 @@
 #include "card/TextRules.h"
 #include "forms/DropDown.h"
 #include "forms/FocusGuard.h"
+#include "forms/WhyNot.h"
 #include "validation/Validators.h"
 
 #include <algorithm>
@@ -67,10 +68,10 @@ void RuledFields::setNeighbours(QWidget* above, QWidget* below) {
 }
 
 /// From the last one, as the focus of a field that is disabled goes to the next.
-void RuledFields::enable(bool enabled) {
+void RuledFields::enable(bool enabled, const QString& whyNot) {
     for (std::size_t i = fields_.size(); i-- > 0;) {
         if (!rows_[i].opensApart)
-            fields_[i]->setEnabled(enabled);
+            forms::setUsable(*fields_[i], enabled, whyNot);
     }
 }
 

@@ -43,7 +43,7 @@ class RuledFields : public forms::FieldEvents {
     /// Where Up leads from the first field, and Down from the last; null to stay there.
     void setNeighbours(QWidget* above, QWidget* below);
     /// All but those that open apart.
-    void enable(bool enabled);
+    void enable(bool enabled, const QString& whyNot);
 
     void gotFocus(const forms::Control& control) override;
     void keyPress(const forms::Control& control, QChar& character) override;

@@ -1,8 +1,10 @@
 #include "clientcard/CardFoot.h"
 
 #include "card/Buttons.h"
+#include "clientcard/RecordStateTexts.h"
 #include "forms/FlowLayout.h"
 #include "forms/KeyHint.h"
+#include "forms/WhyNot.h"
 
 #include <QPushButton>
 
@@ -62,13 +64,14 @@ void CardFoot::showKeys() {
 
 void CardFoot::enable(bool enabled) {
     for (const Button button : {CmdZap, cmdZapNew, cmdStorno})
-        buttons_[button]->setEnabled(enabled);
+        forms::setUsable(*buttons_[button], enabled, recordIsOpenText());
     enablePrinting(enabled);
 }
 
 void CardFoot::enablePrinting(bool enabled) {
     for (const Button button : {cmdTlac, cmdTlacKartu})
-        buttons_[button]->setEnabled(enabled && prints_);
+        forms::setUsable(*buttons_[button], enabled && prints_,
+                         prints_ ? recordIsOpenText() : QStringLiteral("Tu sa netlačí."));
 }
 
 void CardFoot::giveWayTo(QAbstractButton& recordStorno) {

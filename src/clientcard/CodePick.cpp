@@ -29,7 +29,6 @@ CodePick::CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& 
     pick_->setSource(codes_, QString::fromUtf16(row.shownColumn));
     pick_->serve(field);
     pick_->setToolTip(QString::fromUtf16(row.toolTip));
-    pick_->setAccessibleName(pick_->toolTip());
     pick_->setDroppedWidth(droppedWidth);
     card::setRoom(*pick_, leastOfPick, mostOfPick);
     frame.guard().watch(pick_, QString::fromUtf16(row.name), row.index, *this);

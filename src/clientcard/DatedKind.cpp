@@ -2,12 +2,14 @@
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
 #include "clientcard/RecordKind.h"
+#include "clientcard/RecordStateTexts.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
 #include "forms/Letters.h"
 #include "forms/MessageBox.h"
+#include "forms/WhyNot.h"
 
 #include <QDialog>
 #include <QStringList>
@@ -131,7 +133,7 @@ class DatedKind : public RecordKind {
     }
     void enableInput(bool enabled) override {
         if (worker_)
-            worker_->pick().setEnabled(enabled);
+            forms::setUsable(worker_->pick(), enabled, recordIsClosedText());
     }
     void editBegins() override {
         if (worker_)

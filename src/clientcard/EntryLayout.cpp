@@ -123,7 +123,6 @@ class FrameMaker {
     QWidget* pickOf(const Cell& cell, const EntryRow& row) {
         if (cell.element == krz::pohlav) {
             card::setWidth(controls_.cmbSex, sexPickCharacters);
-            controls_.cmbSex.setAccessibleName(QString::fromUtf16(row.field.caption));
             return &controls_.cmbSex;
         }
         if (row.picker < 0)
@@ -134,7 +133,6 @@ class FrameMaker {
             pick.showArrowOnly();
         else
             card::setRoom(pick, leastOfCodePick[cell.pair], mostOfCodePick);
-        pick.setAccessibleName(QString::fromUtf16(row.field.caption));
         return &pick;
     }
 

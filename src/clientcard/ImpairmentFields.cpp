@@ -2,11 +2,13 @@
 
 #include "card/FieldGrid.h"
 #include "card/TextRules.h"
+#include "clientcard/RecordStateTexts.h"
 #include "forms/Colours.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 #include "validation/Validators.h"
 
 #include <QGridLayout>
@@ -81,6 +83,12 @@ QString wordsOf(const std::array<QString, 9>& codes) {
         return dominant;
     const QString associated = QStringLiteral("pridružené: ") + words.join(QStringLiteral(", "));
     return dominant.isEmpty() ? associated : dominant + QStringLiteral(", ") + associated;
+}
+
+QString slotName(const ImpairmentTraits& traits, std::size_t slot) {
+    const QString whose = QString::fromUtf16(traits.slotsCaption);
+    return slot == 0 ? whose + QStringLiteral(", dominantné")
+                     : whose + QStringLiteral(", pridružené %1").arg(slot);
 }
 
 QLabel* captionOf(QWidget* control, const QString& text) {
@@ -217,6 +225,7 @@ void ImpairmentFields::showSlots() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         slots_[i]->setText(texts[i]);
         slots_[i]->setToolTip(meaningOf(texts[i]));
+        slots_[i]->setAccessibleName(slotName(traits_, i));
     }
     words_->setText(wordsOf(texts));
     words_->setCursorPosition(0);
@@ -226,22 +235,28 @@ void ImpairmentFields::showSlots() {
 
 void ImpairmentFields::setOpen(bool open) {
     isOpen_ = open;
-    enablePick(*dominantPick_, *dominantCaption_, open);
+    enablePick(*dominantPick_, *dominantCaption_, open, recordIsClosedText());
     enableAssociated(isImpaired_);
 }
 
 void ImpairmentFields::enableAssociated(bool enabled) {
     isImpaired_ = enabled;
-    enablePick(*associatedPick_, *associatedCaption_, isOpen_ && enabled);
-    associated_.setEnabled(isOpen_ && enabled);
+    enablePick(*associatedPick_, *associatedCaption_, isOpen_ && enabled, whyNotAssociated());
+    forms::setUsable(associated_, isOpen_ && enabled, whyNotAssociated());
 }
 
-void ImpairmentFields::enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const {
+QString ImpairmentFields::whyNotAssociated() const {
+    return isOpen_ ? QStringLiteral("Najprv zadajte dominantné postihnutie.")
+                   : recordIsClosedText();
+}
+
+void ImpairmentFields::enablePick(forms::DropDown& pick, QLabel& caption, bool enabled,
+                                  const QString& whyNot) const {
     if (traits_.hidesPicks) {
         pick.setVisible(enabled);
         caption.setVisible(enabled);
     } else {
-        pick.setEnabled(enabled);
+        forms::setUsable(pick, enabled, whyNot);
     }
 }
 

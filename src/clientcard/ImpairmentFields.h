@@ -100,7 +100,9 @@ class ImpairmentFields : public forms::FieldEvents {
     void pickDominant(int row);
     void pickAssociated(int row);
     void enableAssociated(bool enabled);
-    void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled) const;
+    void enablePick(forms::DropDown& pick, QLabel& caption, bool enabled,
+                    const QString& whyNot) const;
+    QString whyNotAssociated() const;
     void makeSlots(QWidget* parent);
     void showSlots();
 

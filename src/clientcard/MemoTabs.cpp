@@ -6,6 +6,7 @@
 #include "forms/FieldEvents.h"
 #include "forms/Guard.h"
 #include "forms/RichText.h"
+#include "forms/WhyNot.h"
 #include "report/StoredText.h"
 
 #include <QDialog>
@@ -49,7 +50,9 @@ MemoTabs::MemoTabs(CardFrame& frame)
 /// Without an open row, as of a client whose row is missing, what was typed would go nowhere.
 void MemoTabs::enableByRow() {
     for (const auto& [tab, field] : fields_)
-        field->setEnabled(source_.Recordset().EditMode() != store::EditState::None);
+        forms::setUsable(*field, source_.Recordset().EditMode() != store::EditState::None,
+                         QStringLiteral("Register nemá riadok pre texty tohto klienta. Pomôže "
+                                        "Servis, Kontrola údajov."));
 }
 
 bool holdsText(const QString& stored) {

@@ -3,11 +3,13 @@
 #include "clientcard/CardData.h"
 #include "clientcard/CodePick.h"
 #include "clientcard/RecordKind.h"
+#include "clientcard/RecordStateTexts.h"
 #include "clientcard/TabFamily.h"
 #include "forms/DropDown.h"
 #include "forms/EntryField.h"
 #include "forms/FlowLayout.h"
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 #include "store/DataSource.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
@@ -72,7 +74,9 @@ class PlacementKind : public RecordKind {
     }
     void layOutAbove(QBoxLayout& page) override { page.addWidget(Frame4_); }
 
-    void enableInput(bool enabled) override { facility_.pick().setEnabled(enabled); }
+    void enableInput(bool enabled) override {
+        forms::setUsable(facility_.pick(), enabled, recordIsClosedText());
+    }
     /// The kind can't change under a record that is open.
     void setEditing(bool editing) override { Frame4_->setVisible(!editing); }
     void rowShown(store::Recordset& /*rows*/) override { facility_.showMeaning(); }

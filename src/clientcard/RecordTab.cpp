@@ -6,6 +6,7 @@
 #include "clientcard/CardData.h"
 #include "clientcard/CardTables.h"
 #include "clientcard/RecordPage.h"
+#include "clientcard/RecordStateTexts.h"
 #include "clientcard/TabFamily.h"
 #include "forms/EntryField.h"
 #include "forms/FocusGuard.h"
@@ -13,6 +14,7 @@
 #include "forms/MessageBox.h"
 #include "forms/RichText.h"
 #include "forms/RowList.h"
+#include "forms/WhyNot.h"
 #include "validation/modKontrola.h"
 #include "words/Keeper.h"
 
@@ -146,22 +148,24 @@ QWidget* RecordTab::openingField() const {
 }
 
 void RecordTab::enableInput(bool enabled) {
-    fields_.enable(enabled);
+    fields_.enable(enabled, recordIsClosedText());
     if (richText_ != nullptr)
-        richText_->setReadOnly(!enabled);
+        richText_->setReadOnly(!enabled, recordIsClosedText());
     kind_->enableInput(enabled);
 }
 
 void RecordTab::enableSaving(bool enabled) {
     for (const Button button : {Zap, ZapNew, Sto})
-        buttons_[button]->setEnabled(enabled);
+        forms::setUsable(*buttons_[button], enabled, recordIsClosedText());
 }
 
 void RecordTab::enableBrowsing(bool enabled) {
-    list_->setEnabled(enabled);
-    buttons_[Novy]->setEnabled(enabled);
+    forms::setUsable(*list_, enabled, recordIsOpenText());
+    forms::setUsable(*buttons_[Novy], enabled, recordIsOpenText());
     for (const Button button : {Opr, Vym})
-        buttons_[button]->setEnabled(enabled && hasRows());
+        forms::setUsable(*buttons_[button], enabled && hasRows(),
+                         enabled ? QStringLiteral("Zoznam je zatiaľ prázdny.")
+                                 : recordIsOpenText());
 }
 
 void RecordTab::otvorVstup() {

@@ -54,7 +54,6 @@ SiblingKind::SiblingKind(const RecordParts& parts)
                    *fields_[sibling::associated], parts.workshop, parts.frame.guard()) {
     card::setWidth(sexPick_.pick(), sexPickCharacters);
     card::keepPlace(sexPick_.pick());
-    sexPick_.pick().setAccessibleName(sexPick_.pick().toolTip());
     for (const int field : {sibling::dominant, sibling::associated})
         card::setWidth(*fields_[std::size_t(field)], 2);
 }

@@ -5,6 +5,7 @@
 #include "forms/Guard.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 #include "store/EngineError.h"
 #include "store/Sql.h"
 #include "validation/modKontrola.h"
@@ -268,8 +269,9 @@ void FrmKontrola::showState() {
         u"Strany a indexy súboru: nedajú sa čítať"};
     lblSubor_->setText(QString::fromUtf16(files[static_cast<int>(file_)]));
     prgStav_->setVisible(isRunning_);
-    cmdZrusit_->setEnabled(isRunning_ || file_ == FileState::Checking);
-    cmdZnova_->setEnabled(!isRunning_);
+    forms::setUsable(*cmdZrusit_, isRunning_ || file_ == FileState::Checking,
+                     QStringLiteral("Nič sa nekontroluje."));
+    forms::setUsable(*cmdZnova_, !isRunning_, QStringLiteral("Kontrola ešte beží."));
     showChosen();
 }
 
@@ -284,7 +286,9 @@ void FrmKontrola::showChosen() {
     const Finding* finding = chosen();
     const Remedy remedy = finding != nullptr ? finding->remedy : Remedy::None;
     cmdNaprav_->setText(QString::fromUtf16(remedyWords(remedy).button));
-    cmdNaprav_->setEnabled(remedy != Remedy::None);
+    forms::setUsable(*cmdNaprav_, remedy != Remedy::None,
+                     finding == nullptr ? QStringLiteral("Najprv vyberte nález.")
+                                        : QStringLiteral("Tento nález sa nedá opraviť odtiaľto."));
     QStringList records;
     if (finding != nullptr)
         forms::showGuarded(this, [&] {

@@ -3,6 +3,7 @@
 #include "forms/ErrorRoute.h"
 #include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
+#include "forms/WhyNot.h"
 #include "store/Sql.h"
 
 #include <QCoreApplication>
@@ -67,7 +68,8 @@ FrmVyber::FrmVyber(Who who, const QString& purpose, store::DBEngine& engine,
         buttons->addButton(QStringLiteral("&Priradiť"), QDialogButtonBox::AcceptRole);
     cmdPriradit->setObjectName(QStringLiteral("cmdPriradit"));
     cmdPriradit->setDefault(true);
-    cmdPriradit->setEnabled(!source_.Recordset().Eof());
+    forms::setUsable(*cmdPriradit, !source_.Recordset().Eof(),
+                     QStringLiteral("V registri nie je nikto, komu by sa dalo priradiť."));
     buttons->addButton(QStringLiteral("&Zrušiť"), QDialogButtonBox::RejectRole)
         ->setObjectName(QStringLiteral("cmdZrusit"));
     for (QWidget* line :

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QToolButton>
 
 namespace forms {
 
@@ -26,7 +27,7 @@ QString nameOf(const QWidget& widget) {
     if (!widget.accessibleName().isEmpty())
         return widget.accessibleName();
     const QLabel* label = labelOf(widget);
-    return label != nullptr ? label->text().remove(u'&') : widget.toolTip();
+    return label != nullptr ? label->text().remove(u'&').replace(u'\n', u' ') : widget.toolTip();
 }
 
 /// As the toolkit's own, which has the value for a name.
@@ -78,18 +79,20 @@ struct Unlabelled {
 };
 constexpr Unlabelled unlabelled[] = {{u"unitCombo", u"Jednotka miery"},
                                      {u"pagesPerSheetCombo", u"Strán na hárok"},
-                                     {u"pagesPerSheetLayoutCombo", u"Poradie strán"}};
+                                     {u"pagesPerSheetLayoutCombo", u"Poradie strán"},
+                                     {u"fileBrowser", u"Vybrať súbor"}};
 
-void nameOfToolkit(QComboBox& box) {
-    const QString own = box.objectName();
-    auto* label = box.window()->findChild<QLabel*>(
-        QString(own).replace(QLatin1String("Combo"), QLatin1String("Label")));
-    if (label != nullptr && label->buddy() == nullptr)
-        label->setBuddy(&box);
-    for (const auto& [control, name] : unlabelled) {
-        if (own == QStringView(control))
-            box.setAccessibleName(QString::fromUtf16(name));
+void nameOfToolkit(QWidget& control) {
+    const QString own = control.objectName();
+    for (const auto& [object, name] : unlabelled) {
+        if (own == QStringView(object))
+            control.setAccessibleName(QString::fromUtf16(name));
     }
+    if (!own.endsWith(QLatin1String("Combo")))
+        return;
+    auto* label = control.window()->findChild<QLabel*>(own.chopped(5) + QLatin1String("Label"));
+    if (label != nullptr && label->buddy() == nullptr)
+        label->setBuddy(&control);
 }
 
 /// Not before it is shown: by then it stands beside its label.
@@ -102,6 +105,8 @@ void nameWhenShown(QWidget& widget) {
         nameOfToolkit(*box);
         name(box->view(), nameOf(*box));
         name(box->lineEdit(), nameOf(*box));
+    } else if (qobject_cast<QToolButton*>(&widget) != nullptr) {
+        nameOfToolkit(widget);
     } else if (qobject_cast<QAbstractItemView*>(&widget) != nullptr) {
         name(&widget, nameOf(widget));
     } else if (qobject_cast<QTabWidget*>(&widget) != nullptr) {

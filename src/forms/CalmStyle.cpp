@@ -59,8 +59,20 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         drawButton(*option, *painter);
     else if (element == CE_HeaderSection || element == CE_HeaderEmptyArea)
         drawHeader(*option, *painter, element == CE_HeaderSection);
+    else if (const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
+             head != nullptr && element == CE_HeaderLabel)
+        drawHeaderLabel(*head, *painter, widget);
     else
         QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+/// The words of a head begin where the texts of its cells do. (The toolkit doesn't ask the style of
+/// the program for their place.)
+void CalmStyle::drawHeaderLabel(QStyleOptionHeader label, QPainter& painter,
+                                const QWidget* widget) const {
+    const int more = gap - pixelMetric(PM_HeaderMargin, &label, widget);
+    label.rect.adjust(more, 0, -more, 0);
+    QProxyStyle::drawControl(CE_HeaderLabel, &label, &painter, widget);
 }
 
 /// The arrow of a sorted head points up where the rows ascend.
@@ -104,13 +116,6 @@ QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     else
         place.adjust(2, 2, -arrowWidth - 1, -2);
     return visualRect(option->direction, option->rect, place);
-}
-
-QRect CalmStyle::subElementRect(SubElement element, const QStyleOption* option,
-                                const QWidget* widget) const {
-    const QRect place = QProxyStyle::subElementRect(element, option, widget);
-    const int more = gap - pixelMetric(PM_HeaderMargin, option, widget);
-    return element == SE_HeaderLabel ? place.adjusted(more, 0, -more, 0) : place;
 }
 
 QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option,

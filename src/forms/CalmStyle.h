@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QProxyStyle>
+#include <QStyleOption>
 
 class QStyleOptionComboBox;
 
@@ -20,8 +21,6 @@ class CalmStyle : public QProxyStyle {
                             QPainter* painter, const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
-    QRect subElementRect(SubElement element, const QStyleOption* option,
-                         const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                            const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -34,6 +33,7 @@ class CalmStyle : public QProxyStyle {
 
   private:
     void drawButton(const QStyleOption& option, QPainter& painter) const;
+    void drawHeaderLabel(QStyleOptionHeader label, QPainter& painter, const QWidget* widget) const;
     void drawHeader(const QStyleOption& option, QPainter& painter, bool section) const;
     void drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const;
 };

@@ -35,6 +35,8 @@ HitList::HitList(RowsModel& rows, QWidget& field) : QListView(&field), rows_(row
 void HitList::showLine(int row) {
     if (row < 0 || field_ == nullptr)
         return hide();
+    if (isHidden())
+        description_ = field_->accessibleDescription();
     if (parentWidget() != field_->window())
         setParent(field_->window());
     setGeometry(place());
@@ -43,6 +45,13 @@ void HitList::showLine(int row) {
     raise();
     show();
     scrollTo(index, PositionAtCenter);
+    field_->setAccessibleDescription(rows_.text(row));
+}
+
+void HitList::hideEvent(QHideEvent* event) {
+    QListView::hideEvent(event);
+    if (field_ != nullptr)
+        field_->setAccessibleDescription(description_);
 }
 
 /// Below the field, or above it where the window ends.

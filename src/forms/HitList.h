@@ -8,7 +8,7 @@ namespace forms {
 class RowsModel;
 
 /// The lines of a pick, shown below the field in which one types, with the line that was found in
-/// the middle. It takes no focus and no keys.
+/// the middle. It takes no focus and no keys; readers of the screen hear the line with the field.
 class HitList : public QListView {
     Q_OBJECT
   public:
@@ -21,11 +21,16 @@ class HitList : public QListView {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  protected:
+    void hideEvent(QHideEvent* event) override;
+
   private:
     QRect place() const;
 
     RowsModel& rows_;
     QPointer<QWidget> field_;
+    /// What the field is described by while no line is shown.
+    QString description_;
 };
 
 } // namespace forms

@@ -42,8 +42,16 @@ bool BusyPointer::isShown() {
 
 LongWork::LongWork(const QString& doing, QWidget* parent, std::chrono::milliseconds patience)
     : form_(QStringLiteral("frmPraca"), QCoreApplication::applicationName(), parent),
-      progress_(form_.progress(doing)) {
+      progress_([this, show = form_.progress(doing)](double part) {
+          part_ = part;
+          return show(part);
+      }) {
     form_.setPatience(patience);
+}
+
+void LongWork::goOn() const {
+    if (!progress_(part_))
+        throw store::GivenUp();
 }
 
 } // namespace forms

@@ -26,10 +26,13 @@ class LongWork {
 
     /// Must not outlive the work.
     const store::TellProgress& progress() const { return progress_; }
+    /// Tells that the work goes on, no further than it was. @throws store::GivenUp
+    void goOn() const;
 
   private:
     BusyPointer pointer_;
     ProgressForm form_;
+    double part_ = 0;
     store::TellProgress progress_;
 };
 

@@ -12,8 +12,10 @@ namespace forms {
 
 namespace {
 
-constexpr int fineness = 1000;
+constexpr int progressSteps = 1000;
 constexpr int formLetters = 64;
+/// Often enough for the eye, seldom enough for the work.
+constexpr int betweenPaintsMs = 50;
 
 } // namespace
 
@@ -27,7 +29,7 @@ ProgressForm::ProgressForm(const QString& name, const QString& title, QWidget* p
     lblStav_->setWordWrap(true);
     prgStav_->setObjectName(QStringLiteral("prgStav"));
     prgStav_->setAccessibleName(title);
-    prgStav_->setRange(0, fineness);
+    prgStav_->setRange(0, progressSteps);
     cmdZrusit_->setObjectName(QStringLiteral("cmdZrusit"));
     cmdZrusit_->setToolTip(QStringLiteral("Preruší prácu, všetko ostane, ako bolo"));
     connect(cmdZrusit_, &QPushButton::clicked, this, &ProgressForm::reject);
@@ -55,6 +57,7 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
     lblStav_->setText(doing);
     prgStav_->reset();
     since_.start();
+    sincePainted_.start();
     givenUp_ = false;
     return [this](double part) {
         return showPart(part);
@@ -62,14 +65,19 @@ store::TellProgress ProgressForm::progress(const QString& doing) {
 }
 
 bool ProgressForm::showPart(double part) {
-    prgStav_->setValue(static_cast<int>(part * fineness));
+    const bool isKnown = part != store::unknownPart && !cmdZrusit_->isHidden();
+    prgStav_->setRange(0, isKnown ? progressSteps : 0);
+    prgStav_->setValue(static_cast<int>(part * progressSteps));
     // Until this window takes all presses, none may reach the one that waits for the work.
     if (!isVisible() && !givenUp_) {
         if (since_.elapsed() < patience_.count())
             return true;
         show();
+    } else if (!sincePainted_.hasExpired(betweenPaintsMs)) {
+        return !givenUp_;
     }
     QCoreApplication::processEvents();
+    sincePainted_.start();
     return !givenUp_;
 }
 

@@ -39,6 +39,7 @@ class ProgressForm : public QDialog {
     QProgressBar* prgStav_;
     QPushButton* cmdZrusit_;
     QElapsedTimer since_;
+    QElapsedTimer sincePainted_;
     std::chrono::milliseconds patience_ = usualPatience;
     bool givenUp_ = false;
 };

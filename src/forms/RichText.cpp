@@ -1,16 +1,19 @@
 #include "forms/RichText.h"
 
 #include "forms/Colours.h"
+#include "forms/KeyHint.h"
 #include "forms/Metrics.h"
 #include "forms/RichDocument.h"
 #include "forms/RovingFocus.h"
 #include "forms/SpellCheck.h"
+#include "forms/WhyNot.h"
 #include "report/HtmlReader.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QSignalBlocker>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -118,7 +121,7 @@ class RichText::Editor : public QTextEdit {
     void paintEvent(QPaintEvent* event) override {
         QTextEdit::paintEvent(event);
         if (spelling_ != nullptr)
-            spelling_->paint();
+            spelling_->paint(event->rect());
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
@@ -236,6 +239,7 @@ RichText::RichText(QWidget* parent) : QWidget(parent), editor_(new Editor(this))
     column->addWidget(editor_);
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(editor_);
+    connect(editor_->document(), &QTextDocument::contentsChange, this, [this] { text_.reset(); });
     connect(editor_, &QTextEdit::textChanged, this, &RichText::textEdited);
     connect(editor_, &QTextEdit::currentCharFormatChanged, this, &RichText::showState);
     connect(editor_, &QTextEdit::cursorPositionChanged, this, &RichText::showState);
@@ -269,11 +273,10 @@ void RichText::addTools(QWidget& bar) {
         tools_[tool] = button;
     }
     row->addStretch();
-    spellingLine_ = new QLabel(&bar);
+    spellingLine_ = new KeyHint(&bar);
+    spellingLine_->setAlignment(Qt::AlignRight);
     row->addWidget(spellingLine_);
 }
-
-RichText::~RichText() = default;
 
 void RichText::setSpelling(spelling::Speller& speller) {
     editor_->setSpelling(speller, *spellingLine_);
@@ -295,7 +298,9 @@ std::vector<QWidget*> RichText::tabStops() const {
 }
 
 QString RichText::text() const {
-    return storedHtml(*editor_->document());
+    if (!text_)
+        text_ = storedHtml(*editor_->document());
+    return *text_;
 }
 
 void RichText::setText(const QString& stored) {
@@ -320,8 +325,9 @@ void RichText::showBound(const QString& text) {
     shown_ = this->text();
 }
 
-void RichText::setReadOnly(bool readOnly) {
+void RichText::setReadOnly(bool readOnly, const QString& whyNot) {
     editor_->setReadOnly(readOnly);
+    tellWhyNot(*editor_, !readOnly, whyNot);
     QPalette ground;
     if (readOnly) {
         ground.setColor(QPalette::Base, readGround);
@@ -329,7 +335,7 @@ void RichText::setReadOnly(bool readOnly) {
     }
     editor_->setPalette(ground);
     for (QToolButton* tool : tools_)
-        tool->setDisabled(readOnly);
+        setUsable(*tool, !readOnly, whyNot);
     editor_->beginSpelling();
 }
 

@@ -6,10 +6,9 @@
 #include <QWidget>
 
 #include <array>
-#include <memory>
+#include <optional>
 #include <vector>
 
-class QLabel;
 class QToolButton;
 
 namespace spelling {
@@ -17,6 +16,8 @@ class Speller;
 }
 
 namespace forms {
+
+class KeyHint;
 
 /// A field of rich text: bold, italic, underlined, lists, with a small tool bar and the usual keys
 /// (Ctrl+B, Ctrl+I, Ctrl+U, Ctrl+Shift+L, Ctrl+Shift+N). Tab leaves the field. What is pasted is
@@ -26,14 +27,14 @@ class RichText : public QWidget, public Bound {
     Q_OBJECT
   public:
     explicit RichText(QWidget* parent = nullptr);
-    ~RichText() override;
 
     /// The stored form.
     QString text() const;
     /// Shows a stored text; the steps to undo are forgotten.
     void setText(const QString& stored);
     /// A field that can't be written can still be read and scrolled.
-    void setReadOnly(bool readOnly);
+    /// @param whyNot said by the tip
+    void setReadOnly(bool readOnly, const QString& whyNot = {});
     /// From now on spelling is checked while the field can be written.
     void setSpelling(spelling::Speller& speller);
 
@@ -61,8 +62,10 @@ class RichText : public QWidget, public Bound {
     class Editor;
     Editor* editor_;
     std::array<QToolButton*, ToolCount> tools_{};
-    QLabel* spellingLine_ = nullptr;
+    KeyHint* spellingLine_ = nullptr;
     QString shown_;
+    /// The stored form of what the field shows, made when it is asked for.
+    mutable std::optional<QString> text_;
 };
 
 } // namespace forms

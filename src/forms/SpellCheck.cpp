@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -59,6 +60,31 @@ void drawWave(QPainter& painter, qreal from, qreal to, qreal y) {
     painter.drawPolyline(wave);
 }
 
+int endOf(const QTextLine& line) {
+    return line.textStart() + line.textLength();
+}
+
+int lastLineAbove(qreal bottom, const QTextLayout& layout, int from) {
+    while (from + 1 < layout.lineCount() && layout.lineAt(from + 1).y() < bottom)
+        ++from;
+    return from;
+}
+
+/// A word that is longer than its line goes on in the next ones.
+void underline(QPainter& painter, const QTextLayout& layout, int lineNumber, const Word& word,
+               const QPointF& origin) {
+    constexpr qreal belowLetters = 2;
+    for (; lineNumber < layout.lineCount(); ++lineNumber) {
+        const QTextLine line = layout.lineAt(lineNumber);
+        if (line.textStart() >= word.end())
+            return;
+        const qreal from = line.cursorToX(std::max(int(word.from), line.textStart()));
+        const qreal to = line.cursorToX(std::min(int(word.end()), endOf(line)));
+        drawWave(painter, origin.x() + from, origin.x() + to,
+                 origin.y() + line.y() + line.ascent() + belowLetters);
+    }
+}
+
 } // namespace
 
 SpellCheck::SpellCheck(QTextEdit& editor, spelling::Speller& speller, QLabel& line)
@@ -72,10 +98,10 @@ SpellCheck::SpellCheck(QTextEdit& editor, spelling::Speller& speller, QLabel& li
     connect(&editor, &QTextEdit::cursorPositionChanged, this, &SpellCheck::cursorMoved);
     connect(&search_, &SpellSearch::found, this, &SpellCheck::offer);
     connect(&search_, &SpellSearch::foundNone, this,
-            [this] { tell(QStringLiteral("Žiadne neznáme slovo.")); });
+            [this] { tell(QStringLiteral("Žiadne neznáme slovo")); });
     connect(&menu_, &SpellMenu::nextAsked, this, &SpellCheck::findNext);
     connect(&menu_, &SpellMenu::added, this, [this](const QString& word) {
-        tell(QStringLiteral("Slovo „%1“ je v slovníku.").arg(word));
+        tell(QStringLiteral("Slovo „%1“ je v slovníku").arg(word));
     });
     editor.installEventFilter(this);
     begin();
@@ -93,41 +119,41 @@ void SpellCheck::begin() {
     editor_.viewport()->update();
 }
 
-void SpellCheck::paint() {
+void SpellCheck::paint(const QRect& area) {
     if (!isOn())
         return;
-    const QTextCursor first = editor_.cursorForPosition({0, 0});
-    const QTextCursor last = editor_.cursorForPosition(editor_.viewport()->rect().bottomRight());
     QPainter painter(editor_.viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(unknownWordColour);
-    for (QTextBlock block = first.block(); block.isValid() && block.position() <= last.position();
-         block = block.next()) {
-        const int from = std::max(0, first.position() - block.position());
-        const int to = std::min(block.length() - 1, last.position() - block.position());
-        for (const Word& word : spelling::wordsIn(block.text(), from, to)) {
-            if (isUnderlined(block, word))
-                underline(painter, block, word);
-        }
+    const QTextCursor first = editor_.cursorForPosition({0, area.top()});
+    int from = first.positionInBlock();
+    for (QTextBlock block = first.block();
+         block.isValid() && paintBlock(painter, block, from, area.bottom()); block = block.next())
+        from = 0;
+}
+
+/// By lines: to ask the editor for the place of each word takes long in a long paragraph.
+/// @return false when what follows lies below `bottom`
+bool SpellCheck::paintBlock(QPainter& painter, const QTextBlock& block, int from, int bottom) {
+    const QTextLayout& layout = *block.layout();
+    QTextLine line = layout.lineForTextPosition(from);
+    if (!line.isValid())
+        return true;
+    const QRect start = editor_.cursorRect(cursorAt(editor_.document(), block.position() + from));
+    const QPointF origin = start.topLeft() - QPointF(line.cursorToX(from), line.y());
+    const int last = lastLineAbove(bottom - origin.y(), layout, line.lineNumber());
+    for (const Word& word : spelling::wordsIn(block.text(), from, endOf(layout.lineAt(last)))) {
+        while (endOf(line) <= word.from && line.lineNumber() < last)
+            line = layout.lineAt(line.lineNumber() + 1);
+        if (isUnderlined(block, word))
+            underline(painter, layout, line.lineNumber(), word, origin);
     }
+    return origin.y() + layout.boundingRect().bottom() < bottom;
 }
 
 bool SpellCheck::isUnderlined(const QTextBlock& block, const Word& word) {
     return block.position() + int(word.from) != typed_ &&
            speller_.verdict(word.text) == spelling::Verdict::Wrong;
-}
-
-/// A word that is longer than its line goes on in the next ones.
-void SpellCheck::underline(QPainter& painter, const QTextBlock& block, const Word& word) const {
-    constexpr int belowLetters = 2;
-    const int start = block.position() + int(word.from);
-    const QRect from = editor_.cursorRect(cursorAt(editor_.document(), start));
-    const QRect to = editor_.cursorRect(cursorAt(editor_.document(), start + int(word.length)));
-    const int rise = editor_.fontMetrics().descent() - belowLetters;
-    if (from.bottom() == to.bottom())
-        return drawWave(painter, from.left(), to.left(), to.bottom() - rise);
-    drawWave(painter, from.left(), editor_.viewport()->width(), from.bottom() - rise);
-    drawWave(painter, 0, to.left(), to.bottom() - rise);
 }
 
 void SpellCheck::setTyped(int start) {
@@ -145,6 +171,8 @@ void SpellCheck::textChanged(int from, int added) {
 }
 
 void SpellCheck::cursorMoved() {
+    if (search_.isUnderWay())
+        tellUsual();
     search_.stop();
     menu_.giveUp();
     if (typed_ >= 0 &&
@@ -168,9 +196,11 @@ void SpellCheck::leave() {
 
 void SpellCheck::findNext() {
     if (!isOn())
-        return tell(QStringLiteral("Pravopis sa kontroluje v texte otvorenom na zápis."));
-    if (!speller_.trouble().isEmpty() || !speller_.isReady())
-        tell(speller_.isReady() ? speller_.trouble() : QStringLiteral("Slovník sa ešte číta…"));
+        return tell(QStringLiteral("Pravopis sa kontroluje v texte otvorenom na zápis"));
+    if (!speller_.hasDictionary())
+        return tell(speller_.trouble());
+    if (!speller_.isReady())
+        tell(QStringLiteral("Slovník sa ešte číta…"));
     const QTextCursor cursor = editor_.textCursor();
     const int start = startOfWordAt(*editor_.document(), cursor.position());
     search_.begin(cursor.hasSelection() || start < 0 ? cursor.selectionEnd() : start);
@@ -216,7 +246,6 @@ void SpellCheck::tellUsual() {
     line_.setText(isTrouble ? speller_.trouble()
                   : isOn()  ? QStringLiteral("F7 ďalšie neznáme slovo")
                             : QString());
-    line_.setToolTip(isTrouble ? speller_.trouble() : QString());
 }
 
 } // namespace forms

@@ -22,8 +22,8 @@ class SpellCheck : public QObject {
     /// @param line tells keys and troubles; all three must outlive this
     SpellCheck(QTextEdit& editor, spelling::Speller& speller, QLabel& line);
 
-    /// To be called when the editor has painted itself.
-    void paint();
+    /// To be called when the editor has painted this part of itself.
+    void paint(const QRect& area);
     /// Opens the menu of the editor.
     void openMenu(const QContextMenuEvent& event);
     /// Goes to the next unknown word, behind the last one to the first, and offers others for it.
@@ -37,7 +37,7 @@ class SpellCheck : public QObject {
 
   private:
     bool isUnderlined(const QTextBlock& block, const spelling::Word& word);
-    void underline(QPainter& painter, const QTextBlock& block, const spelling::Word& word) const;
+    bool paintBlock(QPainter& painter, const QTextBlock& block, int from, int bottom);
     void setTyped(int start);
     void textChanged(int from, int added);
     void cursorMoved();

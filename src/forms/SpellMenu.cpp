@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QTextEdit>
 
+#include <algorithm>
 #include <chrono>
 
 namespace forms {
@@ -43,6 +44,7 @@ SpellMenu::SpellMenu(QTextEdit& editor, spelling::Speller& speller)
 
 void SpellMenu::open(const Offer& offer) {
     offer_ = offer;
+    menu_.clear();
     waiting_.start();
     speller_.suggest(offer.word, this, [this, number = ++offers_](const QStringList& words) {
         if (number == offers_)
@@ -65,6 +67,9 @@ void SpellMenu::suggested(const QStringList& words) {
     const QList<QAction*> lines = menu_->actions();
     for (qsizetype i = 0; i < mostWords; ++i)
         fillLine(*lines[i], words.value(i));
+    // The mouse may be on its way to what stands below.
+    for (qsizetype i = std::max<qsizetype>(words.size(), 1); i < mostWords; ++i)
+        lines[i]->setVisible(offer_.withEditing);
     if (words.isEmpty())
         lines.front()->setText(QStringLiteral("Žiadny návrh"));
     else if (menu_->activeAction() == nullptr)

@@ -76,7 +76,7 @@ bool SpellSearch::moveOn(const QTextBlock& block, int to) {
         wrapped_ = wrapped_ || atEnd;
         at_ = atEnd ? 0 : block.next().position();
     }
-    return !wrapped_ || at_ <= start_;
+    return !wrapped_ || at_ < start_;
 }
 
 } // namespace forms

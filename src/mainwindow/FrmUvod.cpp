@@ -1,6 +1,7 @@
 #include "mainwindow/FrmUvod.h"
 
 #include "forms/Guard.h"
+#include "forms/LongWork.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
 #include "forms/Twips.h"
@@ -28,6 +29,8 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <optional>
+#include <utility>
 
 namespace mainwindow {
 
@@ -38,6 +41,14 @@ constexpr QSize startSize(1280, 800);
 
 bool isUnusable(int number) {
     return number == 3228 || number == 3343;
+}
+
+QString openingText(store::DBEngine::Opening what) {
+    if (what == store::DBEngine::Opening::Checks)
+        return QStringLiteral("Posledný zápis do registra sa prerušil, preto sa kontroluje celý. "
+                              "Pri veľkom registri to chvíľu trvá. Prosím, počkajte.");
+    return QStringLiteral("Register sa raz prispôsobuje tejto verzii programu. Pri veľkom registri "
+                          "to môže trvať aj niekoľko minút. Prosím, počkajte.");
 }
 
 } // namespace
@@ -189,7 +200,7 @@ std::chrono::milliseconds FrmUvod::patience() const {
     return isVisible() ? std::chrono::milliseconds(0) : around_.patience;
 }
 
-/// The first source opens the register, which may have to be brought to this version then.
+/// The first source opens the register, which may take long.
 void FrmUvod::openData() {
     const auto point = [this](store::DataSource& source, const QString& sql) {
         source.setDatabaseName(around_.folder.database());
@@ -200,11 +211,14 @@ void FrmUvod::openData() {
                              nullptr);
     form.setPatience(patience());
     form.setEndless();
-    const auto end = qScopeGuard([this] { around_.engine.whileUpgrading({}); });
-    around_.engine.whileUpgrading(
-        [tell = form.progress(QStringLiteral(
-             "Register sa raz prispôsobuje tejto verzii programu. Pri veľkom registri to môže "
-             "trvať aj niekoľko minút. Prosím, počkajte."))] { tell(0); });
+    const auto end = qScopeGuard([this] { around_.engine.whileOpening({}); });
+    std::optional<store::DBEngine::Opening> told;
+    store::TellProgress tell;
+    around_.engine.whileOpening([&](store::DBEngine::Opening what) {
+        if (std::exchange(told, what) != what)
+            tell = form.progress(openingText(what));
+        tell(store::unknownPart);
+    });
     point(sources_->datGrid, QStringLiteral("select * from k_zaklad"));
     point(sources_->datTlac, QStringLiteral("select * from k_zaklad"));
     point(sources_->datCisVzd, QStringLiteral("select * from c_zariad"));
@@ -300,7 +314,7 @@ void FrmUvod::damageFound() {
     if (!check_)
         return;
     if (QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr)
+        QApplication::activePopupWidget() != nullptr || forms::BusyPointer::isShown())
         return QTimer::singleShot(std::chrono::milliseconds(300), this, &FrmUvod::damageFound);
     opravSubor();
 }

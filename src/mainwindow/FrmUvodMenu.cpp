@@ -29,38 +29,35 @@ struct ItemTraits {
 struct MenuTraits {
     QStringView name;
     QStringView caption;
-    QStringView key;
     std::vector<ItemTraits> items;
 };
 
 const std::array<MenuTraits, 3>& menus() {
     static const std::array<MenuTraits, 3> table{{
         {u"mnuTlac",
-         u"Tlač",
-         u"Alt+T",
-         {{u"mniVek", u"Zostava klientov zoradena podľa veku", Screen::PrintVek},
-          {u"mniVzd", u"Zostava klientov zoradená podľa spôsobu vzdelávania", Screen::PrintVzd},
-          {u"mniZam", u"Evidenčný počet zamestnancov", Screen::PrintZam},
-          {u"mniOdbStar", u"Odborná starostlivosť", Screen::PrintOdbStar},
-          {u"mniDopUkaz", u"Dopĺňajúce ukazovatele", Screen::PrintDopUkaz},
-          {u"mniZozKlient", u"Zoznam klientov", Screen::PrintZozKlient},
+         u"&Tlač",
+         {{u"mniVek", u"Zostava klientov zoradena podľa &veku", Screen::PrintVek},
+          {u"mniVzd", u"Zostava klientov zoradená podľa spôsobu vz&delávania", Screen::PrintVzd},
+          {u"mniZam", u"&Evidenčný počet zamestnancov", Screen::PrintZam},
+          {u"mniOdbStar", u"&Odborná starostlivosť", Screen::PrintOdbStar},
+          {u"mniDopUkaz", u"Do&pĺňajúce ukazovatele", Screen::PrintDopUkaz},
+          {u"mniZozKlient", u"&Zoznam klientov", Screen::PrintZozKlient},
           {},
-          {u"mniVykaz", u"Celý výkaz", Screen::PrintReturn},
-          {u"mniKlientVykaz", u"Klienti vo výkaze", Screen::ClientsInReturn}}},
+          {u"mniVykaz", u"&Celý výkaz", Screen::PrintReturn},
+          {u"mniKlientVykaz", u"&Klienti vo výkaze", Screen::ClientsInReturn}}},
         {u"mnuServis",
-         u"Servis",
-         u"Alt+S",
-         {{u"mniArchiv", u"Archivácia dát", Screen::Archive},
-          {u"mniDearchiv", u"Obnova archivovaných dát", Screen::Restore},
+         u"&Servis",
+         {{u"mniArchiv", u"&Archivácia dát", Screen::Archive},
+          {u"mniDearchiv", u"&Obnova archivovaných dát", Screen::Restore},
           {},
-          {u"mniZalohy", u"Zálohy…", Screen::Copies},
-          {u"mniKontrola", u"Kontrola údajov…", Screen::DataCheck},
-          {u"mniSlova", u"Rozpísané slová…", Screen::KeptWords},
+          {u"mniZalohy", u"&Zálohy…", Screen::Copies},
+          {u"mniKontrola", u"&Kontrola údajov…", Screen::DataCheck},
+          {u"mniSlova", u"&Rozpísané slová…", Screen::KeptWords},
           {},
-          {u"mniPomoc", u"Pomocník (F1)", Screen::Help},
-          {u"mniOProgr", u"O programe", Screen::About}}},
+          {u"mniPomoc", u"&Pomocník (F1)", Screen::Help},
+          {u"mniOProgr", u"O pro&grame", Screen::About}}},
         // A menu without items acts on its own click.
-        {u"mnuKoniec", u"Koniec", u"Alt+K", {}},
+        {u"mnuKoniec", u"&Koniec", {}},
     }};
     return table;
 }
@@ -95,22 +92,12 @@ void FrmUvod::addItem(QMenu& menu, QStringView name, QStringView caption, Screen
             [this, screen] { forms::guarded(this, [&] { openScreen(screen); }); });
 }
 
-// Captions carry no mnemonics, so keys are told apart from them.
 void FrmUvod::buildKeys() {
     const auto onKey = [this](const QString& key, const auto& action) {
         connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this, action);
     };
-    const QList<QAction*> actions = menuBar()->actions();
-    for (qsizetype i = 0; i < actions.size(); ++i) {
-        QAction* action = actions.at(i);
-        onKey(menus().at(static_cast<size_t>(i)).key.toString(), [this, action] {
-            if (action->menu() != nullptr)
-                openMenu(action);
-            else
-                action->trigger();
-        });
-    }
-    onKey(QStringLiteral("F10"), [this, first = actions.first()] { openMenu(first); });
+    onKey(QStringLiteral("F10"),
+          [this, first = menuBar()->actions().constFirst()] { openMenu(first); });
     for (int number = 1; number <= ButtonColours::buttons; ++number)
         onKey(QStringLiteral("Ctrl+%1").arg(number), [this, number] {
             panel_->button(number)->setFocus();
@@ -127,8 +114,9 @@ void FrmUvod::openMenu(QAction* action) {
 void FrmUvod::buildStatus() {
     auto* keys =
         new forms::KeyHint(QStringLiteral("F1 pomocník  ·  F10 menu  ·  Ctrl+1 až Ctrl+6 tlačidlá "
-                                          " ·  Ctrl+N nový  ·  Ctrl+O oprava  ·  "
-                                          "Ctrl+Del výmaz  ·  Ctrl+F hľadaj  ·  Ctrl+T trieď"));
+                                          " ·  písmená filtrujú  ·  Ctrl+N nový  ·  "
+                                          "Enter oprava  ·  Del výmaz  ·  Ctrl+F hľadaj  ·  "
+                                          "F3 ďalej  ·  Ctrl+T trieď"));
     keys->setContentsMargins(0, 0, forms::gap, 2);
     keys->setObjectName(QStringLiteral("lblKlavesy"));
     statusBar()->addPermanentWidget(keys);

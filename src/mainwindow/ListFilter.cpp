@@ -28,9 +28,8 @@ QLineEdit* makeFilterField() {
     field->setToolTip(
         QStringLiteral("Slová v ľubovoľnom poradí, aj bez dĺžňov a mäkčeňov. Esc ukáže všetkých."));
     field->setClearButtonEnabled(true);
-    forms::fitToFont(*field, [field] {
-        field->setMaximumWidth(forms::lettersWide(*field, fieldLetters));
-    });
+    forms::fitToFont(*field,
+                     [field] { field->setMaximumWidth(forms::lettersWide(*field, fieldLetters)); });
     return field;
 }
 
@@ -40,8 +39,9 @@ bool movesInList(int key) {
 }
 
 bool types(const QKeyEvent& event) {
-    const bool isShortcut = event.modifiers().testFlag(Qt::ControlModifier) &&
-                            !event.modifiers().testFlag(Qt::AltModifier);
+    // Both together are the third row of the keys.
+    const bool isShortcut = event.modifiers().testFlag(Qt::ControlModifier) !=
+                            event.modifiers().testFlag(Qt::AltModifier);
     return !isShortcut && event.text().size() == 1 && event.text().front().isPrint();
 }
 
@@ -196,12 +196,9 @@ bool ListFilter::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress)
         return false;
     auto& key = *static_cast<QKeyEvent*>(event);
-    if (key.key() == Qt::Key_Escape && grid_ != nullptr) {
-        showAll();
+    if (key.key() == Qt::Key_Escape && watched == field_ && grid_ != nullptr)
         grid_->setFocus();
-        return true;
-    }
-    return watched == field_ ? keyInField(key) : keyInList(key);
+    return watched == field_ && key.key() != Qt::Key_Escape ? keyInField(key) : take(key);
 }
 
 bool ListFilter::keyInField(QKeyEvent& event) {
@@ -209,7 +206,13 @@ bool ListFilter::keyInField(QKeyEvent& event) {
            QCoreApplication::sendEvent(grid_, &event);
 }
 
-bool ListFilter::keyInList(QKeyEvent& event) {
+bool ListFilter::take(QKeyEvent& event) {
+    if (grid_ == nullptr)
+        return false;
+    if (event.key() == Qt::Key_Escape) {
+        showAll();
+        return true;
+    }
     const bool isBlank = event.key() == Qt::Key_Space && field_->text().isEmpty();
     if (event.key() != Qt::Key_Backspace && (!types(event) || isBlank))
         return false;

@@ -40,6 +40,8 @@ class ListFilter : public QWidget {
     void showAll();
     /// As showAll(), when the filter hides the current row, and says so.
     void giveWay();
+    /// Takes a key that was pressed beside the field, if it types. @return whether it does
+    bool take(QKeyEvent& event);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -55,7 +57,6 @@ class ListFilter : public QWidget {
     void tell();
     store::RowTexts& texts();
     bool keyInField(QKeyEvent& event);
-    bool keyInList(QKeyEvent& event);
 
     const ListTraits* list_ = nullptr;
     forms::RecordsetGrid* grid_ = nullptr;

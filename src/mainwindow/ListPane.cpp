@@ -4,6 +4,7 @@
 #include "forms/Metrics.h"
 #include "forms/RecordsetGrid.h"
 #include "forms/Twips.h"
+#include "forms/WhyNot.h"
 #include "mainwindow/ListFilter.h"
 #include "validation/modKontrola.h"
 
@@ -173,7 +174,7 @@ void ListPane::clear() {
         (this->*traits.button)->setText(traits.caption.toString());
     cmdSort_->hide();
     tlacidlaPrazdne();
-    cmdNovy_->setEnabled(false);
+    forms::setUsable(*cmdNovy_, false, whyNoRow());
 }
 
 /// What acts on the current row needs one that is seen.
@@ -183,15 +184,22 @@ void ListPane::tlacidlaVsetky() {
     const ListTraits* list = onShow();
     const bool anyShown = list == nullptr || grid(*list).rows().rowCount() > 0;
     for (QPushButton* button : {cmdHladaj_, cmdNovy_})
-        button->setEnabled(true);
+        forms::setUsable(*button, true, {});
     for (QPushButton* button : {cmdOprava_, cmdVymaz_})
-        button->setEnabled(anyShown);
+        forms::setUsable(*button, anyShown,
+                         QStringLiteral("Napísanému nezodpovedá nikto: Esc ukáže všetkých."));
+}
+
+QString ListPane::whyNoRow() const {
+    return onShow() == nullptr
+               ? QStringLiteral("Najprv zvoľte zoznam vľavo: Klienti alebo Zamestnanci.")
+               : QStringLiteral("Zoznam je prázdny.");
 }
 
 void ListPane::tlacidlaPrazdne() {
     for (QPushButton* button : {cmdHladaj_, cmdOprava_, cmdVymaz_})
-        button->setEnabled(false);
-    cmdNovy_->setEnabled(true);
+        forms::setUsable(*button, false, whyNoRow());
+    forms::setUsable(*cmdNovy_, true, {});
 }
 
 void ListPane::tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus) {

@@ -42,6 +42,8 @@ class ListPane : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// What the buttons don't take is typed into the filter.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     struct ListButton {
@@ -62,6 +64,7 @@ class ListPane : public QWidget {
 
     void tlacidlaVsetky();
     void tlacidlaPrazdne();
+    QString whyNoRow() const;
     void tlacidlaPodlaRiadkov(forms::RecordsetGrid& focus);
     void zoznam(const ListTraits& list);
     void setCaptions(const ListTraits& list);

@@ -34,6 +34,11 @@ bool ListPane::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
+void ListPane::keyPressEvent(QKeyEvent* event) {
+    if (!filter_->take(*event))
+        QWidget::keyPressEvent(event);
+}
+
 bool ListPane::keyInList(int key) {
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (!opens && key != Qt::Key_Delete)

@@ -55,7 +55,7 @@ struct Surroundings {
     /// Called with the register's path, over that window, before the register is opened; false ends
     /// the run.
     std::function<bool(const QString& path, QWidget* window)> prepareFile = {};
-    /// How long the exit works before it shows how far it is.
+    /// How long the exit and the print-outs work before they show how far they are.
     std::chrono::milliseconds patience = forms::ProgressForm::usualPatience;
     /// Who knows how words are spelled; nobody, where spelling is not checked.
     spelling::Speller* speller = nullptr;

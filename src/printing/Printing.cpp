@@ -48,9 +48,11 @@ class BlankTable : public report::RowTable {
 } // namespace
 
 report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                         const QDate& today, const BlankRows& blank) {
+                         const QDate& today, const BlankRows& blank,
+                         const store::TellProgress& tell) {
     store::ReportConnection connection(tools.engine, tools.folder.database());
-    std::shared_ptr<report::RowTable> rows = std::make_shared<StoredRows>(connection.open(source));
+    std::shared_ptr<report::RowTable> rows =
+        std::make_shared<StoredRows>(connection.open(source, tell));
     if (rows->count() == 0)
         rows = std::make_shared<BlankTable>(blank);
     return report::pagesOnDemand(form, rows, std::make_shared<report::FontMeter>(), today);

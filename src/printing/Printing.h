@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QDate;
@@ -35,9 +36,25 @@ using BlankRows = std::vector<std::map<QString, QString>>;
 /// select statement; each is made when it is looked at. What the user's action has written so far
 /// is made durable first: the rows are read through a connection of their own.
 /// @param today the date that a form's "%d" stands for
-/// @throws store::EngineError 3025 when that connection can't read the register
+/// @throws store::EngineError 3025 when that connection can't read the register; store::GivenUp
 report::Pages makeReport(const PrintTools& tools, const report::Layout& form, const QString& source,
-                         const QDate& today, const BlankRows& blank = {});
+                         const QDate& today, const BlankRows& blank = {},
+                         const store::TellProgress& tell = {});
+
+/// Lets something be done now and then while the engine looks for rows.
+class WhileReading {
+  public:
+    /// @throws store::EngineError as DBEngine::OpenDatabase
+    WhileReading(const PrintTools& tools, std::function<void()> between)
+        : database_(tools.engine.OpenDatabase(tools.folder.database())) {
+        database_.whileReading(std::move(between));
+    }
+    ~WhileReading() { database_.whileReading({}); }
+    Q_DISABLE_COPY_MOVE(WhileReading)
+
+  private:
+    store::Database database_;
+};
 
 /// Makes a print-out by a work that the user may give up; then all that it wrote is undone.
 /// @param doing told to the user who waits
@@ -48,6 +65,7 @@ auto madeAtLength(const PrintTools& tools, const QString& doing, QWidget* parent
     -> std::optional<decltype(make(store::TellProgress()))> {
     const forms::LongWork work(doing, parent, tools.patience);
     try {
+        const WhileReading reading(tools, [&work] { work.goOn(); });
         return make(work.progress());
     } catch (const store::GivenUp&) {
         tools.engine.rollBackPending();

@@ -180,9 +180,14 @@ void printClientList(const printing::PrintTools& tools, const QDate& today, QWid
     database.Close();
     report::Layout form = rptZozKlient();
     form.title = QStringLiteral("Zoznam klientov");
-    report::Pages pages = printing::makeReport(tools, form, query, today);
-    report::addRunningLines(pages, std::make_shared<report::FontMeter>());
-    printing::showPages(tools, pages, parent);
+    auto pages = printing::madeAtLength(
+        tools, QStringLiteral("Zostavuje sa zoznam klientov …"), parent, [&](const auto& tell) {
+            return printing::makeReport(tools, form, query, today, {}, tell);
+        });
+    if (!pages)
+        return;
+    report::addRunningLines(*pages, std::make_shared<report::FontMeter>());
+    printing::showPages(tools, *pages, parent);
 }
 
 } // namespace printouts

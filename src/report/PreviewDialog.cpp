@@ -30,6 +30,12 @@ namespace {
 
 constexpr double zoomStep = 1.2;
 
+/// Its name and key.
+QString tipOf(const QAction& action) {
+    const QString key = action.shortcut().toString(QKeySequence::NativeText);
+    return key.isEmpty() ? action.text() : QStringLiteral("%1 (%2)").arg(action.text(), key);
+}
+
 } // namespace
 
 PreviewDialog::PreviewDialog(const Pages& pages, ProblemTeller tellProblem, QWidget* parent)
@@ -97,9 +103,7 @@ void PreviewDialog::addActions(QToolBar& bar, std::initializer_list<ActionRow> r
         QAction* action = bar.addAction(row.text);
         action->setObjectName(QLatin1StringView(row.name));
         action->setShortcut(row.key);
-        if (!row.key.isEmpty())
-            action->setToolTip(QStringLiteral("%1 (%2)").arg(
-                row.text, row.key.toString(QKeySequence::NativeText)));
+        action->setToolTip(tipOf(*action));
         connect(action, &QAction::triggered, this, row.run);
     }
 }
@@ -143,14 +147,17 @@ void PreviewDialog::noticePage() {
     const int page = view_->currentPage();
     const QSignalBlocker quiet(pageBox_);
     pageBox_->setValue(page);
-    const auto enable = [this](const char* name, bool on) {
-        if (auto* action = findChild<QAction*>(QLatin1StringView(name)))
-            action->setEnabled(on);
+    const auto enable = [this](const char* name, bool on, const QString& whyNot) {
+        auto* action = findChild<QAction*>(QLatin1StringView(name));
+        if (action == nullptr)
+            return;
+        action->setEnabled(on);
+        action->setToolTip(on ? tipOf(*action) : tipOf(*action) + u'\n' + whyNot);
     };
     for (const auto* name : {"firstPage", "previousPage"})
-        enable(name, page > pageBox_->minimum());
+        enable(name, page > pageBox_->minimum(), QStringLiteral("Toto je prvá strana."));
     for (const auto* name : {"nextPage", "lastPage"})
-        enable(name, page < pageBox_->maximum());
+        enable(name, page < pageBox_->maximum(), QStringLiteral("Toto je posledná strana."));
 }
 
 void PreviewDialog::goToFirst() {

@@ -24,10 +24,10 @@ constexpr qsizetype mostKnown = 200'000;
 QString troubleOf(const Dictionary& dictionary) {
     switch (dictionary.state()) {
     case Dictionary::State::Missing:
-        return QStringLiteral("Pravopis sa nekontroluje: chýba slovenský slovník "
-                              "(balík hunspell-sk).");
+        return QStringLiteral("Pravopis sa nekontroluje  ·  chýba slovenský slovník "
+                              "(balík hunspell-sk)");
     case Dictionary::State::Damaged:
-        return QStringLiteral("Pravopis sa nekontroluje: slovník %1 sa nedá čítať.")
+        return QStringLiteral("Pravopis sa nekontroluje  ·  nedá sa čítať slovník %1")
             .arg(dictionary.path());
     default:
         return {};
@@ -97,7 +97,7 @@ void Speller::start() {
                 worker.dictionary().add(word);
         } catch (const store::EngineError& error) {
             if (!isMissing)
-                trouble = QStringLiteral("Vlastný slovník sa nepoužíva. %1 %2")
+                trouble = QStringLiteral("Vlastný slovník sa nepoužíva  ·  %1 %2")
                               .arg(error.description(), worker.own().path());
         }
         QMetaObject::invokeMethod(this, [this, trouble, isMissing] {
@@ -165,7 +165,7 @@ void Speller::add(const QString& word) {
         try {
             worker.own().add(word);
         } catch (const store::EngineError& error) {
-            trouble = QStringLiteral("Slovo „%1“ platí len do konca programu. %2 %3")
+            trouble = QStringLiteral("Slovo „%1“ platí len do konca programu  ·  %2 %3")
                           .arg(word, error.description(), worker.own().path());
         }
         QMetaObject::invokeMethod(this, [this, trouble] {

@@ -26,6 +26,8 @@ class Speller : public QObject {
     void start();
     /// Whether the dictionary has been read, or can't be.
     bool isReady() const { return isReady_; }
+    /// False when it can't be read, which trouble() says.
+    bool hasDictionary() const { return !isMissing_; }
     /// What hinders it, as a line for the user; empty when nothing does.
     const QString& trouble() const { return trouble_; }
 

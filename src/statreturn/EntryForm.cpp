@@ -39,7 +39,7 @@ QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
                                  const char16_t* keys) {
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
     line->addWidget(new forms::KeyHint(QString::fromUtf16(keys), this));
-    const std::array<card::ButtonRow, 2> table = {{{writes, u"Zápis"}, {drops, u"Storno"}}};
+    const std::array<card::ButtonRow, 2> table = {{{writes, u"&Zápis"}, {drops, u"&Storno"}}};
     const auto buttons = card::makeButtons(
         table, this, [this](int place) { place == 0 ? writeAndClose() : storno(); });
     for (QPushButton* button : buttons)
@@ -52,10 +52,11 @@ QLayout* EntryForm::makeLastLine(const char16_t* writes, const char16_t* drops,
     return line;
 }
 
-void EntryForm::keepWords(const store::ProgramFolder& folder, words::Place place) {
+void EntryForm::keepWords(const store::ProgramFolder& folder, const QString& name,
+                          words::Place place) {
     words_.emplace(*this, engine_, folder, QString());
     words_->add(std::move(place));
-    words_->begin({}, windowTitle());
+    words_->begin({}, name);
 }
 
 void EntryForm::storno() {

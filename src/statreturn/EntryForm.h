@@ -53,7 +53,8 @@ class EntryForm : public QDialog, public forms::FieldEvents {
 
     /// Keeps what is typed, and offers what was. Called when all is laid out.
     /// @param folder must outlive the form
-    void keepWords(const store::ProgramFolder& folder, words::Place place);
+    /// @param name what the user calls the form
+    void keepWords(const store::ProgramFolder& folder, const QString& name, words::Place place);
 
     /// Asks whether what was typed may be dropped, if there is anything.
     bool mayDrop();

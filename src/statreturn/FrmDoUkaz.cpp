@@ -52,13 +52,14 @@ FrmDoUkaz::FrmDoUkaz(store::DBEngine& engine, const store::ProgramFolder& folder
     for (std::size_t i = 0; i < indicators.size(); ++i)
         binding_->bind(*TextPsych_[i], QString::fromUtf16(indicators[i].column));
     showSum();
-    keepWords(folder, {.tables = {QStringLiteral("dop_ukaz")},
-                       .typed = [this] { return binding_->typed(); },
-                       .enter =
-                           [this](const words::Kept& kept) {
-                               binding_->enter(kept.words);
-                               showSum();
-                           }});
+    keepWords(folder, windowTitle(),
+              {.tables = {QStringLiteral("dop_ukaz")},
+               .typed = [this] { return binding_->typed(); },
+               .enter =
+                   [this](const words::Kept& kept) {
+                       binding_->enter(kept.words);
+                       showSum();
+                   }});
 }
 
 FrmDoUkaz::~FrmDoUkaz() = default;

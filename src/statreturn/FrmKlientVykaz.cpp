@@ -7,6 +7,7 @@
 #include "forms/KeyHint.h"
 #include "forms/MessageBox.h"
 #include "forms/Metrics.h"
+#include "forms/WhyNot.h"
 #include "report/Csv.h"
 #include "report/Fonts.h"
 #include "report/SaveFile.h"
@@ -119,10 +120,11 @@ QWidget* FrmKlientVykaz::makeList() {
 
 QLayout* FrmKlientVykaz::makeLastLine() {
     using Action = void (FrmKlientVykaz::*)();
-    static constexpr card::ButtonRow table[] = {{u"cmdKarta", u"Otvoriť kartu", u"Enter v zozname"},
-                                                {u"cmdCsv", u"Uložiť ako CSV", u"Ctrl+S"},
-                                                {u"cmdTlac", u"Tlačiť…", u"Ctrl+P"},
-                                                {u"cmdZavri", u"Zavrieť", u"Esc"}};
+    static constexpr card::ButtonRow table[] = {
+        {u"cmdKarta", u"&Otvoriť kartu", u"Enter v zozname"},
+        {u"cmdCsv", u"&Uložiť ako CSV", u"Ctrl+S"},
+        {u"cmdTlac", u"&Tlačiť…", u"Ctrl+P"},
+        {u"cmdZavri", u"&Zavrieť", u"Esc"}};
     static constexpr Action actions[] = {&FrmKlientVykaz::openCard, &FrmKlientVykaz::save,
                                          &FrmKlientVykaz::print, &FrmKlientVykaz::reject};
     auto* line = new forms::FlowLayout(forms::FlowLayout::Fill::First);
@@ -205,7 +207,8 @@ void FrmKlientVykaz::showPeople() {
 /// A reason may be longer than its column.
 void FrmKlientVykaz::showLine() {
     const bool any = list_->line() >= 0;
-    findChild<QPushButton*>(QStringLiteral("cmdKarta"))->setEnabled(any);
+    forms::setUsable(*findChild<QPushButton*>(QStringLiteral("cmdKarta")), any,
+                     QStringLiteral("Najprv vyberte číslo, za ktorým niekto stojí."));
     state_->setText(any && showsLeftOut()
                         ? list_->model()->index(list_->line(), 3).data().toString()
                         : QString());

@@ -46,13 +46,13 @@ FrmOdbStar::FrmOdbStar(store::DBEngine& engine, const store::ProgramFolder& fold
     datOdbStar_.setRecordSource(QStringLiteral("select * from odbstar"));
     load();
     sums_->show(stored_, 0, 0);
-    keepWords(folder, {.title = QStringLiteral("V. Odborná starostlivosť"),
-                       .tables = {QStringLiteral("odbstar")},
-                       .typed = [this] { return typedWords(); },
-                       .enter =
-                           [this](const words::Kept& kept) {
-                               enterWords(kept.words);
-                           }});
+    keepWords(folder, QStringLiteral("V. Odborná starostlivosť"),
+              {.tables = {QStringLiteral("odbstar")},
+               .typed = [this] { return typedWords(); },
+               .enter =
+                   [this](const words::Kept& kept) {
+                       enterWords(kept.words);
+                   }});
 }
 
 void FrmOdbStar::layOut() {

@@ -122,8 +122,8 @@ class NumberHeader : public QHeaderView {
     void paintHead(QPainter& painter, const QRect& rect, const QString& text, bool lit) const {
         painter.fillRect(rect.adjusted(0, 0, -1, -1),
                          lit ? forms::litHeadColour : forms::headColour);
-        painter.fillRect(QRect(rect.bottomLeft(), QSize(rect.width(), 1)), Qt::white);
-        painter.fillRect(QRect(rect.topRight(), QSize(1, rect.height())), Qt::white);
+        painter.fillRect(QRect(rect.bottomLeft(), QSize(rect.width(), 1)), forms::fieldGround);
+        painter.fillRect(QRect(rect.topRight(), QSize(1, rect.height())), forms::fieldGround);
         painter.setPen(palette().color(QPalette::Text));
         if (orientation() == Qt::Horizontal)
             return painter.drawText(rect, Qt::AlignCenter, text);

@@ -149,6 +149,12 @@ void Connection::commit() {
     }
 }
 
+void Connection::rowRead() {
+    constexpr quint64 rowsBetween = 512;
+    if (betweenRows_ && ++rowsRead_ % rowsBetween == 0)
+        betweenRows_();
+}
+
 quint64 Connection::changeStamp() const {
     return static_cast<quint64>(sqlite3_total_changes64(handle())) + epoch_ * epochStep;
 }

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -82,6 +83,11 @@ class Connection {
     /// Another number after each change that a row read before may have missed.
     quint64 changeStamp() const;
 
+    /// See Database::whileReading().
+    void whileReading(std::function<void()> between) { betweenRows_ = std::move(between); }
+    /// A row of a long selection has been read.
+    void rowRead();
+
     /// The statement of a stored query; nothing when there is none of that name.
     std::optional<QString> storedQuery(QStringView name);
     QueryLookup queryLookup();
@@ -135,6 +141,8 @@ class Connection {
     /// Why the whole unit is given up, while its caller may not know that earlier writes of it are
     /// gone.
     std::optional<EngineError> lost_;
+    std::function<void()> betweenRows_;
+    quint64 rowsRead_ = 0;
 };
 
 } // namespace store

@@ -7,6 +7,7 @@
 #include "store/OpenCheck.h"
 #include "store/Query.h"
 #include "store/Sql.h"
+#include "store/Watch.h"
 
 #include <QFileInfo>
 
@@ -69,6 +70,10 @@ QueryDef Database::QueryDefs(const QString& name) {
     return {connection_, name};
 }
 
+void Database::whileReading(std::function<void()> between) {
+    opened(connection_).whileReading(std::move(between));
+}
+
 void Database::CreateQueryDef(const QString& name, const QString& sql) {
     Connection& connection = opened(connection_);
     if (connection.storedQuery(name))
@@ -94,15 +99,16 @@ class DBEngine::Impl {
     std::shared_ptr<Connection> open(const QString& path);
     void commit();
     void rollBack() noexcept;
-    void whileUpgrading(std::function<void()> working) { upgrading_ = std::move(working); }
+    void whileOpening(std::function<void(Opening)> working) { opening_ = std::move(working); }
     /// True when a connection still holds a file that was replaced at this path.
     bool holdsReplaced(const QString& path) const;
 
   private:
     std::vector<std::shared_ptr<Connection>> live() const;
+    std::function<void()> workingAt(bool isLong, Opening what) const;
 
     std::vector<std::weak_ptr<Connection>> connections_;
-    std::function<void()> upgrading_;
+    std::function<void(Opening)> opening_;
     std::shared_ptr<DeferredErrors> deferred_ = std::make_shared<DeferredErrors>();
 };
 
@@ -129,6 +135,30 @@ bool DBEngine::Impl::holdsReplaced(const QString& path) const {
     return false;
 }
 
+namespace {
+
+/// @param working called again and again; may be empty
+void searchForDamage(Connection& connection, const std::function<void()>& working) {
+    if (!working)
+        return checkPages(connection);
+    working();
+    Watch(connection.handle(), [&working] {
+        working();
+        return true;
+    }).run([&connection] { checkPages(connection); });
+}
+
+} // namespace
+
+/// Empty for what takes no time.
+std::function<void()> DBEngine::Impl::workingAt(bool isLong, Opening what) const {
+    if (!isLong || !opening_)
+        return {};
+    return [this, what] {
+        opening_(what);
+    };
+}
+
 std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     checkHeader(path);
     const bool wasCutOff = hasHotJournal(path);
@@ -136,11 +166,11 @@ std::shared_ptr<Connection> DBEngine::Impl::open(const QString& path) {
     checkIdentity(*connection);
     // What a journal puts back may be of another state of the file than what it is put into.
     if (!remakesIndexes(*connection) && (wasCutOff || isQuicklyChecked(path)))
-        checkPages(*connection);
+        searchForDamage(*connection, workingAt(wasCutOff, Opening::Checks));
     connection->execute(
         "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
     removeColdJournal(*connection);
-    bringUpToDate(*connection, upgrading_);
+    bringUpToDate(*connection, workingAt(true, Opening::Upgrades));
     std::erase_if(connections_, [](const auto& weak) { return weak.expired(); });
     connections_.push_back(connection);
     return connection;
@@ -196,8 +226,8 @@ bool DBEngine::owesFullCheck(const QString& path) {
     return !isQuicklyChecked(path);
 }
 
-void DBEngine::whileUpgrading(std::function<void()> working) {
-    impl_->whileUpgrading(std::move(working));
+void DBEngine::whileOpening(std::function<void(Opening)> working) {
+    impl_->whileOpening(std::move(working));
 }
 
 void DBEngine::commitPending() {

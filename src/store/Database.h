@@ -35,6 +35,10 @@ class Database {
     qint64 Execute(const QString& sql);
     /// @throws EngineError
     std::unique_ptr<Recordset> OpenRecordset(const QString& source);
+    /// Has something called now and then while the rows of a join are looked for, on whatever
+    /// handle of this file; the reading ends with what it throws.
+    /// @param between may read the file by statements of its own; empty for nothing
+    void whileReading(std::function<void()> between);
     QueryDef QueryDefs(const QString& name);
     /// Puts a new query object into the file. @throws EngineError 3012 when one has that name
     void CreateQueryDef(const QString& name, const QString& sql);
@@ -75,10 +79,12 @@ class DBEngine {
     void CreateDatabase(const QString& path);
     /// True when OpenDatabase leaves the search for damage to be done in the background.
     static bool owesFullCheck(const QString& path);
-    /// Has something called when a register begins to be brought to the present schema, and again
-    /// and again until that is done, which with a large one takes minutes.
+    /// Why the opening of a large register takes seconds or minutes: its last write was cut off, so
+    /// that it is searched for damage, or it is brought to the present schema.
+    enum class Opening { Checks, Upgrades };
+    /// Has something called when that begins, and again and again until it is done.
     /// @param working must not throw, nor use the engine; empty for nothing
-    void whileUpgrading(std::function<void()> working);
+    void whileOpening(std::function<void(Opening)> working);
     /// Opens the file on its own and checks every page. @throws EngineError 3343; GivenUp
     static void verifyDatabase(const QString& path, const TellProgress& tell = {});
 

@@ -140,6 +140,7 @@ void Keyset::loadJoin() {
         readKey(query, key);
         keys_.insert(keys_.end(), key.begin(), key.end());
         ahead_->add(query, key);
+        connection_->rowRead();
     }
     complete_ = true;
 }

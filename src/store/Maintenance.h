@@ -23,7 +23,7 @@ bool remakesIndexes(Connection& connection);
 /// Brings tables of an older version and indexes of another order of texts to the present ones, if
 /// what was made anew is sound then. An older version that can't be written stays: it is read all
 /// the same.
-/// @param working see DBEngine::whileUpgrading
+/// @param working called now and then while that takes its time; empty for nothing
 /// @throws EngineError
 void bringUpToDate(Connection& connection, const std::function<void()>& working = {});
 

@@ -7,6 +7,9 @@ namespace store {
 /// Told often how much of a long work is done, from 0 to 1; the work is given up on false.
 using TellProgress = std::function<bool(double part)>;
 
+/// What a work tells that goes on and can't say how far it is.
+inline constexpr double unknownPart = -1;
+
 /// The user has given a long work up; what it had begun is gone.
 struct GivenUp {};
 
@@ -20,7 +23,9 @@ class Share {
             throw GivenUp();
     }
     /// @return false when the work is given up
-    bool tells(double part) const { return !tell_ || tell_(from_ + (to_ - from_) * part); }
+    bool tells(double part) const {
+        return !tell_ || tell_(part == unknownPart ? part : from_ + (to_ - from_) * part);
+    }
 
   private:
     const TellProgress& tell_;

@@ -6,6 +6,7 @@
 #include "store/OpenCheck.h"
 #include "store/Query.h"
 #include "store/StoredValue.h"
+#include "store/Watch.h"
 
 #include <QFileInfo>
 
@@ -76,13 +77,15 @@ ReportConnection::ReportConnection(DBEngine& engine, const QString& path) {
 
 ReportConnection::~ReportConnection() = default;
 
-ReportRows ReportConnection::open(const QString& source) {
+ReportRows ReportConnection::open(const QString& source, const TellProgress& tell) {
     try {
         const SelectPlan plan = translateSelect(source, connection_->queryLookup());
         Query query(connection_->handle(), plan.rows);
         RowBlock rows;
-        while (query.step())
-            rows.append(query);
+        Watch(connection_->handle(), [&tell] { return !tell || tell(unknownPart); }).run([&] {
+            while (query.step())
+                rows.append(query);
+        });
         rows.shrink();
         return {plan.columns, std::move(rows)};
     } catch (const EngineError& error) {

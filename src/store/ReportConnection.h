@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Progress.h"
 #include "store/Query.h"
 #include "store/Sql.h"
 
@@ -47,8 +48,9 @@ class ReportConnection {
     ReportConnection& operator=(const ReportConnection&) = delete;
 
     /// @param source a table's name, a stored query's name or a select statement
-    /// @throws EngineError 3025 when the file can't be read, and those of a bad statement
-    ReportRows open(const QString& source);
+    /// @param tell is told often, but never how far it is: unknownPart
+    /// @throws EngineError 3025 when the file can't be read, and those of a bad statement; GivenUp
+    ReportRows open(const QString& source, const TellProgress& tell = {});
 
   private:
     std::unique_ptr<Connection> connection_;

@@ -1,6 +1,7 @@
 #include "words/FrmSlova.h"
 
-#include "forms/RichText.h"
+#include "forms/RichDocument.h"
+#include "forms/WhyNot.h"
 #include "report/StoredText.h"
 
 #include <QHBoxLayout>
@@ -17,7 +18,7 @@ namespace {
 constexpr QSize startSize(760, 460);
 
 /// The fields one below the other, each under its name, with the marks of those that are formatted.
-QString asText(const Kept& kept) {
+report::RichParagraphs asText(const Kept& kept) {
     report::RichParagraphs all;
     for (const forms::Word& word : kept.words) {
         report::RichParagraph head;
@@ -32,14 +33,14 @@ QString asText(const Kept& kept) {
             all.push_back(line);
         }
     }
-    return report::storedText(all);
+    return all;
 }
 
 } // namespace
 
 FrmSlova::FrmSlova(Book& book, QWidget* parent)
     : QDialog(parent), book_(book), lstSlova_(new QListWidget(this)),
-      rtbSlova_(new forms::RichText(this)), lblStav_(new QLabel(this)),
+      rtbSlova_(new QTextEdit(this)), lblStav_(new QLabel(this)),
       cmdKopirovat_(new QPushButton(QStringLiteral("&Kopírovať"), this)),
       cmdZahodit_(new QPushButton(QStringLiteral("Za&hodiť"), this)) {
     setObjectName(QStringLiteral("FrmSlova"));
@@ -60,12 +61,15 @@ void FrmSlova::showAlone(const Kept& kept) {
 
 void FrmSlova::layOut() {
     lstSlova_->setObjectName(QStringLiteral("lstSlova"));
+    lstSlova_->setWordWrap(true);
+    lstSlova_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstSlova_->setSpacing(3);
     lstSlova_->setAccessibleName(QStringLiteral("Čie slová a odkedy"));
     rtbSlova_->setObjectName(QStringLiteral("rtbSlova"));
-    for (QWidget* part :
-         {static_cast<QWidget*>(rtbSlova_), static_cast<QWidget*>(&rtbSlova_->editor())})
-        part->setAccessibleName(QStringLiteral("Rozpísané slová"));
+    rtbSlova_->setAccessibleName(QStringLiteral("Rozpísané slová"));
     rtbSlova_->setReadOnly(true);
+    rtbSlova_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    rtbSlova_->setTabChangesFocus(true);
     lblStav_->setObjectName(QStringLiteral("lblStav"));
     lblStav_->setTextFormat(Qt::PlainText);
     lblStav_->setWordWrap(true);
@@ -93,7 +97,8 @@ void FrmSlova::layOut() {
 void FrmSlova::fill() {
     lstSlova_->clear();
     for (const Kept& kept : shown_)
-        lstSlova_->addItem(titleOf(kept));
+        lstSlova_->addItem(titleOf(kept) +
+                           (kept.isDropped ? QStringLiteral(" – zahodené") : QString()));
     lblStav_->setText(!book_.fault().isEmpty() ? book_.fault()
                       : shown_.empty()
                           ? QStringLiteral("Žiadne rozpísané slová tu nie sú.")
@@ -110,14 +115,17 @@ const Kept* FrmSlova::chosen() const {
 
 void FrmSlova::showChosen() {
     const Kept* kept = chosen();
-    rtbSlova_->setText(kept != nullptr ? asText(*kept) : QString());
+    rtbSlova_->clear();
+    if (kept != nullptr)
+        forms::insertParagraphs(asText(*kept), QTextCursor(rtbSlova_->document()));
     for (QPushButton* button : {cmdKopirovat_, cmdZahodit_})
-        button->setEnabled(kept != nullptr);
+        forms::setUsable(*button, kept != nullptr,
+                         QStringLiteral("Najprv vyberte riadok v zozname."));
 }
 
 void FrmSlova::copy() {
-    rtbSlova_->editor().selectAll();
-    rtbSlova_->editor().copy();
+    rtbSlova_->selectAll();
+    rtbSlova_->copy();
     lblStav_->setText(QStringLiteral("Text je skopírovaný."));
 }
 

@@ -7,10 +7,7 @@
 class QLabel;
 class QListWidget;
 class QPushButton;
-
-namespace forms {
-class RichText;
-}
+class QTextEdit;
 
 namespace words {
 
@@ -37,7 +34,7 @@ class FrmSlova : public QDialog {
     Book& book_;
     KeptWords shown_;
     QListWidget* lstSlova_;
-    forms::RichText* rtbSlova_;
+    QTextEdit* rtbSlova_;
     QLabel* lblStav_;
     QPushButton* cmdKopirovat_;
     QPushButton* cmdZahodit_;

@@ -66,7 +66,8 @@ QString questionOf(const Kept& kept, Fit fit) {
 
 Keeper::Keeper(QWidget& window, store::DBEngine& engine, const store::ProgramFolder& folder,
                QString owner)
-    : QObject(&window), window_(window), engine_(engine), folder_(folder), owner_(std::move(owner)), book_(folder) {
+    : QObject(&window), window_(window), engine_(engine), folder_(folder), owner_(std::move(owner)),
+      book_(folder) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, [this] { keep(); });
     connect(&input_, &card::InputNote::noted, this, &Keeper::noteInput);
@@ -171,6 +172,8 @@ Kept Keeper::keptOf(const Place& place, forms::Words words) {
     Kept kept = before != live_.end() ? before->second : Kept{};
     kept.when = QDateTime::currentDateTime();
     kept.words = std::move(words);
+    auto data = engine_.OpenDatabase(folder_.database());
+    kept.rest = printOfRest(data, kept);
     if (before != live_.end())
         return kept;
     kept.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -181,12 +184,8 @@ Kept Keeper::keptOf(const Place& place, forms::Words words) {
     kept.key = key_;
     kept.tables = place.tables;
     kept.who = kept.isNew() ? nameOfNew(who_, kept.words) : who_;
-    if (place.basis) {
-        kept.basis = place.basis();
-    } else {
-        auto data = engine_.OpenDatabase(folder_.database());
-        kept.basis = printOfRows(data, kept);
-    }
+    kept.basis = place.basis ? place.basis() : printOfRows(data, kept);
+    kept.rest = printOfRest(data, kept);
     return kept;
 }
 

@@ -48,6 +48,7 @@ QJsonObject toJson(const Kept& kept) {
             {u"kto"_s, kept.who},
             {u"tabulky"_s, QJsonArray::fromStringList(kept.tables)},
             {u"zaklad"_s, QString::fromLatin1(kept.basis)},
+            {u"zvysok"_s, QString::fromLatin1(kept.rest)},
             {u"kedy"_s, kept.when.toString(Qt::ISODateWithMs)},
             {u"zahodene"_s, kept.isDropped},
             {u"slova"_s, all}};
@@ -63,6 +64,7 @@ Kept keptOf(const QJsonObject& json) {
               .who = json[u"kto"_s].toString(),
               .tables = {},
               .basis = json[u"zaklad"_s].toString().toLatin1(),
+              .rest = json[u"zvysok"_s].toString().toLatin1(),
               .when = QDateTime::fromString(json[u"kedy"_s].toString(), Qt::ISODateWithMs),
               .isDropped = json[u"zahodene"_s].toBool(),
               .words = {}};

@@ -32,6 +32,9 @@ struct Kept {
     QStringList tables;
     /// What the row was when they were typed (see Rows.h); empty for a new row.
     QByteArray basis;
+    /// What the row was beside its key and the columns that the words are for: by it the row is
+    /// known when the words have changed its key.
+    QByteArray rest;
     QDateTime when;
     /// Given up by Storno, to be had back once.
     bool isDropped = false;

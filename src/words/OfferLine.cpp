@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 
 #include <array>
 
@@ -14,9 +13,11 @@ namespace words {
 
 namespace {
 
+constexpr QColor ground(255, 255, 217);
+
 constexpr std::array<card::ButtonRow, 2> offerButtons = {{
-    {u"cmdVratitSlova", u"Vrátiť rozpísané", u"Alt+V"},
-    {u"cmdZahoditSlova", u"Zahodiť", u"Zahodí rozpísané slová (Alt+Z)"},
+    {u"cmdVratitSlova", u"Vrátiť s&lová", u"Alt+L"},
+    {u"cmdZahoditSlova", u"Za&hodiť", u"Zahodí rozpísané slová (Alt+H)"},
 }};
 
 } // namespace
@@ -24,6 +25,8 @@ constexpr std::array<card::ButtonRow, 2> offerButtons = {{
 OfferLine::OfferLine(QWidget* parent) : QFrame(parent), lblSlova_(new QLabel(this)) {
     setObjectName(QStringLiteral("fraSlova"));
     setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    card::setGround(*this, QPalette::Window, ground);
     lblSlova_->setObjectName(QStringLiteral("lblSlova"));
     lblSlova_->setTextFormat(Qt::PlainText);
     lblSlova_->setWordWrap(true);
@@ -39,23 +42,18 @@ OfferLine::OfferLine(QWidget* parent) : QFrame(parent), lblSlova_(new QLabel(thi
         button->setFocusPolicy(Qt::NoFocus);
         line->addWidget(button);
     }
-    for (const auto& [key, button] : {std::pair{Qt::ALT | Qt::Key_V, cmdVratitSlova_},
-                                      std::pair{Qt::ALT | Qt::Key_Z, cmdZahoditSlova_}}) {
-        auto* shortcut = new QShortcut(QKeySequence(key), button);
-        connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
-    }
     hide();
 }
 
 void OfferLine::offer(const QString& text, Way way) {
     const bool isText = way == Way::AsText;
-    cmdVratitSlova_->setText(isText ? QStringLiteral("Zobraziť rozpísané")
-                                    : QStringLiteral("Vrátiť rozpísané"));
-    cmdVratitSlova_->setAccessibleName(cmdVratitSlova_->text());
+    cmdVratitSlova_->setText(isText ? QStringLiteral("Zobraziť s&lová")
+                                    : QStringLiteral("Vrátiť s&lová"));
+    cmdVratitSlova_->setAccessibleName(cmdVratitSlova_->text().remove(u'&'));
     cmdVratitSlova_->setToolTip(
-        isText ? QStringLiteral("Ukáže rozpísané slová ako text, ktorý sa dá kopírovať (Alt+V)")
-               : QStringLiteral("Vráti rozpísané slová do polí, zapíše ich až zápis (Alt+V)"));
-    show(text + QStringLiteral("  (Alt+V %1, Alt+Z zahodí)")
+        isText ? QStringLiteral("Ukáže rozpísané slová ako text, ktorý sa dá kopírovať (Alt+L)")
+               : QStringLiteral("Vráti rozpísané slová do polí, zapíše ich až zápis (Alt+L)"));
+    show(text + QStringLiteral("  (Alt+L %1, Alt+H zahodí)")
                     .arg(isText ? QStringLiteral("zobrazí") : QStringLiteral("vráti")),
          true);
 }

@@ -8,7 +8,7 @@ class QPushButton;
 namespace words {
 
 /// A line above a screen that offers kept words. It takes no focus and holds nobody up: it is
-/// answered by Alt+V and Alt+Z or by the mouse, or left where it is. Screen readers are told of it.
+/// answered by Alt+L and Alt+H or by the mouse, or left where it is. Screen readers are told of it.
 class OfferLine : public QFrame {
     Q_OBJECT
   public:

@@ -28,7 +28,7 @@ QString criterionOf(const Kept& kept, const QString& table) {
         const store::ColumnDef* column = columnIn(table, word);
         if (column != nullptr && column->type == store::ColumnType::Text &&
             column->width <= longestText && !word.text.isEmpty())
-            terms << QStringLiteral("%1 = %2").arg(word.column, store::quoted(word.text));
+            terms << QStringLiteral("[%1] = %2").arg(word.column, store::quoted(word.text));
     }
     return terms.join(QStringLiteral(" and "));
 }
@@ -115,6 +115,38 @@ bool isStored(store::Database& data, const Kept& kept) {
            });
 }
 
+QByteArray printWithout(const QStringList& columns, store::Recordset& row, QStringView table) {
+    QCryptographicHash sum(QCryptographicHash::Sha256);
+    for (const store::ColumnDef& column : store::findTable(table)->columns) {
+        if (columns.contains(QString::fromUtf16(column.name), Qt::CaseInsensitive))
+            continue;
+        const QByteArray value = row.Fields(column.name).Value().toText().toUtf8();
+        sum.addData(QByteArray::number(value.size()) + ':' + value);
+    }
+    return sum.result().toHex();
+}
+
+QByteArray restOf(store::Recordset& row, const Kept& kept) {
+    QStringList columns{QStringLiteral("idkod")};
+    for (const forms::Word& word : kept.words)
+        columns << word.column;
+    return printWithout(columns, row, kept.owner);
+}
+
+/// The words have been written, and the name among them has made another key.
+bool isStoredUnderNewKey(store::Database& data, const Kept& kept) {
+    Kept sought = kept;
+    sought.key.clear();
+    const auto rows = rowsOf(data, sought, kept.owner);
+    const forms::Words words = wordsFor(kept, kept.owner);
+    for (; rows != nullptr && !rows->Eof(); rows->MoveNext()) {
+        if (restOf(*rows, kept) == kept.rest &&
+            std::ranges::all_of(words, [&](const forms::Word& word) { return holds(*rows, word); }))
+            return true;
+    }
+    return false;
+}
+
 bool ownerIsThere(store::Database& data, const Kept& kept) {
     return kept.owner.isEmpty() || kept.isNew() || !rowsOf(data, kept, kept.owner)->Eof();
 }
@@ -137,12 +169,7 @@ bool rowIsThere(store::Database& data, const Kept& kept) {
 } // namespace
 
 QByteArray printOf(store::Recordset& row, QStringView table) {
-    QCryptographicHash sum(QCryptographicHash::Sha256);
-    for (const store::ColumnDef& column : store::findTable(table)->columns) {
-        const QByteArray value = row.Fields(column.name).Value().toText().toUtf8();
-        sum.addData(QByteArray::number(value.size()) + ':' + value);
-    }
-    return sum.result().toHex();
+    return printWithout({}, row, table);
 }
 
 QByteArray printOfRows(store::Database& data, const Kept& kept) {
@@ -158,11 +185,18 @@ QByteArray printOfRows(store::Database& data, const Kept& kept) {
     return QCryptographicHash::hash(prints, QCryptographicHash::Sha256).toHex();
 }
 
+QByteArray printOfRest(store::Database& data, const Kept& kept) {
+    if (kept.owner.isEmpty() || kept.isNew() || kept.part != wholeScreen)
+        return {};
+    const auto row = rowsOf(data, kept, kept.owner);
+    return row->Eof() ? QByteArray() : restOf(*row, kept);
+}
+
 Fit fitOf(store::Database& data, const Kept& kept) {
     if (isStored(data, kept))
         return Fit::Stored;
     if (!ownerIsThere(data, kept))
-        return Fit::Gone;
+        return isStoredUnderNewKey(data, kept) ? Fit::Stored : Fit::Gone;
     return rowIsThere(data, kept) ? Fit::Fits : Fit::Changed;
 }
 

@@ -16,6 +16,10 @@ QByteArray printOf(store::Recordset& row, QStringView table);
 /// words have no owner. Empty for somebody new. @throws store::EngineError
 QByteArray printOfRows(store::Database& data, const Kept& kept);
 
+/// The same of the owner's row, without its key and what the words are for; empty for somebody new
+/// and a screen of nobody. @throws store::EngineError
+QByteArray printOfRest(store::Database& data, const Kept& kept);
+
 enum class Fit {
     Stored,  ///< A row holds all of them: the end came between the writing and their removal.
     Fits,    ///< The row is as it was when they were typed, or they are for a new one.

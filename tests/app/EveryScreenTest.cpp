@@ -1,14 +1,18 @@
 #include "app/ScreenWalk.h"
 #include "forms/SlovakTexts.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QKeySequence>
 #include <QLabel>
+#include <QMenuBar>
 #include <QRegularExpression>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -50,8 +54,12 @@ void findNameless(QAccessibleInterface* node, Faults& faults) {
         return;
     // A cell may well be empty.
     const bool isCell = node->role() == QAccessible::Cell || node->role() == QAccessible::ListItem;
-    if (node->state().focusable && !isCell &&
-        (node->text(QAccessible::Name).trimmed().isEmpty() || node->role() == QAccessible::NoRole))
+    static const QRegularExpression word(u"\\w\\w"_s,
+                                         QRegularExpression::UseUnicodePropertiesOption);
+    const bool isTold =
+        node->text(QAccessible::Name).contains(word) && node->role() != QAccessible::NoRole;
+    const bool isMet = node->state().focusable || node->role() == QAccessible::EditableText;
+    if (isMet && !isCell && !isTold)
         faults.insert(describe(*node));
     for (int i = 0; i < std::min(node->childCount(), mostChildren); ++i)
         findNameless(node->child(i), faults);
@@ -71,6 +79,52 @@ void findUnrelated(const QWidget& screen, Faults& faults) {
     }
 }
 
+/// Controls of the program's own screens that can't be used and don't say why.
+void findMute(const QWidget& screen, Faults& faults) {
+    for (auto* control : screen.findChildren<QWidget*>()) {
+        const bool isClosed = !control->isEnabled() && control->focusPolicy() != Qt::NoFocus;
+        const bool isOwn = !screen.inherits("QFileDialog") && !screen.inherits("QPrintDialog") &&
+                           !screen.inherits("QPrintPropertiesDialog");
+        // A part without a tip shows that of the whole.
+        const QWidget* said = control;
+        while (said->toolTip().isEmpty() && !said->isWindow())
+            said = said->parentWidget();
+        const QString why = said->toolTip().section(u'\n', -1);
+        if (isOwn && isClosed && control->isVisible() && !why.endsWith(u'.'))
+            faults.insert(u"says not why: "_s + control->objectName() +
+                          QString::fromUtf8(control->metaObject()->className()));
+    }
+}
+
+/// Letters for Alt that two controls share which can be pressed at once.
+void findSharedLetters(const QWidget& screen, Faults& faults) {
+    std::map<QString, QString> taken;
+    const auto take = [&](const QString& text) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (letter.isEmpty())
+            return;
+        const auto [first, isNew] = taken.emplace(letter, text);
+        if (!isNew)
+            faults.insert(u"%1 is for '%2' and '%3'"_s.arg(letter, first->second, text));
+    };
+    for (const auto* button : screen.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->isEnabled() && button->window() == screen.window())
+            take(button->text());
+    }
+    for (const auto* label : screen.findChildren<QLabel*>()) {
+        if (label->isVisible() && label->buddy() != nullptr && label->window() == screen.window())
+            take(label->text());
+    }
+    if (const auto* bar = screen.findChild<QMenuBar*>(); bar != nullptr && bar->isVisible()) {
+        for (const QAction* menu : bar->actions())
+            take(menu->text());
+    }
+    if (const auto* menu = qobject_cast<const QMenu*>(&screen)) {
+        for (const QAction* entry : menu->actions())
+            take(entry->text());
+    }
+}
+
 class EveryScreenTest : public testing::Test {
   protected:
     static void expectNone(const char* what, const Faults& faults) {
@@ -85,18 +139,24 @@ TEST_F(EveryScreenTest, isNamedAndSlovak) {
     forms::installSlovakTexts(*qApp);
     Faults nameless;
     int screens = 0;
+    int spelled = 0;
     ScreenWalk walk([&](QWidget& screen, const QString& name) {
         ++screens;
+        for (const auto* line : screen.findChildren<QLabel*>())
+            spelled += line->isVisible() && line->text().startsWith(u"Pravopis") ? 1 : 0;
         Faults found;
         findNameless(QAccessible::queryAccessibleInterface(&screen), found);
         findUnrelated(screen, found);
+        findMute(screen, found);
+        findSharedLetters(screen, found);
         for (const QString& fault : found)
             nameless.insert(name + u": "_s + fault);
     });
     walk.walk();
-    expectNone("without a name", nameless);
+    expectNone("for a reader of the screen", nameless);
     expectNone("foreign", untranslated.faults);
     EXPECT_GT(screens, 150);
+    EXPECT_GE(spelled, 6) << "long texts that can be written";
 }
 
 } // namespace

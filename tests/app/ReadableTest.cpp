@@ -1,6 +1,6 @@
 // Measured on what is painted, whatever painted it.
-#include "app/Contrast.h"
 #include "app/ScreenWalk.h"
+#include "support/Contrast.h"
 #include "validation/modKontrola.h"
 
 #include <QAbstractButton>
@@ -23,14 +23,17 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
-namespace contrast {
+namespace {
 
-std::optional<double> ofText(const QImage& picture, const QRect& part) {
+/// Of the letters in a part of a picture to what they stand on; nothing where there are none. Holds
+/// for texts that are painted without smoothing.
+std::optional<double> contrastOfText(const QImage& picture, const QRect& part) {
     std::map<QRgb, int> counts;
     const QRect inside = part & picture.rect();
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
@@ -46,14 +49,11 @@ std::optional<double> ofText(const QImage& picture, const QRect& part) {
     // A ground may have shades of its own.
     constexpr double shade = 1.6;
     const QRgb ground = byCount[0].second;
-    const auto ink = std::ranges::find_if(
-        byCount, [&](const auto& counted) { return ratio(ground, counted.second) > shade; });
-    return ratio(ground, (ink != byCount.end() ? ink : byCount.begin() + 1)->second);
+    const auto ink = std::ranges::find_if(byCount, [&](const auto& counted) {
+        return contrast::ratio(ground, counted.second) > shade;
+    });
+    return contrast::ratio(ground, (ink != byCount.end() ? ink : byCount.begin() + 1)->second);
 }
-
-} // namespace contrast
-
-namespace {
 
 constexpr double leastForText = 4.5;
 constexpr double leastForReading = 7;
@@ -104,6 +104,13 @@ void addActions(QWidget& menu, const std::function<QRect(QAction*)>& place, Text
     }
 }
 
+QRect fieldOf(const QComboBox& box) {
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
+                                       &box);
+}
+
 /// What is written on a widget itself.
 void addTexts(QWidget& widget, Texts& texts) {
     const auto whole = [&](const QString& words, double least, int edge) {
@@ -121,15 +128,9 @@ void addTexts(QWidget& widget, Texts& texts) {
     else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
         line->deselect();
         whole(line->text() + line->placeholderText(), ofField, 4);
-    } else if (auto* box = qobject_cast<QComboBox*>(&widget);
-               box != nullptr && !box->isEditable() && !box->currentText().isEmpty()) {
-        // The arrow beside it stands on a ground of its own.
-        QStyleOptionComboBox option;
-        option.initFrom(box);
-        const QRect part = box->style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                        QStyle::SC_ComboBoxEditField, box);
-        texts.push_back({box, part.adjusted(4, 4, -4, -4), box->currentText(), ofField});
-    } else if (auto* edit = qobject_cast<QTextEdit*>(&widget))
+    } else if (auto* box = qobject_cast<QComboBox*>(&widget); box != nullptr && !box->isEditable())
+        texts.push_back({box, fieldOf(*box), box->currentText(), ofField});
+    else if (auto* edit = qobject_cast<QTextEdit*>(&widget))
         whole(edit->toPlainText(), ofField, 4);
     else if (auto* head = qobject_cast<QHeaderView*>(&widget))
         addHead(*head, texts);
@@ -178,7 +179,7 @@ class Readable {
     void lookAtText(const Text& text, const QImage& picture) {
         const QRect seen = text.part & text.widget->visibleRegion().boundingRect();
         const QPoint corner = text.widget->mapTo(&screen_, seen.topLeft());
-        const auto measured = contrast::ofText(picture, QRect(corner, seen.size()));
+        const auto measured = contrastOfText(picture, QRect(corner, seen.size()));
         if (measured && *measured < text.least)
             fault(*text.widget,
                   u"'%1' (%2)"_s.arg(text.words.left(30)).arg(text.widget->isEnabled()), *measured);

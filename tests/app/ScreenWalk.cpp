@@ -55,6 +55,7 @@ ScreenWalk::ScreenWalk(Look look)
                                  [] {
                                  }},
       window_(around_) {
+    around_.speller = &speller_;
     // A record of nobody, for the data check to find.
     reg_.execute({u"insert into k_navstevy (idkod, datum) values ('NIKTONIK00', '1.9.2026')"_s});
     reg_.letGo();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mainwindow/FrmUvod.h"
+#include "spelling/Speller.h"
 #include "support/TemporaryRegister.h"
 
 #include <QObject>
@@ -39,6 +40,8 @@ class ScreenWalk : public QObject {
 
     Look look_;
     support::TemporaryRegister reg_;
+    /// Without a dictionary, which texts say in their line.
+    spelling::Speller speller_{{}, {}};
     mainwindow::Surroundings around_;
     mainwindow::FrmUvod window_;
     QStringList path_;

@@ -1,12 +1,11 @@
 // Archives as no program should make them.
 
 #include "backup/BackupFiles.h"
-#include "store/EngineError.h"
+
+#include <QtEndian>
 
 #include <sys/stat.h>
 #include <zip.h>
-
-#include <random>
 
 namespace {
 
@@ -48,7 +47,7 @@ class Archives : public BackupFiles {
         files::write(file, bytes);
         Finding found = Finding::NoArchive;
         {
-            backup::Restore one(reg.engine, reg.folder, checker());
+            backup::Restore one(reg.engine, reg.folder, isRegister);
             found = one.extract(file);
             if (found == Finding::Sound) {
                 EXPECT_EQ(files::read(path("tvk.mdb.obnova")), original);
@@ -61,16 +60,10 @@ class Archives : public BackupFiles {
     const QByteArray original;
 };
 
-QByteArray number(quint64 value, int bytes) {
-    QByteArray written;
-    for (int i = 0; i < bytes; ++i)
-        written += static_cast<char>(value >> (8 * i));
-    return written;
-}
-
 /// With another number so many bytes behind the signature of the entry in the central directory.
-QByteArray with(QByteArray archive, qsizetype behind, quint32 value) {
-    return archive.replace(archive.lastIndexOf("PK\1\2") + behind, 4, number(value, 4));
+QByteArray with(QByteArray archive, qsizetype behind, quint32 number) {
+    qToLittleEndian(number, archive.data() + archive.lastIndexOf("PK\1\2") + behind);
+    return archive;
 }
 QByteArray withSum(const QByteArray& archive, quint32 sum) {
     return with(archive, 16, sum);
@@ -79,36 +72,14 @@ QByteArray withSize(const QByteArray& archive, quint32 size) {
     return with(archive, 24, size);
 }
 
-/// With the end record that archives of more than 4 GB have.
-QByteArray asZip64(const QByteArray& archive, quint64 entries) {
-    const qsizetype end = archive.lastIndexOf("PK\5\6");
-    const qsizetype directory = archive.lastIndexOf("PK\1\2");
-    const QByteArray large = "PK\6\6" + number(44, 8) + number(45, 2) + number(45, 2) +
-                             QByteArray(8, '\0') + number(entries, 8) + number(entries, 8) +
-                             number(static_cast<quint64>(end - directory), 8) +
-                             number(static_cast<quint64>(directory), 8);
-    const QByteArray locator =
-        QByteArray("PK\6\7\0\0\0\0", 8) + number(static_cast<quint64>(end), 8) + number(1, 4);
-    return archive.first(end) + large + locator + QByteArray("PK\5\6\0\0\0\0", 8) +
-           QByteArray(12, '\xff') + number(0, 2);
-}
-
 TEST_F(Archives, eachIsWhatItIsAndNoMore) {
     const QByteArray sound = packed({{"tvk.mdb", original}});
     QByteArray twice = packed({{"tvk.mdb", original}, {"tvk.mda", original}});
     twice.replace("tvk.mda", "tvk.mdb");
-    std::vector<Entry> many(3000, Entry{"x", "x"});
-    QByteArrayList manyNames;
-    for (int i = 0; i < 3000; ++i)
-        manyNames << "f" + QByteArray::number(i);
-    for (int i = 0; i < 3000; ++i)
-        many[static_cast<size_t>(i)].name = manyNames[i].constData();
-    many.push_back({"tvk.mdb", original});
     const auto size = static_cast<quint32>(original.size());
     const std::vector<std::tuple<const char*, QByteArray, Finding>> table{
         {"sound", sound, Finding::Sound},
         {"other entries", packed({{"../tvk.mdb", "x"}, {"tvk.mdb", original}}), Finding::Sound},
-        {"many entries", packed(many), Finding::Sound},
         {"no file", {}, Finding::NoArchive},
         {"a text", "Toto nie je archív.", Finding::NoArchive},
         {"a bare register", original, Finding::NoArchive},
@@ -128,8 +99,7 @@ TEST_F(Archives, eachIsWhatItIsAndNoMore) {
         {"half a register", packed({{"tvk.mdb", original.first(original.size() / 2)}}),
          Finding::NoRegister},
         {"bomb", packed({{"tvk.mdb", QByteArray(65 << 20, '\0')}}), Finding::NoRegister},
-        {"large", asZip64(sound, 1), Finding::Sound},
-        {"large with a wrong count", asZip64(sound, 1000000), Finding::NoArchive},
+        {"cut", sound.chopped(1000), Finding::NoArchive},
         {"another sum", withSum(sound, 1), Finding::NoRegister},
         {"claims less", withSize(sound, size - 1), Finding::NoRegister},
         {"claims nothing", withSize(sound, 0), Finding::NoRegister},
@@ -139,28 +109,6 @@ TEST_F(Archives, eachIsWhatItIsAndNoMore) {
     for (const auto& [what, bytes, expected] : table)
         EXPECT_EQ(look(bytes), expected) << what;
     EXPECT_NE(look(withSize(sound, 0xFFFFFFFF)), Finding::Sound);
-}
-
-TEST_F(Archives, cutOrWithFlippedBitsTheyAreRefusedOrWhole) {
-    const QByteArray sound = packed({{"tvk.mdb", original}});
-    const qsizetype directory = sound.lastIndexOf("PK\1\2");
-    std::mt19937 random(20061001);
-    const auto upTo = [&random](qsizetype end) {
-        return static_cast<qsizetype>(random() % static_cast<quint64>(end));
-    };
-    for (int i = 0; i < 40; ++i)
-        EXPECT_NE(look(sound.first(upTo(sound.size()))), Finding::Sound);
-    int refused = 0;
-    for (int i = 0; i < 150; ++i) {
-        QByteArray flipped = sound;
-        // The data, then what surrounds them.
-        const qsizetype at = i < 50    ? 60 + upTo(directory - 60)
-                             : i < 100 ? upTo(60)
-                                       : directory + upTo(sound.size() - directory);
-        flipped[at] = static_cast<char>(flipped[at] ^ (1 << (i % 8)));
-        refused += look(flipped) == Finding::Sound ? 0 : 1;
-    }
-    EXPECT_GE(refused, 90);
 }
 
 } // namespace

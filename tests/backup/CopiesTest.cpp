@@ -5,7 +5,6 @@
 #include "backup/BackupFiles.h"
 #include "backup/FrmDearch_new.h"
 #include "backup/FrmZalohy.h"
-#include "store/EngineError.h"
 #include "store/PlainUser.h"
 #include "support/ScriptedBoxes.h"
 
@@ -136,14 +135,9 @@ class CopiesWindow : public CopiesOf {
         copy();
     }
     void expectFile(const QString& answer, const QString& folder) {
-        boxes.expect(support::ExpectedWindow{u"QFileDialog"_s, [answer, folder](QWidget& window) {
-                                                 auto& dialog = dynamic_cast<QFileDialog&>(window);
-                                                 EXPECT_EQ(dialog.directory().path(), folder);
-                                                 auto* name = dialog.findChild<QLineEdit*>(
-                                                     u"fileNameEdit"_s);
-                                                 name->setText(answer);
-                                                 QTest::keyClick(name, Qt::Key_Return);
-                                             }});
+        boxes.expect(support::fileDialog(answer, [folder](QWidget& window) {
+            EXPECT_EQ(dynamic_cast<QFileDialog&>(window).directory().path(), folder);
+        }));
     }
     void expectPassword(const QStringList& typed) {
         boxes.expect(support::ExpectedWindow{
@@ -155,17 +149,8 @@ class CopiesWindow : public CopiesOf {
                 QTest::keyClick(&window, typed.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
             }});
     }
-    void expectTold(const QString& text, QMessageBox::StandardButtons buttons = QMessageBox::Ok) {
-        boxes.expect(support::ExpectedBox{.text = text,
-                                          .icon = QMessageBox::Information,
-                                          .buttons = buttons,
-                                          .answer = buttons == QMessageBox::Ok ? QMessageBox::Ok
-                                                                               : QMessageBox::Yes});
-    }
     static void press(QWidget& form, const QString& name) {
-        const auto* button = form.findChild<QPushButton*>(name);
-        QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {},
-                          button->mapTo(&form, button->rect().center()));
+        support::press(*form.findChild<QPushButton*>(name));
     }
     QString rowOf(const QTableWidget& list, int row) {
         QStringList texts;
@@ -215,25 +200,25 @@ TEST_F(CopiesWindow, oneIsSavedWithAPasswordThatARestoreAsksFor) {
             expectPassword({password, password});
             press(form, u"cmdUlozit"_s);
             boxes.allCame();
-            backup::Restore one(reg.engine, reg.folder, checker());
+            backup::Restore one(reg.engine, reg.folder, isRegister);
             EXPECT_EQ(one.extract(away),
                       password.isEmpty() ? backup::Finding::Sound : backup::Finding::Locked);
         }
     }
     setClient(u"Tretí"_s);
-    backup::FrmDearch_new form(reg.engine, reg.folder, checker());
+    backup::FrmDearch_new form(reg.engine, reg.folder, isRegister);
     form.setMode(u"MENU"_s);
     expectFile(away, path("zalohy"));
     expectPassword({});
-    boxes.expect(support::ExpectedBox{.text = u"Vyskytla sa chyba pri obnove dát"_s,
-                                      .icon = QMessageBox::Warning});
+    boxes.expectTold(u"Vyskytla sa chyba pri obnove dát"_s, {}, QMessageBox::Warning);
     form.exec();
     expectFile(away, path("zalohy"));
     expectPassword({u"iné"_s});
     expectPassword({u"čučoriedka"_s});
-    expectTold(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s,
-               QMessageBox::Yes | QMessageBox::No);
-    expectTold(u"Obnova dát bola úspešne ukončená"_s);
+    boxes.expectAsked(u"UPOZORNENIE !!\n\nMomentálny obsah dát bude premazaný !!!"_s, {},
+                      QMessageBox::Information, QMessageBox::Yes | QMessageBox::No,
+                      QMessageBox::Yes);
+    boxes.expectTold(u"Obnova dát bola úspešne ukončená"_s);
     form.exec();
     boxes.allCame();
     EXPECT_EQ(client(), u"Druhý"_s);

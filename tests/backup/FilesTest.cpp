@@ -1,6 +1,7 @@
 #include "backup/BackupFiles.h"
 #include "backup/Zip.h"
-#include "store/EngineError.h"
+
+#include <QFileInfo>
 
 #include <sys/stat.h>
 #include <zip.h>
@@ -17,7 +18,7 @@ class Files : public BackupFiles {
     }
     /// Replaces the register by the one of an archive.
     void restore(const QString& archive, const store::TellProgress& tell = {}) {
-        backup::Restore one(reg.engine, reg.folder, checker());
+        backup::Restore one(reg.engine, reg.folder, isRegister);
         ASSERT_EQ(one.extract(archive, {}, tell), backup::Finding::Sound);
         one.replaceLive();
     }
@@ -39,7 +40,7 @@ TEST_F(Files, aRegisterComesBackFromWhereverItWasPut) {
     for (const QString& target : {away, path("arch_tvk.zip")}) {
         files::write(path("arch_tmp.zip"), "zvyšok");
         files::write(path("arch_tmp.zip.a1B2c3"), "zvyšok");
-        setClient(u"Prvý");
+        setClient(u"Prvý"_s);
         archiveAs(target);
         EXPECT_EQ(QFile::exists(path("arch_tmp.zip")), target == away);
         EXPECT_FALSE(QFile::exists(path("arch_tmp.zip.a1B2c3")));
@@ -50,7 +51,7 @@ TEST_F(Files, aRegisterComesBackFromWhereverItWasPut) {
         EXPECT_STREQ(zip_get_name(archive, 0, 0), "tvk.mdb");
         zip_discard(archive);
 
-        setClient(u"Druhý");
+        setClient(u"Druhý"_s);
         files::write(path("tvk_ren.mdb"), "staršie");
         ASSERT_EQ(chmod(reg.folder.database().toUtf8().constData(), 0640), 0);
         restore(target);
@@ -100,7 +101,7 @@ TEST_F(Files, aJournalOfTheOldRegisterSpoilsNothing) {
             EXPECT_EQ(files::read(path("tvk_ren.mdb")), "poškodený");
         } else {
             QFile::remove(path("tvk.mdb"));
-            backup::Restore one(reg.engine, reg.folder, checker());
+            backup::Restore one(reg.engine, reg.folder, isRegister);
             ASSERT_EQ(one.extract(path("arch_tvk.zip")), backup::Finding::Sound);
             one.placeNew();
             EXPECT_THROW(one.placeNew(), store::EngineError);
@@ -109,5 +110,42 @@ TEST_F(Files, aJournalOfTheOldRegisterSpoilsNothing) {
         EXPECT_EQ(client(), u"Prvý"_s);
     }
 }
+
+/// A register that is a link to where the data are. @param folder where they lie
+class BehindALink : public BackupFiles, public testing::WithParamInterface<const char*> {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(QFile::copy(reg.folder.database(), behind));
+        ASSERT_TRUE(QFile::remove(reg.folder.database()));
+        ASSERT_TRUE(QFile::link(behind, reg.folder.database()));
+        backup::makeArchive(reg.engine, reg.folder);
+        ASSERT_TRUE(QFile::rename(path("arch_tmp.zip"), path("a.zip")));
+    }
+    QString clientOf(const QString& file) {
+        auto database = reg.engine.OpenDatabase(file);
+        return database.OpenRecordset(u"k_zaklad"_s)->Fields(u"priezv"_s).Value().toText();
+    }
+    QTemporaryDir data{QLatin1String(GetParam()) + u"/tvk-XXXXXX"_s};
+    const QString behind = data.filePath(u"data.mdb"_s);
+};
+
+TEST_P(BehindALink, aRestoreReplacesTheDataThereAndKeepsTheOldBesideTheProgram) {
+    setClient(u"Druhý"_s);
+    for (const bool gone : {false, true}) {
+        ASSERT_TRUE(!gone || QFile::remove(behind));
+        backup::Restore one(reg.engine, reg.folder, isRegister);
+        ASSERT_EQ(one.extract(path("a.zip")), backup::Finding::Sound);
+        gone ? one.placeNew() : one.replaceLive();
+        EXPECT_EQ(clientOf(behind), u"Prvý"_s);
+        EXPECT_TRUE(QFileInfo(reg.folder.database()).isSymLink());
+        EXPECT_FALSE(QFileInfo(path("tvk_ren.mdb")).isSymLink());
+        EXPECT_EQ(clientOf(path("tvk_ren.mdb")), u"Druhý"_s);
+    }
+    EXPECT_EQ(files::namesIn(data.path()), QStringList{u"data.mdb"_s});
+    EXPECT_EQ(names(), (QStringList{u"a.zip"_s, u"tvk.mdb"_s, u"tvk_ren.mdb"_s}));
+}
+
+// Memory is another file system than the disk, where no file can have a second name on both.
+INSTANTIATE_TEST_SUITE_P(Disks, BehindALink, testing::Values("/tmp", "/dev/shm"));
 
 } // namespace

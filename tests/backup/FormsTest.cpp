@@ -50,11 +50,29 @@ class Forms : public BackupFiles {
         boxes.allCame();
     }
     void restore(const char* mode, std::chrono::milliseconds patience = std::chrono::hours(1)) {
-        backup::FrmDearch_new form(reg.engine, reg.folder, checker());
+        backup::FrmDearch_new form(reg.engine, reg.folder, isRegister);
         form.setMode(QString::fromLatin1(mode));
         form.setPatience(patience);
         form.exec();
         boxes.allCame();
+    }
+
+    /// Archives to where the user says, and is told how it went.
+    void archiveTo(const QString& target, const QString& told) {
+        expectSave(target);
+        expectTold(told);
+        archive();
+    }
+    /// Restores from an archive; only where it is asked about is there something to agree to.
+    void restoreFrom(const QString& archive, const char* mode,
+                     std::optional<QMessageBox::StandardButton> agreed, const QString& told,
+                     QMessageBox::Icon icon = QMessageBox::Information) {
+        expectOpen(archive);
+        if (agreed)
+            expectWarning(*agreed);
+        if (!told.isEmpty())
+            expectTold(told, icon);
+        restore(mode);
     }
 
     support::ScriptedBoxes boxes;
@@ -62,29 +80,20 @@ class Forms : public BackupFiles {
 };
 
 TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
-    expectSave(away + u" "_s);
-    expectTold(u"Archivácia bola úspešne ukončená"_s);
-    archive();
+    const auto done = u"Archivácia bola úspešne ukončená"_s;
+    archiveTo(away + u" "_s, done);
     EXPECT_EQ(files::namesIn(elsewhere.path()), QStringList{u"moja záloha"_s});
     EXPECT_EQ(names(), (QStringList{u"arch_tmp.zip"_s, u"tvk.mdb"_s}));
 
     expectSave(u" "_s + away + u" "_s);
-    boxes.expect(support::ExpectedBox{.text = u"moja záloha už existuje.\nChcete ho nahradiť?"_s,
-                                      .title = u"Kde bude archív"_s,
-                                      .icon = QMessageBox::Warning,
-                                      .buttons = QMessageBox::Yes | QMessageBox::No,
-                                      .answer = QMessageBox::Yes});
-    expectTold(u"Archivácia bola úspešne ukončená"_s);
+    boxes.expectAsked(u"moja záloha už existuje.\nChcete ho nahradiť?"_s, u"Kde bude archív"_s,
+                      QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+    expectTold(done);
     archive();
-
-    expectSave({});
-    expectTold(failedArchive + u"Výber súboru bol zrušený."_s);
-    archive();
+    archiveTo({}, failedArchive + u"Výber súboru bol zrušený."_s);
     const QByteArray before = files::read(path("tvk.mdb"));
-    boxes.expect(support::fileDialog(path("tmp.mdb")));
-    expectTold(failedArchive + u"Do súboru tmp.mdb sa archív uložiť nedá, pracuje s ním program. "
-                               "Zvoľte iný názov."_s);
-    archive();
+    archiveTo(path("tmp.mdb"), failedArchive + u"Do súboru tmp.mdb sa archív uložiť nedá, pracuje "
+                                               "s ním program. Zvoľte iný názov."_s);
     EXPECT_EQ(files::read(path("tvk.mdb")), before);
 
     expectGivenUp(u"frmArch_new"_s);
@@ -98,6 +107,8 @@ TEST_F(Forms, anArchiveGoesWhereTheUserSaysAndItsFaultsAreTold) {
 
 TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     const auto failed = u"Vyskytla sa chyba pri obnove dát"_s;
+    const auto bad = u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s;
+    const auto done = u"Obnova dát bola úspešne ukončená"_s;
     backup::makeArchive(reg.engine, reg.folder);
     const QString sound = elsewhere.filePath(u"a.zip"_s);
     backup::placeArchive(reg.folder, sound);
@@ -105,52 +116,37 @@ TEST_F(Forms, fromTheMenuTheOldRegisterIsKeptAndOnlyASoundOneReplacesIt) {
     files::write(foreign, "text");
     const QString empty = elsewhere.filePath(u"c.zip"_s);
     files::write(empty, QByteArray("PK\5\6") + QByteArray(18, '\0'));
-    setClient(u"Druhý");
+    setClient(u"Druhý"_s);
     QFile::remove(path("arch_tmp.zip"));
 
-    expectOpen({});
-    expectTold(failed, QMessageBox::Warning);
-    restore("MENU");
-    expectOpen(foreign);
-    expectTold(u"Vybraný súbor neobsahuje očakávané dáta"_s, QMessageBox::Warning);
-    restore("MENU");
-    expectOpen(empty);
-    expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("MENU");
+    restoreFrom({}, "MENU", {}, failed, QMessageBox::Warning);
+    restoreFrom(foreign, "MENU", {}, u"Vybraný súbor neobsahuje očakávané dáta"_s,
+                QMessageBox::Warning);
+    restoreFrom(empty, "MENU", QMessageBox::Yes, bad);
     expectOpen(sound);
     expectGivenUp(u"FrmDearch_new"_s);
     expectTold(failed, QMessageBox::Warning);
     restore("MENU", std::chrono::milliseconds(0));
-    expectOpen(sound);
-    expectWarning(QMessageBox::No);
-    restore("MENU");
+    restoreFrom(sound, "MENU", QMessageBox::No, {});
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s});
+    ASSERT_TRUE(QDir().mkdir(path("tvk_ren.mdb")));
+    restoreFrom(sound, "MENU", QMessageBox::Yes, failed, QMessageBox::Warning);
+    ASSERT_TRUE(QDir().rmdir(path("tvk_ren.mdb")));
     EXPECT_EQ(client(), u"Druhý"_s);
 
-    expectOpen(sound);
-    expectWarning(QMessageBox::Yes);
-    expectTold(u"Obnova dát bola úspešne ukončená"_s);
-    restore("MENU");
+    restoreFrom(sound, "MENU", QMessageBox::Yes, done);
     EXPECT_EQ(names(), (QStringList{u"tvk.mdb"_s, u"tvk_ren.mdb"_s}));
     EXPECT_EQ(client(), u"Prvý"_s);
 
-    expectOpen(sound);
-    restore("LOAD");
+    restoreFrom(sound, "LOAD", {}, {});
     QFile::remove(path("tvk.mdb"));
-    expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("LOAD");
+    restoreFrom(empty, "LOAD", {}, bad);
     EXPECT_EQ(names(), QStringList{u"tvk.mdb"_s}) << "what was kept is back";
     EXPECT_EQ(client(), u"Druhý"_s);
     QFile::remove(path("tvk.mdb"));
-    expectOpen(empty);
-    expectTold(u"Obnova dát nebola úspešná, chybný arch_tvk.zip"_s);
-    restore("LOAD");
+    restoreFrom(empty, "LOAD", {}, bad);
     EXPECT_EQ(names(), QStringList());
-    expectOpen(sound);
-    expectTold(u"Obnova dát bola úspešne ukončená"_s);
-    restore("LOAD");
+    restoreFrom(sound, "LOAD", {}, done);
     EXPECT_EQ(client(), u"Prvý"_s);
 }
 

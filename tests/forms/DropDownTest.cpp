@@ -257,6 +257,7 @@ TEST_F(DropDownTest, WhatIsTypedIntoTheServedFieldIsCompletedBesideItsLines) {
         EXPECT_EQ(field.text(), QString::fromUtf16(text));
         EXPECT_EQ(field.selectedText(), QString::fromUtf16(completed));
         EXPECT_EQ(shown(), QString::fromUtf16(line));
+        EXPECT_EQ(field.accessibleDescription(), shown());
     };
     field.setFocus();
     screen.type("br");

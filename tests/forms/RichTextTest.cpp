@@ -57,6 +57,17 @@ TEST_F(RichTextTest, StoredTextsComeBackTheSameAndBrokenOnesAsFarAsTheyGo) {
     }
 }
 
+TEST_F(RichTextTest, ToolsAreOneStopOfTabAndArrowsLeadAmongThem) {
+    type("a");
+    ctrl(Qt::Key_A);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    QTest::keyClick(field.window()->focusWidget(), Qt::Key_Right);
+    QTest::keyClick(field.window()->focusWidget(), Qt::Key_Space);
+    QTest::keyClick(field.window()->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field.editor().hasFocus());
+    EXPECT_EQ(field.text(), u"<p><i>a</i></p>"_s);
+}
+
 TEST_F(RichTextTest, KeysMakeBoldItalicUnderlinedAndLists) {
     for (const auto& [style, text] :
          {std::pair{Qt::Key_B, "a"}, {Qt::Key_I, "b"}, {Qt::Key_U, "c"}}) {

@@ -492,6 +492,11 @@ TEST_F(ListTest, onlyRowsOnShowAreRead) {
     window->grab();
     EXPECT_EQ(row("dbgKlient").section(u'|', 1, 1), u"P1999"_s);
     EXPECT_LE(grid.rows().rowsRead(), 2 * visible);
+    // A letter that comes before a long list has been read for it.
+    window->readListAnew();
+    type(u"x"_s);
+    EXPECT_EQ(caption("lblPocet"), u"Filtruje sa …"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caption("lblPocet") == u"0 z 1000 klientov"; }));
 }
 
 } // namespace

@@ -54,8 +54,9 @@ TEST_F(StartTest, tabLeadsThroughEverything) {
         order << focused();
         key(Qt::Key_Tab);
     }
-    EXPECT_EQ(order.join(u' '), u"dbgKlient CmdNovy cmdOprava cmdVymaz cmdHladaj CmdSort textFilter "
-                                "Picture1 Picture2 Picture3 Picture4 Picture5 Picture6"_s);
+    EXPECT_EQ(order.join(u' '),
+              u"dbgKlient CmdNovy cmdOprava cmdVymaz cmdHladaj CmdSort textFilter "
+              "Picture1 Picture2 Picture3 Picture4 Picture5 Picture6"_s);
     EXPECT_EQ(focused(), u"dbgKlient"_s);
 }
 

@@ -19,6 +19,7 @@
 #include <random>
 
 using namespace oldregister;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,16 +51,14 @@ QByteArray withPageBehindEnd(QByteArray file) {
     const auto numberAt = [&](qsizetype at) {
         return qsizetype{qFromLittleEndian<quint32>(file.constData() + at)};
     };
-    const qsizetype rows =
-        (numberAt(definitionIn(file, QStringLiteral("kon_pomer")) + 0x37) >> 8) * pageSize;
+    const qsizetype rows = (numberAt(definitionIn(file, u"kon_pomer"_s) + 0x37) >> 8) * pageSize;
     const qsizetype firstRow = rows + (numberAt(rows + 14) & 0x1fff);
     const qsizetype map = numberAt(firstRow + 1) * pageSize;
     return withByte(file, map + 4 + 480 / 8, 1);
 }
 
 /// Empties the first page of a kind that belongs to the table with that column, or describes it.
-QByteArray withoutPage(QByteArray file, char kind,
-                       const QString& column = QStringLiteral("kon_pomer")) {
+QByteArray withoutPage(QByteArray file, char kind, const QString& column = u"kon_pomer"_s) {
     const qsizetype definition = definitionIn(file, column);
     for (qsizetype page = pageSize; page < file.size(); page += pageSize) {
         const bool isOwn =
@@ -96,13 +95,13 @@ class Conversion : public testing::Test {
         }
         EXPECT_EQ(files::read(oldFile), bytes);
         QFile::remove(newFile);
-        EXPECT_EQ(files::namesIn(folder.path()), QStringList{QStringLiteral("stary.mdb")});
+        EXPECT_EQ(files::namesIn(folder.path()), QStringList{u"stary.mdb"_s});
         return words;
     }
 
     QTemporaryDir folder;
-    const QString oldFile = folder.filePath(QStringLiteral("stary.mdb"));
-    const QString newFile = folder.filePath(QStringLiteral("novy.mdb"));
+    const QString oldFile = folder.filePath(u"stary.mdb"_s);
+    const QString newFile = folder.filePath(u"novy.mdb"_s);
 };
 
 } // namespace
@@ -140,9 +139,9 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         const char16_t* words;
     };
     QByteArray repeatedKey = whole;
-    repeatedKey.replace(narrow(QStringLiteral("NOVÁKJÁ01")), narrow(QStringLiteral("NOVÁKJÁ00")));
+    repeatedKey.replace(narrow(u"NOVÁKJÁ01"_s), narrow(u"NOVÁKJÁ00"_s));
     QByteArray otherColumn = whole;
-    otherColumn.replace(wide(QStringLiteral("kon_pomer")), wide(QStringLiteral("kon_pomor")));
+    otherColumn.replace(wide(u"kon_pomer"_s), wide(u"kon_pomor"_s));
     const Case cases[] = {
         {"empty", {}, u"Súbor je prázdny."},
         {"foreign", "no register at all", u"Súbor nie je v pôvodnom formáte"},
@@ -160,7 +159,7 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
         {"no description of clients", withoutPage(whole, 2), u"tabuľka klientov sa nedá prečítať"},
         {"a page of clients lost", withoutPage(whole, 1),
          u"súbor hovorí o 40 riadkoch, čitateľných je"},
-        {"a page of texts lost", withoutPage(whole, 1, QStringLiteral("u_dolezite")),
+        {"a page of texts lost", withoutPage(whole, 1, u"u_dolezite"_s),
          u"k_memo): klient nemá riadok textov, doplnil sa prázdny"},
         {"a repeated key", repeatedKey,
          u"Klienti (k_zaklad): kľúč sa opakuje, riadok sa nezapísal\n   Osoba: NOVÁKJÁ00 (Ján "
@@ -177,7 +176,7 @@ TEST_F(Conversion, TellsWhatIsWrongWithAFileAndChangesNothing) {
 }
 
 TEST_F(Conversion, KeepsOfAValueWhatItsColumnCanHold) {
-    const auto wrong = QStringLiteral("iného typu");
+    const auto wrong = u"iného typu"_s;
     struct Case {
         const char* name;
         const char16_t* column;
@@ -185,22 +184,20 @@ TEST_F(Conversion, KeepsOfAValueWhatItsColumnCanHold) {
         QString stored;
         QString problem;
     };
-    const Case cases[] = {
-        {"long text", u"psc", QStringLiteral("811 68"), QStringLiteral("811 6"),
-         QStringLiteral("dlhší")},
-        {"number in text", u"matvek", qint64{40}, QStringLiteral("40"), {}},
-        {"fraction in text", u"katcis", 7.25, QStringLiteral("7.25"), {}},
-        {"date in text", u"skola", RawDate{38718}, QStringLiteral("01.01.2006"), {}},
-        {"time in text", u"skola", RawDate{0.5}, QStringLiteral("12:00"), {}},
-        {"fraction in whole", u"vek", 7.5, {}, wrong},
-        {"text in whole", u"vek", QStringLiteral("7 rokov"), {}, wrong},
-        {"number as text", u"vek", QStringLiteral(" 7 "), QStringLiteral("7"), {}},
-        {"too large", u"vek", 3e9, {}, wrong},
-        {"date as text", u"datnar", QStringLiteral("1.2.2003"), QStringLiteral("1.2.2003"), {}},
-        {"no date as text", u"datnar", QStringLiteral("jar 2003"), QStringLiteral("jar 2003"), {}},
-        {"number in date", u"datnar", qint64{7}, {}, wrong},
-        {"date of no year", u"datnar", RawDate{1e9}, {}, QStringLiteral("mimo rokov")},
-        {"unreadable", u"meno", Unreadable{}, {}, QStringLiteral("nedá prečítať")}};
+    const Case cases[] = {{"long text", u"psc", u"811 68"_s, u"811 6"_s, u"dlhší"_s},
+                          {"number in text", u"matvek", qint64{40}, u"40"_s, {}},
+                          {"fraction in text", u"katcis", 7.25, u"7.25"_s, {}},
+                          {"date in text", u"skola", RawDate{38718}, u"01.01.2006"_s, {}},
+                          {"time in text", u"skola", RawDate{0.5}, u"12:00"_s, {}},
+                          {"fraction in whole", u"vek", 7.5, {}, wrong},
+                          {"text in whole", u"vek", u"7 rokov"_s, {}, wrong},
+                          {"number as text", u"vek", u" 7 "_s, u"7"_s, {}},
+                          {"too large", u"vek", 3e9, {}, wrong},
+                          {"date as text", u"datnar", u"1.2.2003"_s, u"1.2.2003"_s, {}},
+                          {"no date as text", u"datnar", u"jar 2003"_s, u"jar 2003"_s, {}},
+                          {"number in date", u"datnar", qint64{7}, {}, wrong},
+                          {"date of no year", u"datnar", RawDate{1e9}, {}, u"mimo rokov"_s},
+                          {"unreadable", u"meno", Unreadable{}, {}, u"nedá prečítať"_s}};
     for (const auto& [name, columnName, old, stored, problem] : cases) {
         SCOPED_TRACE(name);
         const store::ColumnDef& column = *store::findTable(u"k_zaklad")->column(columnName);
@@ -217,14 +214,12 @@ TEST_F(Conversion, BringsTheLinesOfTheFormInOrderAgain) {
     store::Database database = engine.OpenDatabase(newFile);
     std::vector<Finding> findings;
     {
-        TableWriter writer(
-            database, {QStringLiteral("OdbStar"), 2, {{QStringLiteral("C_RIA"), OldType::Text}}},
-            findings);
+        TableWriter writer(database, {u"OdbStar"_s, 2, {{u"C_RIA"_s, OldType::Text}}}, findings);
         for (const auto* code : {u"0510", u"0502", u"0501"})
             writer.add({QString::fromUtf16(code)});
         writer.finish();
     }
-    const auto rows = database.OpenRecordset(QStringLiteral("odbstar"));
-    EXPECT_EQ(rows->Fields(QStringLiteral("c_ria")).Value().toText(), QStringLiteral("0501"));
+    const auto rows = database.OpenRecordset(u"odbstar"_s);
+    EXPECT_EQ(rows->Fields(u"c_ria"_s).Value().toText(), u"0501"_s);
     EXPECT_TRUE(findings.back().what.contains(u"poradie"));
 }

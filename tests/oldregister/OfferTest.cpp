@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 
 using namespace oldregister;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,8 +29,7 @@ constexpr auto yesNo = QMessageBox::Yes | QMessageBox::No;
 void press(QWidget& window, const char* text) {
     for (auto* button : window.findChildren<QAbstractButton*>())
         if (button->text().remove(u'&') == QString::fromUtf8(text))
-            return QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                                     button->mapTo(&window, button->rect().center()));
+            return support::press(*button);
     ADD_FAILURE() << "no button " << text;
 }
 
@@ -43,20 +43,15 @@ class Offer : public testing::Test {
 
     QString path(const char* name) const { return directory.filePath(QString::fromUtf8(name)); }
     void expectQuestion(QMessageBox::StandardButton answer,
-                        const QString& kept = QStringLiteral("tvk_povodny.mdb"),
+                        const QString& kept = u"tvk_povodny.mdb"_s,
                         const QString& protection = {}) {
-        boxes.expect(support::ExpectedBox{
-            .text = QStringLiteral(
-                        "Súbor tvk.mdb je v pôvodnom formáte. Previesť ho?\n\n"
-                        "Všetky údaje sa prenesú do nového súboru tvk.mdb. Pôvodný súbor ostane "
-                        "nezmenený "
-                        "vedľa neho ako %1. Po prevode uvidíte, čo sa prenieslo a čo nie.\n\n%2"
-                        "Ak odpoviete Nie, nič sa nezmení a program sa ukončí.")
-                        .arg(kept, protection),
-            .title = QStringLiteral("Upozornenie"),
-            .icon = QMessageBox::Question,
-            .buttons = yesNo,
-            .answer = answer});
+        boxes.expectAsked(
+            u"Súbor tvk.mdb je v pôvodnom formáte. Previesť ho?\n\n"
+            "Všetky údaje sa prenesú do nového súboru tvk.mdb. Pôvodný súbor ostane "
+            "nezmenený "
+            "vedľa neho ako %1. Po prevode uvidíte, čo sa prenieslo a čo nie.\n\n%2"
+            "Ak odpoviete Nie, nič sa nezmení a program sa ukončí."_s.arg(kept, protection),
+            u"Upozornenie"_s, QMessageBox::Question, yesNo, answer);
     }
     void expectWindow(const char* name, const std::function<void(QWidget&)>& drive) {
         boxes.expect(support::ExpectedWindow{QString::fromUtf8(name), drive});
@@ -85,34 +80,33 @@ TEST_F(Offer, GoesOnWithTheNewRegisterOnYes) {
     expectQuestion(QMessageBox::Yes);
     expectWindow("dlgPrevod", [](QWidget&) {});
     expectWindow("frmPrevod", [this](QWidget& report) {
-        EXPECT_EQ(report.findChild<QLabel*>(QStringLiteral("lblPrevod"))->text().toStdString(),
+        EXPECT_EQ(report.findChild<QLabel*>(u"lblPrevod"_s)->text().toStdString(),
                   "Prevod sa skončil. Prečítaných riadkov: 536, zapísaných: 536.\n"
                   "Pôvodný súbor ostal nezmenený ako tvk_povodny.mdb, táto správa leží vedľa neho "
                   "ako tvk_prevod.txt.\nČo sa nedalo preniesť tak, ako bolo, počet: 2");
         EXPECT_EQ(cell(report, "lstTabulky", 0, 0) + cell(report, "lstTabulky", 0, 2),
-                  QStringLiteral("Klienti (k_zaklad)40"));
-        EXPECT_EQ(cell(report, "lstVynimky", 0, 1), QStringLiteral("Chyby vloženia"));
+                  u"Klienti (k_zaklad)40"_s);
+        EXPECT_EQ(cell(report, "lstVynimky", 0, 1), u"Chyby vloženia"_s);
         static_cast<ReportWindow&>(report).saveAs(path("moja.txt"));
         press(report, "Pokračovať");
     });
     start();
     EXPECT_TRUE(window.isVisible());
     window.ukazKlientov();
-    EXPECT_EQ(window.findChild<QTableView*>(QStringLiteral("dbgKlient"))->model()->rowCount(), 40);
+    EXPECT_EQ(window.findChild<QTableView*>(u"dbgKlient"_s)->model()->rowCount(), 40);
     EXPECT_EQ(files::read(path("moja.txt")), files::read(path("tvk_prevod.txt")));
 }
 
 TEST_F(Offer, TellsThatAPasswordLocksNothingAndUnderWhichNameTheFileIsKept) {
     files::write(path("tvk.mdb"), sample::withPassword(sample::bytes()));
     files::write(path("tvk_povodny.mdb"), "dávne");
-    const auto words = QStringLiteral(
-        "Pôvodný súbor má heslo. V jeho formáte to nič nezamyká: údaje prečíta každý, kto súbor "
-        "má, aj bez hesla. Ani nový register heslo nemá.");
-    expectQuestion(QMessageBox::Yes, QStringLiteral("tvk_povodny_2.mdb"),
-                   words + QStringLiteral("\n\n"));
+    const auto words =
+        u"Pôvodný súbor má heslo. V jeho formáte to nič nezamyká: údaje prečíta každý, kto súbor "
+        "má, aj bez hesla. Ani nový register heslo nemá."_s;
+    expectQuestion(QMessageBox::Yes, u"tvk_povodny_2.mdb"_s, words + u"\n\n"_s);
     expectWindow("dlgPrevod", [](QWidget&) {});
     expectWindow("frmPrevod", [&](QWidget& report) {
-        EXPECT_TRUE(report.findChild<QLabel*>(QStringLiteral("lblPrevod"))->text().contains(words));
+        EXPECT_TRUE(report.findChild<QLabel*>(u"lblPrevod"_s)->text().contains(words));
         press(report, "Pokračovať");
     });
     start();
@@ -128,7 +122,7 @@ TEST_F(Offer, ChangesNothingOnNoOrWhenTheConversionIsBrokenOff) {
         boxes.allCame();
         EXPECT_FALSE(window.isVisible());
         EXPECT_EQ(std::exchange(runsEnded, 0), 1);
-        EXPECT_EQ(files::namesIn(directory.path()), QStringList{QStringLiteral("tvk.mdb")});
+        EXPECT_EQ(files::namesIn(directory.path()), QStringList{u"tvk.mdb"_s});
         EXPECT_EQ(files::read(path("tvk.mdb")), sample::bytes());
     }
 }
@@ -138,34 +132,28 @@ TEST_F(Offer, TellsWhyAFileCannotBeTakenOver) {
     files::write(path("tvk.mdb"), bytes.first(bytes.size() / 2));
     expectQuestion(QMessageBox::Yes);
     expectWindow("dlgPrevod", [](QWidget&) {});
-    boxes.expect(support::ExpectedBox{
-        .text = QStringLiteral("Prevod sa nepodaril. Súbor je neúplný: chýba jeho koniec.\n\n"
-                               "Pôvodný súbor sa nezmenil."),
-        .title = QStringLiteral("Chybová správa"),
-        .icon = QMessageBox::Critical});
+    boxes.expectTold(u"Prevod sa nepodaril. Súbor je neúplný: chýba jeho koniec.\n\n"
+                     "Pôvodný súbor sa nezmenil."_s,
+                     u"Chybová správa"_s, QMessageBox::Critical);
     start();
     EXPECT_EQ(runsEnded, 1);
     boxes.allCame();
 
     bytes[0x14] = 0;
     files::write(path("tvk.mdb"), bytes);
-    boxes.expect(support::ExpectedBox{
-        .text = QStringLiteral("Súbor je v staršej verzii pôvodného formátu (Jet 3), ktorá sa nedá "
-                               "previesť.\n\nPôvodný súbor sa nezmenil."),
-        .title = QStringLiteral("Chybová správa"),
-        .icon = QMessageBox::Critical});
-    boxes.expect(support::ExpectedBox{
-        .text = QStringLiteral("Program nemôže pracovať, je nutný reštart počítača !"),
-        .icon = QMessageBox::Warning});
+    boxes.expectTold(u"Súbor je v staršej verzii pôvodného formátu (Jet 3), ktorá sa nedá "
+                     "previesť.\n\nPôvodný súbor sa nezmenil."_s,
+                     u"Chybová správa"_s, QMessageBox::Critical);
+    boxes.expectTold(u"Program nemôže pracovať, je nutný reštart počítača !"_s, {},
+                     QMessageBox::Warning);
     start();
 }
 
 TEST_F(Offer, PrintsTheReport) {
     ConversionReport report;
-    report.tables = {{QStringLiteral("k_zaklad"), 40, 40, 39}};
-    report.findings = {{QStringLiteral("NOVÁKJÁ00 (Ján Novák)"), QStringLiteral("k_zaklad"),
-                        QStringLiteral("kľúč sa opakuje"),
-                        QStringLiteral("slovo ").repeated(2000)}};
+    report.tables = {{u"k_zaklad"_s, 40, 40, 39}};
+    report.findings = {{u"NOVÁKJÁ00 (Ján Novák)"_s, u"k_zaklad"_s, u"kľúč sa opakuje"_s,
+                        u"slovo "_s.repeated(2000)}};
     const report::Pages pages = pagesOf(report, {2006, 10, 1});
     EXPECT_GT(pages.pages.size(), 1U);
     QStringList words;
@@ -173,7 +161,7 @@ TEST_F(Offer, PrintsTheReport) {
         for (const report::PlacedText& text : page.texts)
             words += text.text;
     const QString all = words.join(u' ');
-    EXPECT_EQ(all.count(QStringLiteral("slovo")), 2000);
+    EXPECT_EQ(all.count(u"slovo"_s), 2000);
     EXPECT_TRUE(all.contains(u"NOVÁKJÁ00 (Ján Novák)"));
     EXPECT_TRUE(all.contains(u"Klienti (k_zaklad) 40 39"));
 }

@@ -6,9 +6,9 @@
 #include "report/Fonts.h"
 #include "report/PageCheck.h"
 #include "report/Pages.h"
+#include "store/FileBytes.h"
 
 #include <QDate>
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -65,9 +65,7 @@ TEST(Forms, takeAnyTextInAnyColumnAndLoseAndSetNothingOver) {
 }
 
 TEST(Statements, areThoseOfTheListOfAllStatements) {
-    QFile corpus(QStringLiteral(TVK_CORPUS));
-    ASSERT_TRUE(corpus.open(QIODevice::ReadOnly));
-    const QString all = QString::fromUtf8(corpus.readAll());
+    const QString all = QString::fromUtf8(files::read(QStringLiteral(TVK_CORPUS)));
     const QString key = u"O'NEILSE00"_s;
     QStringList statements{allClients()};
     for (const TabReport& tab : tabReports()) {

@@ -2,6 +2,7 @@
 #include "printouts/TabReports.h"
 #include "report/Csv.h"
 #include "report/PageCheck.h"
+#include "store/EngineAssertions.h"
 #include "store/Schema.h"
 #include "support/Lists.h"
 #include "support/ScriptedBoxes.h"
@@ -146,25 +147,17 @@ TEST_F(PrintoutsTest, eachTabPrintsItsColumnsInTheirPlacesForItsClientAlone) {
 }
 
 TEST_F(PrintoutsTest, aPrintOutWithoutItsStoredQueryOrItsKeyFails) {
-    const auto numberOf = [this](int tab) {
-        try {
-            print(tab);
-        } catch (const store::EngineError& error) {
-            return error.number();
-        }
-        return store::ErrorNumber{};
-    };
     reg.database().QueryDefs(u"vyp_zazZmeny"_s).setSQL(u"select * from c_jazyk"_s);
     reg.engine.commitPending();
-    EXPECT_EQ(numberOf(12), store::ErrorNumber::TooFewParameters);
+    EXPECT_ENGINE_ERROR(print(12), 3061);
     sqlite3* file = nullptr;
     sqlite3_open(qPrintable(reg.folder.database()), &file);
     sqlite3_exec(file, "delete from tvk_queries where name = 'vyp_memo'", nullptr, nullptr,
                  nullptr);
     sqlite3_close(file);
-    EXPECT_EQ(numberOf(7), store::ErrorNumber::UnknownColumn);
+    EXPECT_ENGINE_ERROR(print(7), 3265);
     reg.execute({u"delete from k_zaklad"_s});
-    EXPECT_EQ(numberOf(0), store::ErrorNumber::NoCurrentRecord);
+    EXPECT_ENGINE_ERROR(print(0), 3021);
     EXPECT_EQ(previews, 0);
 }
 

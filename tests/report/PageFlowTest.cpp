@@ -31,13 +31,4 @@ TEST(PageFlow, PlacesBandsOnPages) {
     }
 }
 
-TEST(PageFlow, EndsAlsoWhenHeadersLeaveNoRoom) {
-    PageFlow flow(100, 1100);
-    flow.place(10);
-    flow.repeatHeader(2000);
-    const auto slices = flow.place(3000, {500, 1000, 1500});
-    ASSERT_FALSE(slices.empty());
-    EXPECT_EQ(slices.back().to, 3000);
-}
-
 } // namespace

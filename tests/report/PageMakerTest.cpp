@@ -43,7 +43,7 @@ QList<QStringList> numbered(int count) {
 }
 
 Pages made(const Layout& layout, const QList<QStringList>& rows) {
-    ListSource source(rows);
+    ListRows source(rows);
     return makePages(layout, source, GridMeter(), today);
 }
 
@@ -102,14 +102,6 @@ TEST(PageMaker, PlacesTextsInTheMiddleOfTheirBoxes) {
     }
     const Pages pages = madeOf(detail, {u"aa"_s, u"bb cc dd"_s});
     EXPECT_EQ(tops(pages.pages[0]), words(u"aa@300/bb@100/cc@340/dd@580"));
-}
-
-TEST(PageMaker, PutsTheDateForItsSignInCaptionsOnlyAndNothingForEmptyTexts) {
-    Layout layout;
-    layout.reportHeader = titled(300, u"dňa %d"_s);
-    layout.detail = section(300, {field(b, 0, 0, 100), field(a, 0, 0, 100)});
-    const Pages pages = made(layout, {{u"50%d"_s, {}}});
-    EXPECT_EQ(textsOf(pages.pages[0]), words(u"dňa 05.09.2006/50%d"));
 }
 
 TEST(PageMaker, RefusesFieldsOutsideTheDetailAndUnknownColumns) {
@@ -210,9 +202,9 @@ TEST(PageMaker, PagesOnDemandAreThoseMadeAtOnce) {
     for (int i = 0; i < 200; ++i)
         cells << QStringList{u"slovo "_s.repeated(i % 7),
                              u"dlhé "_s.repeated(i % 60 == 30 ? 900 + i : i % 3)};
-    ListSource source(cells);
+    ListRows source(cells);
     const Pages made = makePages(layout, source, GridMeter(), today);
-    const Pages looked = pagesOnDemand(layout, std::make_shared<ListTable>(cells),
+    const Pages looked = pagesOnDemand(layout, std::make_shared<ListRows>(cells),
                                        std::make_shared<GridMeter>(), today);
     ASSERT_EQ(looked.pages.size(), made.pages.size());
     EXPECT_GT(made.pages.size(), 10U);

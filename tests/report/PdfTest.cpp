@@ -26,11 +26,17 @@ Pages samplePages() {
     layout.title = u"Zoznam žiačok"_s;
     layout.orientation = Orientation::Landscape;
     layout.reportHeader.height = 400;
-    layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak)};
+    layout.reportHeader.controls = {label(u"T"_s, 1000, 0, 8000, slovak),
+                                    label(u"R"_s, 9500, 0, 3000, u"riadok"_s)};
+    layout.reportHeader.controls[0].style.italic = true;
     layout.detail.height = 6000;
     layout.detail.controls = {field(u"a"_s, 2000, 5000, 3000),
                               drawn(ControlKind::Box, 0, 0, 3000, 6000)};
-    ListSource rows({{u"jeden"_s}, {u"dva"_s}});
+    Control& number = layout.detail.controls[0];
+    number.style = {.points = 14, .bold = true};
+    number.align = Align::Right;
+    number.height = 400;
+    ListRows rows({{u"jeden"_s}, {u"dva"_s}});
     return makePages(layout, rows, FontMeter(), today);
 }
 
@@ -71,9 +77,12 @@ TEST(Pdf, TextsCanBeCopiedAndStandWhereThePagesSay) {
     EXPECT_TRUE(words.contains(u"<title>Zoznam žiačok</title>"_s)) << words.toStdString();
     // name, type, encoding, embedded, subset, unicode
     const QString fonts = toolOutput(u"pdffonts"_s, {u"FILE"_s});
-    EXPECT_TRUE(fonts.contains(
-        QRegularExpression(u"LiberationSans +CID TrueType +Identity-H +yes +\\w+ +yes"_s)))
-        << fonts.toStdString();
+    for (const auto& font :
+         {u"LiberationSans"_s, u"LiberationSans-Bold"_s, u"LiberationSans-Italic"_s})
+        EXPECT_TRUE(fonts.contains(
+            QRegularExpression(font + u" +CID TrueType +Identity-H +yes +\\w+ +yes"_s)))
+            << fonts.toStdString();
+    EXPECT_FALSE(isInstalled(u"No Such Family"_s));
 }
 
 TEST(Pdf, ADocumentHasBookmarksLanguageAndTheNumberOfEachPageInItsPlace) {
@@ -81,7 +90,7 @@ TEST(Pdf, ADocumentHasBookmarksLanguageAndTheNumberOfEachPageInItsPlace) {
     upright.title = u"Žiadosť (1)"_s;
     upright.detail.height = 300;
     upright.detail.controls = {field(u"a"_s, 0, 0, 3000)};
-    ListSource rows({{u"tri"_s}});
+    ListRows rows({{u"tri"_s}});
     Pages document =
         joined(u"Výkaz"_s, {samplePages(), makePages(upright, rows, FontMeter(), today)});
     document.subject = u"Ján "_s + QString(300, u'Ď');

@@ -3,24 +3,21 @@
 #include "report/PageView.h"
 #include "report/PreviewDialog.h"
 #include "report/TestReport.h"
+#include "store/FileBytes.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QBuffer>
 #include <QFile>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinterInfo>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -37,14 +34,19 @@ QString readAloud(PageView& view) {
     return page != nullptr ? page->text(0, page->characterCount()) : QString();
 }
 
-Pages threePages() {
+/// A row of it fills a page.
+Layout pageARow() {
     Layout layout;
     layout.title = u"Zoznam: klienti/škola"_s;
     layout.detail.height = 12000;
     layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
     layout.savedColumns = {{u"Meno"_s, u"a"_s}};
-    ListSource rows(QList<QStringList>(3, {u"Žofia"_s}));
-    Pages pages = makePages(layout, rows, FontMeter(), today);
+    return layout;
+}
+
+Pages threePages() {
+    ListRows rows(QList<QStringList>(3, {u"Žofia"_s}));
+    Pages pages = makePages(pageARow(), rows, FontMeter(), today);
     pages.subject = u"Novák Ján"_s;
     return pages;
 }
@@ -76,21 +78,14 @@ class PreviewTest : public testing::Test {
 
     /// Saves under that name, given to the file dialog by keys; empty for Esc.
     void saveAs(const QString& name, const QString& suffix = u".pdf"_s) {
-        QTimer waiting;
-        QObject::connect(&waiting, &QTimer::timeout, &dialog_, [&waiting, name, suffix] {
-            auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (!files)
-                return;
-            waiting.stop();
-            auto* line = files->findChild<QLineEdit*>(u"fileNameEdit"_s);
-            EXPECT_EQ(line->text(), u"Novák Ján – Zoznam klienti-škola"_s + suffix);
-            line->setText(name);
-            QTest::keyClick(line, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-        });
-        waiting.start(0);
+        support::ScriptedBoxes boxes;
+        boxes.expect(support::fileDialog(name, [suffix](QWidget& files) {
+            EXPECT_EQ(files.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(),
+                      u"Novák Ján – Zoznam klienti-škola"_s + suffix);
+        }));
         press(Qt::Key_S,
               suffix == u".pdf"_s ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
-        EXPECT_TRUE(QTest::qWaitFor([&waiting] { return !waiting.isActive(); }));
+        boxes.allCame();
         // Without a window manager nobody brings the window back.
         dialog_.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog_));
@@ -173,8 +168,8 @@ TEST_F(PreviewTest, TellsWhenThereIsNoPrinter) {
     EXPECT_TRUE(problems_[0].startsWith(u"Nie je k dispozícii žiadna tlačiareň."_s));
 }
 
-TEST_F(PreviewTest, SavesAPdfUnderANameWithItsSuffix) {
-    QTemporaryDir folder;
+TEST_F(PreviewTest, SavesUnderANameWithItsSuffix) {
+    const QTemporaryDir folder;
     const auto& state = *dialog_.findChild<QLabel*>(u"previewState"_s);
     saveAs({});
     EXPECT_EQ(state.text(), QString()) << "cancelled";
@@ -182,34 +177,21 @@ TEST_F(PreviewTest, SavesAPdfUnderANameWithItsSuffix) {
                                          {u"k 1.9"_s, u"k 1.9.pdf"_s},
                                          {u"a.PDF"_s, u"a.PDF"_s}}) {
         saveAs(folder.filePath(typed));
-        QFile file(folder.filePath(written));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << written.toStdString();
-        EXPECT_TRUE(file.readAll().startsWith("%PDF"));
+        EXPECT_TRUE(files::read(folder.filePath(written)).startsWith("%PDF"));
         EXPECT_TRUE(state.text().contains(written));
     }
+    saveAs(folder.filePath(u"k"_s), u".csv"_s);
+    EXPECT_EQ(files::read(folder.filePath(u"k.csv"_s)),
+              "\xEF\xBB\xBFMeno\r\nŽofia\r\nŽofia\r\nŽofia\r\n");
     EXPECT_EQ(problems_, QStringList());
 }
 
-TEST_F(PreviewTest, SavesTheRowsOfAPlainTable) {
-    QTemporaryDir folder;
-    saveAs(folder.filePath(u"k"_s), u".csv"_s);
-    QFile file(folder.filePath(u"k.csv"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), "\xEF\xBB\xBFMeno\r\nŽofia\r\nŽofia\r\nŽofia\r\n");
-}
-
-TEST_F(PreviewTest, DoesNotReplaceAFileThatTheUserWasNotAskedAbout) {
-    QTemporaryDir folder;
-    QFile other(folder.filePath(u"k 1.9.pdf"_s));
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write("mine") == 4);
-    other.close();
+TEST_F(PreviewTest, TellsOfAFileThatCannotBeWrittenOrThatTheUserWasNotAskedAbout) {
+    const QTemporaryDir folder;
+    files::write(folder.filePath(u"k 1.9.pdf"_s), "mine");
     saveAs(folder.filePath(u"k 1.9"_s));
     EXPECT_EQ(problems_.size(), 1);
-    EXPECT_EQ(other.size(), 4);
-}
-
-TEST_F(PreviewTest, ReportsAFileThatCannotBeWritten) {
-    const QTemporaryDir folder;
+    EXPECT_EQ(files::read(folder.filePath(u"k 1.9.pdf"_s)), "mine");
     for (const auto& name : {u"nie je/taky.pdf"_s, QString()}) {
         problems_.clear();
         dialog_.savePdf(folder.filePath(name));
@@ -221,14 +203,9 @@ TEST_F(PreviewTest, ReportsAFileThatCannotBeWritten) {
 /// A list of so many pages that nobody waits for all of them.
 TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
     const int count = 4000;
-    Layout layout;
-    layout.title = u"Zoznam"_s;
-    layout.detail.height = 12000;
-    layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
-    layout.savedColumns = {{u"Meno"_s, u"a"_s}};
-    Pages pages =
-        pagesOnDemand(layout, std::make_shared<ListTable>(QList<QStringList>(count, {u"Žofia"_s})),
-                      std::make_shared<FontMeter>(), today);
+    Pages pages = pagesOnDemand(pageARow(),
+                                std::make_shared<ListRows>(QList<QStringList>(count, {u"Žofia"_s})),
+                                std::make_shared<FontMeter>(), today);
     pages.note = u"poznámka"_s;
     addRunningLines(pages, std::make_shared<FontMeter>());
     EXPECT_EQ(pages.pages.known(), 1U);
@@ -243,21 +220,15 @@ TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
     EXPECT_EQ(dialog.findChild<QSpinBox*>(u"pageNumber"_s)->maximum(), count);
 
     const QTemporaryDir folder;
-    QTimer waiting;
-    QObject::connect(&waiting, &QTimer::timeout, &dialog, [&waiting] {
-        auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-        if (progress == nullptr)
-            return;
-        waiting.stop();
-        auto* cancel = progress->findChild<QPushButton*>();
-        EXPECT_EQ(cancel->text(), u"Zrušiť"_s);
-        QTest::mouseClick(progress->windowHandle(), Qt::LeftButton, {},
-                          cancel->mapTo(progress, cancel->rect().center()));
-    });
-    waiting.start(0);
+    support::ScriptedBoxes boxes;
+    boxes.expect(support::ExpectedWindow{u"QProgressDialog"_s, [](QWidget& progress) {
+                                             auto* cancel = progress.findChild<QPushButton*>();
+                                             EXPECT_EQ(cancel->text(), u"Zrušiť"_s);
+                                             support::press(*cancel);
+                                         }});
     dialog.showProgressAfter(std::chrono::milliseconds(0));
     dialog.savePdf(folder.filePath(u"a.pdf"_s));
-    EXPECT_FALSE(waiting.isActive()) << "no progress was shown";
+    boxes.allCame();
     EXPECT_FALSE(QFile::exists(folder.filePath(u"a.pdf"_s)));
     EXPECT_TRUE(dialog.findChild<QLabel*>(u"previewState"_s)->text().startsWith(u"Zrušené"_s));
     QBuffer csv;
@@ -267,16 +238,13 @@ TEST(Preview, ShowsTheFirstPageAtOnceAndSavingCanBeGivenUp) {
 }
 
 TEST(Preview, IsModalAndReturnsWhenClosed) {
-    const Pages pages = threePages();
-    bool seen = false;
-    QTimer::singleShot(0, [&seen] {
-        auto* dialog = qobject_cast<PreviewDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        seen = dialog->windowTitle() == u"Novák Ján – Zoznam: klienti/škola"_s;
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    });
-    showPreview(pages, nullptr);
-    EXPECT_TRUE(seen);
+    support::ScriptedBoxes boxes;
+    boxes.expect(support::ExpectedWindow{u"PreviewDialog"_s, [](QWidget& dialog) {
+                                             EXPECT_EQ(dialog.windowTitle(),
+                                                       u"Novák Ján – Zoznam: klienti/škola"_s);
+                                             QTest::keyClick(&dialog, Qt::Key_Escape);
+                                         }});
+    showPreview(threePages(), nullptr);
 }
 
 } // namespace

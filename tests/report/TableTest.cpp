@@ -52,12 +52,4 @@ TEST(TableReport, GoesOverPagesUnderItsHeadsAndIsKeptForSaving) {
     EXPECT_EQ(pages.table.rows, report.table.rows);
 }
 
-TEST(PageMaker, KeepsTheRowsOfAPlainTableForSaving) {
-    Layout layout;
-    layout.detail.controls = {field(u"a"_s, 0, 0, 3000)};
-    ListSource rows({{u"1"_s, u"2"_s, u"3"_s}, {u"4"_s, u"5"_s, u"6"_s}});
-    layout.savedColumns = {{u"C"_s, u"c"_s}, {u"A"_s, u"a"_s}};
-    EXPECT_EQ(csvOf(makePages(layout, rows, GridMeter(), today).table), u"C;A\r\n3;1\r\n6;4\r\n"_s);
-}
-
 } // namespace

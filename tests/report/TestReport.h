@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/Pages.h"
+#include "support/ScriptedBoxes.h"
 
 #include <QDate>
 #include <QStringList>
@@ -21,33 +22,18 @@ class GridMeter : public TextMeter {
     double lineHeight(const TextStyle&) const override { return 240; }
 };
 
-/// Rows of the columns "a", "b", "c".
-class ListSource : public RowSource {
+/// Rows of the columns "a", "b", "c", to be read once or looked at.
+class ListRows : public RowTable {
   public:
-    explicit ListSource(QList<QStringList> rows) : rows_(std::move(rows)) {}
+    explicit ListRows(QList<QStringList> rows) : rows_(std::move(rows)) {}
 
-    bool next() override { return ++at_ < rows_.size(); }
+    qint64 count() const override { return rows_.size(); }
+    void goTo(qint64 row) override { at_ = row; }
     QString text(const QString& column) const override {
         const auto index = QStringLiteral("abc").indexOf(column);
         if (column.size() != 1 || index < 0)
             throw std::out_of_range("no such column");
         return rows_[at_].value(index);
-    }
-
-  private:
-    QList<QStringList> rows_;
-    qsizetype at_ = -1;
-};
-
-/// The same rows, to be read again.
-class ListTable : public RowTable {
-  public:
-    explicit ListTable(QList<QStringList> rows) : rows_(std::move(rows)) {}
-
-    qint64 count() const override { return rows_.size(); }
-    void goTo(qint64 row) override { at_ = row; }
-    QString text(const QString& column) const override {
-        return rows_[at_].value(QStringLiteral("abc").indexOf(column));
     }
 
   private:
@@ -106,9 +92,6 @@ inline const QDate today{2006, 9, 5};
 
 } // namespace report::test
 
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << text.toStdString();
-}
 inline void PrintTo(const QStringList& texts, std::ostream* out) {
     *out << texts.join(QStringLiteral(" | ")).toStdString();
 }

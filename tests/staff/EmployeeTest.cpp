@@ -230,3 +230,37 @@ TEST_F(EmployeeTest, WhatTheMediumOrATableRefusesLeavesTheCardWithEverythingType
     EXPECT_EQ(reg.text(text("k_vysetrenie"), text("idkod_p")), text("NOVOTNEV00"));
     EXPECT_EQ(employees("idkod = 'NOVOTNEV00'"), 1);
 }
+
+TEST_F(EmployeeTest, WhatWasTypedComesBackAfterACrashAndOnceAfterStorno) {
+    const auto fill = [this] {
+        enter({"adam", "biely", "f3"});
+        for (int pair = 0; pair < 3; ++pair) {
+            key(Qt::Key_Down);
+            key(Qt::Key_Return);
+        }
+    };
+    for (const char* key_ : {"", "NOVOTNEV00"}) {
+        for (const bool crashes : {true, false}) {
+            open(text(key_));
+            typeName(0, "");
+            fill();
+            crashes ? crash("cmdStorno") : click("cmdStorno");
+            open(text(key_));
+            EXPECT_TRUE(offersWords());
+            takeWordsBack();
+            EXPECT_EQ(at("TextPsych(0)").text() + at("TextPsych(1)").text() + function().text(),
+                      text("AdamBielyF3"));
+            for (const char* option : {"optZamExt", "optZamZena", "optZamNeKva"})
+                EXPECT_TRUE(at<QRadioButton>(option).isChecked()) << option;
+            EXPECT_EQ(employees("meno = 'Adam'"), 0);
+            click("cmdStorno");
+            open();
+        }
+    }
+    fill();
+    crash("cmdStorno");
+    insert("zamestnanci (idkod, meno, priezv, prac_zar, [int-ext], pohlavie, kvalifikacia) values "
+           "('BIELYAD00', 'Adam', 'Biely', 3, 'e', 'z', 'n')");
+    open();
+    EXPECT_FALSE(offersWords()) << "all of it is stored";
+}

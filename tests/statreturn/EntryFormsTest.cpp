@@ -1,6 +1,7 @@
 #include "statreturn/FrmDoUkaz.h"
 #include "statreturn/FrmOdbStar.h"
 #include "store/EngineAssertions.h"
+#include "store/FileBytes.h"
 #include "support/CardDriver.h"
 
 using namespace Qt::StringLiterals;
@@ -100,6 +101,45 @@ TEST_F(FrmOdbStarTest, WritesEachCellIntoItsColumnAndReadsItBack) {
         EXPECT_EQ(stored(17, u"v_tom naz_ria c_ria s_1 s_10"_s),
                   u"v tom|       reedukcia (edukácia)|0518|340|349");
         EXPECT_EQ(stored(27, u"naz_ria s_10"_s), u"Kontrolný súčet (0501 až 0527)|549");
+    }
+}
+
+TEST_F(FrmDoUkazTest, OffersWhatWasTypedAfterACrash) {
+    open();
+    enter("11");
+    enter("2");
+    crash("cmdStorno");
+    open();
+    takeWordsBack();
+    EXPECT_EQ(at("TextPsych(0)").text() + at("TextPsych(1)").text(), u"112");
+    EXPECT_EQ(reg.count(u"dop_ukaz"_s), 0);
+    click("cmdZap");
+    EXPECT_EQ(reg.text(u"dop_ukaz"_s, u"r_0401"_s) + reg.text(u"dop_ukaz"_s, u"r_0402"_s), u"112");
+    open();
+    EXPECT_FALSE(offersWords());
+}
+
+TEST_F(FrmOdbStarTest, OffersWhatWasTypedOnceAfterStornoAndNotWhatIsStored) {
+    open();
+    at("txt3(4)").setText(u"77"_s);
+    at("txt10(27)").setText(u"78"_s);
+    click("cmdZrusit");
+    open();
+    takeWordsBack();
+    EXPECT_EQ(at("txt3(4)").text() + at("txt10(27)").text(), u"7778");
+    EXPECT_EQ(reg.count(u"odbstar"_s), 0);
+    crash("cmdZrusit");
+    for (const bool isStored : {false, true}) {
+        const QByteArray left = files::read(words::Book::fileOf(reg.folder));
+        open();
+        EXPECT_EQ(offersWords(), !isStored);
+        if (isStored)
+            break;
+        takeWordsBack();
+        click("cmdOk");
+        EXPECT_EQ(stored(4, u"s_3"_s) + stored(27, u"s_10"_s), u"7778");
+        card.reset();
+        files::write(words::Book::fileOf(reg.folder), left);
     }
 }
 

@@ -4,19 +4,14 @@
 #include "report/Fonts.h"
 #include "report/PageCheck.h"
 #include "report/Pages.h"
-#include "report/Print.h"
 #include "statreturn/ImpairmentTable.h"
 #include "statreturn/ReturnRegister.h"
 #include "store/Schema.h"
 #include "support/Lists.h"
 
-#include <QProcess>
-#include <QXmlStreamReader>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace statreturn;
@@ -190,65 +185,6 @@ TEST(FormsTest, TextsAndFieldsBeginWhereTheFormHasThem) {
                 << place.join(u' ').toStdString();
         }
     }
-}
-
-/// Words of a PDF by page, each with its left upper corner in twips.
-struct PdfWord {
-    int page;
-    QString word;
-    QPointF at;
-};
-
-QList<PdfWord> wordsOf(const report::Pages& pages) {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(u"pages.pdf"_s));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && report::writePdf(pages, file));
-    file.close();
-    QProcess tool;
-    tool.start(u"pdftotext"_s, {u"-bbox"_s, file.fileName(), u"-"_s});
-    EXPECT_TRUE(tool.waitForFinished()) << "pdftotext is missing";
-    QXmlStreamReader xml(tool.readAllStandardOutput());
-    QList<PdfWord> words;
-    for (int page = -1; !xml.atEnd(); xml.readNext()) {
-        page += xml.isStartElement() && xml.name() == u"page" ? 1 : 0;
-        if (!xml.isStartElement() || xml.name() != u"word")
-            continue;
-        constexpr double twipsPerPoint = 20;
-        const QPointF at(xml.attributes().value(u"xMin"_s).toDouble(),
-                         xml.attributes().value(u"yMin"_s).toDouble());
-        words << PdfWord{page, xml.readElementText(), at * twipsPerPoint};
-    }
-    return words;
-}
-
-TEST(FormsTest, EachTextOfTheWholeReturnStandsInThePdfWhereItsPageHasIt) {
-    ReturnRegister at({u"ukazka"_s, u"--klienti"_s, u"60"_s});
-    printReturn(at.tools, u"2006/2007"_s, today, nullptr);
-    const QList<PdfWord> words = wordsOf(at.pages);
-    const report::FontMeter meter;
-    constexpr double millimetre = 1440 / 25.4;
-    qsizetype compared = 0;
-    for (std::size_t page = 0; page < at.pages.pages.size(); ++page) {
-        for (const report::PlacedText& text : at.pages.pages[page].texts) {
-            const QString trimmed = text.text.trimmed();
-            if (trimmed.isEmpty())
-                continue;
-            const QString blanks = text.text.left(text.text.indexOf(trimmed));
-            const QPointF expected(text.left + meter.width(blanks, text.style),
-                                   text.extent().top());
-            compared += 1;
-            EXPECT_TRUE(std::ranges::any_of(words,
-                                            [&](const PdfWord& word) {
-                                                const QPointF off = word.at - expected;
-                                                return word.page == int(page) &&
-                                                       trimmed.startsWith(word.word) &&
-                                                       std::abs(off.x()) < millimetre &&
-                                                       std::abs(off.y()) < millimetre;
-                                            }))
-                << page << ": " << text.text.toStdString();
-        }
-    }
-    EXPECT_GT(compared, 900);
 }
 
 } // namespace

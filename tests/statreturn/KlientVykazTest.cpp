@@ -1,8 +1,8 @@
 #include "statreturn/FrmKlientVykaz.h"
 #include "statreturn/PeopleList.h"
 #include "statreturn/ReturnRegister.h"
+#include "store/FileBytes.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -44,11 +44,7 @@ struct KlientVykazTest : testing::Test, ReturnRegister {
             reg.add(u"k_zaznam_spc"_s, {{u"idkod", key}, {u"datum", care}});
         reg.add(u"k_zariad"_s, {{u"idkod", key}, {u"akronym", u"VYCH"_s}, {u"nazzar", type}});
     }
-    QByteArray bytes() const {
-        QFile file(reg.folder.database());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    QByteArray bytes() const { return files::read(reg.folder.database()); }
     /// Without a window manager nobody brings the window back after another one.
     void activate() {
         window->activateWindow();
@@ -176,20 +172,15 @@ TEST_F(KlientVykazTest, tellsWhoIsLeftOutAndOpensTheirCardsToo) {
 
 TEST_F(KlientVykazTest, savesAndPrintsTheList) {
     const QString path = reg.folder.path(u"zoznam.csv");
-    boxes.expect({.name = u"csvDialog"_s, .drive = [&path](QWidget& dialog) {
-                      auto* line = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
-                      EXPECT_EQ(line->text(), u"Tabuľka I riadok 0108 7 - 8 stĺpec 1 spolu.csv"_s);
-                      line->setText(path);
-                      QTest::keyClick(line, Qt::Key_Return);
-                  }});
+    boxes.expect(support::fileDialog(path, [](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), u"csvDialog"_s);
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(),
+                  u"Tabuľka I riadok 0108 7 - 8 stĺpec 1 spolu.csv"_s);
+    }));
     keys({Qt::Key_S}, Qt::ControlModifier);
     EXPECT_TRUE(label(u"lblStav").startsWith(u"Uložené do súboru"_s));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(QString::fromUtf8(file.readAll())
-                    .endsWith(u"\r\n"_s + QString(adam).replace(u'|', u';') + u"\r\n"_s +
-                              QString(bela).replace(u'|', u';') + u"\r\n"_s +
-                              QString(cila).replace(u'|', u';') + u"\r\n"_s));
+    const QString list = u"\r\n%1\r\n%2\r\n%3\r\n"_s.arg(adam, bela, cila).replace(u'|', u';');
+    EXPECT_TRUE(QString::fromUtf8(files::read(path)).endsWith(list));
     activate();
     scratchTable = u"z_vek"_s;
     keys({Qt::Key_P}, Qt::ControlModifier);

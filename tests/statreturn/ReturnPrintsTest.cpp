@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QFile>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -41,6 +40,10 @@ const Computed computed[] = {
      16},
     {u"z_zam"_s, [](const auto& tools) { printZam(tools, today, nullptr); }, 9},
 };
+
+void unreadable() {
+    throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
+}
 
 const support::ExpectedBox restartNotice{
     .text =
@@ -89,9 +92,7 @@ TEST_F(ReturnPrintsTest, theScratchRowsEndWithTheReport) {
 TEST_F(ReturnPrintsTest, tablesTwoAndThreeTellWhateverFailsAndTheNextRunAddsToTheirRows) {
     for (const Computed& table : std::span(computed).subspan(1)) {
         scratchTable = table.scratchTable;
-        atPreview = [] {
-            throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-        };
+        atPreview = unreadable;
         EXPECT_THROW(table.print(tools), store::EngineError) << scratchTable.toStdString();
         atPreview = nullptr;
         table.print(tools);
@@ -116,9 +117,7 @@ TEST_F(ReturnPrintsTest, tableOneLeavesItsRowsWhereItsReportFailsAndTheNextRunAd
     };
     print();
     boxes.expect(restartNotice);
-    atPreview = [] {
-        throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-    };
+    atPreview = unreadable;
     print();
     boxes.allCame();
     EXPECT_EQ(durable(u"z_vek"_s).size(), 38);
@@ -169,22 +168,10 @@ TEST_F(ReturnPrintsTest, aFailingTableEndsTheWholeReturnByNameAndLeavesNothing) 
     for (const Computed& table : computed)
         EXPECT_EQ(durable(table.scratchTable).size(), 0) << table.scratchTable.toStdString();
     reg.execute({u"insert into c_zariad (kod,akronym) values ('01','VYCH')"_s});
-    atPreview = [] {
-        throw store::EngineError(store::ErrorNumber::ReportSourceUnreadable, u"?"_s);
-    };
+    atPreview = unreadable;
     support::ScriptedBoxes boxes;
     boxes.expect(restartNotice);
     printReturn(tools, u"2006/2007"_s, today, nullptr);
-}
-
-/// The engine works on a file that another one has replaced, as after a restore.
-TEST_F(ReturnPrintsTest, aReplacedRegisterIsUnreadableForAReport) {
-    const QString file = reg.folder.database();
-    ASSERT_TRUE(QFile::copy(file, file + u".new"_s));
-    ASSERT_TRUE(QFile::rename(file, file + u".old"_s));
-    ASSERT_TRUE(QFile::rename(file + u".new"_s, file));
-    EXPECT_ENGINE_ERROR(printing::showReport(tools.print, rptVek(), u"z_vek"_s, today, nullptr),
-                        3025);
 }
 
 TEST_F(ReturnPrintsTest, typedTablesHaveTheirWholeFrameBeforeAnythingWasTyped) {
@@ -202,16 +189,6 @@ TEST_F(ReturnPrintsTest, typedTablesHaveTheirWholeFrameBeforeAnythingWasTyped) {
         EXPECT_TRUE(printedOnce(QString::fromUtf16(row.code)));
     EXPECT_TRUE(printedOnce(u"       psychoterapia"_s));
     EXPECT_EQ(durable(scratchTable).size(), 0);
-}
-
-/// As the program does with what one that was killed has left.
-TEST_F(ReturnPrintsTest, scratchTablesAreEmptied) {
-    reg.execute({u"insert into z_vek (vek) values ('1')"_s,
-                 u"insert into z_zam (fcia) values ('1')"_s,
-                 u"insert into z_vzdelavanie (kod) values ('1')"_s});
-    emptyScratchTables(reg.database());
-    for (const auto& table : {u"z_vek"_s, u"z_zam"_s, u"z_vzdelavanie"_s})
-        EXPECT_EQ(reg.count(table), 0) << table.toStdString();
 }
 
 TEST_F(ReturnPrintsTest, aYearThatIsNoneFailsBeforeAnythingIsWritten) {

@@ -46,7 +46,6 @@ class DataSourceTest : public testing::Test, public TemporaryRegister {
         heard.clear();
         return words;
     }
-    QString name() { return source.Recordset().Fields(u"meno").Value().toText(); }
 
     QStringList heard;
     DataSource source{engine};
@@ -92,20 +91,6 @@ TEST_F(DataSourceTest, AFailedRefreshEndsTheOldRows) {
     ASSERT_TRUE(QFile::remove(folder.database()));
     EXPECT_ENGINE_ERROR(source.Refresh(), 3024);
     EXPECT_FALSE(source.isOpen());
-}
-
-TEST_F(DataSourceTest, TwoSourcesSeeEachOther) {
-    DataSource other(engine);
-    point(other);
-    source.Refresh();
-    other.Refresh();
-    other.Recordset().Edit();
-    other.Recordset().Fields(u"meno").setValue(u"Adela"_s);
-    EXPECT_EQ(name(), u"Anna"_s);
-    other.Recordset().Update();
-    EXPECT_EQ(name(), u"Adela"_s);
-    other.Database().Execute(u"delete from k_zaklad where idkod='A'"_s);
-    EXPECT_ENGINE_ERROR(name(), 3167);
 }
 
 TEST_F(DataSourceTest, AReportReadsTheFileAnew) {

@@ -161,6 +161,13 @@ TEST_F(RecordsetTest, EditsARow) {
     EXPECT_ENGINE_ERROR(rows->Edit(); rows->Fields(u"celemeno").setValue(QString()), 3164);
 }
 
+TEST_F(RecordsetTest, ValuesAreReadAsWhatTheyAreNot) {
+    EXPECT_EQ(text(u"select 5/2 as pol from k_zaklad"_s, u"pol"_s), u"2.5"_s);
+    EXPECT_EQ(Value(QDate(1900, 1, 1)).toNumber(), 2);
+    EXPECT_EQ(Value(u"1.9.2006"_s).toDate(), QDate(2006, 9, 1));
+    EXPECT_FALSE(Value(u"31.2.2005"_s).toDate().isValid());
+}
+
 /// The same values come in the same way by an edit and by an action statement. A line is a column,
 /// a value as a statement writes it, the same as an edit gives it, how it is shown, and the
 /// refusal.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/EngineError.h"
+#include "store/EngineAssertions.h"
 #include "store/Schema.h"
 #include "store/Sql.h"
 #include "store/SqlFunctions.h"
@@ -89,16 +89,5 @@ class SqlDatabase {
 
     std::unique_ptr<sqlite3, Close> connection_;
 };
-
-/// Runs a call that must throw an EngineError. @return number and place; 0 when nothing was thrown.
-template <class Call>
-std::pair<int, QString> errorOf(Call call) {
-    try {
-        call();
-    } catch (const store::EngineError& error) {
-        return {static_cast<int>(error.number()), error.place()};
-    }
-    return {0, {}};
-}
 
 } // namespace test

@@ -51,7 +51,7 @@ class SqlMeaning : public testing::Test {
     /// Number and place of the error that the translation ends with.
     QString refusal(const QString& kind, const QString& sql) {
         const SelectPlan clients = database_.plan(u"select meno as krstne from k_zaklad"_s);
-        const auto [number, place] = test::errorOf([&] {
+        const auto [number, place] = errorOf([&] {
             if (kind == u"select")
                 database_.plan(sql);
             else if (kind == u"action")
@@ -123,7 +123,7 @@ TEST_F(SqlMeaning, IsThatOfTheList) {
 /// translation of a chain grows with its length (doubling at each operand it would not end).
 TEST_F(SqlMeaning, TooComplexTextsAreRefused) {
     const auto number = [&](const QString& sql) {
-        return test::errorOf([&] { database_.plan(sql); }).first;
+        return errorOf([&] { database_.plan(sql); }).first;
     };
     const QString condition = u"select * from k_zaklad where "_s;
     for (const QString& sql :

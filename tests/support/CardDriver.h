@@ -5,9 +5,12 @@
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryRegister.h"
 #include "validation/modKontrola.h"
+#include "words/Keeper.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
+#include <QLabel>
 #include <QListView>
 #include <QPushButton>
 #include <QWindow>
@@ -87,6 +90,26 @@ class CardDriver : public testing::Test {
         type(typed);
         key(Qt::Key_Return);
     }
+    /// Keeps what is typed, and ends the card as a kill does: nothing else of it is left.
+    void crash(const char* storno) {
+        const QString path = words::Book::fileOf(reg.folder);
+        card->template findChild<words::Keeper*>()->keep();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }));
+        const QString left = path + text(".kopia");
+        ASSERT_TRUE(QFile::copy(path, left));
+        click(storno);
+        card.reset();
+        QFile::remove(path);
+        ASSERT_TRUE(QFile::rename(left, path));
+    }
+    bool offersWords() { return at<QLabel>("lblSlova").isVisible(); }
+    /// Presses a button of the offer by its letter, which clicks it when it has come up again.
+    void answerWords(Qt::Key letter) {
+        key(letter, Qt::AltModifier);
+        for (const char* name : {"cmdVratitSlova", "cmdZahoditSlova"})
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !at<QPushButton>(name).isDown(); }));
+    }
+    void takeWordsBack() { answerWords(Qt::Key_L); }
     void closeList() {
         if (auto* popup = QApplication::activePopupWidget())
             popup->close();

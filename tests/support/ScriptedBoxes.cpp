@@ -1,13 +1,18 @@
 #include "support/ScriptedBoxes.h"
 
+#include "forms/Appearance.h"
+#include "forms/SlovakTexts.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QFont>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTemporaryFile>
 #include <QWindow>
 
 namespace support {
@@ -40,11 +45,36 @@ void dismiss(QWidget& window, const char* fault) {
         window.close();
 }
 
+/// A window that shows how far a long work is asks nothing, and comes only where it takes long.
 bool isExpectable(const QWidget& window) {
-    return window.isWindow() && (window.isModal() || qobject_cast<const QMessageBox*>(&window));
+    return window.isWindow() && window.objectName() != u"frmPraca"_s &&
+           (window.isModal() || qobject_cast<const QMessageBox*>(&window));
+}
+
+/// The platform without a screen would pretend to have one of 800x800.
+void pretendScreen(QTemporaryFile& settings) {
+    if (qgetenv("QT_QPA_PLATFORM") != "offscreen" || !settings.open())
+        return;
+    settings.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
+                       "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    settings.flush();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + settings.fileName().toUtf8());
 }
 
 } // namespace
+
+int runWidgetTests(int argc, char** argv) {
+    QTemporaryFile settings;
+    pretendScreen(settings);
+    // As a desktop without a wish of its own has it.
+    QApplication::setFont(QFont(u"Liberation Sans"_s, 9));
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"TVK"_s);
+    forms::dress(application);
+    forms::installSlovakTexts(application);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
 
 void press(QWidget& target) {
     press(target, target.rect().center());

@@ -45,6 +45,9 @@ struct ExpectedWindow {
     std::function<void(QWidget&)> drive = {};
 };
 
+/// Runs all tests in an application that is dressed and speaks Slovak as the program does.
+int runWidgetTests(int argc, char** argv);
+
 /// Presses a widget by the mouse through the window system, and so nothing that a user could not
 /// reach: at its centre, or at a place in it.
 void press(QWidget& target);

@@ -15,7 +15,11 @@ void turnTabs(Guide& guide, int tabs) {
 
 void fillBasicData(Guide& guide) {
     guide.picture(QStringLiteral("novy-klient"));
-    guide.enter({"jana", "kováčiková", "Nitra", "1855120003"});
+    guide.enter({"jana", "kováčiková"});
+    guide.type(QStringLiteral("Lúčk"));
+    guide.picture(QStringLiteral("novy-klient-obec"));
+    guide.key(Qt::Key_A, Qt::ControlModifier);
+    guide.enter({"Nitra", "1855120003"});
     guide.enter({"", "", "4711", "25", "01"});
     guide.key(Qt::Key_F4);
     guide.picture(QStringLiteral("novy-klient-ciselnik"));
@@ -105,6 +109,23 @@ void fillEmployee(Guide& guide) {
     guide.press(QStringLiteral("cmdZap"));
 }
 
+/// Gives up what was typed, and has it back.
+void takeBackStorno(Guide& guide) {
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.goTo(QStringLiteral("textKrz(12)"));
+        guide.type(QStringLiteral("Krátka 7"));
+        guide.key(Qt::Key_Escape);
+    });
+    guide.click(QStringLiteral("cmdOprava"));
+    guide.inModalWindow([&guide](QWidget&) {
+        guide.picture(QStringLiteral("klient-rozpisane-slova"));
+        guide.key(Qt::Key_V, Qt::AltModifier);
+        guide.picture(QStringLiteral("klient-vratene-slova"));
+        guide.key(Qt::Key_Escape);
+    });
+    guide.click(QStringLiteral("cmdOprava"));
+}
+
 } // namespace
 
 void walkNewEmployee(Guide& guide) {
@@ -139,6 +160,7 @@ void walkClientCard(Guide& guide) {
         guide.key(Qt::Key_Escape);
     });
     guide.click(QStringLiteral("cmdOprava"));
+    takeBackStorno(guide);
 }
 
 } // namespace tour

@@ -99,6 +99,9 @@ bool cutsText(const QWidget& widget) {
         return !box->isEditable() && isWiderThan(*box, box->currentText(), textRoom(*box));
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
         return isWiderThan(*group, group->title(), group->width());
+    // The button that a line carries is a picture without a text.
+    if (qobject_cast<const QLineEdit*>(widget.parentWidget()) != nullptr)
+        return false;
     const QSize least = widget.minimumSizeHint();
     return isControl(widget) &&
            (widget.width() < least.width() || widget.height() < least.height());

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QColor>
-#include <QImage>
-#include <QWidget>
 
+#include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace contrast {
 
@@ -21,9 +19,5 @@ inline double ratio(const QColor& one, const QColor& other) {
     const double a = luminance(one), b = luminance(other);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
-
-/// Of the letters in a part of a picture to what they stand on; nothing where there are none. Holds
-/// for texts that are painted without smoothing.
-std::optional<double> ofText(const QImage& picture, const QRect& part);
 
 } // namespace contrast
