@@ -67,17 +67,20 @@ class BegunRegister {
     std::optional<store::Database> database_;
 };
 
-/// Tells the progress now and then.
+/// Tells the progress at once and then now and then.
 class Teller {
   public:
     explicit Teller(const TellProgress& tell) : tell_(tell) { sinceTold_.start(); }
 
     /// @param total 0 when the file doesn't tell
-    void begin(qint64 total) { total_ = total; }
+    void begin(qint64 total) {
+        total_ = total;
+        tell();
+    }
     void step() {
         ++done_;
-        if (sinceTold_.hasExpired(tellEveryMs) && !goOn())
-            throw store::GivenUp();
+        if (sinceTold_.hasExpired(tellEveryMs))
+            tell();
     }
     bool goOn() {
         sinceTold_.restart();
@@ -86,6 +89,11 @@ class Teller {
     }
 
   private:
+    void tell() {
+        if (!goOn())
+            throw store::GivenUp();
+    }
+
     const TellProgress& tell_;
     qint64 done_ = 0;
     qint64 total_ = 0;
