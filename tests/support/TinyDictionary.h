@@ -16,8 +16,8 @@ struct TinyDictionary {
 
     /// @param words a word a line
     explicit TinyDictionary(const QString& words, const char* encoding = "ISO8859-2") {
-        write(u"sk_SK.aff", u"SET %1\nTRY žiakyčín\nREP 1\nREP z ž\n"_s.arg(QLatin1String(encoding)),
-              encoding);
+        write(u"sk_SK.aff",
+              u"SET %1\nTRY žiakyčín\nREP 1\nREP z ž\n"_s.arg(QLatin1String(encoding)), encoding);
         write(u"sk_SK.dic", u"%1\n%2\n"_s.arg(words.count(u'\n') + 1).arg(words), encoding);
     }
     QString path(QStringView name) const { return folder.filePath(name.toString()); }

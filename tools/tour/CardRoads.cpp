@@ -119,7 +119,7 @@ void takeBackStorno(Guide& guide) {
     guide.click(QStringLiteral("cmdOprava"));
     guide.inModalWindow([&guide](QWidget&) {
         guide.picture(QStringLiteral("klient-rozpisane-slova"));
-        guide.key(Qt::Key_V, Qt::AltModifier);
+        guide.key(Qt::Key_L, Qt::AltModifier);
         guide.picture(QStringLiteral("klient-vratene-slova"));
         guide.key(Qt::Key_Escape);
     });

@@ -3,10 +3,12 @@
 #include "forms/ProgressForm.h"
 #include "tour/ScreenCheck.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QTest>
 
@@ -103,8 +105,16 @@ void Guide::click(const QString& objectName) {
 void Guide::key(int key, Qt::KeyboardModifiers modifiers) {
     // Without a window manager nobody brings a window back when the one before it has closed.
     inFront().activateWindow();
-    QTest::keyClick(inFront().windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    const QPointer<QWidget> pressed = &inFront();
+    QTest::keyClick(pressed->windowHandle(), static_cast<Qt::Key>(key), modifiers);
     QCoreApplication::processEvents();
+    // A button pressed by its letter acts when it has come up again.
+    const auto isUp = [&] {
+        return pressed == nullptr || std::ranges::none_of(pressed->findChildren<QAbstractButton*>(),
+                                                          &QAbstractButton::isDown);
+    };
+    if (!QTest::qWaitFor(isUp))
+        giveUp(QStringLiteral("A button stays down"));
 }
 
 void Guide::type(const QString& text) {
