@@ -26,6 +26,11 @@ ScrollPage::ScrollPage(QWidget* page, QWidget* parent) : QScrollArea(parent) {
             [this](const QWidget* /*old*/, const QWidget* now) { showFocus(now); });
 }
 
+/// The focus leaves its fields while they end, when it is no page any more.
+ScrollPage::~ScrollPage() {
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ScrollPage::showFocus(const QWidget* now) {
     if (now == nullptr || !widget()->isAncestorOf(now))
         return;

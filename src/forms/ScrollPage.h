@@ -11,6 +11,7 @@ class ScrollPage : public QScrollArea {
   public:
     /// @param page is owned from now on
     explicit ScrollPage(QWidget* page, QWidget* parent = nullptr);
+    ~ScrollPage() override;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -124,7 +124,8 @@ void SpellMenu::addCommands(QMenu& menu) {
 
 /// The key that opened the menu goes on to the next word.
 bool SpellMenu::eventFilter(QObject* watched, QEvent* event) {
-    const bool isNext = watched == menu_ && event->type() == QEvent::KeyPress &&
+    // Its last events come from a menu that is none any more.
+    const bool isNext = event->type() == QEvent::KeyPress && watched == menu_ &&
                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_F7;
     if (!isNext)
         return QObject::eventFilter(watched, event);
