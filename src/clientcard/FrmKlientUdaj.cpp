@@ -308,7 +308,10 @@ void FrmKlientUdaj::cmdZapNewClick() {
     beginWords();
     zamkniZalozky();
     goToStart();
-    tellWritten(written);
+    if (!actions_.passedOverRow())
+        return tellWritten(written);
+    guide_->forget();
+    arrangeGuide();
 }
 
 /// Reads nothing, so that a card closes whose file has gone.
