@@ -23,6 +23,8 @@ class Actions {
     bool perform(const std::function<void()>& action) { return route_.perform(action); }
     /// See forms::ErrorRoute::passOver().
     void passOver(const store::EngineError& error) { route_.passOver({{}, {}, error}); }
+    /// See forms::ErrorRoute::passedOverRow().
+    bool passedOverRow() const { return route_.passedOverRow(); }
 
     /// Runs what writes, as a part of an action, and makes it durable: all of it or nothing. The
     /// disk may refuse it only at the end.

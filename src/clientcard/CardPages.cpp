@@ -66,8 +66,9 @@ void CardPages::turnTo(int tab) {
     SSTab1_->setCurrentRow(tab);
 }
 
-void CardPages::turnBy(int step) {
-    goTo(SSTab1_->reachableFrom(current(), step));
+int CardPages::beside(int step) const {
+    const int next = SSTab1_->reachableFrom(current(), step);
+    return next != current() ? next : (next + step + SSTab1_->count()) % SSTab1_->count();
 }
 
 void CardPages::goTo(int tab) {

@@ -38,8 +38,8 @@ class CardPages : public QObject {
     TabFamily& family(int tab) const { return *families_.at(std::size_t(tab)); }
     /// Turns to a tab as a click on it does.
     void turnTo(int tab);
-    /// To the next tab in a direction that is enabled, going round.
-    void turnBy(int step);
+    /// The next tab in a direction that is enabled, going round; if none is, the next one.
+    int beside(int step) const;
     /// Turns to a tab, or to the one on show again, or says why it can't be turned to.
     void goTo(int tab);
     /// Reads anew what the tabs hold. @throws store::EngineError

@@ -100,17 +100,18 @@ void FrmKlientUdaj::makePages() {
 }
 
 void FrmKlientUdaj::makeKeys() {
-    onKey(Qt::CTRL | Qt::Key_PageDown, [this] { pages_->turnBy(1); });
-    onKey(Qt::CTRL | Qt::Key_PageUp, [this] { pages_->turnBy(-1); });
+    onKey(Qt::CTRL | Qt::Key_PageDown, [this] { return pages_->beside(1); });
+    onKey(Qt::CTRL | Qt::Key_PageUp, [this] { return pages_->beside(-1); });
     for (int tab = 0; tab < int(tabTable().size()); ++tab)
-        onKey(tabKey(tab), [this, tab] { pages_->goTo(tab); });
+        onKey(tabKey(tab), [tab] { return tab; });
 }
 
-void FrmKlientUdaj::onKey(const QKeySequence& keys, const std::function<void()>& turn) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, turn] {
+/// A field is not left for a tab that is locked.
+void FrmKlientUdaj::onKey(const QKeySequence& keys, const std::function<int()>& tab) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, tab] {
         actions_.perform([&] {
-            if (leavesField())
-                turn();
+            if (!pages_->list().isReachable(tab()) || leavesField())
+                pages_->goTo(tab());
         });
     });
 }
@@ -307,7 +308,10 @@ void FrmKlientUdaj::cmdZapNewClick() {
     beginWords();
     zamkniZalozky();
     goToStart();
-    tellWritten(written);
+    if (!actions_.passedOverRow())
+        return tellWritten(written);
+    guide_->forget();
+    arrangeGuide();
 }
 
 /// Reads nothing, so that a card closes whose file has gone.

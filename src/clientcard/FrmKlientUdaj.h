@@ -73,7 +73,7 @@ class FrmKlientUdaj : public QDialog, private CardFrame {
 
     void makePages();
     void makeKeys();
-    void onKey(const QKeySequence& keys, const std::function<void()>& turn);
+    void onKey(const QKeySequence& keys, const std::function<int()>& tab);
     void beginWords();
     void zamkniZalozky();
     void odomkniZalozky();

@@ -53,9 +53,11 @@ void SaveCycle::saveExisting() {
 
 void SaveCycle::saveNew() {
     const auto [key, isWritten] = row_.updateUnderFreeKey(card::keyBase(fields_.typed()));
-    modKontrola::gIdKod = key;
+    // The key of a client who was refused may be another's.
+    if (isWritten)
+        modKontrola::gIdKod = key;
     CardData::reopenOn(data_.datZaklad(), QStringLiteral("select * from k_zaklad order by idkod"),
-                       key);
+                       modKontrola::gIdKod);
     if (!isWritten)
         return;
     data_.datMemo().Recordset().Fields(u"idkod").setValue(key);

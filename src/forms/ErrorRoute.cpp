@@ -80,6 +80,11 @@ void ErrorRoute::passOver(NotWritten refused) {
     tellSoon();
 }
 
+bool ErrorRoute::passedOverRow() const {
+    return std::ranges::any_of(notWritten_,
+                               [](const NotWritten& refused) { return refused.column.isEmpty(); });
+}
+
 /// The end of the action that runs tells; without one, the loop does.
 void ErrorRoute::tellSoon() {
     if (depth_ == 0)

@@ -52,6 +52,9 @@ class ErrorRoute : public QObject {
     void passOver(NotWritten refused);
     /// What was passed over so far is undone with all else that the action wrote.
     void forgetPassedOver() { notWritten_.clear(); }
+    bool hasPassedOver() const { return !notWritten_.empty(); }
+    /// Of what was passed over, a whole row is.
+    bool passedOverRow() const;
     /// What has failed in the running action so far; it is not told then.
     std::optional<store::EngineError> takeError();
 

@@ -1,5 +1,6 @@
 #include "words/Keeper.h"
 
+#include "forms/ErrorRoute.h"
 #include "forms/Guard.h"
 #include "forms/RichText.h"
 #include "store/Database.h"
@@ -95,9 +96,8 @@ void Keeper::watch() {
 void Keeper::begin(const QString& key, const QString& who) {
     watch();
     timer_.stop();
-    for (const auto& [part, kept] : live_)
-        book_.remove(kept.id);
-    live_.clear();
+    while (!live_.empty())
+        settleLive(live_.begin()->first);
     key_ = key;
     who_ = who;
     isRunning_ = true;
@@ -211,8 +211,15 @@ void Keeper::forgetLive(int part) {
     }
 }
 
+void Keeper::settleLive(int part) {
+    if (forms::ErrorRoute::of(window_).hasPassedOver())
+        live_.erase(part);
+    else
+        forgetLive(part);
+}
+
 void Keeper::written(int part) {
-    forgetLive(part);
+    settleLive(part);
     timer_.stop();
     if (part == wholeScreen)
         isRunning_ = false;

@@ -59,13 +59,14 @@ class Keeper : public QObject {
     void add(Place place) { places_.push_back(std::move(place)); }
 
     /// From now on the screen is that of somebody, empty for somebody new: what was kept so far of
-    /// the one before is written, and what was kept of this one before is offered. The screen is
+    /// the one before is written() and what was kept of this one before is offered. The screen is
     /// laid out in a box of lines, the first of which the offer becomes.
     /// @param who the name to be shown
     void begin(const QString& key, const QString& who);
     /// Keeps what is typed now, without waiting for a pause of typing, nor for the disk.
     void keep();
-    /// The words of a part are in the register. For the whole screen that ends the keeping.
+    /// The words of a part are in the register, unless the running action had to pass anything
+    /// over: then they stay kept. For the whole screen that ends the keeping.
     void written(int part = wholeScreen);
     /// The words of a part are given up; called while they still stand in the fields. They can be
     /// had back once.
@@ -86,6 +87,7 @@ class Keeper : public QObject {
     void nameFields(forms::Words& words, bool byFrames) const;
     const Place& placeOf(int part) const;
     void forgetLive(int part);
+    void settleLive(int part);
     void findOffers();
     void showLine();
     void take();

@@ -57,18 +57,33 @@ TEST_F(CardTroubleTest, WhatTheSavePassesOverIsToldOnceAfterIt) {
     pressByKeys("CmdZap");
     EXPECT_FALSE(card->isVisible());
     EXPECT_EQ(stored("ulica"), QString());
+    refuseNoMore();
+    open(text("NOVOTNEV00"));
+    takeWordsBack();
+    EXPECT_EQ(field(12).text(), text("Dlha 1")) << "what was typed is kept";
 }
 
 TEST_F(CardTroubleTest, ANewClientWhoIsNotWrittenStaysInTheCardAndIsNobodyElse) {
     insertClient("NOVOTNEV00");
     refuse("insert on k_zaklad");
-    enterClient();
+    // The second would have the key of the one who is there.
+    for (const char* name : {"jana", "eva"}) {
+        enterClient(name);
+        expectNotWritten();
+        pressByKeys("cmdZaklUd");
+        EXPECT_EQ(focused(), text("textKrz(0)"));
+        EXPECT_EQ(field(1).text(), text("Novotna"));
+        EXPECT_EQ(field(6).text(), text("17"));
+        EXPECT_FALSE(isEnabled(1));
+        EXPECT_TRUE(at<QPushButton>("cmdZaklUd").isVisible());
+        EXPECT_FALSE(at<QLabel>("lblZapisane").isVisible());
+    }
+    answerWords(Qt::Key_H); // Those of the first card, which was not ended.
     expectNotWritten();
-    pressByKeys("cmdZaklUd");
-    EXPECT_EQ(focused(), text("textKrz(0)"));
-    EXPECT_EQ(field(1).text(), text("Novotna"));
-    EXPECT_FALSE(isEnabled(1));
-    EXPECT_TRUE(at<QPushButton>("cmdZaklUd").isVisible());
+    click("cmdZapNew");
+    EXPECT_FALSE(at<QLabel>("lblZapisane").isVisible());
+    takeWordsBack();
+    EXPECT_EQ(field(0).text(), text("Eva"));
     EXPECT_EQ(clients(), 1);
     EXPECT_EQ(reg.count(text("k_memo")), 1);
 }

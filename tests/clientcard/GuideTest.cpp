@@ -37,9 +37,14 @@ TEST_F(GuideTest, TheWayOfANewClientToTheLockedTabs) {
     EXPECT_TRUE(line("lblKlavesy").startsWith(text("* povinný údaj")));
     EXPECT_TRUE(line("lblKlavesy").endsWith(text("Alt+D zapíše základné údaje")));
     EXPECT_TRUE(said(13).contains(text("Alt+D")) && !line("lblZamok").isEmpty());
+    goTo(4);
+    type("x");
     key(Qt::Key_5, Qt::AltModifier);
     key(Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(tabs().currentRow(), 0);
+    EXPECT_EQ(focused(), text("textKrz(4)")) << "not left for a tab that is locked";
+    field(4).clear();
+    goTo(0);
     enter({"jana", "novotna"});
     enterInto(6, "17");
     goTo(18);
