@@ -27,6 +27,8 @@ CodePick::CodePick(CardFrame& frame, const CodePickRow& row, forms::EntryField& 
     : frame_(frame), row_(row), field_(field), codes_(frame.data().source(row.source)),
       pick_(new forms::DropDown(parent, forms::DropDown::Kind::Editable)) {
     pick_->setSource(codes_, QString::fromUtf16(row.shownColumn));
+    if (holdsNames())
+        pick_->tellTwinsBy(QString::fromUtf16(row.codeColumn));
     pick_->serve(field);
     pick_->setToolTip(QString::fromUtf16(row.toolTip));
     pick_->setDroppedWidth(droppedWidth);

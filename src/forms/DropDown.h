@@ -30,6 +30,8 @@ class DropDown : public QComboBox, public Bound {
     void removeItem(int row);
     /// Shows a column of the source's rows; after a refresh of the source the pick is dropped.
     void setSource(store::DataSource& source, const QString& column);
+    /// Lines of the same text bear this column's value as well; what is picked stays the text.
+    void tellTwinsBy(const QString& column) { rows_.setTwinColumn(column); }
     /// Reads the source's rows anew when the list is next opened; drops the pick, keeps the text.
     void refill();
 

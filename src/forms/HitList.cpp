@@ -45,7 +45,7 @@ void HitList::showLine(int row) {
     raise();
     show();
     scrollTo(index, PositionAtCenter);
-    field_->setAccessibleDescription(rows_.text(row));
+    field_->setAccessibleDescription(rows_.line(row));
 }
 
 void HitList::hideEvent(QHideEvent* event) {

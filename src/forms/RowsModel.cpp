@@ -67,8 +67,11 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
         return {};
     QString shown;
     if (!failed_)
-        failed_ =
-            !showGuarded(&view_, [&] { shown = isSaid ? said(index.row()) : text(index.row()); });
+        failed_ = !showGuarded(&view_, [&] {
+            shown = isSaid                    ? said(index.row())
+                    : role == Qt::DisplayRole ? line(index.row())
+                                              : text(index.row());
+        });
     return shown;
 }
 
@@ -79,6 +82,15 @@ QString RowsModel::text(int row) const {
     if (!text)
         text = read(row);
     return *text;
+}
+
+QString RowsModel::line(int row) const {
+    const QString own = text(row);
+    if (twinColumn_.isEmpty() || rows_ == nullptr || own.isEmpty() ||
+        (own != text(row - 1) && own != text(row + 1)))
+        return own;
+    rows_->setAbsolutePosition(row);
+    return QStringLiteral("%1 (%2)").arg(own, rows_->Fields(twinColumn_).Value().toText());
 }
 
 QString RowsModel::read(int row) const {

@@ -36,6 +36,9 @@ class RowsModel : public QAbstractListModel {
     using SayEmpty = std::function<QString(store::Recordset& row)>;
     void setSayEmpty(SayEmpty say) { sayEmpty_ = std::move(say); }
 
+    /// Shows this column's value behind the text where the line before or after has the same text.
+    void setTwinColumn(const QString& column) { twinColumn_ = column; }
+
     /// Takes up the source's rows as they are now, unless it has done so. @throws EngineError
     void load();
     /// Drops the rows; the next load() takes up those of then.
@@ -45,6 +48,8 @@ class RowsModel : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     /// Empty for a row that is not there any more.
     QString text(int row) const;
+    /// The text as the list shows it: equal neighbours are told apart.
+    QString line(int row) const;
     /// Not valid for fixed texts.
     store::RowMark mark(int row) const;
     /// The line of the source's current row, -1 when there is none.
@@ -72,7 +77,7 @@ class RowsModel : public QAbstractListModel {
 
     QWidget& view_;
     store::DataSource* source_ = nullptr;
-    QString column_;
+    QString column_, twinColumn_;
     SayEmpty sayEmpty_;
     std::unique_ptr<store::Recordset> rows_;
     mutable std::vector<std::optional<QString>> texts_;

@@ -241,8 +241,11 @@ TEST_F(DropDownTest, TypedInTheClosedFieldItCompletes) {
 
 TEST_F(DropDownTest, WhatIsTypedIntoTheServedFieldIsCompletedBesideItsLines) {
     add(31, u"Nitra"_s);
+    add(512435, u"Lipovec"_s);
+    add(515167, u"Lipovec"_s);
     start();
     forms::EntryField& field = screen.field;
+    screen.drop.tellTwinsBy(u"kod"_s);
     screen.drop.serve(field);
     QObject::connect(&screen.drop, &DropDown::clicked, &field,
                      [&] { field.setText(screen.drop.text()); });
@@ -275,6 +278,9 @@ TEST_F(DropDownTest, WhatIsTypedIntoTheServedFieldIsCompletedBesideItsLines) {
     expect(u"ca", u"", u"Čadca");
     screen.type("x");
     expect(u"cax", u"", u"");
+    field.clear();
+    screen.type("lip");
+    expect(u"Lipovec", u"ovec", u"Lipovec (512435)");
     field.clear();
     screen.type("br");
     screen.told.clear();
