@@ -1,5 +1,6 @@
 #include "forms/EntryField.h"
 
+#include "forms/AltLetter.h"
 #include "forms/Letters.h"
 
 #include <QContextMenuEvent>
@@ -105,7 +106,9 @@ void EntryField::pasteFrom(QClipboard::Mode mode) {
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Paste))
+    if (isLetterForAlt(*event))
+        event->ignore();
+    else if (event->matches(QKeySequence::Paste))
         pasteFrom(QClipboard::Clipboard);
     else
         QLineEdit::keyPressEvent(event);

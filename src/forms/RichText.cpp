@@ -1,5 +1,6 @@
 #include "forms/RichText.h"
 
+#include "forms/AltLetter.h"
 #include "forms/Colours.h"
 #include "forms/KeyHint.h"
 #include "forms/Metrics.h"
@@ -183,6 +184,8 @@ class RichText::Editor : public QTextEdit {
             spelling_->findNext();
         else if (endsList)
             leaveList();
+        else if (isLetterForAlt(*event))
+            event->ignore();
         else
             QTextEdit::keyPressEvent(event);
     }

@@ -160,6 +160,14 @@ void ListFilter::apply() {
     Q_EMIT changed();
 }
 
+void ListFilter::settle() {
+    if (!isWaiting_)
+        return;
+    while (isOn() && !texts().isComplete())
+        texts().read(rowsAtOnce);
+    apply();
+}
+
 void ListFilter::showAll() {
     field_->clear();
 }

@@ -36,6 +36,9 @@ class ListFilter : public QWidget {
     void leave();
     bool isOn() const;
     QWidget& field() const;
+    /// Applies now what was typed and waits for the texts: what acts on the current row needs the
+    /// one that was meant. @throws store::EngineError
+    void settle();
     /// All rows are on show again. The current one stays, in the middle.
     void showAll();
     /// As showAll(), when the filter hides the current row, and says so.

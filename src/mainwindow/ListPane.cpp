@@ -139,9 +139,9 @@ QPushButton* ListPane::addButton(const ListButton& traits) {
     button->setToolTip(traits.toolTip.isEmpty() ? keys : traits.toolTip.toString());
     connect(button, &QPushButton::clicked, this,
             [this, action = traits.action] { forms::guarded(this, [&] { (this->*action)(); }); });
-    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button] {
+    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [this, button] {
         if (!button->isHidden())
-            button->click();
+            pressByKey(*button);
     });
     return button;
 }

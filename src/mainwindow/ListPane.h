@@ -73,6 +73,7 @@ class ListPane : public QWidget {
     void showOrder(int column, Qt::SortOrder way);
     void buildListKeys();
     bool keyInList(int key);
+    void pressByKey(QPushButton& button);
     void openMenu(const QPoint& place);
     void addOrders(QMenu& menu);
     void readAnew(QStringView sql);

@@ -43,8 +43,16 @@ bool ListPane::keyInList(int key) {
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (!opens && key != Qt::Key_Delete)
         return false;
-    (opens ? cmdOprava_ : cmdVymaz_)->click();
+    pressByKey(opens ? *cmdOprava_ : *cmdVymaz_);
     return true;
+}
+
+/// Keys may be faster than the filter.
+void ListPane::pressByKey(QPushButton& button) {
+    forms::guarded(this, [&] {
+        filter_->settle();
+        button.click();
+    });
 }
 
 /// Without a search to go on with it begins one.

@@ -92,6 +92,8 @@ TEST_F(EntryFieldTest, WhatRulesHaveRewrittenCanBeUndoneButNotIntoAnotherRow) {
     field.showBound(u"Zita"_s);
     key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(field.text(), u"Zita"_s) << "another row";
+    key(Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(field.text(), u"Zita"_s) << "a letter for a button";
 }
 
 TEST_F(EntryFieldTest, KeepsToItsLimitButLosesNoStoredText) {

@@ -497,6 +497,17 @@ TEST_F(ListTest, onlyRowsOnShowAreRead) {
     type(u"x"_s);
     EXPECT_EQ(caption("lblPocet"), u"Filtruje sa …"_s);
     EXPECT_TRUE(QTest::qWaitFor([this] { return caption("lblPocet") == u"0 z 1000 klientov"; }));
+    // A key that acts on the row waits for what was typed before it.
+    for (const auto& [acting, modifiers] :
+         {std::pair{Qt::Key_Return, Qt::KeyboardModifiers()}, {Qt::Key_O, Qt::ControlModifier}}) {
+        key(Qt::Key_Escape);
+        window->readListAnew();
+        type(u"x"_s);
+        EXPECT_EQ(caption("lblPocet"), u"Filtruje sa …"_s);
+        key(acting, modifiers);
+        EXPECT_EQ(caption("lblPocet"), u"0 z 1000 klientov"_s);
+        EXPECT_TRUE(opened.empty()) << "who was not meant";
+    }
 }
 
 } // namespace
