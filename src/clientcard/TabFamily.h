@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <span>
 
 class QAbstractButton;

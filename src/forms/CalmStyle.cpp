@@ -6,7 +6,6 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionGroupBox>
 
@@ -14,7 +13,6 @@ namespace forms {
 
 namespace {
 
-constexpr qreal roundness = 4;
 /// Of a drop-down, with the arrow in it.
 constexpr int arrowWidth = 22;
 constexpr QSize buttonPadding(16, 4);
@@ -42,11 +40,6 @@ void drawArrow(QPainter& painter, const QPointF& centre, const QColor& colour) {
     arrow.lineTo(centre + QPointF(4, -2));
     arrow.lineTo(centre + QPointF(0, 2.5));
     painter.fillPath(arrow, colour);
-}
-
-bool isDefault(const QStyleOption& option) {
-    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
-    return button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton);
 }
 
 } // namespace
@@ -169,10 +162,9 @@ QIcon CalmStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
 
 /// A field with an arrow in its right end, of which the field may be missing.
 void CalmStyle::drawDropDown(const QStyleOptionComboBox& option, QPainter& painter) const {
-    constexpr qreal roundField = 2;
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr);
     QPainterPath outline;
-    outline.addRoundedRect(option.rect, roundField, roundField);
+    outline.addRoundedRect(option.rect, roundFields, roundFields);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(outline, option.palette.brush(QPalette::Base));
@@ -184,17 +176,11 @@ void CalmStyle::drawDropDown(const QStyleOptionComboBox& option, QPainter& paint
 }
 
 void CalmStyle::drawButton(const QStyleOption& option, QPainter& painter) const {
-    const bool focused = option.state.testFlag(State_HasFocus);
-    const bool strong = focused || isDefault(option);
-    const QColor edge = option.palette.color(QPalette::Button).darker(strong ? 190 : 125);
-    const qreal width = focused ? 2 : 1;
+    QPainterPath outline;
+    outline.addRoundedRect(option.rect, roundButtons, roundButtons);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, width));
-    painter.setBrush(buttonFill(option));
-    const qreal inset = width / 2;
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), roundness,
-                            roundness);
+    painter.fillPath(outline, buttonFill(option));
     painter.restore();
 }
 

@@ -7,8 +7,13 @@ class QStyleOptionComboBox;
 
 namespace forms {
 
+/// Radius of the corners, in pixels.
+constexpr qreal roundFields = 2;
+constexpr qreal roundButtons = 4;
+
 /// Fusion with flat buttons, headers and drop-downs, so that the colours of the screens come out as
-/// they are, with bold titles of groups and one rhythm of spacing (Metrics.h).
+/// they are, with bold titles of groups and one rhythm of spacing (Metrics.h). Edges are left to
+/// those who draw over it.
 class CalmStyle : public QProxyStyle {
     Q_OBJECT
   public:

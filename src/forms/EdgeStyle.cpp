@@ -12,9 +12,6 @@ namespace forms {
 
 namespace {
 
-constexpr qreal roundFields = 2;
-constexpr qreal roundButtons = 4;
-
 void drawEdge(QPainter& painter, const QRect& around, const QColor& colour, int width,
               qreal roundness) {
     painter.save();
