@@ -77,12 +77,12 @@ int main(int argc, char** argv) {
         "copy at exit / libzip as it comes",
         [&] {
             QDir(backup::copiesFolder(folder)).removeRecursively();
-            backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true);
+            backup::NextCopy(folder, QDateTime::currentDateTime()).make(true);
         },
         [&] { packBare(folder.database(), bare, 0); }, {}, counted);
     figures.compare(
         "exit with nothing to copy / libzip as it comes",
-        [&] { backup::makeCopy(engine, folder, QDateTime::currentDateTime(), true); },
+        [&] { backup::NextCopy(folder, QDateTime::currentDateTime()).make(true); },
         [&] { packBare(folder.database(), bare, 0); }, {}, counted);
     return figures.print();
 }

@@ -4,9 +4,9 @@
 #include "backup/Retention.h"
 #include "backup/Zip.h"
 #include "store/ContentHash.h"
+#include "store/Database.h"
 #include "store/EngineError.h"
 #include "store/Files.h"
-#include "store/OpenCheck.h"
 
 #include <QDir>
 #include <QFile>
@@ -139,19 +139,30 @@ std::vector<Copy> copies(const store::ProgramFolder& folder) {
     return found;
 }
 
-bool makeCopy(store::DBEngine& engine, const store::ProgramFolder& folder, const QDateTime& now,
-              bool isChecked, const store::TellProgress& tell) {
-    const QString path = folder.database();
-    if (store::hasHotJournal(path))
-        engine.OpenDatabase(path).Close();
+NextCopy::NextCopy(const store::ProgramFolder& folder, const QDateTime& now)
+    : folder_(folder), now_(now), found_(std::async(std::launch::async, &NextCopy::look, this)) {}
+
+NextCopy::~NextCopy() {
+    pace_.stop();
+}
+
+NextCopy::Found NextCopy::look() {
+    const QByteArray content =
+        store::contentHash(folder_.database(), [this](double part) { return pace_.tells(part); });
+    return {content, Copying(folder_, now_).isLast(content)};
+}
+
+bool NextCopy::make(bool isChecked, const store::TellProgress& tell) {
     store::Share(tell, 0, 1)(0);
-    Copying copying(folder, now);
-    const QByteArray content = store::contentHash(path, part(tell, 0, 0.2));
-    if (copying.isLast(content))
+    pace_.waitFor(found_, part(tell, 0, 0.2));
+    const Found found = found_.get();
+    if (pace_.isStopped())
+        throw store::GivenUp();
+    if (found.isCopied)
         return false;
     if (!isChecked)
-        store::DBEngine::verifyDatabase(path, part(tell, 0.2, 0.4));
-    copying.make(content, part(tell, 0.4, 1));
+        store::DBEngine::verifyDatabase(folder_.database(), part(tell, 0.2, 0.4));
+    Copying(folder_, now_).make(found.content, part(tell, 0.4, 1));
     return true;
 }
 

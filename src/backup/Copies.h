@@ -1,10 +1,11 @@
 #pragma once
 
-#include "store/Database.h"
+#include "store/Pace.h"
 #include "store/ProgramFolder.h"
 
 #include <QDateTime>
 
+#include <future>
 #include <vector>
 
 namespace backup {
@@ -22,13 +23,35 @@ QString copiesFolder(const store::ProgramFolder& folder);
 /// The copies that there are, the newest first.
 std::vector<Copy> copies(const store::ProgramFolder& folder);
 
-/// Copies the closed register unless its content is that of the last copy, which must be whole, and
-/// then removes what is not kept any more. Where the disk is full, the oldest copies make room, but
-/// never the newest whole one.
-/// @param isChecked whether the register has just been found sound; a damaged one is not copied
-/// @return false when there was nothing to copy
-/// @throws store::EngineError; store::GivenUp
-bool makeCopy(store::DBEngine& engine, const store::ProgramFolder& folder, const QDateTime& now,
-              bool isChecked, const store::TellProgress& tell = {});
+/// The copy that a closed register may need. Whether its content is that of the last copy, which
+/// must be whole, is found out by a thread of its own from the beginning on, beside a compaction.
+class NextCopy {
+  public:
+    NextCopy(const store::ProgramFolder& folder, const QDateTime& now);
+    /// Stops what goes on, and waits for it.
+    ~NextCopy();
+    NextCopy(const NextCopy&) = delete;
+    NextCopy& operator=(const NextCopy&) = delete;
+
+    /// Copies the register if need be, once, and then removes what is not kept any more. Where the
+    /// disk is full, the oldest copies make room, but never the newest whole one.
+    /// @param isChecked whether the register has just been found sound; a damaged one is not copied
+    /// @return false when there was nothing to copy
+    /// @throws store::EngineError; store::GivenUp
+    bool make(bool isChecked, const store::TellProgress& tell = {});
+
+  private:
+    /// What the register holds, and whether the last copy holds it.
+    struct Found {
+        QByteArray content;
+        bool isCopied;
+    };
+    Found look();
+
+    store::ProgramFolder folder_;
+    QDateTime now_;
+    store::Pace pace_;
+    std::future<Found> found_;
+};
 
 } // namespace backup

@@ -44,15 +44,14 @@ void runShown(forms::ProgressForm& form, const QString& doing, const Work& work)
     work(form.progress(doing));
 }
 
-void copyOrTell(const Surroundings& around, bool isChecked, forms::ProgressForm& form) {
+void copyOrTell(backup::NextCopy& copy, const QString& database, bool isChecked,
+                forms::ProgressForm& form) {
     // That the register isn't there has been told by the compaction.
-    if (!QFileInfo::exists(around.folder.database()))
+    if (!QFileInfo::exists(database))
         return;
     try {
-        runShown(form, QStringLiteral("Robí sa záloha údajov …"), [&](const auto& tell) {
-            backup::makeCopy(around.engine, around.folder,
-                             QDateTime(around.today(), QTime::currentTime()), isChecked, tell);
-        });
+        runShown(form, QStringLiteral("Robí sa záloha údajov …"),
+                 [&](const auto& tell) { copy.make(isChecked, tell); });
     } catch (const store::GivenUp&) {
         // The next copy holds what this one would have held.
     } catch (const store::EngineError& error) {
@@ -80,13 +79,14 @@ bool compactAndReplace(store::DBEngine& engine, const store::ProgramFolder& fold
 void leaveInOrder(const Surroundings& around) {
     forms::ProgressForm form(QStringLiteral("frmKoniec"), QStringLiteral("Koniec"), nullptr);
     form.setPatience(around.patience);
+    backup::NextCopy copy(around.folder, QDateTime(around.today(), QTime::currentTime()));
     bool isChecked = false;
     forms::guardedEnd([&] {
         runShown(form, QStringLiteral("Údaje sa zhusťujú …"), [&](const auto& tell) {
             isChecked = compactAndReplace(around.engine, around.folder, tell);
         });
     });
-    forms::guardedEnd([&] { copyOrTell(around, isChecked, form); });
+    forms::guardedEnd([&] { copyOrTell(copy, around.folder.database(), isChecked, form); });
 }
 
 } // namespace mainwindow

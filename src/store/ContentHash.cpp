@@ -61,7 +61,9 @@ void addTable(const Connection& connection, const QString& name, Pieces& pieces)
 
 QByteArray contentHash(const QString& path, const TellProgress& tell) {
     checkHeader(path);
-    const Connection connection(path, Connection::Access::ReadOnly);
+    // What an interrupted write has left is taken back first.
+    const Connection connection(path, hasHotJournal(path) ? Connection::Access::ReadWrite
+                                                          : Connection::Access::ReadOnly);
     const Share share(tell, 0, 1);
     double done = 0;
     Pieces pieces;

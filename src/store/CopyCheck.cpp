@@ -3,13 +3,13 @@
 #include "store/Connection.h"
 #include "store/EngineError.h"
 #include "store/OpenCheck.h"
+#include "store/Pace.h"
 #include "store/Query.h"
 #include "store/Schema.h"
 #include "store/Watch.h"
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <functional>
 #include <future>
 #include <memory>
@@ -49,9 +49,10 @@ class WaitingTables {
         for (const CheckLoad& load : waiting_)
             all_ += load.instructions;
     }
+    /// The largest that is left.
     std::optional<QString> next() {
         const std::lock_guard lock(mutex_);
-        if (waiting_.empty())
+        if (waiting_.empty() || pace_.isStopped())
             return std::nullopt;
         const QString name = waiting_.back().table;
         waiting_.pop_back();
@@ -59,36 +60,24 @@ class WaitingTables {
     }
     /// Counts what a reader has done. @return false when all are to stop
     bool count() {
-        done_ += Watch::stride;
-        return !stopped_;
+        const qint64 done = done_ += Watch::stride;
+        return pace_.tells(std::min(1.0, static_cast<double>(done) / static_cast<double>(all_)));
     }
-    void stop() { stopped_ = true; }
-    bool isStopped() const { return stopped_; }
-    double part() const {
-        return std::min(1.0, static_cast<double>(done_) / static_cast<double>(all_ + 1));
-    }
+    Pace& pace() { return pace_; }
 
   private:
     std::mutex mutex_;
     std::vector<CheckLoad> waiting_;
-    qint64 all_ = 0;
+    qint64 all_ = 1;
     std::atomic<qint64> done_ = 0;
-    std::atomic<bool> stopped_ = false;
+    Pace pace_;
 };
 
 void checkWaiting(WaitingTables& tables, Connection& reader) {
     Watch(reader.handle(), [&tables] { return tables.count(); }).run([&] {
-        for (auto table = tables.next(); table && !tables.isStopped(); table = tables.next())
+        while (const auto table = tables.next())
             checkTable(reader, *table);
     });
-}
-
-/// Waits for a reader, and tells meanwhile how far all have come.
-void waitFor(const std::future<void>& reader, WaitingTables& tables, const TellProgress& tell) {
-    constexpr std::chrono::milliseconds pause(30);
-    while (reader.wait_for(pause) != std::future_status::ready)
-        if (!tables.isStopped() && tell && !tell(tables.part()))
-            tables.stop();
 }
 
 Readers readersOf(const QString& path) {
@@ -107,10 +96,10 @@ void checkBesideOneAnother(const Readers& readers, const TellProgress& tell) {
         parts.push_back(
             std::async(std::launch::async, checkWaiting, std::ref(tables), std::ref(*reader)));
     for (const auto& part : parts)
-        waitFor(part, tables, tell);
+        tables.pace().waitFor(part, tell);
     for (auto& part : parts)
         part.get();
-    if (tables.isStopped())
+    if (tables.pace().isStopped())
         throw GivenUp();
     checkUseOfPages(*readers.front());
 }

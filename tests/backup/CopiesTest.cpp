@@ -27,7 +27,7 @@ class CopiesOf : public BackupFiles {
     /// Moves the time on by a day.
     bool copy(bool isChecked = true, const store::TellProgress& tell = {}) {
         now = now.addDays(1);
-        return backup::makeCopy(reg.engine, reg.folder, now, isChecked, tell);
+        return backup::NextCopy(reg.folder, now).make(isChecked, tell);
     }
     QStringList copyNames() const { return files::namesIn(path("zalohy")); }
     QString copyPath(int place) const {

@@ -31,7 +31,7 @@ struct Model {
     Model() {
         setClientOf(file, u"Včera"_s);
         yesterday = contentOf(file.folder.database());
-        backup::makeCopy(file.engine, file.folder, now.addDays(-1), true);
+        backup::NextCopy(file.folder, now.addDays(-1)).make(true);
         backup::makeArchive(file.engine, file.folder);
         const QString made = file.folder.path(u"arch_tmp.zip");
         EXPECT_TRUE(QFile::rename(made, file.folder.path(u"a.zip")));
@@ -238,8 +238,9 @@ const Deed deeds[] = {
     {"exit",
      [](const Folder& in) {
          store::DBEngine engine;
+         backup::NextCopy copy(in.program, now);
          mainwindow::compactAndReplace(engine, in.program);
-         backup::makeCopy(engine, in.program, now, true);
+         copy.make(true);
      },
      onlyToday,
      {u"a.zip"_s, u"zalohy/tvk_2026-11-22_15-00-00.zip"_s}},

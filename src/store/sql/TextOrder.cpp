@@ -5,6 +5,7 @@
 #include <unicode/ucol.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -67,8 +68,11 @@ std::string spelledOut(std::string_view text, bool keepLight) {
 }
 
 std::size_t equalBytes(std::string_view left, std::string_view right) {
+    constexpr std::size_t step = sizeof(std::uint64_t);
     const std::size_t length = std::min(left.size(), right.size());
     std::size_t at = 0;
+    while (at + step <= length && std::memcmp(&left[at], &right[at], step) == 0)
+        at += step;
     while (at < length && left[at] == right[at])
         ++at;
     return at;
@@ -107,16 +111,14 @@ void TextOrder::fillRanks() {
             rank = static_cast<std::uint8_t>(rank + 2);
         ranks_[static_cast<unsigned char>(signs[i])] = rank;
     }
+    loneRanks_ = ranks_;
+    loneRanks_['c'] = loneRanks_['C'] = 0;
 }
 
 int TextOrder::collate(std::string_view left, std::string_view right) const {
     UErrorCode status = U_ZERO_ERROR;
     return ucol_strcollUTF8(collator_.get(), left.data(), static_cast<int32_t>(left.size()),
                             right.data(), static_cast<int32_t>(right.size()), &status);
-}
-
-bool TextOrder::isRanked(std::string_view text, std::size_t at) const {
-    return at >= text.size() || ranks_[static_cast<unsigned char>(text[at])] != 0;
 }
 
 /// Rank of the letter at a place, which is moved behind it; 0 if it has none by itself.
@@ -162,22 +164,18 @@ int TextOrder::collateSlowly(std::string_view left, std::string_view right) cons
 
 /// Whether signs at a place and behind it weigh the same whatever stands before it.
 bool TextOrder::startsAfresh(std::string_view text, std::size_t at) const {
-    return at == 0 || (isRanked(text, at - 1) && (text[at - 1] | ' ') != 'c');
+    return at == 0 || loneRank(text, at - 1) != 0;
 }
 
 /// What two plain signs make of a place where texts differ, a blank being the least of them; 0
 /// where more has to be read.
 int TextOrder::differenceAt(std::size_t at, std::string_view left, std::string_view right) const {
-    const auto rank = [&](std::string_view text) {
-        const bool mayBeCh = (text[at] | ' ') == 'c';
-        return mayBeCh || !isRanked(text, at + 1) ? 0
-                                                  : ranks_[static_cast<unsigned char>(text[at])];
-    };
-    if (at >= left.size() || at >= right.size() || !startsAfresh(left, at))
+    if (at >= left.size() || at >= right.size() || (at > 0 && !loneRank(left, at - 1)))
         return 0;
-    const int leftRank = rank(left);
-    const int rightRank = rank(right);
-    return leftRank && rightRank ? leftRank - rightRank : 0;
+    const int leftRank = loneRank(left, at);
+    const int rightRank = loneRank(right, at);
+    const bool decides = leftRank && rightRank && isRanked(left, at + 1) && isRanked(right, at + 1);
+    return decides ? leftRank - rightRank : 0;
 }
 
 /// Length of a beginning that both texts share and that does not decide.
@@ -188,12 +186,8 @@ std::size_t TextOrder::sharedLength(std::string_view left, std::string_view righ
     return at;
 }
 
-int TextOrder::compare(std::string_view left, std::string_view right) const {
-    const std::size_t equal = equalBytes(left, right);
-    if (equal == left.size() && equal == right.size())
-        return 0;
-    if (const int difference = differenceAt(equal, left, right))
-        return difference;
+/// Compares texts that differ at a place that doesn't decide by itself.
+int TextOrder::compareWhole(std::string_view left, std::string_view right) const {
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
     if (left == right)
@@ -205,6 +199,14 @@ int TextOrder::compare(std::string_view left, std::string_view right) const {
     if (compareRanks(left, right, result))
         return result;
     return isPlain(left) && isPlain(right) ? collate(left, right) : collateSlowly(left, right);
+}
+
+int TextOrder::compare(std::string_view left, std::string_view right) const {
+    const std::size_t equal = equalBytes(left, right);
+    if (equal == left.size() && equal == right.size())
+        return 0;
+    const int difference = differenceAt(equal, left, right);
+    return difference != 0 ? difference : compareWhole(left, right);
 }
 
 QString TextOrder::version() const {

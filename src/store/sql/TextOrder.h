@@ -32,18 +32,26 @@ class TextOrder {
     /// only the collator can place.
     using Ranks = std::array<std::uint8_t, 256>;
 
-    bool isRanked(std::string_view text, std::size_t at) const;
+    bool isRanked(std::string_view text, std::size_t at) const {
+        return at >= text.size() || ranks_[static_cast<unsigned char>(text[at])] != 0;
+    }
+    int loneRank(std::string_view text, std::size_t at) const {
+        return loneRanks_[static_cast<unsigned char>(text[at])];
+    }
     int rankAt(std::string_view text, std::size_t& at) const;
     bool startsAfresh(std::string_view text, std::size_t at) const;
     int differenceAt(std::size_t at, std::string_view left, std::string_view right) const;
     std::size_t sharedLength(std::string_view left, std::string_view right) const;
     bool compareRanks(std::string_view left, std::string_view right, int& result) const;
+    int compareWhole(std::string_view left, std::string_view right) const;
     int collate(std::string_view left, std::string_view right) const;
     int collateSlowly(std::string_view left, std::string_view right) const;
     void fillRanks();
 
     std::unique_ptr<UCollator, Close> collator_;
     Ranks ranks_{};
+    /// The same of the signs that make no letter with the next one: without c.
+    Ranks loneRanks_{};
 };
 
 } // namespace store::sql
