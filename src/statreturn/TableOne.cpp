@@ -26,10 +26,15 @@ void stampAges(store::DataSource& datTlac, const Period& period, const QDate& to
     store::Recordset& records = datTlac.Recordset();
     const store::Field dat = records.Fields(u"dat");
     store::Field vek = records.Fields(u"Vek");
+    // The records of a client come one after another.
+    QDate birth;
+    store::Value age;
     for (RowProgress progress(records, share); !records.Eof(); progress.next()) {
-        const QDate birth = dat.Value().toDate();
-        // A text that is no calendar date gives no age, and the one of an earlier run is none.
-        const auto age = birth.isValid() ? store::Value(ageOn(today, birth)) : store::Value();
+        if (const QDate next = dat.Value().toDate(); next != birth) {
+            birth = next;
+            // A text that is no calendar date gives no age, and the one of an earlier run is none.
+            age = birth.isValid() ? store::Value(ageOn(today, birth)) : store::Value();
+        }
         if (vek.Value() != age) {
             records.Edit();
             vek.setValue(age);
