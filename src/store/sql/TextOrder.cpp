@@ -170,7 +170,7 @@ bool TextOrder::startsAfresh(std::string_view text, std::size_t at) const {
 /// What two plain signs make of a place where texts differ, a blank being the least of them; 0
 /// where more has to be read.
 int TextOrder::differenceAt(std::size_t at, std::string_view left, std::string_view right) const {
-    if (at >= left.size() || at >= right.size() || (at > 0 && !loneRank(left, at - 1)))
+    if (at >= left.size() || at >= right.size() || !startsAfresh(left, at))
         return 0;
     const int leftRank = loneRank(left, at);
     const int rightRank = loneRank(right, at);
